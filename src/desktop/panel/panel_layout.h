@@ -1,0 +1,121 @@
+#pragma once
+
+#include <QPointF>
+#include <QRectF>
+#include <QSizeF>
+#include <QString>
+#include <QVector>
+#include <optional>
+
+#include "desktop/panel/panel_style.h"
+
+/// Where things stand on a radio's front: pure data, one value per radio.
+///
+/// All measures are abstract units of the drawing; RadioPanel scales them to its widget, so only
+/// their proportions matter. At 100 % and the natural size of the panel a unit is about a pixel.
+/// y grows downwards, angles run clockwise from twelve o'clock.
+namespace tarnvex::desktop {
+
+/// How a display element is drawn, and what setElement() changes of it.
+enum class ElementKind {
+  MainText,     ///< The largest line, in segments; text and visibility.
+  SegmentText,  ///< A small line in segments; text and visibility.
+  Text,         ///< Free text in a clean face; long text shrinks, then is elided.
+  Word,         ///< An indicator word; only its visibility changes, the word is `ghost`.
+  BankLetter,   ///< As Word, but one of the row of banks.
+  Bar,          ///< A bar of the signal meter, only its visibility changes.
+  Mark,         ///< A small mark, only its visibility changes.
+};
+
+/// One changing thing on the display glass.
+struct DisplayElement {
+  QString name;  ///< Control name, array members as "Bankltr(3)".
+  ElementKind kind = ElementKind::Text;
+  QRectF rect;
+  /// What shows faintly while unlit. Words, letters: the word itself. Segment texts: the cells at
+  /// rest, such as "888.8888". Empty: no ghost.
+  QString ghost;
+  Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter;
+  /// What precedes the text when the display is read aloud ("channel"), or stands for the word.
+  QString spoken;
+};
+
+/// A drawing on a key that has no letters.
+enum class KeyIcon { None, Light };
+
+/// How a key is coloured: groups of the same purpose look alike.
+enum class KeyTone { Function, Digit, Bank, Quiet };
+
+/// One key. Its key index is its position in PanelLayout::keys.
+struct PanelKey {
+  QString control;  ///< Control name, "Keypad(10)" or "Label2".
+  QString caption;  ///< The exact caption of the control, blanks included.
+  QString label;    ///< What is drawn on the key; a line feed parts two lines.
+  QString spoken;   ///< Accessible name.
+  QRectF rect;
+  KeyTone tone = KeyTone::Function;
+  KeyIcon icon = KeyIcon::None;
+};
+
+/// The tuning knob with its ring of marks, "Knob(0)" at the top and on clockwise.
+struct PanelKnob {
+  QPointF centre;
+  double radius = 0;      ///< Of the knob itself.
+  double ringRadius = 0;  ///< Of the circle through the marks.
+  int marks = 0;
+  /// What takes the mouse; the round knob lies within.
+  QRectF area() const {
+    const double reach = ringRadius + 6;
+    return {centre.x() - reach, centre.y() - reach, 2 * reach, 2 * reach};
+  }
+};
+
+/// Fixed print on the body.
+struct PanelCaption {
+  QString name;  ///< Control name if there is one, else empty.
+  QString text;
+  QRectF rect;
+  double size = 8;  ///< Letter height in units.
+  bool strong = false;
+  Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter;
+};
+
+/// A plain part of the body: an antenna, a knob seen from the side, a socket.
+struct PanelFitting {
+  enum class Shape { Block, Socket, Grille };
+  QRectF rect;
+  double radius = 0;
+  Shape shape = Shape::Block;
+};
+
+struct PanelLayout {
+  QString model;  ///< "BC895XLT".
+  QSizeF size;
+  QRectF body;
+  double bodyRadius = 0;
+  QRectF bezel;  ///< The dark frame around the display.
+  QRectF glass;  ///< The lit display itself.
+  QColor displayColour;
+  double keyLetters = 10;  ///< Letter height of a one-line key label, in units.
+  QVector<DisplayElement> elements;
+  QVector<PanelKey> keys;
+  std::optional<PanelKnob> knob;
+  QVector<PanelCaption> captions;
+  QVector<PanelFitting> fittings;
+
+  /// Index of the key with that control name, or -1.
+  int keyIndex(const QString& control) const;
+  /// Index of the display element with that name, or -1.
+  int elementIndex(const QString& name) const;
+};
+
+/// The desk set. Its key index is the index of the `Keypad` array, 0 to 40.
+PanelLayout bc895Layout();
+
+/// The hand-held. Its keys are `Label1` to `Label26`; find their index with keyIndex().
+PanelLayout bc245Layout();
+
+/// The same radio's display alone in its frame, without body, keys and knob: for a small window.
+PanelLayout displayOnly(const PanelLayout& layout);
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QColor>
+
+/// The few colours of the drawn radios. One light stands above the panel, a little in front.
+namespace tarnvex::desktop::style {
+
+inline const QColor kBodyTop{0x4a, 0x4d, 0x52};
+inline const QColor kBodyMiddle{0x35, 0x37, 0x3b};
+inline const QColor kBodyBottom{0x26, 0x28, 0x2b};
+inline const QColor kEdge{0x12, 0x13, 0x15};
+inline const QColor kLight{0xff, 0xff, 0xff};  // used with low alpha
+inline const QColor kPrint{0xc9, 0xcc, 0xd0};
+inline const QColor kPrintQuiet{0x92, 0x96, 0x9c};
+inline const QColor kBezel{0x14, 0x15, 0x17};
+inline const QColor kAccent{0xff, 0xb4, 0x3c};
+inline const QColor kInkDark{0x1b, 0x1d, 0x16};
+inline const QColor kInkLight{0xf4, 0xf6, 0xee};
+
+}  // namespace tarnvex::desktop::style

@@ -1,0 +1,101 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+#include <QVector>
+#include <QWidget>
+#include <memory>
+
+#include "desktop/panel/panel_layout.h"
+
+namespace tarnvex::desktop {
+
+class PanelRenderer;
+
+/// A radio's front, drawn: shows what it is told and reports presses. It knows no radio and decides
+/// nothing; a window binds its elements to the panel's labels and its signals to the key handlers.
+///
+/// It keeps the layout's proportions within whatever room it gets, and repaints only what changed.
+/// It begins with every element dark. One key at a time takes the keyboard focus: the arrow keys move
+/// it, Space and Enter press. All other keys are left to the parent widget, and so are mouse presses
+/// beside the keys and the knob.
+class RadioPanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit RadioPanel(const PanelLayout& layout, QWidget* parent = nullptr);
+  ~RadioPanel() override;
+
+  /// Shows `text` in the display element with that control name ("Frequency", "Bankltr(3)",
+  /// "Sig(0)", "Knob(12)"), lit or not. Unknown names are ignored. Indicator words, letters and
+  /// bars keep their own words and take only `visible`. Repaints nothing if nothing changed.
+  void setElement(const QString& name, const QString& text, bool visible);
+
+  /// The colour of the display's back light. On a dark one the ink turns light.
+  void setDisplayColour(QColor back);
+  QColor displayColour() const;
+
+  /// Shows a key as pressed, for a press that came from elsewhere. Emits nothing.
+  void setKeyDown(int keyIndex, bool down);
+
+  const PanelLayout& layoutData() const;
+
+  /// The display in words: "Frequency 155.1150, Fire dispatch, SCAN, bank A B". This is also the
+  /// accessible description.
+  QString displayText() const;
+
+  /// Where things are now, in widget coordinates; empty for what does not exist.
+  QRect keyRect(int keyIndex) const;
+  QRect elementRect(const QString& name) const;
+  QRect knobRect() const;
+
+  /// The key that has, or would take, the keyboard focus; -1 if there are no keys.
+  int focusKey() const;
+  void setFocusKey(int keyIndex);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+  bool hasHeightForWidth() const override { return true; }
+  int heightForWidth(int width) const override;
+
+ signals:
+  /// A key went down, by mouse or (Space, Enter on the focused key: left) by keyboard.
+  void keyPressed(int keyIndex, Qt::MouseButton button);
+  /// The same key came up, wherever the pointer is by then.
+  void keyReleased(int keyIndex, Qt::MouseButton button);
+  /// The knob is held: left turns down, right turns up.
+  void knobPressed(Qt::MouseButton button);
+  void knobReleased(Qt::MouseButton button);
+  void displayDoubleClicked();
+
+ protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+
+ private:
+  struct State;
+
+  bool pressAt(const QPointF& where, Qt::MouseButton button);
+  void releaseAll();
+  void releaseHeld(Qt::MouseButton button);
+  void setHoverKey(int keyIndex);
+  void updateKey(int keyIndex);
+  void announce();
+  QRect deviceRect(const QRectF& units, double margin) const;
+
+  std::unique_ptr<State> state_;
+  std::unique_ptr<PanelRenderer> renderer_;
+};
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,229 @@
+#include "platform/controls.h"
+
+namespace tarnvex::platform {
+namespace {
+
+void run(const std::function<void()>& handler) {
+  if (handler) {
+    handler();
+  }
+}
+
+}  // namespace
+
+void Control::setVisible(bool visible) {
+  if (visible_ != visible) {
+    visible_ = visible;
+    changed.notify();
+  }
+}
+
+void Control::setEnabled(bool enabled) {
+  if (enabled_ != enabled) {
+    enabled_ = enabled;
+    changed.notify();
+  }
+}
+
+Label::Label(std::string caption, bool visible) : caption_(std::move(caption)) {
+  setVisible(visible);
+}
+
+void Label::setCaption(std::string caption) {
+  if (caption_ != caption) {
+    caption_ = std::move(caption);
+    changed.notify();
+  }
+}
+
+void Label::setBackColor(Colour colour) {
+  if (backColor_ != colour) {
+    backColor_ = colour;
+    changed.notify();
+  }
+}
+
+void Button::userClick() {
+  if (operable()) {
+    run(onClick);
+  }
+}
+
+CheckBox::CheckBox(std::string caption, bool value) : caption_(std::move(caption)), value_(value) {}
+
+void CheckBox::setValue(bool value) {
+  if (value_ != value) {
+    value_ = value;
+    changed.notify();
+    run(onClick);
+  }
+}
+
+void CheckBox::userClick() {
+  if (operable()) {
+    setValue(!value_);
+  }
+}
+
+OptionButton::OptionButton(std::string caption, bool value)
+    : caption_(std::move(caption)), value_(value), group_{this} {}
+
+void OptionButton::setValue(bool value) {
+  if (value_ == value) {
+    return;
+  }
+  if (value) {
+    choose();
+    run(onClick);
+  } else {
+    value_ = false;
+    changed.notify();
+  }
+}
+
+void OptionButton::userClick() {
+  if (operable()) {
+    choose();
+    run(onClick);
+  }
+}
+
+void OptionButton::choose() {
+  for (OptionButton* option : group_) {
+    const bool chosen = option == this;
+    if (option->value_ != chosen) {
+      option->value_ = chosen;
+      option->changed.notify();
+    }
+  }
+}
+
+void groupOptions(std::vector<OptionButton*> options) {
+  for (OptionButton* option : options) {
+    option->group_ = options;
+  }
+}
+
+void ComboBox::setItems(std::vector<std::string> items) {
+  items_ = std::move(items);
+  listIndex_ = -1;
+  changed.notify();
+}
+
+std::string ComboBox::text() const {
+  return listIndex_ < 0 ? std::string() : items_[static_cast<std::size_t>(listIndex_)];
+}
+
+bool ComboBox::setListIndex(int index) {
+  if (index < 0 || static_cast<std::size_t>(index) >= items_.size()) {
+    return false;
+  }
+  listIndex_ = index;
+  changed.notify();
+  run(onClick);
+  return true;
+}
+
+void ComboBox::userChoose(int index) {
+  if (operable()) {
+    setListIndex(index);
+  }
+}
+
+std::string ListBox::item(int index) const {
+  return index < 0 || index >= count() ? std::string() : items_[static_cast<std::size_t>(index)];
+}
+
+void ListBox::add(std::string item) {
+  items_.push_back(std::move(item));
+  selected_.push_back(false);
+  changed.notify();
+}
+
+void ListBox::replace(int index, std::string item) {
+  if (index >= 0 && index < count()) {
+    items_[static_cast<std::size_t>(index)] = std::move(item);
+    changed.notify();
+  }
+}
+
+void ListBox::clear() {
+  items_.clear();
+  selected_.clear();
+  listIndex_ = -1;
+  changed.notify();
+}
+
+void ListBox::setListIndex(int index) {
+  if (index >= -1 && index < count() && index != listIndex_) {
+    listIndex_ = index;
+    changed.notify();
+  }
+}
+
+bool ListBox::selected(int index) const {
+  return index >= 0 && index < count() && selected_[static_cast<std::size_t>(index)];
+}
+
+void ListBox::setSelected(int index, bool selected) {
+  if (index >= 0 && index < count() && selected_[static_cast<std::size_t>(index)] != selected) {
+    selected_[static_cast<std::size_t>(index)] = selected;
+    changed.notify();
+  }
+}
+
+void ListBox::userClick(int index) {
+  if (operable() && index >= 0 && index < count()) {
+    setListIndex(index);
+    run(onClick);
+  }
+}
+
+void ListBox::userRightPress() {
+  if (operable()) {
+    run(onRightPress);
+  }
+}
+
+void TextBox::setText(std::string text) {
+  if (text_ != text) {
+    text_ = std::move(text);
+    changed.notify();
+  }
+}
+
+bool TextBox::userKey(char key) {
+  return operable() && (!onKey || onKey(key));
+}
+
+void TabStrip::setTab(int tab) {
+  if (tab_ != tab) {
+    tab_ = tab;
+    changed.notify();
+  }
+}
+
+void Timer::setEnabled(bool enabled) {
+  if (enabled_ != enabled) {
+    enabled_ = enabled;
+    changed.notify();
+  }
+}
+
+void Timer::setInterval(int milliseconds) {
+  if (interval_ != milliseconds) {
+    interval_ = milliseconds;
+    changed.notify();
+  }
+}
+
+void Timer::fire() {
+  if (!enabled_ || running_) {
+    return;
+  }
+  running_ = true;
+  run(onTick);
+  running_ = false;
+}
+
+}  // namespace tarnvex::platform

@@ -1,0 +1,225 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/notifier.h"
+
+/// Window-free models of the controls that the program's windows are made of. The core holds and
+/// changes them; the window layer draws them and passes the user's events on. Rules such as
+/// "setting a check box from code runs its click" live here, once.
+///
+/// Two kinds of operations: setters, which the core calls, and user operations (`userClick`, ...),
+/// which the window layer calls through the event gate; the latter do nothing on a control that is
+/// disabled or hidden.
+namespace tarnvex::platform {
+
+/// A colour number as the settings keep it: red in the lowest byte, then green, then blue.
+using Colour = std::uint32_t;
+
+class Control {
+ public:
+  Control() = default;
+  virtual ~Control() = default;
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+  Control(Control&&) = delete;
+  Control& operator=(Control&&) = delete;
+
+  [[nodiscard]] bool visible() const { return visible_; }
+  void setVisible(bool visible);
+  [[nodiscard]] bool enabled() const { return enabled_; }
+  void setEnabled(bool enabled);
+  /// Asks the window layer to give the control the keyboard focus.
+  void setFocus() { focusRequested.notify(); }
+
+  /// Anything that is drawn has changed.
+  Notifier<> changed;
+  Notifier<> focusRequested;
+
+ protected:
+  [[nodiscard]] bool operable() const { return visible_ && enabled_; }
+
+ private:
+  bool visible_ = true;
+  bool enabled_ = true;
+};
+
+class Label : public Control {
+ public:
+  Label() = default;
+  explicit Label(std::string caption, bool visible = true);
+
+  [[nodiscard]] const std::string& caption() const { return caption_; }
+  void setCaption(std::string caption);
+  [[nodiscard]] Colour backColor() const { return backColor_; }
+  void setBackColor(Colour colour);
+
+ private:
+  std::string caption_;
+  Colour backColor_ = 0xFFFFFF;
+};
+
+class Button : public Control {
+ public:
+  explicit Button(std::string caption) : caption_(std::move(caption)) {}
+  [[nodiscard]] const std::string& caption() const { return caption_; }
+  void userClick();
+
+  std::function<void()> onClick;
+
+ private:
+  std::string caption_;
+};
+
+class CheckBox : public Control {
+ public:
+  explicit CheckBox(std::string caption = {}, bool value = false);
+  [[nodiscard]] const std::string& caption() const { return caption_; }
+  [[nodiscard]] bool value() const { return value_; }
+  /// Setting another value runs the click, as a user's click does; setting the same one does
+  /// nothing.
+  void setValue(bool value);
+  void userClick();
+
+  std::function<void()> onClick;
+
+ private:
+  std::string caption_;
+  bool value_;
+};
+
+/// One of a group of which at most one is chosen.
+class OptionButton : public Control {
+ public:
+  explicit OptionButton(std::string caption, bool value = false);
+  [[nodiscard]] const std::string& caption() const { return caption_; }
+  [[nodiscard]] bool value() const { return value_; }
+  /// Choosing one that isn't chosen yet clears the others of its group and runs its click. Clearing
+  /// runs none.
+  void setValue(bool value);
+  /// A user's click runs the click handler also on the chosen one.
+  void userClick();
+
+  std::function<void()> onClick;
+
+ private:
+  friend void groupOptions(std::vector<OptionButton*> options);
+  void choose();
+
+  std::string caption_;
+  bool value_;
+  std::vector<OptionButton*> group_;
+};
+
+/// Makes the options one group. The options must live equally long.
+void groupOptions(std::vector<OptionButton*> options);
+
+/// A drop-down list without free text. Its list index is -1 while nothing is chosen.
+class ComboBox : public Control {
+ public:
+  ComboBox() = default;
+  explicit ComboBox(std::vector<std::string> items) : items_(std::move(items)) {}
+  [[nodiscard]] const std::vector<std::string>& items() const { return items_; }
+  void setItems(std::vector<std::string> items);
+  [[nodiscard]] int listIndex() const { return listIndex_; }
+  /// The chosen item's text, empty if none is chosen.
+  [[nodiscard]] std::string text() const;
+  /// Chooses an item and runs the click, also if it is the chosen one. An index outside the list is
+  /// refused: false, nothing changes.
+  bool setListIndex(int index);
+  void userChoose(int index);
+
+  std::function<void()> onClick;
+
+ private:
+  std::vector<std::string> items_;
+  int listIndex_ = -1;
+};
+
+/// A list of lines, each of which can be selected (or ticked, where the window shows it so).
+class ListBox : public Control {
+ public:
+  [[nodiscard]] int count() const { return static_cast<int>(items_.size()); }
+  [[nodiscard]] const std::vector<std::string>& items() const { return items_; }
+  /// The line at `index`, or the empty text outside the list.
+  [[nodiscard]] std::string item(int index) const;
+  void add(std::string item);
+  void replace(int index, std::string item);
+  void clear();
+  [[nodiscard]] int listIndex() const { return listIndex_; }
+  void setListIndex(int index);
+  [[nodiscard]] std::string text() const { return item(listIndex_); }
+  [[nodiscard]] bool selected(int index) const;
+  void setSelected(int index, bool selected);
+
+  /// A user's click on a line: it becomes the current one, and the click runs.
+  void userClick(int index);
+  /// The right mouse button was pressed over the list.
+  void userRightPress();
+
+  std::function<void()> onClick;
+  std::function<void()> onRightPress;
+
+ private:
+  std::vector<std::string> items_;
+  std::vector<bool> selected_;
+  int listIndex_ = -1;
+};
+
+/// A one-line text that the user can edit.
+class TextBox : public Control {
+ public:
+  [[nodiscard]] const std::string& text() const { return text_; }
+  void setText(std::string text);
+  /// The user's edit, after `userKey` has let the key through. Doesn't notify of a text that is the
+  /// same.
+  void userEdit(std::string text) { setText(std::move(text)); }
+  /// A key typed by the user, as a character code. False if the handler swallowed it: the text then
+  /// stays.
+  bool userKey(char key);
+
+  /// Returns whether the key may take effect in the text.
+  std::function<bool(char key)> onKey;
+
+ private:
+  std::string text_;
+};
+
+/// The tab strip of a main window.
+class TabStrip : public Control {
+ public:
+  [[nodiscard]] int tab() const { return tab_; }
+  void setTab(int tab);
+
+ private:
+  int tab_ = 0;
+};
+
+/// A timer that the platform drives: while it is enabled, `fire` is called every `interval`
+/// milliseconds at the most. Calls never nest: a timer whose handler still runs doesn't fire.
+class Timer {
+ public:
+  explicit Timer(int intervalMs) : interval_(intervalMs) {}
+  [[nodiscard]] bool enabled() const { return enabled_; }
+  void setEnabled(bool enabled);
+  [[nodiscard]] int interval() const { return interval_; }
+  void setInterval(int milliseconds);
+  /// Runs the handler if the timer is enabled and the handler doesn't run already.
+  void fire();
+  [[nodiscard]] bool running() const { return running_; }
+
+  std::function<void()> onTick;
+  /// Enabled or interval changed.
+  Notifier<> changed;
+
+ private:
+  int interval_;
+  bool enabled_ = false;
+  bool running_ = false;
+};
+
+}  // namespace tarnvex::platform

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+
+namespace tarnvex::platform {
+
+/// Flags of a message box: the icon (16 error, 32 question, 48 warning, 64 information) plus the
+/// buttons (0 OK, 1 OK and Cancel, 4 Yes and No).
+enum MessageFlags : int {
+  kErrorIcon = 16,
+  kYesNoQuestion = 36,
+  kWarning = 48,
+  kOkCancelWarning = 49,
+  kYesNoWarning = 52,
+  kInformation = 64,
+};
+
+enum class Answer : int { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
+
+/// What the core asks of the user's screen beside the windows.
+class Dialogs {
+ public:
+  Dialogs() = default;
+  virtual ~Dialogs() = default;
+  Dialogs(const Dialogs&) = delete;
+  Dialogs& operator=(const Dialogs&) = delete;
+  Dialogs(Dialogs&&) = delete;
+  Dialogs& operator=(Dialogs&&) = delete;
+
+  /// Shows a message box and returns the answer. The poll goes on behind it. Closing the box by
+  /// other means answers as the button that changes least: No, Cancel, or OK where there is nothing
+  /// else; so does the program's end.
+  virtual Answer messageBox(const std::string& text, const std::string& title,
+                            MessageFlags flags) = 0;
+  virtual void beep() = 0;
+  /// The hourglass (true) or the arrow over all windows.
+  virtual void setBusyPointer(bool busy) = 0;
+};
+
+}  // namespace tarnvex::platform

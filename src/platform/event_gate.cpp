@@ -1,0 +1,124 @@
+#include "platform/event_gate.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tarnvex::platform {
+namespace {
+
+/// How long a wait sleeps at the most before it looks at its condition again. Short beside a
+/// second, the unit in which the core reads the clock.
+constexpr int kLookMilliseconds = 20;
+
+}  // namespace
+
+void EventGate::enter(Handler handler) {
+  if (ended_) {
+    return;
+  }
+  events_.push_back(std::move(handler));
+  drainIfIdle();
+}
+
+void EventGate::enterLeaving(Handler handler) {
+  ++leaving_;
+  enter([this, handler = std::move(handler)] {
+    --leaving_;
+    handler();
+  });
+}
+
+void EventGate::enterTimer(Timer& timer) {
+  if (ended_ || timer.running() || std::ranges::find(timers_, &timer) != timers_.end()) {
+    return;
+  }
+  timers_.push_back(&timer);
+  drainIfIdle();
+}
+
+void EventGate::forget(const Timer& timer) {
+  std::erase(timers_, &timer);
+}
+
+void EventGate::whenIdle(Handler handler) {
+  idle_.push_back(std::move(handler));
+  drainIfIdle();
+}
+
+void EventGate::yield() {
+  if (ended_) {
+    return;
+  }
+  loop_.turn();
+  runQueued();
+}
+
+void EventGate::waitUntil(const std::function<bool()>& done) {
+  while (!ended_ && !done()) {
+    loop_.waitForEvents(kLookMilliseconds);
+    runQueued();
+  }
+}
+
+void EventGate::end() {
+  ended_ = true;
+  events_.clear();
+  timers_.clear();
+}
+
+void EventGate::drainIfIdle() {
+  if (depth_ > 0) {
+    return;
+  }
+  ++depth_;
+  runQueued();
+  --depth_;
+  while (!idle_.empty()) {
+    const Handler handler = std::move(idle_.front());
+    idle_.pop_front();
+    handler();
+  }
+}
+
+void EventGate::runQueued() {
+  while (runNextUserEvent() || !timers_.empty()) {
+    if (!events_.empty()) {
+      continue;
+    }
+    if (!timers_.empty()) {
+      runTimer();
+    }
+  }
+}
+
+bool EventGate::runNextUserEvent() {
+  if (events_.empty()) {
+    return false;
+  }
+  const Handler handler = std::move(events_.front());
+  events_.pop_front();
+  run(handler);
+  return true;
+}
+
+/// A tick begins by letting pending events run, outside it; the timer stays queued for that long,
+/// so that a message box which such an event opens can run it.
+void EventGate::runTimer() {
+  loop_.turn();
+  while (runNextUserEvent()) {
+  }
+  if (timers_.empty()) {
+    return;
+  }
+  Timer* timer = timers_.front();
+  timers_.pop_front();
+  run([timer] { timer->fire(); });
+}
+
+void EventGate::run(const Handler& handler) {
+  ++depth_;
+  handler();
+  --depth_;
+}
+
+}  // namespace tarnvex::platform

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace tarnvex::platform {
+
+/// Keeps a callback registered with a Notifier for as long as it lives. Movable, empty by default.
+class Connection {
+ public:
+  Connection() = default;
+  explicit Connection(std::shared_ptr<void> token) : token_(std::move(token)) {}
+
+ private:
+  std::shared_ptr<void> token_;
+};
+
+/// A list of observers that are told of a change.
+/// Callbacks run in the order of connecting; one may connect or disconnect others while it runs,
+/// and one that is disconnected meanwhile isn't called any more.
+template <class... Args>
+class Notifier {
+ public:
+  using Callback = std::function<void(Args...)>;
+
+  [[nodiscard]] Connection connect(Callback callback) {
+    auto entry = std::make_shared<Callback>(std::move(callback));
+    std::erase_if(entries_, [](const auto& held) { return held.expired(); });
+    entries_.push_back(entry);
+    return Connection(entry);
+  }
+
+  void notify(Args... args) const {
+    const auto entries = entries_;
+    for (const auto& entry : entries) {
+      if (const auto callback = entry.lock()) {
+        (*callback)(args...);
+      }
+    }
+  }
+
+ private:
+  std::vector<std::weak_ptr<Callback>> entries_;
+};
+
+}  // namespace tarnvex::platform
