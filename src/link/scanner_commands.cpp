@@ -1,0 +1,141 @@
+#include "link/scanner_commands.h"
+
+#include "platform/convert.h"
+
+namespace tarnvex::link {
+namespace {
+
+using platform::format;
+using platform::mid;
+using platform::toInteger;
+using platform::toReal;
+
+/// The wire's unit is 100 Hz.
+constexpr double kUnitsPerMegahertz = 10000;
+
+/// Seven characters in the wire's unit as MHz with four decimals.
+std::optional<std::string> megahertz(std::string_view text, std::size_t position) {
+  const auto units = toReal(mid(text, position, 7));
+  if (!units) {
+    return std::nullopt;
+  }
+  return format(*units / kUnitsPerMegahertz, "0.0000");
+}
+
+/// MHz and decimals, put together around a point without a conversion of the decimals.
+std::string aroundPoint(std::string_view text, std::string_view mask) {
+  return format(mid(text, 8, 3), mask) + "." + mid(text, 11, 4);
+}
+
+}  // namespace
+
+std::string command::scanBanks(std::string_view letters) {
+  return "SB " + std::string(letters);
+}
+
+std::string command::priorityChannel(char bankLetter) {
+  return std::string("PC ") + bankLetter;
+}
+
+std::string key::bank(char letter) {
+  return std::string("KEY21 ") + letter;
+}
+
+bool IdentityReply::isOtherModel() const {
+  return !text_.empty() && text_ != reply::kError && text_ != reply::kFault;
+}
+
+std::string IdentityReply::model() const {
+  return mid(text_, 3, 8);
+}
+
+std::string IdentityReply::serialNumber() const {
+  return mid(text_, 12, 10);
+}
+
+std::string IdentityReply::firmware() const {
+  return mid(text_, 24, 3);
+}
+
+std::optional<int> SignalReply::level() const {
+  return toInteger(mid(text_, 2, 3));
+}
+
+std::optional<std::string> SignalReply::tableFrequency() const {
+  return megahertz(text_, 8);
+}
+
+std::string SignalReply::shownFrequency() const {
+  return aroundPoint(text_, "###");
+}
+
+std::string ChannelReply::number() const {
+  return format(mid(text_, 2, 3), "###");
+}
+
+std::string ChannelReply::shownFrequency() const {
+  return aroundPoint(text_, "##0");
+}
+
+bool ChannelReply::trunked() const {
+  return mid(text_, 16, 2) == "TN";
+}
+
+bool ChannelReply::delay() const {
+  return mid(text_, 19, 2) == "DN";
+}
+
+bool ChannelReply::lockout() const {
+  return mid(text_, 22, 2) == "LN";
+}
+
+std::optional<int> ChannelReply::tone() const {
+  return toInteger(mid(text_, 32, 2));
+}
+
+std::string TrunkIdReply::bank() const {
+  return mid(text_, 4, 1);
+}
+
+std::string TrunkIdReply::slot() const {
+  const std::string digit = format(mid(text_, 5, 1), "0");
+  return digit == "0" ? "10" : digit;
+}
+
+std::string TrunkIdReply::id() const {
+  return mid(text_, 7, 6);
+}
+
+std::string bankLetters(std::string_view reply) {
+  return mid(reply, 4);
+}
+
+std::optional<int> priorityChannelOf(std::string_view reply) {
+  return toInteger(mid(reply, 5, 3));
+}
+
+std::optional<std::string> searchLimit(std::string_view reply) {
+  return megahertz(reply, 4);
+}
+
+std::string searchedId(std::string_view reply) {
+  return mid(reply, 9, 6);
+}
+
+bool saysNoId(std::string_view reply) {
+  return searchedId(reply).empty() || reply.find('E') != std::string_view::npos;
+}
+
+std::optional<std::string> heldId(std::string_view line) {
+  const std::string tail = mid(line, 4);
+  if (!tail.starts_with('S')) {
+    return std::nullopt;
+  }
+  return mid(tail, 3, 6);
+}
+
+std::string modeOf(std::string_view reply) {
+  return mid(reply, 1, 4);
+}
+
+}  // namespace tarnvex::link

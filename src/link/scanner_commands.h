@@ -1,0 +1,177 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// The radio's command language: every request text and every reply position stands here and
+/// nowhere else.
+///
+/// A request is shown without its carriage return. A reply is what `ScannerLink` returns; positions
+/// count from 1, and a reply too short for a field gives an empty text, or no number. The
+/// characters between fields are never looked at. On the wire a frequency is MHz times 10000 as
+/// eight digits, a bank is a letter A to J, a channel three digits.
+namespace tarnvex::link {
+
+/// Replies that mean something by themselves.
+namespace reply {
+inline constexpr std::string_view kError = "ERR";
+inline constexpr std::string_view kFault = "FER";
+/// No active channel, ID or scan list.
+inline constexpr std::string_view kNothing = "NG";
+inline constexpr std::string_view kSquelchOpen = "+";
+inline constexpr std::string_view kMuteOn = "MUN";
+inline constexpr std::string_view kLockoutOn = "LON";
+inline constexpr std::string_view kDelayOn = "DLN";
+inline constexpr std::string_view kToneSquelchOn = "CTN";
+inline constexpr std::string_view kPriorityOn = "PRN";
+}  // namespace reply
+
+/// Requests that have no argument.
+namespace command {
+inline constexpr std::string_view kIdentify = "SI";
+inline constexpr std::string_view kMode = "MD";
+inline constexpr std::string_view kSignal = "SG";
+inline constexpr std::string_view kSquelch = "SQ";
+inline constexpr std::string_view kActiveChannel = "MA";
+inline constexpr std::string_view kActiveId = "IC";
+inline constexpr std::string_view kScanBanks = "SB";
+inline constexpr std::string_view kTrunkScanBanks = "IS";
+inline constexpr std::string_view kMute = "MU";
+inline constexpr std::string_view kMuteOn = "MUN";
+inline constexpr std::string_view kMuteOff = "MUA";
+inline constexpr std::string_view kLockout = "LO";
+inline constexpr std::string_view kDelay = "DL";
+inline constexpr std::string_view kToneSquelch = "CT";
+inline constexpr std::string_view kPriority = "PR";
+inline constexpr std::string_view kLowerLimit = "LL";
+inline constexpr std::string_view kUpperLimit = "LU";
+inline constexpr std::string_view kStreamIds = "IDN";
+inline constexpr std::string_view kStopIds = "IDF";
+/// No command of the radio: sent after a change of the baud rate for the sake of any answer.
+inline constexpr std::string_view kProvoke = "TEST";
+
+/// Select the banks in the scan.
+std::string scanBanks(std::string_view letters);
+/// Ask for the priority channel of a bank.
+std::string priorityChannel(char bankLetter);
+}  // namespace command
+
+/// Keys of the radio's front.
+namespace key {
+inline constexpr std::string_view kScan = "KEY00";
+inline constexpr std::string_view kManual = "KEY01";
+inline constexpr std::string_view kKnobUp = "KEY07";
+inline constexpr std::string_view kKnobDown = "KEY08";
+inline constexpr std::string_view kSearch = "KEY09";
+inline constexpr std::string_view kTrunk = "KEY13";
+std::string bank(char letter);
+}  // namespace key
+
+/// The letter of bank index 0 to 9.
+constexpr char bankLetter(int index) {
+  return static_cast<char>('A' + index);
+}
+
+/// The radio's modes that the core branches on: what "MD" answers.
+namespace mode895 {
+inline constexpr std::string_view kScan = "MD00";
+inline constexpr std::string_view kManual = "MD01";
+inline constexpr std::string_view kSearch = "MD02";
+inline constexpr std::string_view kSearchHold = "MD03";
+inline constexpr std::string_view kWeather = "MD04";
+inline constexpr std::string_view kWeatherHold = "MD05";
+inline constexpr std::string_view kTrunkSearch = "MD06";
+inline constexpr std::string_view kIdSearch = "MD07";
+inline constexpr std::string_view kIdHold = "MD08";
+inline constexpr std::string_view kTrunkScan = "MD09";
+inline constexpr std::string_view kTrunkManual = "MD10";
+inline constexpr std::string_view kTrunkSearchQuiet = "MD12";
+inline constexpr std::string_view kToneEntry = "MD13";
+inline constexpr std::string_view kSend = "MD15";
+inline constexpr std::string_view kAuto = "MD16";
+}  // namespace mode895
+
+/// What the BC245XLT answers to "SI".
+class IdentityReply {
+ public:
+  explicit IdentityReply(std::string text) : text_(std::move(text)) {}
+  /// A radio that doesn't know the command is a BC895XLT.
+  [[nodiscard]] bool isError() const { return text_ == reply::kError; }
+  /// An answer that no BC895XLT gives. Silence counts as the radio that was there.
+  [[nodiscard]] bool isOtherModel() const;
+  [[nodiscard]] std::string model() const;
+  [[nodiscard]] std::string serialNumber() const;
+  /// Version times 100.
+  [[nodiscard]] std::string firmware() const;
+
+ private:
+  std::string text_;
+};
+
+/// What "SG" answers: signal level and frequency.
+class SignalReply {
+ public:
+  explicit SignalReply(std::string text) : text_(std::move(text)) {}
+  [[nodiscard]] std::optional<int> level() const;
+  /// The frequency converted, as "0.0000": the form that the channel table holds. Nothing if it is
+  /// no number.
+  [[nodiscard]] std::optional<std::string> tableFrequency() const;
+  /// The frequency's characters around a point, without leading zeros.
+  [[nodiscard]] std::string shownFrequency() const;
+
+ private:
+  std::string text_;
+};
+
+/// What "MA" answers of the current channel.
+class ChannelReply {
+ public:
+  explicit ChannelReply(std::string text) : text_(std::move(text)) {}
+  [[nodiscard]] bool isNothing() const { return text_ == reply::kNothing; }
+  /// The channel number without leading zeros, as shown.
+  [[nodiscard]] std::string number() const;
+  [[nodiscard]] std::string shownFrequency() const;
+  [[nodiscard]] bool trunked() const;
+  [[nodiscard]] bool delay() const;
+  [[nodiscard]] bool lockout() const;
+  /// Index into `ToneTable`.
+  [[nodiscard]] std::optional<int> tone() const;
+
+ private:
+  std::string text_;
+};
+
+/// What "IC" answers of the current trunked ID.
+class TrunkIdReply {
+ public:
+  explicit TrunkIdReply(std::string text) : text_(std::move(text)) {}
+  [[nodiscard]] bool isNothing() const { return text_ == reply::kNothing; }
+  [[nodiscard]] std::string bank() const;
+  /// The slot 1 to 10 as shown; the radio sends 0 for 10. Empty if the reply is too short.
+  [[nodiscard]] std::string slot() const;
+  /// Six characters.
+  [[nodiscard]] std::string id() const;
+
+ private:
+  std::string text_;
+};
+
+/// The bank letters in the answer to "SB" or "IS".
+std::string bankLetters(std::string_view reply);
+/// The priority channel in the answer to "PC ".
+std::optional<int> priorityChannelOf(std::string_view reply);
+/// The limit in the answer to "LL" or "LU", as "0.0000". Nothing if it is no number.
+std::optional<std::string> searchLimit(std::string_view reply);
+/// The six characters of the ID in the answer to "IDN" in ID search; empty if the reply is too
+/// short.
+std::string searchedId(std::string_view reply);
+/// Whether the answer to "IDN" in ID search says that no ID is active.
+bool saysNoId(std::string_view reply);
+/// The six characters of the ID in a line streamed in ID hold, nothing if the line holds no active
+/// ID.
+std::optional<std::string> heldId(std::string_view line);
+/// The mode at the head of an answer to "MD" that may carry more.
+std::string modeOf(std::string_view reply);
+
+}  // namespace tarnvex::link

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/controls.h"
+#include "platform/dialogs.h"
+#include "platform/serial_port.h"
+#include "platform/shared_state.h"
+
+namespace tarnvex::link {
+
+/// The one door to the radio: a strict exchange of one command and one reply in plain text. A
+/// carriage return ends both. It doesn't know what a command means; that stands in
+/// scanner_commands.h. No queue, no retry, no checksum.
+///
+/// Who calls: the poll and every handler that talks to the radio, from the one thread of the
+/// program. A call returns when the reply has come or the wait was given up; nothing of the core
+/// runs in between.
+///
+/// All operations return the reply without its last character, inner carriage returns and all, and
+/// the empty text on any failure. A closed port isn't an error: the result is empty at once.
+/// Nothing throws.
+class ScannerLink {
+ public:
+  /// Spins that a wait for the first byte may take, and those for reading a reply to its end.
+  static constexpr int kFirstByteSpins = 72500;
+  static constexpr int kReadSpins = 72500;
+  /// Spins for a line that the radio sends by itself.
+  static constexpr int kUnsolicitedSpins = 2000;
+
+  ScannerLink(platform::SharedState& state, platform::Dialogs& dialogs)
+      : state_(state), dialogs_(dialogs) {}
+
+  /// A main window puts its port and its poll timer at the link's disposal, for as long as it
+  /// lives. The exchange takes those of the window that `ModelKey` picks: the BC245XLT's for
+  /// "BC245", the BC895XLT's for all else.
+  struct Line {
+    platform::SerialPort* port = nullptr;
+    platform::Timer* pollTimer = nullptr;
+  };
+  void attachBc895(Line line) { bc895_ = line; }
+  void attachBc245(Line line) { bc245_ = line; }
+
+  /// Sends a command and returns its reply. Throws away first what is still waiting. Silence: one
+  /// message, the poll stops, the port closes.
+  std::string SendCommand(std::string_view command);
+  /// The radio's list of skipped search frequencies: lines up to and with the closing "END".
+  std::string QuerySearchSkips() { return MultiLineQuery("SS"); }
+  /// The radio's list of locked-out IDs, likewise.
+  std::string QueryIdLockouts() { return MultiLineQuery("IL"); }
+  /// Takes one line that the radio sends by itself. Gives up soon, without a word.
+  std::string ReadReply();
+  /// The splash window's exchange, on its own port. Silence closes the port, without a message.
+  std::string ProbeCommand(platform::SerialPort& port, std::string_view command);
+
+ private:
+  [[nodiscard]] Line line() const { return state_.ModelKey == "BC245" ? bc245_ : bc895_; }
+  /// Flushes, sends and waits until more than `waiting` bytes are there. False on a closed port or
+  /// after silence.
+  bool send(const Line& line, std::string_view command, std::size_t waiting);
+  bool waitForFirst(platform::SerialPort& port, std::size_t atLeast, int spins);
+  std::string MultiLineQuery(std::string_view command);
+  std::string readToEnd(platform::SerialPort& port, std::string_view ending);
+  std::string finish(std::string buffer);
+  void reportSilence(const Line& line);
+
+  platform::SharedState& state_;
+  platform::Dialogs& dialogs_;
+  Line bc895_;
+  Line bc245_;
+  bool reporting_ = false;
+};
+
+}  // namespace tarnvex::link
