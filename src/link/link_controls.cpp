@@ -31,15 +31,8 @@ std::string LinkControls::storedBaudRate() const {
 
 void LinkControls::chooseStoredPort() {
   const auto slot = platform::toInteger(storedPort());
-  if (!slot) {
-    return;
-  }
-  for (int option = 1; option <= 4; ++option) {
-    if (option == *slot) {
-      parts_.options[static_cast<std::size_t>(option - 1)]->setValue(true);
-    } else if (*slot < 1 || *slot > 4) {
-      parts_.options[static_cast<std::size_t>(option - 1)]->setValue(false);
-    }
+  if (slot && *slot >= 1 && *slot <= 4) {
+    parts_.options[static_cast<std::size_t>(*slot - 1)]->setValue(true);
   }
 }
 
@@ -116,8 +109,9 @@ void LinkControls::restoreBaudRate(const std::string& rate) {
 /// while the baud box goes on showing what was chosen. Users know the window so; it stays.
 void LinkControls::showRestoredRate() {
   if (const auto rate = platform::toReal(storedBaudRate())) {
-    parts_.restoreBox.setListIndex(
-        static_cast<int>(platform::roundHalfEven(*rate / traits_.restoreStep - 1)));
+    if (const auto index = platform::toInteger(*rate / traits_.restoreStep - 1)) {
+      parts_.restoreBox.setListIndex(*index);
+    }
   }
 }
 

@@ -100,12 +100,13 @@ std::optional<double> toReal(std::string_view text) {
 
 std::optional<int> toInteger(std::string_view text) {
   const auto value = toReal(text);
-  if (!value) {
-    return std::nullopt;
-  }
-  const double rounded = roundHalfEven(*value);
-  if (rounded < std::numeric_limits<std::int16_t>::min() ||
-      rounded > std::numeric_limits<std::int16_t>::max()) {
+  return value ? toInteger(*value) : std::nullopt;
+}
+
+std::optional<int> toInteger(double value) {
+  const double rounded = roundHalfEven(value);
+  if (!(rounded >= std::numeric_limits<std::int16_t>::min() &&
+        rounded <= std::numeric_limits<std::int16_t>::max())) {
     return std::nullopt;
   }
   return static_cast<int>(rounded);

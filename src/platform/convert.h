@@ -24,6 +24,8 @@ std::optional<double> toReal(std::string_view text);
 /// A text as a 16-bit integer. A fraction rounds half to even; nothing if it isn't a number or out
 /// of range.
 std::optional<int> toInteger(std::string_view text);
+/// A real number as a 16-bit integer, likewise.
+std::optional<int> toInteger(double value);
 
 /// The number's decimal text in its shortest form, at most 15 significant digits: 1.5 gives
 /// "1.5", 3.0 gives "3".
