@@ -1,0 +1,51 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace tarnvex::platform {
+
+/// Which of the system's file dialogs.
+enum class FileDialogKind { Open, Save };
+
+/// The file dialog of a window. Each window that has one keeps its own, since the chosen name is
+/// remembered from one showing to the next.
+///
+/// Names of files are bytes, as the file system has them; whoever shows one decodes it as the
+/// system does.
+class CommonDialog {
+ public:
+  CommonDialog() = default;
+  virtual ~CommonDialog() = default;
+  CommonDialog(const CommonDialog&) = delete;
+  CommonDialog& operator=(const CommonDialog&) = delete;
+  CommonDialog(CommonDialog&&) = delete;
+  CommonDialog& operator=(CommonDialog&&) = delete;
+
+  /// Shows the dialog, preset with `FileName`, and puts the chosen path there. A cancelled dialog
+  /// leaves `FileName` as it is, so the caller can't tell Cancel from OK unless it is blank.
+  void ShowOpen() { show(FileDialogKind::Open); }
+  void ShowSave() { show(FileDialogKind::Save); }
+
+  /// Full path of the file chosen last, or preset by the program.
+  std::string FileName;
+  /// Pairs of description and pattern, as in "APF Files (*.apf)|*.apf".
+  std::string Filter;
+  /// Blank for the system's own title.
+  std::string DialogTitle;
+
+ protected:
+  /// Shows the system's dialog. Nothing if the user cancelled. The empty text if the program has
+  /// ended: `FileName` is blank then, which stops every command, also one that would ask again.
+  virtual std::optional<std::string> chooseFile(FileDialogKind kind) = 0;
+
+ private:
+  void show(FileDialogKind kind) {
+    if (auto chosen = chooseFile(kind)) {
+      FileName = std::move(*chosen);
+    }
+  }
+};
+
+}  // namespace tarnvex::platform

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/common_dialog.h"
+
+namespace tarnvex::test {
+
+/// A file dialog as it was shown.
+struct ShownDialog {
+  platform::FileDialogKind kind;
+  std::string preset;
+  std::string filter;
+  std::string title;
+
+  bool operator==(const ShownDialog&) const = default;
+};
+
+/// A user who picks files as told in advance. Every showing takes the next of `choices`: a path, or
+/// nothing for Cancel. A showing without a choice fails the test and cancels; choices that are left
+/// fail the test when the fake goes.
+class FakeCommonDialog : public platform::CommonDialog {
+ public:
+  FakeCommonDialog() = default;
+  FakeCommonDialog(const FakeCommonDialog&) = delete;
+  FakeCommonDialog& operator=(const FakeCommonDialog&) = delete;
+  FakeCommonDialog(FakeCommonDialog&&) = delete;
+  FakeCommonDialog& operator=(FakeCommonDialog&&) = delete;
+  ~FakeCommonDialog() override {
+    if (!choices.empty()) {
+      ADD_FAILURE() << choices.size() << " choices of a file were not asked for";
+    }
+  }
+
+  std::deque<std::optional<std::string>> choices;
+  std::vector<ShownDialog> shown;
+
+ protected:
+  std::optional<std::string> chooseFile(platform::FileDialogKind kind) override {
+    shown.push_back({kind, FileName, Filter, DialogTitle});
+    if (choices.empty()) {
+      ADD_FAILURE() << "unexpected file dialog, preset with \"" << FileName << '"';
+      return std::nullopt;
+    }
+    auto choice = choices.front();
+    choices.pop_front();
+    return choice;
+  }
+};
+
+}  // namespace tarnvex::test

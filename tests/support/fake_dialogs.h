@@ -1,0 +1,92 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <functional>
+#include <ostream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/dialogs.h"
+
+namespace tarnvex::test {
+
+/// A message box as it was shown.
+struct Box {
+  std::string text;
+  std::string title;
+  int flags = 0;
+
+  bool operator==(const Box&) const = default;
+};
+
+inline std::ostream& operator<<(std::ostream& out, const Box& box) {
+  return out << '"' << box.text << "\" | \"" << box.title << "\" | " << box.flags;
+}
+
+/// A user who answers message boxes as told in advance. Every box is recorded in `boxes`. A box
+/// with a choice takes the next of `answers`; one that finds none, or that the answer doesn't fit,
+/// fails the test and is answered with No (or Cancel). Answers that nobody asked for fail the test
+/// when the fake goes. A box with only OK needs no answer: compare `boxes`.
+class FakeDialogs : public platform::Dialogs {
+ public:
+  FakeDialogs() = default;
+  FakeDialogs(const FakeDialogs&) = delete;
+  FakeDialogs& operator=(const FakeDialogs&) = delete;
+  FakeDialogs(FakeDialogs&&) = delete;
+  FakeDialogs& operator=(FakeDialogs&&) = delete;
+  ~FakeDialogs() override {
+    if (!answers.empty()) {
+      ADD_FAILURE() << answers.size() << " answers to message boxes were not asked for";
+    }
+  }
+
+  platform::Answer messageBox(const std::string& text, const std::string& title,
+                              platform::MessageFlags flags) override {
+    const Box box{text, title, flags};
+    boxes.push_back(box);
+    const int buttons = static_cast<int>(flags) & 7;
+    // Known before the hook runs, since boxes that open behind this one take the later answers.
+    const platform::Answer answer = buttons == 0 ? platform::Answer::Ok : nextAnswer(box, buttons);
+    if (whileOpen) {
+      whileOpen();
+    }
+    return answer;
+  }
+  void beep() override { ++beeps; }
+  void setBusyPointer(bool busy) override { busyPointer.push_back(busy); }
+
+  /// The boxes shown since the last call.
+  std::vector<Box> takeBoxes() { return std::exchange(boxes, {}); }
+
+  std::deque<platform::Answer> answers;
+  std::vector<Box> boxes;
+  int beeps = 0;
+  /// Every setting of the pointer, in order.
+  std::vector<bool> busyPointer;
+  /// Runs while a box is open, as the poll does.
+  std::function<void()> whileOpen;
+
+ private:
+  platform::Answer nextAnswer(const Box& box, int buttons) {
+    using platform::Answer;
+    constexpr int kYesNo = 4;
+    const bool yesNo = buttons == kYesNo;
+    const Answer least = yesNo ? Answer::No : Answer::Cancel;
+    if (answers.empty()) {
+      ADD_FAILURE() << "unexpected message box: " << box;
+      return least;
+    }
+    const Answer answer = answers.front();
+    answers.pop_front();
+    if ((answer == Answer::Yes || answer == Answer::No) != yesNo) {
+      ADD_FAILURE() << "the answer has no button in the message box: " << box;
+      return least;
+    }
+    return answer;
+  }
+};
+
+}  // namespace tarnvex::test
