@@ -1,13 +1,12 @@
 #pragma once
 
+#include <QColor>
 #include <QPointF>
 #include <QRectF>
 #include <QSizeF>
 #include <QString>
 #include <QVector>
 #include <optional>
-
-#include "desktop/panel/panel_style.h"
 
 /// Where things stand on a radio's front: pure data, one value per radio.
 ///
@@ -38,6 +37,7 @@ struct DisplayElement {
   Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter;
   /// What precedes the text when the display is read aloud ("channel"), or stands for the word.
   QString spoken;
+  bool silent = false;  ///< Left out when the display is read aloud.
 };
 
 /// A drawing on a key that has no letters.

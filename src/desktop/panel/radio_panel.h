@@ -16,9 +16,9 @@ class PanelRenderer;
 /// nothing; a window binds its elements to the panel's labels and its signals to the key handlers.
 ///
 /// It keeps the layout's proportions within whatever room it gets, and repaints only what changed.
-/// It begins with every element dark. One key at a time takes the keyboard focus: the arrow keys move
-/// it, Space and Enter press. All other keys are left to the parent widget, and so are mouse presses
-/// beside the keys and the knob.
+/// It begins with every element dark. One key at a time takes the keyboard focus: the arrow keys
+/// move it, Space and Enter press. All other keys are left to the parent widget, and so are mouse
+/// presses beside the keys and the knob.
 class RadioPanel : public QWidget {
   Q_OBJECT
 
@@ -37,6 +37,9 @@ class RadioPanel : public QWidget {
 
   /// Shows a key as pressed, for a press that came from elsewhere. Emits nothing.
   void setKeyDown(int keyIndex, bool down);
+
+  /// A whole left click on a key, with its signals: for assistive technology.
+  void clickKey(int keyIndex);
 
   const PanelLayout& layoutData() const;
 
@@ -63,6 +66,8 @@ class RadioPanel : public QWidget {
   void keyPressed(int keyIndex, Qt::MouseButton button);
   /// The same key came up, wherever the pointer is by then.
   void keyReleased(int keyIndex, Qt::MouseButton button);
+  /// A press of a key ended on the same key: not sent where the pointer was drawn off it first.
+  void keyClicked(int keyIndex, Qt::MouseButton button);
   /// The knob is held: left turns down, right turns up.
   void knobPressed(Qt::MouseButton button);
   void knobReleased(Qt::MouseButton button);
@@ -84,15 +89,20 @@ class RadioPanel : public QWidget {
   void hideEvent(QHideEvent* event) override;
 
  private:
+  struct Held;
   struct State;
 
-  bool pressAt(const QPointF& where, Qt::MouseButton button);
+  int keyAt(const QPointF& where) const;
+  bool press(const QPointF& where, Qt::MouseButton button);
+  void hold(int target, Qt::MouseButton button);
+  void release(Qt::MouseButton button, const QPointF* where);
   void releaseAll();
-  void releaseHeld(Qt::MouseButton button);
+  void setMark(int mark, bool lit);
   void setHoverKey(int keyIndex);
+  void showKeyDown(int keyIndex, bool down);
+  void setFocusRing(bool shown);
   void updateKey(int keyIndex);
   void announce();
-  QRect deviceRect(const QRectF& units, double margin) const;
 
   std::unique_ptr<State> state_;
   std::unique_ptr<PanelRenderer> renderer_;

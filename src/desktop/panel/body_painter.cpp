@@ -1,0 +1,130 @@
+#include "desktop/panel/body_painter.h"
+
+#include <QLinearGradient>
+#include <QPainterPath>
+#include <QRadialGradient>
+
+#include "desktop/panel/key_painter.h"
+#include "desktop/panel/knob_painter.h"
+#include "desktop/panel/panel_style.h"
+#include "desktop/panel/panel_text.h"
+
+namespace tarnvex::desktop {
+namespace {
+
+QColor alpha(QColor colour, int value) {
+  colour.setAlpha(value);
+  return colour;
+}
+
+void paintCase(QPainter& painter, const QRectF& body, double radius) {
+  QLinearGradient shade(body.topLeft(), body.bottomLeft());
+  shade.setColorAt(0, style::kBodyTop);
+  shade.setColorAt(0.35, style::kBodyMiddle);
+  shade.setColorAt(1, style::kBodyBottom);
+  painter.setPen(QPen(style::kEdge, 1.5));
+  painter.setBrush(shade);
+  painter.drawRoundedRect(body, radius, radius);
+  // The lamp above: a wide soft glow over the upper half, and a bright upper rim.
+  QRadialGradient glow(QPointF(body.center().x(), body.top()), body.width() * 0.55);
+  glow.setColorAt(0, alpha(style::kLight, 22));
+  glow.setColorAt(1, alpha(style::kLight, 0));
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(glow);
+  painter.drawRoundedRect(body, radius, radius);
+  QLinearGradient rim(body.topLeft(), body.bottomLeft());
+  rim.setColorAt(0, alpha(style::kLight, 96));
+  rim.setColorAt(0.12, alpha(style::kLight, 26));
+  rim.setColorAt(1, alpha(style::kLight, 8));
+  painter.setPen(QPen(rim, 1.2));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(body.adjusted(1.4, 1.4, -1.4, -1.4), radius - 1.4, radius - 1.4);
+}
+
+void paintBezel(QPainter& painter, const QRectF& bezel) {
+  const double radius = 9;
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(alpha(style::kLight, 30));
+  painter.drawRoundedRect(bezel.translated(0, 1.2), radius, radius);
+  QLinearGradient shade(bezel.topLeft(), bezel.bottomLeft());
+  shade.setColorAt(0, style::kBezel.darker(140));
+  shade.setColorAt(1, style::kBezel.lighter(125));
+  painter.setBrush(shade);
+  painter.drawRoundedRect(bezel, radius, radius);
+}
+
+void paintSocket(QPainter& painter, const QRectF& rect) {
+  QLinearGradient ring(rect.topLeft(), rect.bottomLeft());
+  ring.setColorAt(0, QColor(0x9a, 0x9d, 0xa2));
+  ring.setColorAt(1, QColor(0x4a, 0x4c, 0x50));
+  painter.setBrush(ring);
+  painter.drawEllipse(rect);
+  const double inset = rect.width() * 0.17;
+  painter.setBrush(style::kEdge);
+  painter.drawEllipse(rect.adjusted(inset, inset, -inset, -inset));
+}
+
+void paintGrille(QPainter& painter, const QRectF& rect) {
+  for (double y = rect.top(); y < rect.bottom(); y += 7) {
+    painter.setBrush(alpha(style::kLight, 24));
+    painter.drawRoundedRect(QRectF(rect.x(), y + 0.8, rect.width(), 3), 1.5, 1.5);
+    painter.setBrush(style::kSeat);
+    painter.drawRoundedRect(QRectF(rect.x(), y, rect.width(), 3), 1.5, 1.5);
+  }
+}
+
+/// A round part seen from the side: the light runs down its middle.
+void paintBlock(QPainter& painter, const PanelFitting& fitting) {
+  QLinearGradient round(fitting.rect.topLeft(), fitting.rect.topRight());
+  round.setColorAt(0, style::kBodyBottom.darker(130));
+  round.setColorAt(0.4, style::kBodyTop.lighter(112));
+  round.setColorAt(1, style::kBodyBottom.darker(150));
+  painter.setPen(QPen(style::kEdge, 1.2));
+  painter.setBrush(round);
+  painter.drawRoundedRect(fitting.rect, fitting.radius, fitting.radius);
+}
+
+void paintFitting(QPainter& painter, const PanelFitting& fitting) {
+  painter.setPen(Qt::NoPen);
+  switch (fitting.shape) {
+    case PanelFitting::Shape::Block:
+      paintBlock(painter, fitting);
+      break;
+    case PanelFitting::Shape::Socket:
+      paintSocket(painter, fitting.rect);
+      break;
+    case PanelFitting::Shape::Grille:
+      paintGrille(painter, fitting.rect);
+      break;
+  }
+}
+
+void paintCaption(QPainter& painter, const PanelCaption& caption) {
+  Lettering lettering;
+  lettering.size = caption.size;
+  lettering.bold = true;
+  lettering.spacing = 0.14;
+  lettering.align = caption.align;
+  painter.setPen(caption.strong ? style::kPrint : style::kPrintQuiet);
+  drawLettering(painter, caption.rect, caption.text, lettering);
+}
+
+}  // namespace
+
+void paintBody(QPainter& painter, const PanelLayout& layout) {
+  painter.setRenderHint(QPainter::Antialiasing);
+  // Antennas and the like stand behind the case.
+  for (const PanelFitting& fitting : layout.fittings) {
+    if (fitting.shape == PanelFitting::Shape::Block) paintFitting(painter, fitting);
+  }
+  if (!layout.body.isEmpty()) paintCase(painter, layout.body, layout.bodyRadius);
+  for (const PanelFitting& fitting : layout.fittings) {
+    if (fitting.shape != PanelFitting::Shape::Block) paintFitting(painter, fitting);
+  }
+  paintBezel(painter, layout.bezel);
+  for (const PanelCaption& caption : layout.captions) paintCaption(painter, caption);
+  if (layout.knob) paintKnob(painter, *layout.knob);
+  for (const PanelKey& key : layout.keys) paintKey(painter, layout, key, KeyLook{});
+}
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,52 @@
+#include "desktop/panel/display_reader.h"
+
+#include <QStringList>
+
+namespace tarnvex::desktop {
+namespace {
+
+QString mainLine(const QString& text) {
+  const bool frequency = !text.isEmpty() && text[0].isDigit() && text.contains(QLatin1Char('.'));
+  return frequency ? QStringLiteral("Frequency %1").arg(text) : text;
+}
+
+QString textElement(const DisplayElement& element, const QString& text) {
+  if (text.trimmed().isEmpty()) return {};
+  if (element.kind == ElementKind::MainText) return mainLine(text);
+  const QString plain = text.simplified();
+  return element.spoken.isEmpty() ? plain : element.spoken + QLatin1Char(' ') + plain;
+}
+
+}  // namespace
+
+QString readDisplay(const PanelLayout& layout, const FrontState& state) {
+  QStringList parts;
+  QStringList banks;
+  int bars = 0;
+  for (int i = 0; i < layout.elements.size(); ++i) {
+    const DisplayElement& element = layout.elements[i];
+    if (!state.elements[i].lit || element.silent) continue;
+    switch (element.kind) {
+      case ElementKind::BankLetter:
+        banks.append(element.ghost);
+        break;
+      case ElementKind::Mark:
+        banks.append(element.spoken);
+        break;
+      case ElementKind::Bar:
+        ++bars;
+        break;
+      case ElementKind::Word:
+        parts.append(element.spoken.isEmpty() ? element.ghost : element.spoken);
+        break;
+      default:
+        parts.append(textElement(element, state.elements[i].text));
+    }
+  }
+  if (!banks.isEmpty()) parts.append(QStringLiteral("bank ") + banks.join(QLatin1Char(' ')));
+  if (bars > 0) parts.append(QStringLiteral("signal %1").arg(bars));
+  parts.removeAll(QString());
+  return parts.join(QStringLiteral(", "));
+}
+
+}  // namespace tarnvex::desktop

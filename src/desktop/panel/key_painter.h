@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QPainter>
+
+#include "desktop/panel/panel_layout.h"
+
+namespace tarnvex::desktop {
+
+struct KeyLook {
+  bool hover = false;
+  bool down = false;
+  bool focus = false;
+  bool atRest() const { return !hover && !down && !focus; }
+};
+
+/// How far a key's drawing (its seat, its focus ring) reaches beyond its rectangle, in units.
+inline constexpr double kKeyMargin = 4;
+
+/// Draws one key over whatever look it had before; the painter is in units.
+void paintKey(QPainter& painter, const PanelLayout& layout, const PanelKey& key,
+              const KeyLook& look);
+
+}  // namespace tarnvex::desktop

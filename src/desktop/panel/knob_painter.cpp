@@ -1,0 +1,113 @@
+#include "desktop/panel/knob_painter.h"
+
+#include <QLinearGradient>
+#include <QPainterPath>
+#include <QRadialGradient>
+#include <cmath>
+
+#include "desktop/panel/panel_style.h"
+
+namespace tarnvex::desktop {
+namespace {
+
+constexpr double kMarkRadius = 3;
+constexpr double kGlow = 6;
+
+QPointF onCircle(const PanelKnob& knob, double radius, double turn) {
+  const double angle = turn * 2 * M_PI;
+  return knob.centre + QPointF(std::sin(angle), -std::cos(angle)) * radius;
+}
+
+QColor grey(int value, int alpha = 255) {
+  return {value, value + 1, value + 3, alpha};
+}
+
+void paintMarks(QPainter& painter, const PanelKnob& knob) {
+  painter.setPen(Qt::NoPen);
+  for (int i = 0; i < knob.marks; ++i) {
+    const QPointF at = onCircle(knob, knob.ringRadius, double(i) / knob.marks);
+    painter.setBrush(QColor(255, 255, 255, 26));
+    painter.drawEllipse(at + QPointF(0, 0.7), kMarkRadius, kMarkRadius);
+    painter.setBrush(style::kSeat);
+    painter.drawEllipse(at, kMarkRadius, kMarkRadius);
+  }
+}
+
+/// The grip: ridges all around. Their number is a multiple of the marks, so that a turn by one mark
+/// maps them onto themselves and they need no drawing anew.
+void paintGrip(QPainter& painter, const PanelKnob& knob) {
+  QLinearGradient side(knob.centre - QPointF(0, knob.radius),
+                       knob.centre + QPointF(0, knob.radius));
+  side.setColorAt(0, grey(0x6a));
+  side.setColorAt(0.5, grey(0x36));
+  side.setColorAt(1, grey(0x1c));
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(side);
+  painter.drawEllipse(knob.centre, knob.radius, knob.radius);
+  const int ridges = knob.marks * 5;
+  painter.setPen(QPen(grey(0x10, 150), 1.1));
+  for (int i = 0; i < ridges; ++i) {
+    const double turn = double(i) / ridges;
+    painter.drawLine(onCircle(knob, knob.radius - 5.5, turn),
+                     onCircle(knob, knob.radius - 0.6, turn));
+  }
+}
+
+void paintCap(QPainter& painter, const PanelKnob& knob) {
+  const double radius = knob.radius - 6;
+  QLinearGradient bevel(knob.centre - QPointF(0, radius), knob.centre + QPointF(0, radius));
+  bevel.setColorAt(0, grey(0x8a));
+  bevel.setColorAt(0.5, grey(0x44));
+  bevel.setColorAt(1, grey(0x22));
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(bevel);
+  painter.drawEllipse(knob.centre, radius, radius);
+  QLinearGradient top(knob.centre - QPointF(0, radius), knob.centre + QPointF(0, radius));
+  top.setColorAt(0, grey(0x50));
+  top.setColorAt(1, grey(0x3a));
+  painter.setBrush(top);
+  painter.drawEllipse(knob.centre, radius - 1.6, radius - 1.6);
+}
+
+}  // namespace
+
+void paintKnob(QPainter& painter, const PanelKnob& knob) {
+  paintMarks(painter, knob);
+  const double reach = knob.radius + 9;
+  QRadialGradient shadow(knob.centre + QPointF(0, 4), reach);
+  shadow.setColorAt(0, QColor(0, 0, 0, 190));
+  shadow.setColorAt((knob.radius - 4) / reach, QColor(0, 0, 0, 150));
+  shadow.setColorAt(1, QColor(0, 0, 0, 0));
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(shadow);
+  painter.drawEllipse(knob.centre + QPointF(0, 4), reach, reach);
+  paintGrip(painter, knob);
+  paintCap(painter, knob);
+}
+
+void paintKnobPosition(QPainter& painter, const PanelKnob& knob, int angleMark, int litMark) {
+  const QPointF dimple = onCircle(knob, knob.radius - 22, double(angleMark) / knob.marks);
+  const double radius = 10;
+  QLinearGradient hollow(dimple - QPointF(0, radius), dimple + QPointF(0, radius));
+  hollow.setColorAt(0, grey(0x22));
+  hollow.setColorAt(1, grey(0x58));
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(hollow);
+  painter.drawEllipse(dimple, radius, radius);
+  painter.setBrush(grey(0x36));
+  painter.drawEllipse(dimple, radius - 1.4, radius - 1.4);
+  if (litMark < 0) return;
+  const QPointF at = onCircle(knob, knob.ringRadius, double(litMark) / knob.marks);
+  QRadialGradient glow(at, kGlow);
+  QColor halo = style::kAccent;
+  halo.setAlpha(120);
+  glow.setColorAt(0, halo);
+  halo.setAlpha(0);
+  glow.setColorAt(1, halo);
+  painter.setBrush(glow);
+  painter.drawEllipse(at, kGlow, kGlow);
+  painter.setBrush(style::kAccent);
+  painter.drawEllipse(at, kMarkRadius, kMarkRadius);
+}
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,95 @@
+#include "desktop/panel/panel_renderer.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "desktop/panel/body_painter.h"
+#include "desktop/panel/display_painter.h"
+#include "desktop/panel/key_painter.h"
+#include "desktop/panel/knob_painter.h"
+
+namespace tarnvex::desktop {
+
+PanelRenderer::PanelRenderer(const PanelLayout& layout) : layout_(layout) {}
+
+void PanelRenderer::setGeometry(const QSize& size, double devicePixelRatio) {
+  if (size == size_ && devicePixelRatio == ratio_) return;
+  size_ = size;
+  ratio_ = devicePixelRatio;
+  const double scale =
+      std::min(size.width() / layout_.size.width(), size.height() / layout_.size.height());
+  // Whole device pixels for the origin keep straight edges as sharp as the scale allows.
+  const auto centred = [this, scale](double room, double used) {
+    return std::floor((room - used * scale) / 2 * ratio_) / ratio_;
+  };
+  transform_ = QTransform::fromTranslate(centred(size.width(), layout_.size.width()),
+                                         centred(size.height(), layout_.size.height()));
+  transform_.scale(scale, scale);
+  body_ = QPixmap();
+  front_ = QPixmap();
+}
+
+QRect PanelRenderer::widgetRect(const QRectF& units, double margin) const {
+  return transform_.mapRect(units.adjusted(-margin, -margin, margin, margin)).toAlignedRect();
+}
+
+QPixmap PanelRenderer::blankPicture() const {
+  QPixmap picture((QSizeF(size_) * ratio_).toSize());
+  picture.setDevicePixelRatio(ratio_);
+  picture.fill(Qt::transparent);
+  return picture;
+}
+
+void PanelRenderer::ensurePictures(const QColor& back) {
+  if (body_.isNull()) {
+    body_ = blankPicture();
+    QPainter painter(&body_);
+    painter.setTransform(transform_, true);
+    paintBody(painter, layout_);
+    front_ = QPixmap();
+  }
+  if (front_.isNull() || frontBack_ != back) {
+    front_ = body_;
+    frontBack_ = back;
+    QPainter painter(&front_);
+    painter.setTransform(transform_, true);
+    paintGlass(painter, layout_, back);
+  }
+}
+
+void PanelRenderer::paint(QPainter& painter, const QRegion& clip, const FrontState& state) {
+  if (size_.isEmpty()) return;
+  ensurePictures(state.back);
+  painter.drawPixmap(0, 0, front_);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setTransform(transform_, true);
+  paintElements(painter, clip, state);
+  if (layout_.knob && clip.intersects(widgetRect(layout_.knob->area(), 0))) {
+    paintKnobPosition(painter, *layout_.knob, state.knobAngle, state.litMark);
+  }
+  paintKeys(painter, clip, state);
+  painter.restore();
+}
+
+void PanelRenderer::paintElements(QPainter& painter, const QRegion& clip,
+                                  const FrontState& state) const {
+  const QColor ink = inkOn(state.back);
+  for (int i = 0; i < layout_.elements.size(); ++i) {
+    const DisplayElement& element = layout_.elements[i];
+    if (!clip.intersects(widgetRect(element.rect, kElementMargin))) continue;
+    paintElement(painter, face_, element, state.elements[i].text, state.elements[i].lit, ink);
+  }
+}
+
+void PanelRenderer::paintKeys(QPainter& painter, const QRegion& clip,
+                              const FrontState& state) const {
+  for (int i = 0; i < layout_.keys.size(); ++i) {
+    const KeyLook look{state.hoverKey == i, state.keysDown.contains(i), state.focusKey == i};
+    const PanelKey& key = layout_.keys[i];
+    if (look.atRest() || !clip.intersects(widgetRect(key.rect, kKeyMargin))) continue;
+    paintKey(painter, layout_, key, look);
+  }
+}
+
+}  // namespace tarnvex::desktop

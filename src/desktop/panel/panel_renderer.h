@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QColor>
+#include <QPainter>
+#include <QPixmap>
+#include <QRect>
+#include <QTransform>
+
+#include "desktop/panel/panel_layout.h"
+#include "desktop/panel/segment_face.h"
+
+namespace tarnvex::desktop {
+
+struct ElementState {
+  QString text;
+  bool lit = false;
+};
+
+/// All that changes on a front, as a value.
+struct FrontState {
+  QVector<ElementState> elements;  ///< In the order of the layout.
+  QVector<int> keysDown;           ///< Key indices drawn as pressed.
+  int hoverKey = -1;
+  int focusKey = -1;  ///< Key with the focus ring, -1 for none.
+  int litMark = -1;   ///< Mark of the knob.
+  int knobAngle = 0;  ///< The mark that the dimple points to.
+  QColor back;
+};
+
+/// Draws a front at the size it was given. What doesn't change is kept in a picture; a paint copies
+/// from it and draws the elements that the clip touches.
+class PanelRenderer {
+ public:
+  explicit PanelRenderer(const PanelLayout& layout);
+
+  /// Size in widget coordinates and device pixels per widget pixel.
+  void setGeometry(const QSize& size, double devicePixelRatio);
+
+  /// From units to widget coordinates.
+  const QTransform& transform() const { return transform_; }
+  /// The widget pixels that the units touch, grown by `margin` units.
+  QRect widgetRect(const QRectF& units, double margin) const;
+
+  void paint(QPainter& painter, const QRegion& clip, const FrontState& state);
+
+ private:
+  void ensurePictures(const QColor& back);
+  QPixmap blankPicture() const;
+  void paintKeys(QPainter& painter, const QRegion& clip, const FrontState& state) const;
+  void paintElements(QPainter& painter, const QRegion& clip, const FrontState& state) const;
+
+  PanelLayout layout_;
+  SegmentFace face_;
+  QSize size_;
+  double ratio_ = 1;
+  QTransform transform_;
+  QPixmap body_;
+  QPixmap front_;  ///< Body with the glass in the colour of frontBack_.
+  QColor frontBack_;
+};
+
+}  // namespace tarnvex::desktop
