@@ -9,6 +9,14 @@ constexpr std::string_view kListEnd = "ND\r";
 
 }  // namespace
 
+void ScannerLink::detach(const platform::SerialPort& port) {
+  for (Line* line : {&bc895_, &bc245_}) {
+    if (line->port == &port) {
+      *line = {};
+    }
+  }
+}
+
 std::string ScannerLink::SendCommand(std::string_view command) {
   const Line line = this->line();
   if (!send(line, command, 1)) {

@@ -41,6 +41,8 @@ class ScannerLink {
   };
   void attachBc895(Line line) { bc895_ = line; }
   void attachBc245(Line line) { bc245_ = line; }
+  /// The window of this port goes. Exchanges for its model then find no port and return empty.
+  void detach(const platform::SerialPort& port);
 
   /// Sends a command and returns its reply. Throws away first what is still waiting. Silence: one
   /// message, the poll stops, the port closes.

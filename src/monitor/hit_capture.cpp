@@ -1,0 +1,60 @@
+#include "monitor/hit_capture.h"
+
+#include "platform/convert.h"
+
+namespace tarnvex::monitor {
+namespace {
+
+constexpr std::string_view kCountMark = "Hits: ";
+
+/// The count of a line, from its mark up to the tag; nothing without a tag.
+std::optional<int> countOf(const std::string& line) {
+  const std::size_t mark = line.find(kCountMark);
+  const std::size_t start =
+      mark == std::string::npos ? kCountMark.size() : mark + kCountMark.size();
+  const std::size_t tag = line.find('(');
+  if (tag == std::string::npos || tag < start) {
+    return std::nullopt;
+  }
+  return platform::toInteger(line.substr(start, tag - start));
+}
+
+}  // namespace
+
+std::string tagPart(const std::string& tag) {
+  return tag.empty() ? "" : "(" + tag + ")";
+}
+
+bool captureFrequency(platform::ListBox& hits, const std::string& frequency, const std::string& tag,
+                      const platform::Clock& clock, platform::SharedState& state) {
+  bool found = false;
+  for (int i = 0; i < hits.count(); ++i) {
+    if (hits.item(i).find(frequency) == std::string::npos) {
+      continue;
+    }
+    found = true;
+    const int count = countOf(hits.item(i)).value_or(0) + 1;
+    if (!state.HitCounted) {
+      hits.replace(i, frequency + " - " + clock.now() + " " + std::string(kCountMark) +
+                          std::to_string(count) + tagPart(tag));
+    }
+  }
+  if (!found) {
+    hits.add(frequency + " - " + clock.now() + " " + std::string(kCountMark) + "1" + tagPart(tag));
+  }
+  state.HitCounted = true;
+  return found;
+}
+
+bool captureId(platform::ListBox& hits, const std::string& id, const std::string& tag,
+               const platform::Clock& clock) {
+  for (const std::string& line : hits.items()) {
+    if (line.find(id) != std::string::npos) {
+      return true;
+    }
+  }
+  hits.add(id + " - " + clock.now() + " " + tagPart(tag));
+  return false;
+}
+
+}  // namespace tarnvex::monitor

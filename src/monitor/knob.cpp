@@ -1,0 +1,44 @@
+#include "monitor/knob.h"
+
+#include "link/scanner_commands.h"
+
+namespace tarnvex::monitor {
+
+void Knob::step() {
+  if (state_.KnobUpHeld) {
+    turn(1, link::key::kKnobUp);
+  }
+  if (state_.KnobDownHeld) {
+    turn(-1, link::key::kKnobDown);
+  }
+}
+
+void Knob::turn(int direction, std::string_view key) {
+  if (state_.CurrentMode == link::mode895::kScan) {
+    link_.SendCommand(link::key::kManual);
+  }
+  const int first = direction > 0 ? 0 : PanelState::kKnobMarks - 1;
+  for (int i = 0; i < PanelState::kKnobMarks; ++i) {
+    if (moveMark(first + direction * i, direction)) {
+      break;
+    }
+    gate_.yield();
+  }
+  link_.SendCommand(key);
+}
+
+bool Knob::moveMark(int mark, int direction) {
+  const auto from = static_cast<std::size_t>(mark);
+  if (!panel_.KnobMark[from].visible()) {
+    return false;
+  }
+  const auto to = static_cast<std::size_t>((mark + direction + PanelState::kKnobMarks) %
+                                           PanelState::kKnobMarks);
+  for (auto* marks : {&panel_.KnobMark, &panel_.KnobShadow}) {
+    (*marks)[from].setVisible(false);
+    (*marks)[to].setVisible(true);
+  }
+  return true;
+}
+
+}  // namespace tarnvex::monitor

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "link/scanner_link.h"
+#include "monitor/panel_state.h"
+#include "platform/event_gate.h"
+
+namespace tarnvex::monitor {
+
+/// The knob of the BC895XLT: 13 marks of which one is lit. While the user holds it, it turns one
+/// step with each tick of the poll, and the radio steps along.
+class Knob {
+ public:
+  Knob(PanelState& panel, link::ScannerLink& link, platform::EventGate& gate,
+       platform::SharedState& state)
+      : panel_(panel), link_(link), gate_(gate), state_(state) {}
+
+  /// A step for each direction that is held, up first.
+  void step();
+
+ private:
+  void turn(int direction, std::string_view key);
+  bool moveMark(int mark, int direction);
+
+  PanelState& panel_;
+  link::ScannerLink& link_;
+  platform::EventGate& gate_;
+  platform::SharedState& state_;
+};
+
+}  // namespace tarnvex::monitor

@@ -1,0 +1,94 @@
+#include "monitor/panel_state.h"
+
+#include <algorithm>
+
+namespace tarnvex::monitor {
+namespace {
+
+template <std::size_t N>
+void addArray(std::vector<PanelElement>& elements, const std::string& name,
+              const std::array<platform::Label, N>& labels) {
+  for (std::size_t i = 0; i < N; ++i) {
+    elements.push_back({name + "(" + std::to_string(i) + ")", &labels[i]});
+  }
+}
+
+}  // namespace
+
+void PanelBase::showBanks(std::string_view letters) {
+  for (std::size_t bank = 0; bank < Bankltr.size(); ++bank) {
+    Bankltr[bank].setVisible(letters.find(static_cast<char>('A' + bank)) != std::string_view::npos);
+  }
+}
+
+PanelState::PanelState() {
+  Frequency.setCaption("Initializing");
+  Channel.setCaption("P000");
+  Label1.setBackColor(0x80FFFF);
+  for (std::size_t bank = 0; bank < Bankltr.size(); ++bank) {
+    Bankltr[bank].setCaption(std::string(1, static_cast<char>('A' + bank)));
+  }
+  hideBanks();
+  for (auto& bar : Sig) {
+    bar.setVisible(false);
+  }
+  for (std::size_t mark = 1; mark < KnobMark.size(); ++mark) {
+    KnobMark[mark].setVisible(false);
+    KnobShadow[mark].setVisible(false);
+  }
+}
+
+std::vector<PanelElement> PanelState::elements() const {
+  std::vector<PanelElement> all = {{"Frequency", &Frequency},
+                                   {"Alpha", &Alpha},
+                                   {"Channel", &Channel},
+                                   {"CTCSS", &CTCSS},
+                                   {"Scan", &Scan},
+                                   {"Hold", &Hold},
+                                   {"Search", &Search},
+                                   {"Trunk", &Trunk},
+                                   {"Wx", &Wx},
+                                   {"Auto", &Auto},
+                                   {"Priority", &Priority},
+                                   {"Delay", &Delay},
+                                   {"LO", &LO},
+                                   {"MHZ", &MHZ},
+                                   {"CtcssStat", &CtcssStat},
+                                   {"Bank", &Bank},
+                                   {"Alert", &Alert},
+                                   {"Line", &Line},
+                                   {"STEP", &STEP}};
+  addArray(all, "Bankltr", Bankltr);
+  addArray(all, "Sig", Sig);
+  addArray(all, "Knob", KnobMark);
+  return all;
+}
+
+std::vector<std::string> describe(const PanelState& panel) {
+  std::vector<std::string> lines;
+  std::string banks;
+  int bars = 0;
+  for (const auto& [name, label] : panel.elements()) {
+    if (!label->visible()) {
+      continue;
+    }
+    if (name.starts_with("Bankltr")) {
+      banks += " " + label->caption();
+    } else if (name.starts_with("Sig")) {
+      ++bars;
+    } else if (name.starts_with("Knob")) {
+      lines.push_back("Knob: " + name.substr(5, name.size() - 6));
+    } else if (!label->caption().empty()) {
+      lines.push_back(name + ": " + label->caption());
+    }
+  }
+  if (!banks.empty()) {
+    lines.push_back("Bankltr:" + banks);
+  }
+  if (bars > 0) {
+    lines.push_back("Sig: " + std::to_string(bars));
+  }
+  return lines;
+}
+
+}  // namespace tarnvex::monitor

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "shell/bc245_form.h"
+#include "shell/bc895_form.h"
+#include "shell/splash_form.h"
+#include "shell/window_layer.h"
+
+namespace tarnvex::shell {
+
+/// The program from its splash to its end: which window stands, and the exchange of the main
+/// windows when the radio is changed. It decides nothing else.
+class Application {
+ public:
+  Application(const Services& services, WindowLayer& windows);
+
+  /// Shows the splash. All else follows from its timer.
+  void start();
+
+  /// The main window in use, if there is one.
+  [[nodiscard]] MainForm* mainForm() const { return main_.get(); }
+
+ private:
+  void openMain();
+  void switchScanner();
+  void end();
+  /// Keeps a closed window's form until the core's stack has unwound.
+  void retireMain();
+
+  Services services_;
+  WindowLayer& windows_;
+  std::unique_ptr<Form1> splash_;
+  std::unique_ptr<MainForm> main_;
+  std::vector<std::unique_ptr<MainForm>> retired_;
+};
+
+}  // namespace tarnvex::shell

@@ -1,0 +1,77 @@
+#include "shell/bc895_form.h"
+
+#include "platform/convert.h"
+
+namespace tarnvex::shell {
+namespace {
+
+/// The box that shows the baud rate is the one that shows it again after a change that didn't hold.
+constexpr link::LinkTraits kLinkTraits{"BC895", 4800};
+/// Pale yellow, as if lit from behind.
+constexpr std::string_view kDefaultBackcolor = "8454143";
+
+}  // namespace
+
+Form4::Form4(const Services& services, MainFormOutside outside)
+    : MainForm(services, std::move(outside)),
+      multiscan_({Option5, Option6, MSBank, Timer1},
+                 {panel, services.link, services.gate, services.state, services.settings,
+                  services.dialogs, services.clock}),
+      poll_(panel, pollControls(), pollOutside()),
+      link_(
+          kLinkTraits,
+          {*MSComm1, Scantimer, {&Option1, &Option2, &Option3, &Option4}, Combo4, Combo4, Command3},
+          {services.state, services.settings, services.dialogs}) {
+  for (auto* combo : {&Combo1, &Combo2, &Combo3}) {
+    combo->setItems(letters());
+  }
+  Combo4.setItems({"4800", "9600"});
+  // Multiscan can't be on while no bank is ticked.
+  Option5.setEnabled(false);
+  Scantimer.onTick = [this] { poll_.tick(); };
+  services_.link.attachBc895({MSComm1.get(), &Scantimer});
+}
+
+Form4::~Form4() {
+  services_.link.detach(*MSComm1);
+  services_.gate.forget(Scantimer);
+  services_.gate.forget(Timer1);
+}
+
+void Form4::load() {
+  loadOptions();
+  loadLink();
+  for (auto* combo : {&Combo1, &Combo2, &Combo3}) {
+    combo->setListIndex(0);
+  }
+  SSTab1.setTab(2);
+  services_.gate.yield();
+  Scantimer.setEnabled(true);
+}
+
+void Form4::loadOptions() {
+  if (const auto beep =
+          platform::toInteger(services_.settings.getSetting("Options", "Keybeep", "1"))) {
+    chkKeyBeep.setValue(*beep != 0);
+  }
+  multiscan_.loadBanks();
+  const auto colour =
+      platform::toReal(services_.settings.getSetting("Colors", "Backcolor", kDefaultBackcolor));
+  if (colour && *colour >= 0 && *colour <= 0xFFFFFF) {
+    panel.Label1.setBackColor(static_cast<platform::Colour>(*colour));
+  }
+}
+
+/// The COM option comes before the baud rate box here: with COM 2 to 4 the poll is on by then, so
+/// the box asks its question during the start. The BC245XLT's window has the other order.
+void Form4::loadLink() {
+  link_.chooseStoredPort();
+  if (const auto rate = platform::toReal(link_.storedBaudRate())) {
+    if (const auto index = platform::toInteger(*rate / kLinkTraits.restoreStep - 1)) {
+      Combo4.setListIndex(*index);
+    }
+  }
+  link_.openStoredPort();
+}
+
+}  // namespace tarnvex::shell

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "monitor/bc895_poll.h"
+#include "monitor/multiscan.h"
+#include "shell/main_form.h"
+
+namespace tarnvex::shell {
+
+/// The main window of the BC895XLT.
+/// `Combo1` and `Combo2` pick bank and scanlist of the trunked table, `Combo3` the bank of the
+/// channel table, `Combo4` the baud rate.
+class Form4 : public MainForm {
+ public:
+  Form4(const Services& services, MainFormOutside outside);
+  ~Form4() override;
+  Form4(const Form4&) = delete;
+  Form4& operator=(const Form4&) = delete;
+  Form4(Form4&&) = delete;
+  Form4& operator=(Form4&&) = delete;
+
+  void load() override;
+  /// The user presses or releases the knob area `Label2`.
+  void pressKnob(bool up) {
+    (up ? services_.state.KnobUpHeld : services_.state.KnobDownHeld) = true;
+  }
+  void releaseKnob(bool up) {
+    (up ? services_.state.KnobUpHeld : services_.state.KnobDownHeld) = false;
+  }
+
+  monitor::PanelState panel;
+  /// The Multiscan frame: banks A to J conventional (0 to 9) and trunked (10 to 19).
+  monitor::Multiscan::BankBoxes MSBank;
+  platform::Timer Timer1{1000};
+
+ private:
+  void loadOptions();
+  void loadLink();
+
+  monitor::Multiscan multiscan_;
+  monitor::Bc895Poll poll_;
+  link::LinkControls link_;
+};
+
+}  // namespace tarnvex::shell

@@ -1,0 +1,99 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "link/link_controls.h"
+#include "monitor/poll_cycle.h"
+#include "platform/controls.h"
+#include "platform/table.h"
+#include "platform/window.h"
+#include "shell/services.h"
+
+namespace tarnvex::shell {
+
+/// What the main window asks of the program around it.
+struct MainFormOutside {
+  /// The other model has answered.
+  std::function<void()> switchScanner;
+  /// The program ends.
+  std::function<void()> endProgram;
+};
+
+/// A main window: the pages, tables and controls that both radios' windows have, its serial port
+/// and its poll timer. Only one main window is in use at a time.
+///
+/// Life: constructed, `load`, then the poll runs until `requestUnload` is granted. It is destroyed
+/// no earlier than when no function of the core is on the stack.
+class MainForm {
+ public:
+  MainForm(const Services& services, MainFormOutside outside);
+  virtual ~MainForm() = default;
+  MainForm(const MainForm&) = delete;
+  MainForm& operator=(const MainForm&) = delete;
+  MainForm(MainForm&&) = delete;
+  MainForm& operator=(MainForm&&) = delete;
+
+  /// Reads the settings, opens the port and starts the poll. Errors of every step are passed over.
+  virtual void load() = 0;
+  /// The user wants to close the window, by the menu, a panel key or the window's own button. May
+  /// be refused.
+  void requestUnload();
+  /// Closes the port; ends the program unless the main windows are being exchanged.
+  void unload();
+
+  platform::Window window;
+  platform::TabStrip SSTab1;
+
+  /// Pages "Station Program" and "Trunked Data".
+  platform::Table MSFlexGrid1{301, 8};
+  platform::Table MSFlexGrid2{1001, 4};
+  platform::ComboBox Combo1;
+  platform::ComboBox Combo2;
+  platform::ComboBox Combo3;
+  platform::ComboBox Combo4;
+
+  /// Page "Options".
+  platform::OptionButton Option1{"COM 1", true};
+  platform::OptionButton Option2{"COM 2"};
+  platform::OptionButton Option3{"COM 3"};
+  platform::OptionButton Option4{"COM 4"};
+  platform::Button Command3{"Connect"};
+  platform::CheckBox chkKeyBeep{"Beep When Key is Pressed", true};
+  platform::CheckBox chkRecord{"Record Output to File"};
+  platform::CheckBox Check6{"Speaker Mute"};
+  platform::OptionButton Option5{"On"};
+  platform::OptionButton Option6{"Off", true};
+  platform::TextBox LLimit;
+  platform::TextBox Ulimit;
+  platform::ListBox List3;
+  platform::Button Command4{"Save Search As.."};
+
+  /// Page "Search Results".
+  platform::ListBox List1;
+  platform::ListBox List2;
+  platform::Button Command1{"Clear List"};
+  platform::Button Command2{"Clear List"};
+  platform::CheckBox chkSkip{"Skip Found Frequencies/ Talkgroup ID's"};
+
+  platform::Timer Scantimer{25};
+  std::unique_ptr<platform::SerialPort> MSComm1;
+
+ protected:
+  [[nodiscard]] monitor::PollControls pollControls();
+  [[nodiscard]] monitor::PollOutside pollOutside();
+  /// The bank names "A" to "J".
+  static std::vector<std::string> letters();
+
+  Services services_;
+
+ private:
+  void bindCommonControls();
+
+  MainFormOutside outside_;
+  bool asking_ = false;
+};
+
+}  // namespace tarnvex::shell
