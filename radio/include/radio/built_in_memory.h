@@ -1,0 +1,41 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "radio/memory.h"
+
+namespace tarnvex::radio {
+
+/// The memory that the simulated radios leave the factory with. The demo plan (demo_plan.h) is
+/// written from the same two tables, so that plan and radio agree channel by channel.
+struct BuiltInChannel {
+  int number;
+  Frequency frequency;
+  bool trunked;
+  bool delay;
+  bool lockout;
+  int tone;
+  std::string_view tag;
+};
+
+struct BuiltInTalkgroup {
+  char bank;
+  char group;
+  int slot;  ///< 1 to 10
+  std::string_view id;
+  bool priority;
+  std::string_view tag;
+};
+
+std::span<const BuiltInChannel> builtInChannels();
+std::span<const BuiltInTalkgroup> builtInTalkgroups();
+
+/// Bank B holds a Motorola Type 2 system, bank H an EDACS system; one frequency and one ID of bank
+/// B are locked out, and channel 1 is a priority channel, as the first of every bank.
+Memory builtInMemory();
+
+/// Frequencies that the trunked system of a bank gives to its talkgroups; empty without a system.
+std::span<const Frequency> voiceChannels(char bank);
+
+}  // namespace tarnvex::radio

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "radio/state.h"
+
+namespace tarnvex::radio {
+
+/// One form of a command line. Pattern: '#' a digit, '@' a bank letter A to J, '*' any rest (last
+/// character of the pattern), everything else itself. `answer` gets the whole line and returns the
+/// reply without its final CR.
+struct Command {
+  std::string_view pattern;
+  std::string (*answer)(State& state, std::string_view line);
+};
+
+bool matches(std::string_view pattern, std::string_view line);
+
+/// All commands of a model, keys included; the first match counts. What none matches is "ERR".
+const std::vector<Command>& commandsOf(Model model);
+
+/// Parts of those tables, joined by commandsOf().
+std::span<const Command> commonCommands();
+std::span<const Command> bc895Commands();
+std::span<const Command> bc245Commands();
+std::span<const Command> commonKeys();
+std::span<const Command> bc895Keys();
+std::span<const Command> bc245Keys();
+
+/// A family of three: the bare word reads, the word with `on` or `off` behind it sets.
+/// Every reply is the word with the letter that now holds.
+struct Switch {
+  std::string_view word;
+  char on;
+  char off;
+  bool Switches::*value;
+};
+std::span<const Switch> bc895Switches();
+std::span<const Switch> bc245Switches();
+
+std::string answer(State& state, std::string_view line);
+
+inline const std::string kOk = "OK";
+inline const std::string kError = "ERR";
+inline const std::string kNothing = "NG";
+
+}  // namespace tarnvex::radio

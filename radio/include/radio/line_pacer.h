@@ -1,0 +1,58 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <deque>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tarnvex::radio {
+
+/// Time on a steady clock, in nanoseconds since any origin.
+using Instant = std::chrono::nanoseconds;
+
+/// When the bytes of a serial line are where they go. Ten bits a byte, both directions independent,
+/// a thinking time between the last byte of a command and the first of its reply. All times are
+/// absolute deadlines, so that errors don't add up; being late with a delivery is credited to the
+/// command that answers it. With a baud rate of 0 bytes take no time.
+///
+/// Reads no clock: the caller passes the time.
+class LinePacer {
+ public:
+  LinePacer(int baud, Instant think) : baud_(baud), think_(think) {}
+
+  void setBaud(int baud) { baud_ = baud; }
+  void setThink(Instant think) { think_ = think; }
+  int baud() const { return baud_; }
+
+  /// `count` bytes were taken from the sender at `now`; returns when the last one has come in.
+  Instant arrive(Instant now, std::size_t count);
+
+  /// Queues a reply to what has arrived at `ready`. It comes out in pieces of a few bytes, or, if
+  /// `whole`, in one piece when its last byte is due.
+  void reply(std::string_view bytes, Instant ready, bool whole = false);
+  /// Queues bytes that answer nothing, so without thinking time.
+  void send(std::string_view bytes, Instant from, bool whole = false);
+
+  std::optional<Instant> nextDue() const;
+  /// All bytes that are due.
+  std::string take(Instant now);
+  void clear();
+
+ private:
+  struct Piece {
+    Instant due;
+    std::string bytes;
+  };
+  Instant spanOf(std::size_t count) const;
+
+  int baud_;
+  Instant think_;
+  Instant inputFree_{};
+  Instant outputFree_{};
+  Instant late_{};
+  std::deque<Piece> pieces_;
+};
+
+}  // namespace tarnvex::radio

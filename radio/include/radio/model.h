@@ -1,0 +1,57 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace tarnvex::radio {
+
+enum class Model { BC895XLT, BC245XLT };
+
+/// The family of a trunked system, as far as the BC245XLT's mode codes tell it.
+enum class Family { Motorola, Edacs };
+
+/// What a radio is doing. Its mode code (`MD` reply) follows from this, the model and, on the
+/// BC245XLT, the family of the trunked bank in use.
+enum class Activity {
+  Scan,
+  Manual,
+  ToneEntry,  ///< Manual, with a CTCSS tone being keyed
+  Search,     ///< between the two limits
+  SearchHold,
+  Weather,  ///< the BC245XLT's service search
+  WeatherHold,
+  Auto,         ///< search that stores what it finds
+  TrunkSearch,  ///< looking for a control channel
+  TrunkSearchHold,
+  SelectBank,    ///< trunk programming: bank and system type
+  ProgramTrunk,  ///< trunk programming: frequencies
+  IdSearch,
+  IdHold,
+  IdScan,
+  IdManual,
+  Send,
+};
+
+/// The four characters of the `MD` reply; empty if the model has no such activity.
+std::string_view modeCode(Model model, Activity activity, Family family);
+
+/// The reverse. Codes that stand for two activities give the more common one.
+std::optional<std::pair<Activity, Family>> activityOf(Model model, std::string_view code);
+
+/// "bc895" or "bc245", as the control lines and the command line spell it.
+std::optional<Model> modelNamed(std::string_view name);
+std::string_view nameOf(Model model);
+std::string_view nameOf(Activity activity);
+
+/// True while the radio follows a trunked system (IDs, not channels).
+bool followsIds(Activity activity);
+/// True in the two steps of trunk programming.
+bool programsTrunk(Activity activity);
+/// True in the conventional searches, weather included.
+bool searches(Activity activity);
+
+/// ID groups ("scan lists") of a bank: A to E on the BC895XLT, A to J on the BC245XLT.
+int groupsOf(Model model);
+
+}  // namespace tarnvex::radio

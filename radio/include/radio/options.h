@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "radio/model.h"
+#include "radio/wire.h"
+
+namespace tarnvex::radio {
+
+/// The command line of tarnvex-radio.
+struct Options {
+  Model model = Model::BC895XLT;
+  std::string scene = "city";
+  std::string mode;  ///< empty: scan
+  std::uint64_t seed = 1;
+  double tempo = 1;
+  bool control = false;
+  bool help = false;
+  std::string writePlan;  ///< write the demo plan to this file, and end
+  WireOptions wire;
+};
+
+/// Throws std::invalid_argument with a text for the user.
+Options parseOptions(const std::vector<std::string>& arguments);
+
+std::string_view usage();
+
+/// A whole number or a decimal, or nothing if the text is anything else.
+std::optional<double> parseNumber(std::string_view text);
+
+}  // namespace tarnvex::radio

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "radio/air.h"
+#include "radio/commands.h"
+#include "radio/scenes.h"
+#include "radio/state.h"
+
+namespace tarnvex::radio {
+
+/// A simulated radio without a wire: command lines in, replies out, time by hand. It starts in a
+/// scan, in the scene "quiet". Nothing here reads a clock or touches a file.
+///
+///   Radio radio(Model::BC895XLT);
+///   radio.playScene("steady");
+///   radio.advance(100);
+///   radio.exchange("MA");    // "C001 F01551150 TF DN LF AF RF N13"
+class Radio {
+ public:
+  explicit Radio(Model model = Model::BC895XLT, std::uint64_t seed = 1);
+
+  /// `line` without its CR. The reply is without its final CR; listings hold inner CRs. An empty
+  /// line is "ERR", like anything unknown.
+  std::string exchange(std::string_view line);
+
+  /// Lets time pass, in milliseconds. Scenes run `tempo` times as fast; streaming doesn't.
+  void advance(Millis ms);
+
+  /// Takes the lines that the radio has sent by itself: while streaming is on, one when the line
+  /// has been quiet for kStreamQuiet, then one each kStreamPeriod.
+  std::vector<std::string> unsolicited();
+  /// Milliseconds until the next such line, if one is to come.
+  std::optional<Millis> nextLineIn() const;
+  static constexpr Millis kStreamQuiet = 30;
+  static constexpr Millis kStreamPeriod = 100;
+
+  /// False if there is no such scene, mode, channel or ID; nothing changes then.
+  bool playScene(std::string_view name);
+  bool setMode(std::string_view code);
+  bool receive(int channel, Millis length);
+  /// A transmission of a talkgroup of the trunked bank in use.
+  bool talk(std::string_view id, Millis length);
+
+  void setTempo(double tempo) { tempo_ = tempo; }
+  void become(Model model);
+  const State& state() const { return state_; }
+  State& state() { return state_; }
+  std::string_view scene() const { return scene_->name; }
+
+ private:
+  void live(Millis ms);
+  void runScene();
+  void takeStep(const Step& step);
+  void stream();
+
+  State state_;
+  Air air_;
+  double tempo_ = 1;
+  double owed_ = 0;  ///< scene time that is less than a millisecond
+  Millis clock_ = 0;
+  Millis lineDue_ = 0;
+  const Scene* scene_;
+  Millis sceneStart_ = 0;
+  std::size_t nextStep_ = 0;
+  std::vector<std::string> lines_;
+};
+
+}  // namespace tarnvex::radio

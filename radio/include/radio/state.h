@@ -1,0 +1,91 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+
+#include "radio/air.h"
+#include "radio/memory.h"
+#include "radio/model.h"
+
+namespace tarnvex::radio {
+
+/// The radio's own on/off settings. Those of the second group exist on the BC245XLT only.
+struct Switches {
+  bool mute = false;
+  bool priority = false;
+  bool ctcss = true;
+  bool data = false;
+
+  bool edacsDecimal = false;
+  bool autoLight = false;
+  bool attenuator = false;
+  bool statusBit = false;
+  bool frequencyId = false;
+  bool toneDetection = false;
+  bool light = false;
+};
+
+/// Digits keyed and not yet entered.
+struct Entry {
+  enum class Limit { None, Lower, Upper };
+  std::string text;
+  Limit limit = Limit::None;  ///< which search limit KEY04 will set
+};
+
+/// An ID slot of the trunked bank in use.
+struct Slot {
+  int group = 0;   ///< 0 to 9
+  int number = 1;  ///< 1 to 10
+};
+
+/// Everything a radio knows. Plain data: tuning.h says what it hears, keys.h and commands.h what
+/// its user and the serial line do to it.
+struct State {
+  explicit State(Model model);
+
+  Model model;
+  Memory memory;
+  Switches switches;
+  Activity activity = Activity::Scan;
+  Activity resume = Activity::Scan;  ///< where trunk programming and Send return to
+  Millis now = 0;
+
+  int channel = 1;
+  std::array<bool, kBanks> scanBanks{};
+  bool searchDelay = true;
+  Frequency lower = 0;
+  Frequency upper = 0;
+  Frequency step = 50;
+  Frequency searchAt = 0;  ///< where a search stands
+
+  int trunkBank = 1;         ///< the bank whose system is followed
+  bool bankKeyOpen = false;  ///< after KEY13: a bank key picks the trunked bank
+  int programBank = -1;      ///< trunk programming: the bank, -1 before it is chosen
+  Millis acquiredAt = 0;     ///< TrunkSearch ends then, 0: it doesn't
+  Slot slot;
+  std::string heldId;
+  bool streaming = false;  ///< between "IDN" and "IDF"
+
+  Entry entry;
+
+  /// What the receiver has stopped on. It outlives its transmission while a delay runs.
+  std::optional<Transmission> stop;
+  bool open = false;  ///< squelch
+  Millis dwellUntil = 0;
+  std::uint64_t passed = 0;  ///< serial of a transmission that the user moved on from
+};
+
+TrunkBank& trunkBank(State& state);
+const TrunkBank& trunkBank(const State& state);
+Family familyOf(const State& state);
+std::string_view modeCode(const State& state);
+
+/// Changes the activity: drops what was keyed and what was heard.
+void enter(State& state, Activity activity);
+/// Turns into the other model, memory and settings kept.
+void become(State& state, Model model);
+/// State as lines of key=value, in a fixed order.
+std::string describe(const State& state);
+
+}  // namespace tarnvex::radio

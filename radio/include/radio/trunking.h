@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "radio/state.h"
+
+namespace tarnvex::radio {
+
+/// KEY13. Ends trunk programming, or leaves trunking for the scan. Otherwise starts it:
+///   BC895XLT  at once, in the bank last used; until the next KEY00 a bank key picks another bank
+///   BC245XLT  in the first scanned bank with a trunked channel ("ERR" without one), after 1.5 s
+///             of looking for the control channel
+std::string keyTrunk(State& state, std::string_view line);
+/// KEY13H: bank step of trunk programming. Then KEY21 or KEY02 picks the bank, KEY04 takes it,
+/// `PM` or keyed frequencies fill it with trunked channels, KEY13 ends.
+std::string keyTrunkHeld(State& state, std::string_view line);
+/// KEY21: bank of trunk programming; bank of trunking (see keyTrunk); else a scan's bank or group
+/// switched on or off (the last one stays on); else the first channel or slot of it.
+std::string keyBank(State& state, std::string_view line);
+
+/// Puts the chosen bank through the bank step; -1 clears it.
+void chooseProgramBank(State& state, int bank);
+/// Starts trunk programming of a bank directly, as "TR" does; KEY13 ends it.
+void programTrunk(State& state, int bank);
+/// Switches a bank of the scan; false if it is the last one on.
+bool toggleBank(std::array<bool, kBanks>& banks, int bank);
+
+constexpr Millis kAcquire = 1500;
+
+}  // namespace tarnvex::radio

@@ -1,0 +1,69 @@
+#include "radio/air.h"
+
+#include <algorithm>
+
+#include "radio/built_in_memory.h"
+
+namespace tarnvex::radio {
+
+int levelAt(const Transmission& transmission, Millis now) {
+  constexpr Millis kRamp = 200;
+  const Millis age = now - transmission.start;
+  const Millis left = transmission.end - now;
+  if (age < 0 || left <= 0) return kNoiseLevel;
+  const int rise = transmission.peak - kNoiseLevel;
+  const Millis edge = std::min({age, left, kRamp});
+  const int flutter = edge < kRamp ? 0 : static_cast<int>(age / 170 % 3);
+  return std::max(kNoiseLevel + static_cast<int>(rise * (edge + 20) / (kRamp + 20)) - flutter,
+                  kNoiseLevel + 1);
+}
+
+void Air::play(std::span<const Source> sources, double jitter, Millis now) {
+  jitter_ = jitter;
+  stations_.clear();
+  active_.clear();
+  for (const Source& source : sources) stations_.push_back({source, now + source.firstAt});
+  advance(now);
+}
+
+void Air::transmit(Transmission transmission, Millis length, Millis now) {
+  transmission.serial = ++serial_;
+  transmission.start = now;
+  transmission.end = now + length;
+  active_.push_back(std::move(transmission));
+}
+
+void Air::advance(Millis now) {
+  std::erase_if(active_, [now](const Transmission& each) { return each.end <= now; });
+  for (Station& station : stations_) {
+    if (station.nextAt <= now) start(station);
+  }
+}
+
+void Air::start(Station& station) {
+  const Source& source = station.source;
+  Transmission transmission;
+  transmission.tone = source.tone;
+  transmission.peak = source.peak;
+  transmission.frequency = source.frequency;
+  if (source.bank != 0) {
+    const auto voices = voiceChannels(source.bank);
+    transmission.bank = source.bank - 'A';
+    transmission.id = source.id;
+    transmission.frequency = voices[(serial_ + 1) % voices.size()];
+  }
+  const Millis length = vary(source.length);
+  const Millis begin = station.nextAt;
+  transmit(std::move(transmission), length, begin);
+  constexpr Millis kNever = INT64_MAX;
+  station.nextAt = source.gap > 0 ? begin + length + vary(source.gap) : kNever;
+}
+
+Millis Air::vary(Millis length) {
+  if (jitter_ <= 0) return length;
+  // Not a standard distribution: those differ between libraries, and a seed would mean little.
+  const double unit = static_cast<double>(random_() >> 11) / 9007199254740992.0;
+  return std::max<Millis>(1, static_cast<Millis>(length * (1 + jitter_ * (2 * unit - 1))));
+}
+
+}  // namespace tarnvex::radio

@@ -1,0 +1,190 @@
+#include "radio/control.h"
+
+#include <array>
+#include <cmath>
+#include <sstream>
+#include <system_error>
+#include <vector>
+
+#include "radio/options.h"
+
+namespace tarnvex::radio {
+namespace {
+
+const std::string kDone = "ok\n";
+
+std::string refuse(std::string_view why) {
+  return "error: " + std::string(why) + '\n';
+}
+
+/// A control line, taken apart.
+struct Request {
+  Wire& wire;
+  std::string_view rest;  ///< behind the first word and its blank
+  std::vector<std::string> arguments;
+  Instant now;
+  bool& quit;
+};
+
+std::optional<double> number(const Request& request, std::size_t index) {
+  if (index >= request.arguments.size()) return std::nullopt;
+  const auto value = parseNumber(request.arguments[index]);
+  return value && std::isfinite(*value) ? value : std::nullopt;
+}
+
+std::string first(const Request& request) {
+  return request.arguments.empty() ? "" : request.arguments[0];
+}
+
+std::string scene(Request& request) {
+  return request.wire.radio().playScene(first(request)) ? kDone : refuse("no such scene");
+}
+
+std::string mode(Request& request) {
+  return request.wire.radio().setMode(first(request)) ? kDone : refuse("no such mode");
+}
+
+std::string becomeModel(Request& request) {
+  const auto model = modelNamed(first(request));
+  if (!model) return refuse("bc895 or bc245");
+  request.wire.radio().become(*model);
+  return kDone;
+}
+
+std::string tempo(Request& request) {
+  const auto value = number(request, 0);
+  if (!value || *value < 0 || *value > 1000) return refuse("a number from 0 to 1000");
+  request.wire.radio().setTempo(*value);
+  return kDone;
+}
+
+std::string reception(Request& request) {
+  const auto channel = number(request, 0);
+  const auto seconds = number(request, 1);
+  const bool heard = channel && seconds && *seconds < 1e6 &&
+                     request.wire.radio().receive(static_cast<int>(*channel),
+                                                  static_cast<Millis>(*seconds * 1000));
+  return heard ? kDone : refuse("a stored channel and seconds");
+}
+
+std::string talk(Request& request) {
+  const auto seconds = number(request, 1);
+  const bool heard =
+      seconds && *seconds < 1e6 &&
+      request.wire.radio().talk(first(request), static_cast<Millis>(*seconds * 1000));
+  return heard ? kDone : refuse("an ID of a trunked bank and seconds");
+}
+
+std::string stray(Request& request) {
+  request.wire.stray(request.rest, request.now);
+  return kDone;
+}
+
+std::string hangUp(Request& request) {
+  request.wire.hangUp();
+  return kDone;
+}
+
+std::string replug(Request& request) {
+  try {
+    request.wire.replug(request.now);
+  } catch (const std::system_error& error) {
+    return refuse(error.what());
+  }
+  return "ready " + request.wire.path() + '\n' + kDone;
+}
+
+std::string baud(Request& request) {
+  const auto value = number(request, 0);
+  if (!value || *value < 0 || *value > 1e6) return refuse("a baud rate");
+  request.wire.setBaud(static_cast<int>(*value));
+  return kDone;
+}
+
+std::string think(Request& request) {
+  const auto value = number(request, 0);
+  if (!value || *value < 0 || *value > 1e5) return refuse("milliseconds");
+  request.wire.setThink(Instant{static_cast<std::int64_t>(*value * 1e6)});
+  return kDone;
+}
+
+std::string clearFaults(Request& request) {
+  request.wire.faults().clear();
+  return kDone;
+}
+
+std::string state(Request& request) {
+  return describe(request.wire.radio().state()) +
+         "scene=" + std::string(request.wire.radio().scene()) +
+         "\nterminal=" + request.wire.path() + '\n' + kDone;
+}
+
+std::string help(Request&) {
+  return std::string(controlHelp()) + kDone;
+}
+
+std::string quit(Request& request) {
+  request.quit = true;
+  return kDone;
+}
+
+struct Word {
+  std::string_view word;
+  std::string (*act)(Request& request);
+};
+
+constexpr std::array kWords{
+    Word{"scene", scene}, Word{"mode", mode},           Word{"become", becomeModel},
+    Word{"tempo", tempo}, Word{"reception", reception}, Word{"talk", talk},
+    Word{"stray", stray}, Word{"hangup", hangUp},       Word{"replug", replug},
+    Word{"baud", baud},   Word{"think", think},         Word{"clear", clearFaults},
+    Word{"state", state}, Word{"say", state},           Word{"help", help},
+    Word{"quit", quit},
+};
+
+}  // namespace
+
+std::string control(Wire& wire, std::string_view line, Instant now, bool& quit) {
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  const std::size_t blank = line.find(' ');
+  const std::string_view word = line.substr(0, blank);
+  const std::string_view rest = blank == std::string_view::npos ? "" : line.substr(blank + 1);
+  Request request{wire, rest, {}, now, quit};
+  std::istringstream words{std::string(rest)};
+  for (std::string each; words >> each;) request.arguments.push_back(each);
+  if (wire.faults().isFault(word)) {
+    return wire.faults().set(word, request.arguments) ? kDone : refuse("see help");
+  }
+  for (const Word& known : kWords) {
+    if (known.word == word) return known.act(request);
+  }
+  return refuse("unknown word, see help");
+}
+
+std::string_view controlHelp() {
+  return "scene NAME             quiet, city, busy, steady, tour\n"
+         "mode MDxx              changes the mode at the radio\n"
+         "become bc895|bc245     another radio on the same line\n"
+         "tempo X                speed of the scene\n"
+         "reception CHANNEL S    a transmission on that channel for S seconds\n"
+         "talk ID S              a transmission of that talkgroup\n"
+         "state                  what the radio is doing, as key=value lines\n"
+         "silence on|off         no replies\n"
+         "silence after N        no replies after N more\n"
+         "delay MS [N]           the next N replies are late\n"
+         "cut N                  the next reply loses its CR and N characters\n"
+         "garble [N]             noise in the next N replies\n"
+         "8bit [N]               top bits set in the next N replies\n"
+         "wrong-length [N]       the next reply is longer or, below 0, shorter\n"
+         "join                   the next reply comes twice, in one piece\n"
+         "split                  the next reply comes in two pieces\n"
+         "stray TEXT             a line that nobody asked for\n"
+         "clear                  no more faults\n"
+         "hangup                 unplugs the radio\n"
+         "replug                 plugs it in again\n"
+         "baud N                 line speed; 0 for no pacing\n"
+         "think MS               time from a command to its reply\n"
+         "quit\n";
+}
+
+}  // namespace tarnvex::radio

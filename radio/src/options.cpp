@@ -1,0 +1,110 @@
+#include "radio/options.h"
+
+#include <cstdlib>
+#include <functional>
+#include <map>
+#include <stdexcept>
+
+#include "radio/scenes.h"
+
+namespace tarnvex::radio {
+namespace {
+
+double numberIn(std::string_view name, const std::string& text, double least, double most) {
+  const auto value = parseNumber(text);
+  if (!value || *value < least || *value > most) {
+    throw std::invalid_argument(std::string(name) + ": not a fitting number: " + text);
+  }
+  return *value;
+}
+
+void setModel(Options& options, const std::string& text) {
+  const auto model = modelNamed(text);
+  if (!model) throw std::invalid_argument("--model: bc895 or bc245, not " + text);
+  options.model = *model;
+}
+
+void setScene(Options& options, const std::string& text) {
+  if (sceneNamed(text) == nullptr) throw std::invalid_argument("--scene: no such scene: " + text);
+  options.scene = text;
+}
+
+using Setter = std::function<void(Options&, const std::string&)>;
+
+const std::map<std::string, Setter, std::less<>>& setters() {
+  static const std::map<std::string, Setter, std::less<>> kSetters{
+      {"--model", setModel},
+      {"--scene", setScene},
+      {"--mode", [](Options& o, const std::string& text) { o.mode = text; }},
+      {"--link", [](Options& o, const std::string& text) { o.wire.link = text; }},
+      {"--log", [](Options& o, const std::string& text) { o.wire.log = text; }},
+      {"--write-plan", [](Options& o, const std::string& text) { o.writePlan = text; }},
+      {"--seed",
+       [](Options& o, const std::string& text) {
+         o.seed = static_cast<std::uint64_t>(numberIn("--seed", text, 0, 1e15));
+       }},
+      {"--tempo",
+       [](Options& o, const std::string& text) { o.tempo = numberIn("--tempo", text, 0, 1000); }},
+      {"--baud",
+       [](Options& o, const std::string& text) {
+         o.wire.baud = static_cast<int>(numberIn("--baud", text, 0, 1e6));
+       }},
+      {"--think-ms",
+       [](Options& o, const std::string& text) {
+         o.wire.think =
+             Instant{static_cast<std::int64_t>(numberIn("--think-ms", text, 0, 1e5) * 1e6)};
+       }},
+  };
+  return kSetters;
+}
+
+}  // namespace
+
+std::optional<double> parseNumber(std::string_view text) {
+  const std::string copy(text);
+  char* end = nullptr;
+  const double value = std::strtod(copy.c_str(), &end);
+  if (copy.empty() || end != copy.c_str() + copy.size()) return std::nullopt;
+  return value;
+}
+
+Options parseOptions(const std::vector<std::string>& arguments) {
+  Options options;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    const std::string& name = arguments[i];
+    if (name == "--control") {
+      options.control = true;
+    } else if (name == "--any-baud") {
+      options.wire.anyBaud = true;
+    } else if (name == "--help") {
+      options.help = true;
+    } else if (const auto found = setters().find(name); found == setters().end()) {
+      throw std::invalid_argument("unknown option " + name);
+    } else if (++i == arguments.size()) {
+      throw std::invalid_argument(name + " needs a value");
+    } else {
+      found->second(options, arguments[i]);
+    }
+  }
+  return options;
+}
+
+std::string_view usage() {
+  return "Usage: tarnvex-radio [OPTION]...\n"
+         "A simulated radio on a pseudo terminal. Prints \"ready PATH\" when it can be opened.\n"
+         "\n"
+         "  --model bc895|bc245  the radio (bc895)\n"
+         "  --scene NAME         what is on the air: quiet, city, busy, steady, tour (city)\n"
+         "  --mode MDxx          the mode to start in (MD00)\n"
+         "  --tempo X            speed of the scene (1)\n"
+         "  --seed N             another course of the same scene (1)\n"
+         "  --link PATH          keep a symbolic link to the terminal there\n"
+         "  --baud N             line speed; 0 for no pacing (9600)\n"
+         "  --any-baud           answer whatever baud rate the terminal is set to\n"
+         "  --think-ms X         time from a command to its reply (3; 0 if unpaced)\n"
+         "  --log FILE           log every line; - for standard error\n"
+         "  --control            take control lines from standard input; \"help\" lists them\n"
+         "  --write-plan FILE    write a plan that matches the radio's memory, and end\n";
+}
+
+}  // namespace tarnvex::radio

@@ -1,0 +1,115 @@
+#include "radio/scenes.h"
+
+#include <array>
+
+namespace tarnvex::radio {
+namespace {
+
+constexpr Source station(Frequency frequency, int tone, int peak, Millis firstAt, Millis length,
+                         Millis gap) {
+  return {frequency, 0, "", tone, peak, firstAt, length, gap};
+}
+
+constexpr Source talkgroup(char bank, std::string_view id, int peak, Millis firstAt, Millis length,
+                           Millis gap) {
+  return {0, bank, id, 0, peak, firstAt, length, gap};
+}
+
+constexpr std::array kCity{
+    station(1551150, 13, 25, 0, 3000, 9000),
+    station(1544300, 0, 22, 5000, 2500, 14000),
+    station(4601250, 0, 26, 8500, 2000, 7000),
+    station(1553400, 0, 18, 12000, 4000, 30000),
+    station(4539500, 19, 23, 17000, 3000, 19000),
+    station(395000, 0, 17, 21000, 2000, 26000),
+    station(1512500, 24, 20, 24000, 3000, 33000),
+    station(1542800, 16, 24, 30000, 5000, 45000),
+    station(1181000, 0, 21, 3500, 1800, 6000),
+    station(1197000, 0, 23, 6500, 2200, 8000),
+    station(1219000, 0, 24, 10000, 1500, 11000),
+    station(1568000, 0, 22, 14000, 2500, 23000),
+    station(1566500, 0, 19, 19000, 2000, 28000),
+    station(1571000, 0, 25, 26000, 3000, 37000),
+    station(1607700, 0, 20, 9000, 4000, 24000),
+    station(1611000, 0, 23, 28000, 3000, 31000),
+    station(1469400, 12, 22, 15000, 6000, 25000),
+    station(1516250, 0, 21, 1000, 1500, 4000),
+    station(1545700, 0, 19, 2500, 1500, 5500),
+    station(1587450, 0, 23, 4000, 2000, 6500),
+    station(1525500, 0, 20, 500, 3000, 3000),
+    station(1625500, 0, 26, 0, 3600000, 10),
+    station(1624000, 0, 18, 0, 3600000, 10),
+    station(1624750, 0, 16, 7000, 20000, 20000),
+    talkgroup('B', "001616", 25, 0, 2500, 4000),
+    talkgroup('B', "001648", 24, 1500, 2000, 5000),
+    talkgroup('B', "003216", 25, 3000, 3000, 8000),
+    talkgroup('B', "003280", 23, 6000, 2500, 12000),
+    talkgroup('B', "004848", 22, 8000, 1500, 6000),
+    talkgroup('B', "007216", 24, 2000, 2000, 7000),
+    talkgroup('B', "006416", 24, 2500, 2000, 5000),
+    talkgroup('B', "009616", 21, 11000, 4000, 30000),
+    talkgroup('H', "04-032", 23, 500, 2000, 4000),
+    talkgroup('H', "02-115", 24, 3000, 2500, 6000),
+    talkgroup('H', "05-021", 22, 5000, 2000, 8000),
+};
+
+constexpr std::array kBusy{
+    station(1551150, 13, 25, 0, 900, 700),       station(1544300, 0, 22, 300, 700, 900),
+    station(4601250, 0, 26, 500, 800, 1100),     station(1181000, 0, 21, 200, 600, 800),
+    station(1568000, 0, 22, 700, 900, 1300),     station(1607700, 0, 20, 900, 700, 1700),
+    station(1516250, 0, 21, 100, 500, 700),      station(1587450, 0, 23, 400, 500, 900),
+    station(1625500, 0, 26, 0, 3600000, 10),     talkgroup('B', "001616", 25, 0, 600, 500),
+    talkgroup('B', "003216", 25, 300, 700, 600), talkgroup('B', "007216", 24, 500, 600, 800),
+    talkgroup('H', "04-032", 23, 200, 700, 600), talkgroup('H', "05-021", 22, 600, 500, 700),
+};
+
+constexpr std::array kSteady{station(1551150, 13, 25, 0, 1000000000000, 10)};
+
+constexpr std::array kTourTraffic{
+    station(1551150, 13, 26, 0, 1400, 20000),         // scan, priority, tone
+    station(1544300, 0, 19, 1600, 500, 20000),        // scan
+    station(1181000, 0, 23, 2200, 600, 20000),        // manual
+    station(1516250, 0, 21, 2900, 300, 20000),        // search: not in memory
+    station(1553400, 0, 24, 3250, 500, 20000),        // search: in memory
+    station(1587450, 0, 22, 3700, 700, 20000),        // search, then hold
+    station(1625500, 0, 25, 4400, 900, 20000),        // weather
+    station(1542800, 16, 20, 5350, 300, 20000),       // auto
+    talkgroup('B', "007216", 20, 5700, 300, 20000),   // trunked search
+    talkgroup('B', "001616", 25, 6100, 500, 20000),   // ID scan
+    talkgroup('B', "003216", 22, 6650, 700, 20000),   // ID scan, then manual
+    talkgroup('B', "007216", 24, 7700, 400, 20000),   // ID search: not in memory
+    talkgroup('B', "001648", 21, 8150, 1100, 20000),  // ID search, then hold
+};
+
+constexpr std::array kTourSteps{
+    Step{0, Activity::Scan},           Step{2200, Activity::Manual, 61},
+    Step{2850, Activity::Search},      Step{4000, Activity::SearchHold},
+    Step{4400, Activity::Weather},     Step{4900, Activity::WeatherHold},
+    Step{5300, Activity::Auto},        Step{5700, Activity::TrunkSearch, 1},
+    Step{6050, Activity::IdScan, 1},   Step{7000, Activity::IdManual, 1},
+    Step{7600, Activity::IdSearch, 1}, Step{8700, Activity::IdHold, 1},
+    Step{9350, Activity::Send},        Step{9700, Activity::Scan},
+};
+
+constexpr std::array kScenes{
+    Scene{"quiet", 0, 0, {}, {}},
+    Scene{"city", 0, 0.4, kCity, {}},
+    Scene{"busy", 0, 0.3, kBusy, {}},
+    Scene{"steady", 0, 0, kSteady, {}},
+    Scene{"tour", 10000, 0, kTourTraffic, kTourSteps},
+};
+
+}  // namespace
+
+std::span<const Scene> scenes() {
+  return kScenes;
+}
+
+const Scene* sceneNamed(std::string_view name) {
+  for (const Scene& scene : kScenes) {
+    if (scene.name == name) return &scene;
+  }
+  return nullptr;
+}
+
+}  // namespace tarnvex::radio

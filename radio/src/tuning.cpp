@@ -1,0 +1,244 @@
+#include "radio/tuning.h"
+
+#include <algorithm>
+
+namespace tarnvex::radio {
+namespace {
+
+constexpr Frequency kWeatherFirst = 1624000, kWeatherLast = 1625500;
+
+bool toneFits(const State& state, const Channel& channel, const Transmission& transmission) {
+  return channel.tone == 0 || !state.switches.ctcss || channel.tone == transmission.tone;
+}
+
+bool scans(const State& state, int number) {
+  const Channel& channel = state.memory.channels[number];
+  return state.scanBanks[bankOf(number)] && channel.frequency != 0 && !channel.lockout &&
+         !channel.trunked;
+}
+
+// The first channel of the scan that stops for the transmission; 0 for none.
+int scannedChannel(const State& state, const Transmission& transmission) {
+  for (int number = 1; number <= kChannels; ++number) {
+    const Channel& channel = state.memory.channels[number];
+    if (channel.frequency == transmission.frequency && scans(state, number) &&
+        toneFits(state, channel, transmission)) {
+      return number;
+    }
+  }
+  return 0;
+}
+
+bool isScannedId(const State& state, std::string_view id) {
+  const TrunkBank& bank = trunkBank(state);
+  const auto slot = slotOf(bank, id, groupsOf(state.model));
+  return slot && bank.scanned[slot->group] && !isLockedId(state, id);
+}
+
+bool isWithin(const State& state, Frequency frequency) {
+  return frequency >= state.lower && frequency <= state.upper && !isSkipped(state, frequency);
+}
+
+bool wants(const State& state, const Transmission& each) {
+  const bool ours = each.bank == state.trunkBank;
+  switch (state.activity) {
+    case Activity::Scan:
+      return each.bank < 0 && each.serial != state.passed && scannedChannel(state, each) != 0;
+    case Activity::Manual:
+    case Activity::ToneEntry: {
+      const Channel& channel = state.memory.channels[state.channel];
+      return each.frequency == channel.frequency && toneFits(state, channel, each);
+    }
+    case Activity::Search:
+    case Activity::Auto:
+      return each.serial != state.passed && isWithin(state, each.frequency);
+    case Activity::Weather:
+      return each.serial != state.passed && each.frequency >= kWeatherFirst &&
+             each.frequency <= kWeatherLast;
+    case Activity::SearchHold:
+    case Activity::WeatherHold:
+    case Activity::TrunkSearchHold:
+      return each.frequency == state.searchAt;
+    case Activity::TrunkSearch:
+      return ours && each.serial != state.passed;
+    case Activity::IdSearch:
+      return ours && each.serial != state.passed && !isLockedId(state, each.id);
+    case Activity::IdHold:
+      return ours && each.id == state.heldId;
+    case Activity::IdScan:
+      return ours && each.serial != state.passed && isScannedId(state, each.id);
+    case Activity::IdManual:
+      return ours && each.id == activeId(state);
+    case Activity::SelectBank:
+    case Activity::ProgramTrunk:
+    case Activity::Send:
+      return false;
+  }
+  return false;
+}
+
+bool delays(const State& state) {
+  if (state.activity == Activity::Scan) return state.memory.channels[state.channel].delay;
+  if (state.activity == Activity::IdScan) return trunkBank(state).delay;
+  return searches(state.activity) && state.searchDelay;
+}
+
+void stopOn(State& state, const Transmission& transmission) {
+  state.stop = transmission;
+  state.open = true;
+  if (state.activity == Activity::Scan) state.channel = scannedChannel(state, transmission);
+  if (searches(state.activity)) state.searchAt = transmission.frequency;
+  if (followsIds(state.activity) && state.activity != Activity::IdHold) {
+    const auto slot = slotOf(trunkBank(state), transmission.id, groupsOf(state.model));
+    if (slot) state.slot = *slot;
+  }
+}
+
+bool isPriority(const State& state, int channel) {
+  return channel != 0 && state.memory.priorityChannel[bankOf(channel)] == channel;
+}
+
+// Priority takes over only where a scan has stopped on a lesser channel.
+const Transmission* priorityCall(const State& state, const Air& air) {
+  if (!state.switches.priority || state.activity != Activity::Scan) return nullptr;
+  if (state.stop && isPriority(state, state.channel)) return nullptr;
+  for (const Transmission& each : air.active()) {
+    if (wants(state, each) && isPriority(state, scannedChannel(state, each))) return &each;
+  }
+  return nullptr;
+}
+
+// True while the receiver stays where it is.
+bool stays(State& state, const Air& air) {
+  if (!state.stop) return false;
+  const auto& active = air.active();
+  const auto same = std::find_if(active.begin(), active.end(), [&](const Transmission& each) {
+    return each.serial == state.stop->serial;
+  });
+  if (same != active.end() && wants(state, *same)) {
+    state.open = true;
+    return true;
+  }
+  if (same != active.end()) {
+    state.stop.reset();
+    return false;
+  }
+  if (state.open) state.dwellUntil = state.stop->end + (delays(state) ? kDelay : 0);
+  state.open = false;
+  return state.now < state.dwellUntil;
+}
+
+// A station that comes back on the frequency or ID of a delay is taken up at once.
+bool answersStop(const State& state, const Transmission& each) {
+  return state.stop && each.frequency == state.stop->frequency && each.id == state.stop->id;
+}
+
+void sweep(State& state) {
+  if (state.activity != Activity::Search && state.activity != Activity::Auto) return;
+  if (state.stop || state.upper < state.lower) return;
+  constexpr Millis kStepTime = 10;
+  const Frequency steps = (state.upper - state.lower) / state.step + 1;
+  state.searchAt = state.lower + state.step * (state.now / kStepTime % steps);
+}
+
+}  // namespace
+
+void tune(State& state, const Air& air) {
+  if (state.activity == Activity::TrunkSearch && state.acquiredAt != 0 &&
+      state.now >= state.acquiredAt) {
+    enter(state, Activity::IdScan);
+  }
+  if (const Transmission* call = priorityCall(state, air)) {
+    stopOn(state, *call);
+    return;
+  }
+  const bool dwelling = stays(state, air);
+  if (dwelling && state.open) return;
+  for (const Transmission& each : air.active()) {
+    if (!wants(state, each) || (dwelling && !answersStop(state, each))) continue;
+    stopOn(state, each);
+    return;
+  }
+  if (dwelling) return;
+  state.stop.reset();
+  state.open = false;
+  sweep(state);
+}
+
+void holdId(State& state) {
+  std::string id = activeId(state);
+  const TrunkBank& bank = trunkBank(state);
+  for (int group = 0; id.empty() && group < kGroups; ++group) {
+    for (const std::string& each : bank.ids[group]) {
+      if (id.empty()) id = each;
+    }
+  }
+  enter(state, Activity::IdHold);
+  state.heldId = id;
+}
+
+void passOn(State& state) {
+  if (state.stop) state.passed = state.stop->serial;
+  state.stop.reset();
+  state.open = false;
+}
+
+int signalLevel(const State& state) {
+  return state.stop && state.open ? levelAt(*state.stop, state.now) : kNoiseLevel;
+}
+
+Frequency displayedFrequency(const State& state) {
+  if (state.stop) return state.stop->frequency;
+  if (searches(state.activity)) {
+    const bool weather = state.activity == Activity::Weather;
+    return weather ? kWeatherFirst + 250 * (state.now / 100 % 7) : state.searchAt;
+  }
+  if (followsIds(state.activity) || state.activity == Activity::TrunkSearch) {
+    return controlChannel(state.memory, state.trunkBank);
+  }
+  if (programsTrunk(state.activity) && state.programBank >= 0) {
+    return controlChannel(state.memory, state.programBank);
+  }
+  return state.memory.channels[state.channel].frequency;
+}
+
+int activeChannel(const State& state) {
+  if (state.activity == Activity::Manual || state.activity == Activity::ToneEntry) {
+    return state.channel;
+  }
+  return state.activity == Activity::Scan && state.stop ? state.channel : 0;
+}
+
+std::string activeId(const State& state) {
+  if (state.activity == Activity::IdManual) {
+    return trunkBank(state).ids[state.slot.group][state.slot.number - 1];
+  }
+  return followsIds(state.activity) && state.stop ? state.stop->id : "";
+}
+
+std::optional<Slot> activeSlot(const State& state) {
+  if (activeId(state).empty()) return std::nullopt;
+  if (state.activity == Activity::IdManual) return state.slot;
+  return slotOf(trunkBank(state), activeId(state), groupsOf(state.model));
+}
+
+std::optional<Slot> slotOf(const TrunkBank& bank, std::string_view id, int groups) {
+  for (int group = 0; group < groups && !id.empty(); ++group) {
+    for (int slot = 1; slot <= kSlots; ++slot) {
+      if (bank.ids[group][slot - 1] == id) return Slot{group, slot};
+    }
+  }
+  return std::nullopt;
+}
+
+bool isSkipped(const State& state, Frequency frequency) {
+  const auto& skips = state.memory.skips;
+  return std::find(skips.begin(), skips.end(), frequency) != skips.end();
+}
+
+bool isLockedId(const State& state, std::string_view id) {
+  const auto& locked = state.memory.lockedIds;
+  return std::find(locked.begin(), locked.end(), id) != locked.end();
+}
+
+}  // namespace tarnvex::radio
