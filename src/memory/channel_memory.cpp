@@ -1,0 +1,194 @@
+#include "memory/channel_memory.h"
+
+#include <array>
+#include <utility>
+
+#include "platform/convert.h"
+
+namespace tarnvex::memory {
+
+using platform::Answer;
+using platform::Table;
+
+namespace {
+
+constexpr char kFirstBank = 'A';
+
+/// A hit list's way into its table.
+struct HitPlace {
+  Table& table;
+  int tab;
+  /// What the message calls the hit.
+  const char* what;
+  bool occupied;
+  /// The first row that the cursor doesn't leave downwards.
+  int lastRow;
+};
+
+/// Whether the row may be overwritten: it is one, and the user agrees if it is in use.
+bool mayStore(const HitPlace& place, platform::Dialogs& dialogs) {
+  if (place.table.row() < 1) {
+    dialogs.messageBox(
+        std::string("You must select an open cell to store this ") + place.what + ".",
+        "Invalid Cell", platform::kWarning);
+    return false;
+  }
+  return !place.occupied ||
+         dialogs.messageBox(
+             place.table.textMatrix(place.table.row(), 1) + " will be overwritten! Continue?",
+             "Confirm Overwrite", platform::kYesNoQuestion) == Answer::Yes;
+}
+
+}  // namespace
+
+ChannelMemory::ChannelMemory(MemoryControls controls, platform::SharedState& state,
+                             platform::Dialogs& dialogs, const MemoryTraits& traits,
+                             SendCommand sendCommand)
+    : grid1_(controls.MSFlexGrid1),
+      grid2_(controls.MSFlexGrid2),
+      tabs_(controls.SSTab1),
+      state_(state),
+      dialogs_(dialogs),
+      traits_(traits),
+      sendCommand_(std::move(sendCommand)) {
+  for (Table* table : {&grid1_, &grid2_}) {
+    table->onKey = [this, table](char key) {
+      if (GridKey(*table, key)) {
+        dialogs_.beep();
+      }
+    };
+    table->onCursorChanged = [this, table] { CursorChanged(*table, table->row()); };
+  }
+  grid1_.onDoubleClick = [this] { TuneToRow(grid1_.row()); };
+}
+
+ChannelMemory::~ChannelMemory() {
+  for (Table* table : {&grid1_, &grid2_}) {
+    table->onKey = nullptr;
+    table->onCursorChanged = nullptr;
+    table->onDoubleClick = nullptr;
+  }
+}
+
+void ChannelMemory::layOut() {
+  constexpr std::array<int, TalkgroupRecord::kColumns> kTalkgroupWidths = {1500, 1500, 3000, 500};
+  for (int col = 0; col < ChannelRecord::kColumns; ++col) {
+    const auto at = static_cast<std::size_t>(col);
+    grid1_.setTextMatrix(0, col, traits_.channelHeadings[at]);
+    grid1_.setColWidth(col, traits_.channelWidths[at]);
+  }
+  for (int col = 0; col < TalkgroupRecord::kColumns; ++col) {
+    const auto at = static_cast<std::size_t>(col);
+    grid2_.setTextMatrix(0, col, traits_.talkgroupHeadings[at]);
+    grid2_.setColWidth(col, kTalkgroupWidths[at]);
+  }
+  for (int row = 1; row <= TalkgroupRecord::kRows; ++row) {
+    const int slot = row - 1;
+    const auto bank = static_cast<char>(kFirstBank + slot / 100);
+    const auto group = static_cast<char>(kFirstBank + slot / 10 % 10);
+    grid2_.setTextMatrix(
+        row, TalkgroupRecord::Slot,
+        std::string("Bank ") + bank + ": " + group + std::to_string(slot % 10 + 1));
+  }
+  for (int row = 1; row <= ChannelRecord::kRows; ++row) {
+    grid1_.setTextMatrix(row, ChannelRecord::Number, std::to_string(row));
+  }
+}
+
+void ChannelMemory::CursorChanged(Table& table, int row) {
+  // In both tables: the talkgroups' rows beyond 300 don't get the row below them treated.
+  constexpr int kLastRowWithNext = 300;
+  state_.CellEditActive = false;
+  const auto normalise =
+      &table == &grid1_ ? &ChannelMemory::normaliseFrequency : &ChannelMemory::normaliseId;
+  // The cursor has moved already, so that the cell just edited is next to it.
+  (this->*normalise)(row);
+  if (row > 0) {
+    (this->*normalise)(row - 1);
+  }
+  if (row < kLastRowWithNext) {
+    (this->*normalise)(row + 1);
+  }
+}
+
+void ChannelMemory::normaliseFrequency(int row) {
+  const std::string& text = grid1_.textMatrix(row, ChannelRecord::Frequency);
+  grid1_.setTextMatrix(row, ChannelRecord::Frequency,
+                       platform::format(text.empty() ? "0" : text, "##0.0000"));
+}
+
+void ChannelMemory::normaliseId(int row) {
+  const std::string& text = grid2_.textMatrix(row, TalkgroupRecord::Id);
+  if (text.empty()) {
+    grid2_.setTextMatrix(row, TalkgroupRecord::Id, "-----");
+  } else if (text.find('-') == std::string::npos) {
+    grid2_.setTextMatrix(row, TalkgroupRecord::Id, platform::format(text, "000000"));
+  }
+}
+
+void ChannelMemory::TuneToRow(int row) {
+  sendCommand_("MA" + platform::format(row, "000"));
+}
+
+void ChannelMemory::JumpToBank(Table& table, int bank, int group) {
+  const int target = &table == &grid1_ ? bankRow(bank) : groupRow(bank, group);
+  // By way of the end: what the cursor passes there is normalised as well.
+  table.setRow(table.rows() - 1);
+  table.setCol(0);
+  table.setRow(target);
+  table.setCol(0);
+  table.setFocus();
+  if (!state_.SwitchingScanners) {
+    table.setCol(1);
+  }
+  table.scrollToTop(target);
+}
+
+void ChannelMemory::StoreHit(HitList list, std::string_view line) {
+  const bool frequency = list == HitList::Frequencies;
+  Table& table = frequency ? grid1_ : grid2_;
+  tabs_.setTab(frequency ? 0 : 1);
+  const std::string& cell = table.textMatrix(table.row(), 1);
+  const bool occupied =
+      !cell.empty() && (frequency ? cell != "0.0000" : cell.find("--") == std::string::npos);
+  // The upper half of the talkgroups is out of reach of the advance, on both radios.
+  const HitPlace place{table, frequency ? 0 : 1, frequency ? "Frequency" : "Talkgroup", occupied,
+                       frequency ? ChannelRecord::kRows : 500};
+  if (!mayStore(place, dialogs_)) {
+    return;
+  }
+  const int row = table.row();
+  if (frequency) {
+    table.setTextMatrix(row, ChannelRecord::Frequency, platform::mid(line, 1, 8));
+    for (int col = ChannelRecord::Trunk; col <= ChannelRecord::Line; ++col) {
+      table.setTextMatrix(row, col, " ");
+    }
+    table.setTextMatrix(row, ChannelRecord::Ctcss, "");
+    table.setTextMatrix(row, ChannelRecord::AlphaTag, "");
+  } else {
+    table.setTextMatrix(row, TalkgroupRecord::Id, platform::mid(line, traits_.hitIdStart, 6));
+    table.setTextMatrix(row, TalkgroupRecord::AlphaTag, "");
+  }
+  if (row < place.lastRow) {
+    table.setRow(row + 1);
+  }
+  table.setFocus();
+}
+
+void ChannelMemory::clear() {
+  // An empty channel is locked out. Column 0 isn't written.
+  constexpr std::array<const char*, ChannelRecord::kColumns> kCleared = {"",  "0.0000", " ", " ",
+                                                                         "X", " ",      "",  ""};
+  for (int row = 1; row < grid1_.rows(); ++row) {
+    for (int col = 1; col < grid1_.cols(); ++col) {
+      grid1_.setTextMatrix(row, col, kCleared[static_cast<std::size_t>(col)]);
+    }
+  }
+  for (int row = 1; row < grid2_.rows(); ++row) {
+    for (int col = 1; col < grid2_.cols(); ++col) {
+      grid2_.setTextMatrix(row, col, "");
+    }
+  }
+}
+
+}  // namespace tarnvex::memory

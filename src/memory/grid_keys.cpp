@@ -1,0 +1,169 @@
+#include "memory/channel_memory.h"
+#include "platform/convert.h"
+
+namespace tarnvex::memory {
+
+using platform::Table;
+
+namespace {
+
+constexpr char kBackspace = 8;
+constexpr char kEnter = 13;
+constexpr char kQuote = '"';
+
+void deleteLast(Table& table) {
+  std::string text = table.text();
+  if (!text.empty()) {
+    text.pop_back();
+    table.setText(std::move(text));
+  }
+}
+
+}  // namespace
+
+bool ChannelMemory::GridKey(Table& table, char key) {
+  if (key == kQuote) {
+    return true;  // the frequency file couldn't carry it
+  }
+  return &table == &grid1_ ? channelKey(key) : talkgroupKey(key);
+}
+
+bool ChannelMemory::channelKey(char key) {
+  // Before the key is acted on: the first key in a cell alone doesn't make the plan dirty.
+  state_.MemoryModified = state_.MemoryModified || state_.CellEditActive;
+  if (key == kEnter) {
+    enterKey(grid1_, ChannelRecord::AlphaTag, ChannelRecord::kRows);
+    return false;
+  }
+  switch (grid1_.col()) {
+    case ChannelRecord::Frequency:
+      if (numberKey(grid1_, key, "0123456789.")) {
+        inheritFromRowAbove();
+      }
+      return false;
+    case ChannelRecord::Ctcss:
+      numberKey(grid1_, key, "0123456789.");
+      return false;
+    case ChannelRecord::AlphaTag:
+      return tagKey(grid1_, key);
+    case ChannelRecord::Trunk:
+    case ChannelRecord::Delay:
+    case ChannelRecord::Lockout:
+    case ChannelRecord::Line:
+      // A toggled flag leaves the edit state alone, so it doesn't make the plan dirty either.
+      if (key == 'X' || key == 'x' || key == ' ') {
+        grid1_.setText(key == ' ' ? " " : "X");
+      }
+      return false;
+    default:
+      return false;
+  }
+}
+
+bool ChannelMemory::talkgroupKey(char key) {
+  const bool marks =
+      traits_.talkgroupDirtyRule == DirtyRule::EveryKey ? key != kEnter : state_.CellEditActive;
+  state_.MemoryModified = state_.MemoryModified || marks;
+  if (key == kEnter) {
+    enterKey(grid2_, traits_.talkgroupLastColumn, traits_.talkgroupLastRow);
+    return false;
+  }
+  switch (grid2_.col()) {
+    case TalkgroupRecord::Id:
+      numberKey(grid2_, key, "0123456789-");
+      return false;
+    case TalkgroupRecord::AlphaTag:
+      return tagKey(grid2_, key);
+    case TalkgroupRecord::Priority:
+      priorityKey(key);
+      return false;
+    default:
+      return false;
+  }
+}
+
+void ChannelMemory::enterKey(Table& table, int lastColumn, int lastRow) {
+  if (table.col() < lastColumn) {
+    table.setCol(table.col() + 1);
+  } else {
+    table.setCol(1);
+    if (table.row() < lastRow) {
+      table.setRow(table.row() + 1);
+    }
+  }
+  state_.CellEditActive = false;
+}
+
+/// Appends or replaces; true if the key was one of the accepted characters.
+bool ChannelMemory::numberKey(Table& table, char key, std::string_view accepted) {
+  if (key == kBackspace) {
+    deleteLast(table);
+    return false;
+  }
+  if (accepted.find(key) == std::string_view::npos) {
+    return false;
+  }
+  table.setText((state_.CellEditActive ? table.text() : std::string()) + key);
+  state_.CellEditActive = true;
+  return true;
+}
+
+/// Every key of a new frequency takes the flags and the tone of the row above; a tag only fills a
+/// blank.
+void ChannelMemory::inheritFromRowAbove() {
+  const int row = grid1_.row();
+  if (row < 2) {
+    return;
+  }
+  for (int col = ChannelRecord::Trunk; col <= ChannelRecord::Ctcss; ++col) {
+    grid1_.setTextMatrix(row, col, grid1_.textMatrix(row - 1, col));
+  }
+  if (grid1_.textMatrix(row, ChannelRecord::AlphaTag).empty()) {
+    grid1_.setTextMatrix(row, ChannelRecord::AlphaTag,
+                         grid1_.textMatrix(row - 1, ChannelRecord::AlphaTag));
+  }
+}
+
+bool ChannelMemory::tagKey(Table& table, char key) {
+  if (key == kBackspace) {
+    deleteLast(table);
+  } else if (table.text().size() < traits_.tagLimit) {
+    table.setText(table.text() + key);
+  } else {
+    return true;
+  }
+  state_.CellEditActive = true;
+  return false;
+}
+
+void ChannelMemory::priorityKey(char key) {
+  if (key != 'X' && key != 'x' && key != ' ') {
+    return;
+  }
+  grid2_.setText(key == ' ' ? " " : "X");
+  state_.CellEditActive = true;
+  if (key != ' ') {
+    makePriority();
+  }
+}
+
+/// The cursor itself walks the group, with all that its moves bring: IDs are normalised, and the
+/// edit of the cell is over. Moves off the table are refused and the cell under the cursor serves.
+void ChannelMemory::makePriority() {
+  constexpr std::size_t kSlotNumberStart = 10;
+  const int home = grid2_.row();
+  int slot = 0;
+  platform::assign(slot, platform::toInteger(platform::mid(
+                             grid2_.textMatrix(home, TalkgroupRecord::Slot), kSlotNumberStart)));
+  for (int step = 0; step < slot; ++step) {
+    grid2_.setRow(grid2_.row() - 1);
+  }
+  grid2_.setCol(TalkgroupRecord::Priority);
+  for (int i = 1; i <= 10; ++i) {
+    grid2_.setRow(grid2_.row() + 1);
+    grid2_.setText(i == slot ? "X" : "");
+  }
+  grid2_.setRow(home);
+}
+
+}  // namespace tarnvex::memory
