@@ -1,0 +1,346 @@
+#include "desktop/ports/posix_files.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+namespace tarnvex::desktop {
+
+using platform::Failure;
+
+namespace {
+
+constexpr int kMostLinks = 40;
+constexpr int kMostTemporaries = 100;
+constexpr std::size_t kBlock = std::size_t{64} << 10;
+
+std::string describe(int error) {
+  switch (error) {
+    case ENOENT:
+      return "File not found";
+    case ENOTDIR:
+      return "Path not found";
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return "Permission denied";
+    case ENOSPC:
+    case EDQUOT:
+      return "Disk full";
+    case EIO:
+      return "Device I/O error";
+    case EMFILE:
+    case ENFILE:
+      return "Too many files";
+    case ENAMETOOLONG:
+    case EINVAL:
+    case ELOOP:
+      return "Bad file name";
+    default:
+      return std::generic_category().message(error);
+  }
+}
+
+/// What keeps a name from being a file's.
+Failure refusal(const struct stat& status) {
+  if (S_ISREG(status.st_mode)) {
+    return std::nullopt;
+  }
+  return S_ISDIR(status.st_mode) ? "This is a folder, not a file" : "This is a device, not a file";
+}
+
+/// A name that the calls would cut short.
+bool misread(const std::string& path) {
+  return path.empty() || path.find('\0') != std::string::npos;
+}
+
+/// The folder's part, with its slash; blank for the current folder.
+std::string folderPart(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  return slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
+}
+
+std::string folderName(const std::string& path) {
+  const std::string folder = folderPart(path);
+  return folder.empty() ? "." : folder;
+}
+
+std::string lowerCase(std::string name) {
+  std::ranges::transform(name, name.begin(), [](char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+  });
+  return name;
+}
+
+/// Closes a file that the scope is done with, whatever the way out. Keeps `errno`.
+class Closing {
+ public:
+  Closing(FileCalls& calls, int file) : calls_(calls), file_(file) {}
+  ~Closing() {
+    if (file_ >= 0) {
+      const int error = errno;
+      calls_.close(file_);
+      errno = error;
+    }
+  }
+  Closing(const Closing&) = delete;
+  Closing& operator=(const Closing&) = delete;
+  Closing(Closing&&) = delete;
+  Closing& operator=(Closing&&) = delete;
+
+  [[nodiscard]] int file() const { return file_; }
+  int release() { return std::exchange(file_, -1); }
+
+ private:
+  FileCalls& calls_;
+  int file_;
+};
+
+class PosixSource : public platform::ByteSource {
+ public:
+  PosixSource(FileCalls& calls, int file) : calls_(calls), file_(calls, file) {}
+
+  Failure read(std::string& bytes) override {
+    const std::size_t before = bytes.size();
+    bytes.resize(before + kBlock);
+    ssize_t count = -1;
+    do {
+      count = calls_.read(file_.file(), bytes.data() + before, kBlock);
+    } while (count < 0 && errno == EINTR);
+    bytes.resize(before + static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+    return count < 0 ? Failure(describe(errno)) : std::nullopt;
+  }
+
+ private:
+  FileCalls& calls_;
+  Closing file_;
+};
+
+}  // namespace
+
+/// Where the content of a path goes.
+struct PosixFiles::Target {
+  /// Behind all links.
+  std::string path;
+  bool exists = false;
+  struct stat status = {};
+};
+
+int FileCalls::stat(const char* path, struct stat* status) {
+  return ::stat(path, status);
+}
+int FileCalls::access(const char* path, int mode) {
+  return ::access(path, mode);
+}
+ssize_t FileCalls::readlink(const char* path, char* target, std::size_t size) {
+  return ::readlink(path, target, size);
+}
+int FileCalls::open(const char* path, int flags, mode_t mode) {
+  return ::open(path, flags, mode);
+}
+int FileCalls::fstat(int file, struct stat* status) {
+  return ::fstat(file, status);
+}
+ssize_t FileCalls::read(int file, void* bytes, std::size_t size) {
+  return ::read(file, bytes, size);
+}
+ssize_t FileCalls::write(int file, const void* bytes, std::size_t size) {
+  return ::write(file, bytes, size);
+}
+int FileCalls::fchown(int file, uid_t owner, gid_t group) {
+  return ::fchown(file, owner, group);
+}
+int FileCalls::fchmod(int file, mode_t mode) {
+  return ::fchmod(file, mode);
+}
+int FileCalls::fsync(int file) {
+  return ::fsync(file);
+}
+int FileCalls::close(int file) {
+  return ::close(file);
+}
+int FileCalls::rename(const char* from, const char* to) {
+  return ::rename(from, to);
+}
+int FileCalls::unlink(const char* path) {
+  return ::unlink(path);
+}
+
+bool PosixFiles::exists(const std::string& path) {
+  struct stat status = {};
+  return !misread(path) && calls_.stat(path.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+}
+
+std::string PosixFiles::inAnyCase(const std::string& path) {
+  if (misread(path) || exists(path)) {
+    return path;
+  }
+  const std::string folder = folderPart(path);
+  const std::string wanted = lowerCase(path.substr(folder.size()));
+  std::vector<std::string> alike;
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folderName(path), error), end;
+       !error && entry != end; entry.increment(error)) {
+    std::string name = entry->path().filename().string();
+    if (lowerCase(name) == wanted) {
+      alike.push_back(std::move(name));
+    }
+  }
+  return alike.empty() ? path : folder + *std::ranges::min_element(alike);
+}
+
+Failure PosixFiles::openForReading(const std::string& path,
+                                   std::unique_ptr<platform::ByteSource>& source) {
+  if (misread(path)) {
+    return describe(EINVAL);
+  }
+  // Looked at first, since opening alone can act on a device; and again when it is open, since the
+  // name may stand for something else by then.
+  struct stat status = {};
+  if (calls_.stat(path.c_str(), &status) < 0) {
+    const int error = errno;
+    const bool noFolder = error == ENOENT && calls_.stat(folderName(path).c_str(), &status) < 0;
+    return describe(noFolder ? ENOTDIR : error);
+  }
+  if (auto refused = refusal(status)) {
+    return refused;
+  }
+  Closing file(calls_, calls_.open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0));
+  if (file.file() < 0 || calls_.fstat(file.file(), &status) < 0) {
+    return describe(errno);
+  }
+  if (auto refused = refusal(status)) {
+    return refused;
+  }
+  source = std::make_unique<PosixSource>(calls_, file.release());
+  return std::nullopt;
+}
+
+/// Follows links by hand, since the last one may lead to a file that is still to be made.
+Failure PosixFiles::findTarget(const std::string& path, Target& target) {
+  if (misread(path)) {
+    return describe(EINVAL);
+  }
+  target.path = path;
+  std::array<char, PATH_MAX> link = {};
+  ssize_t length = 0;
+  for (int links = 0; length >= 0; ++links) {
+    length = calls_.readlink(target.path.c_str(), link.data(), link.size());
+    if (length >= 0) {
+      if (links == kMostLinks) {
+        return describe(ELOOP);
+      }
+      const std::string next(link.data(), static_cast<std::size_t>(length));
+      target.path = next.starts_with('/') ? next : folderPart(target.path) + next;
+    }
+  }
+  if (errno != EINVAL && errno != ENOENT) {
+    return describe(errno);
+  }
+  target.exists = calls_.stat(target.path.c_str(), &target.status) == 0;
+  if (target.exists) {
+    return refusal(target.status);
+  }
+  if (errno != ENOENT) {
+    return describe(errno);
+  }
+  struct stat folder = {};
+  return calls_.stat(folderName(target.path).c_str(), &folder) < 0 ? Failure(describe(ENOTDIR))
+                                                                   : std::nullopt;
+}
+
+Failure PosixFiles::checkWritable(const std::string& path) {
+  Target target;
+  if (auto failure = findTarget(path, target)) {
+    return failure;
+  }
+  if ((target.exists && calls_.access(target.path.c_str(), W_OK) < 0) ||
+      calls_.access(folderName(target.path).c_str(), W_OK | X_OK) < 0) {
+    return describe(errno);
+  }
+  return std::nullopt;
+}
+
+Failure PosixFiles::replace(const std::string& path, std::string_view content) {
+  Target target;
+  if (auto failure = findTarget(path, target)) {
+    return failure;
+  }
+  std::string temporary;
+  const int file = openTemporary(folderPart(target.path), temporary);
+  if (file < 0) {
+    return describe(errno);
+  }
+  const bool filled = fill(file, target, content);
+  const int fillError = errno;
+  const bool closed = calls_.close(file) == 0;
+  if (filled && closed && moveInto(target, temporary)) {
+    return std::nullopt;
+  }
+  const int error = filled ? errno : fillError;
+  calls_.unlink(temporary.c_str());  // gone already if only the folder's sync failed
+  return describe(error);
+}
+
+/// A new file under a short name of its own, which fits wherever the target's name fits.
+int PosixFiles::openTemporary(const std::string& folder, std::string& name) {
+  int file = -1;
+  for (int tries = 0; tries < kMostTemporaries; ++tries) {
+    name = folder + ".tarnvex-" + std::to_string(::getpid()) + "-" +
+           std::to_string(++temporaries_) + ".tmp";
+    file = calls_.open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
+    if (file >= 0 || errno != EEXIST) {
+      break;
+    }
+  }
+  return file;
+}
+
+bool PosixFiles::fill(int file, const Target& target, std::string_view content) {
+  constexpr mode_t kModeBits = 07777;
+  if (target.exists) {
+    // Only a member of the group can pass it on; for others the mode alone has to do.
+    static_cast<void>(calls_.fchown(file, static_cast<uid_t>(-1), target.status.st_gid));
+    if (calls_.fchmod(file, target.status.st_mode & kModeBits) < 0) {
+      return false;
+    }
+  }
+  return writeAll(file, content) && calls_.fsync(file) == 0;
+}
+
+bool PosixFiles::writeAll(int file, std::string_view content) {
+  while (!content.empty()) {
+    const ssize_t count = calls_.write(file, content.data(), content.size());
+    if (count > 0) {
+      content.remove_prefix(static_cast<std::size_t>(count));
+    } else if (count == 0) {
+      errno = ENOSPC;
+      return false;
+    } else if (errno != EINTR) {
+      return false;
+    }
+  }
+  return true;
+}
+
+/// The folder is opened before the renaming, so that only its sync can fail afterwards.
+bool PosixFiles::moveInto(const Target& target, const std::string& temporary) {
+  const Closing folder(
+      calls_, calls_.open(folderName(target.path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0));
+  if (folder.file() < 0 || calls_.rename(temporary.c_str(), target.path.c_str()) < 0) {
+    return false;
+  }
+  // Some file systems can't sync a folder, and say so.
+  return calls_.fsync(folder.file()) == 0 || errno == EINVAL || errno == ENOTSUP;
+}
+
+}  // namespace tarnvex::desktop
