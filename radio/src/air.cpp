@@ -34,10 +34,10 @@ void Air::transmit(Transmission transmission, Millis length, Millis now) {
 }
 
 void Air::advance(Millis now) {
-  std::erase_if(active_, [now](const Transmission& each) { return each.end <= now; });
   for (Station& station : stations_) {
-    if (station.nextAt <= now) start(station);
+    while (station.nextAt <= now) start(station);
   }
+  std::erase_if(active_, [now](const Transmission& each) { return each.end <= now; });
 }
 
 void Air::start(Station& station) {

@@ -4,7 +4,6 @@
 #include <array>
 #include <cstdlib>
 
-#include "radio/built_in_memory.h"
 #include "radio/entry.h"
 #include "radio/lockouts.h"
 #include "radio/replies.h"
@@ -16,30 +15,13 @@ namespace {
 
 using Line = std::string_view;
 
-int numberAt(Line line, std::size_t from, std::size_t count) {
-  return std::atoi(std::string(line.substr(from, count)).c_str());
-}
-
 int channelAt(Line line, std::size_t from) {
   const int channel = numberAt(line, from, 3);
   return channel <= kChannels ? channel : 0;
 }
 
-Slot slotAt(Line line, std::size_t from) {
-  const int digit = line[from + 1] - '0';
-  return {line[from] - 'A', digit == 0 ? kSlots : digit};
-}
-
 std::string onOff(Line word, bool on) {
   return std::string(word) + (on ? 'N' : 'F');
-}
-
-std::string letters(const std::array<bool, kBanks>& banks) {
-  std::string text;
-  for (int bank = 0; bank < kBanks; ++bank) {
-    if (banks[bank]) text += static_cast<char>('A' + bank);
-  }
-  return text;
 }
 
 std::string mode(State& state, Line) {
@@ -117,20 +99,6 @@ std::string setScanBanks(State& state, Line line) {
   return scanBanks(state, line);
 }
 
-// "NG" unless one of the groups in the scan holds an ID.
-std::string scanGroups(State& state, Line) {
-  const TrunkBank& bank = trunkBank(state);
-  const auto isFull = [](const std::string& id) { return !id.empty(); };
-  std::array<bool, kBanks> groups{};
-  bool any = false;
-  for (int group = 0; group < groupsOf(state.model); ++group) {
-    groups[group] = bank.scanned[group];
-    const auto& ids = bank.ids[group];
-    any = any || (groups[group] && std::any_of(ids.begin(), ids.end(), isFull));
-  }
-  return any ? "IS " + letters(groups) : kNothing;
-}
-
 std::string isLocked(State& state, Line) {
   return onOff("LO", isLockedOut(state));
 }
@@ -195,66 +163,6 @@ std::string setLimit(State& state, Line line) {
   return kOk;
 }
 
-std::string currentId(State& state, Line) {
-  const auto slot = activeSlot(state);
-  return slot ? slotReply(state, *slot) : kNothing;
-}
-
-std::string readSlot(State& state, Line line) {
-  const Slot slot = slotAt(line, 3);
-  if (!followsIds(state.activity) || slot.group >= groupsOf(state.model)) return kError;
-  state.slot = slot;
-  state.entry = {};
-  return slotReply(state, slot);
-}
-
-std::string writeSlot(State& state, Line line) {
-  const Slot slot = slotAt(line, 3);
-  if (!followsIds(state.activity) || slot.group >= groupsOf(state.model)) return kError;
-  return storeId(state, slot, line.substr(6)) ? kOk : kError;
-}
-
-std::string prioritySlot(State& state, Line line) {
-  const int slot = trunkBank(state).prioritySlot[line[3] - 'A'];
-  if (slot == 0) return kNothing;
-  return std::string(line) + static_cast<char>('0' + slot % 10);
-}
-
-std::string setPrioritySlot(State& state, Line line) {
-  const Slot slot = slotAt(line, 3);
-  TrunkBank& bank = trunkBank(state);
-  if (slot.group >= groupsOf(state.model)) return kError;
-  if (bank.ids[slot.group][slot.number - 1].empty()) return kError;
-  bank.prioritySlot[slot.group] = slot.number;
-  return kOk;
-}
-
-// A new type leaves no fleet map behind: Type 1 takes no dashed IDs before its blocks are set.
-std::string setType(State& state, Line line) {
-  const int type = line[5] - '0';
-  const bool tuned = type == 4 || type == 5;
-  if (type < 1 || type > 6 || tuned != (line.size() > 6)) return kError;
-  TrunkBank& bank = state.memory.banks[line[3] - 'A'];
-  bank.type = static_cast<SystemType>(type);
-  bank.blocks.fill(kUnmapped);
-  if (tuned) {
-    bank.base = static_cast<Frequency>(numberAt(line, 7, 8));
-    bank.step = numberAt(line, 16, 4);
-  }
-  programTrunk(state, line[3] - 'A');
-  return kOk;
-}
-
-std::string setBlock(State& state, Line line) {
-  TrunkBank& bank = state.memory.banks[line[3] - 'A'];
-  const int block = line[5] - '0';
-  const int size = numberAt(line, 7, 2);
-  const int span = size == 14 ? 8 : size == 13 ? 4 : size == 12 ? 2 : 1;
-  if (bank.type != SystemType::Type1 || block > 7 || size > 14 || block + span > 8) return kError;
-  bank.blocks[block] = size;
-  return kOk;
-}
-
 constexpr std::array kCommon{
     Command{"MD", mode},
     Command{"SQ", squelch},
@@ -276,12 +184,6 @@ constexpr std::array kCommon{
     Command{"PC @", priorityChannel},
     Command{"SB", scanBanks},
     Command{"SB *", setScanBanks},
-    Command{"IS", scanGroups},
-    Command{"IC", currentId},
-    Command{"IC @#", readSlot},
-    Command{"IC @# *", writeSlot},
-    Command{"PI @", prioritySlot},
-    Command{"PI @#", setPrioritySlot},
     Command{"IDN", streamOn},
     Command{"IDF", streamOff},
     Command{"PM###", readMemory},
@@ -291,9 +193,6 @@ constexpr std::array kCommon{
     Command{"SS########", addSkip},
     Command{"ILR*", lockId},
     Command{"ILD*", unlockId},
-    Command{"TR @ #", setType},
-    Command{"TR @ # ######## ####", setType},
-    Command{"FB @ # ##", setBlock},
 };
 
 bool fits(char pattern, char c) {
@@ -316,6 +215,18 @@ std::string answerSwitch(State& state, const Switch& row, std::string_view rest)
 
 }  // namespace
 
+int numberAt(std::string_view line, std::size_t from, std::size_t count) {
+  return std::atoi(std::string(line.substr(from, count)).c_str());
+}
+
+std::string letters(const std::array<bool, kBanks>& banks) {
+  std::string text;
+  for (int bank = 0; bank < kBanks; ++bank) {
+    if (banks[bank]) text += static_cast<char>('A' + bank);
+  }
+  return text;
+}
+
 std::span<const Command> commonCommands() {
   return kCommon;
 }
@@ -331,9 +242,9 @@ bool matches(std::string_view pattern, std::string_view line) {
 
 const std::vector<Command>& commandsOf(Model model) {
   static const auto kBc895All =
-      join({commonCommands(), bc895Commands(), commonKeys(), bc895Keys()});
+      join({commonCommands(), trunkedCommands(), bc895Commands(), commonKeys(), bc895Keys()});
   static const auto kBc245All =
-      join({commonCommands(), bc245Commands(), commonKeys(), bc245Keys()});
+      join({commonCommands(), trunkedCommands(), bc245Commands(), commonKeys(), bc245Keys()});
   return model == Model::BC895XLT ? kBc895All : kBc245All;
 }
 

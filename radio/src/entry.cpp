@@ -115,7 +115,8 @@ std::string keyEnter(State& state, std::string_view) {
   }
   if (entry.text.empty()) return kOk;
   if (entry.limit != Entry::Limit::None) return enterLimit(state, entry.limit, entry.text);
-  if (followsIds(state.activity)) return storeId(state, state.slot, entry.text) ? kOk : kError;
+  if (followsIds(state.activity))
+    return storeId(state, entry.slot.value_or(state.slot), entry.text) ? kOk : kError;
   if (state.activity == Activity::ToneEntry) return enterTone(state, entry.text);
   if (state.activity == Activity::ProgramTrunk) return enterTrunked(state, entry.text);
   if (!isChannel(entry.text)) return enterFrequency(state, entry.text);

@@ -105,12 +105,14 @@ std::string keyHold(State& state, Line) {
 std::string keyLimit(State& state, Line) {
   if (step(state, -1)) return kOk;
   const bool lower = state.entry.limit != Entry::Limit::Lower;
-  state.entry = {"", lower ? Entry::Limit::Lower : Entry::Limit::Upper};
+  state.entry = {};
+  state.entry.limit = lower ? Entry::Limit::Lower : Entry::Limit::Upper;
   return kOk;
 }
 
 std::string keyLimitHeld(State& state, Line) {
-  state.entry = {"", Entry::Limit::Upper};
+  state.entry = {};
+  state.entry.limit = Entry::Limit::Upper;
   return kOk;
 }
 

@@ -12,7 +12,6 @@ Radio::Radio(Model model, std::uint64_t seed)
     : state_(model), air_(seed), scene_(sceneNamed("quiet")) {}
 
 std::string Radio::exchange(std::string_view line) {
-  tune(state_, air_);
   const bool streamed = streamsLines(state_);
   std::string reply = answer(state_, line);
   tune(state_, air_);
@@ -89,6 +88,7 @@ bool Radio::playScene(std::string_view name) {
   scene_ = scene;
   sceneStart_ = state_.now;
   nextStep_ = 0;
+  state_.delay = scene->delay;
   air_.play(scene->sources, scene->jitter, state_.now);
   runScene();
   tune(state_, air_);

@@ -91,12 +91,15 @@ constexpr std::array kTourSteps{
     Step{9350, Activity::Send},        Step{9700, Activity::Scan},
 };
 
+// The tour has no time to wait for answers.
+constexpr Millis kDelay = 2000, kTourDelay = 100;
+
 constexpr std::array kScenes{
-    Scene{"quiet", 0, 0, {}, {}},
-    Scene{"city", 0, 0.4, kCity, {}},
-    Scene{"busy", 0, 0.3, kBusy, {}},
-    Scene{"steady", 0, 0, kSteady, {}},
-    Scene{"tour", 10000, 0, kTourTraffic, kTourSteps},
+    Scene{"quiet", 0, 0, kDelay, {}, {}},
+    Scene{"city", 0, 0.4, kDelay, kCity, {}},
+    Scene{"busy", 0, 0.3, kDelay, kBusy, {}},
+    Scene{"steady", 0, 0, kDelay, kSteady, {}},
+    Scene{"tour", 10000, 0, kTourDelay, kTourTraffic, kTourSteps},
 };
 
 }  // namespace

@@ -1,7 +1,7 @@
 #include "radio/state.h"
 
 #include "radio/built_in_memory.h"
-#include "radio/replies.h"
+#include "radio/commands.h"
 #include "radio/tuning.h"
 
 namespace tarnvex::radio {
@@ -48,10 +48,6 @@ void become(State& state, Model model) {
 }
 
 std::string describe(const State& state) {
-  std::string banks;
-  for (int bank = 0; bank < kBanks; ++bank) {
-    if (state.scanBanks[bank]) banks += static_cast<char>('A' + bank);
-  }
   const auto line = [](std::string_view key, std::string_view value) {
     return std::string(key) + '=' + std::string(value) + '\n';
   };
@@ -60,7 +56,7 @@ std::string describe(const State& state) {
          line("channel", std::to_string(activeChannel(state))) +
          line("frequency", digits(displayedFrequency(state), 8)) + line("id", activeId(state)) +
          line("level", std::to_string(signalLevel(state))) +
-         line("squelch", state.open ? "open" : "closed") + line("banks", banks) +
+         line("squelch", state.open ? "open" : "closed") + line("banks", letters(state.scanBanks)) +
          line("trunk-bank", std::string(1, static_cast<char>('A' + state.trunkBank))) +
          line("lower", digits(state.lower, 8)) + line("upper", digits(state.upper, 8)) +
          line("mute", state.switches.mute ? "on" : "off") +

@@ -123,7 +123,7 @@ bool stays(State& state, const Air& air) {
     state.stop.reset();
     return false;
   }
-  if (state.open) state.dwellUntil = state.stop->end + (delays(state) ? kDelay : 0);
+  if (state.open) state.dwellUntil = state.stop->end + (delays(state) ? state.delay : 0);
   state.open = false;
   return state.now < state.dwellUntil;
 }
@@ -193,13 +193,11 @@ Frequency displayedFrequency(const State& state) {
     const bool weather = state.activity == Activity::Weather;
     return weather ? kWeatherFirst + 250 * (state.now / 100 % 7) : state.searchAt;
   }
-  if (followsIds(state.activity) || state.activity == Activity::TrunkSearch) {
-    return controlChannel(state.memory, state.trunkBank);
-  }
-  if (programsTrunk(state.activity) && state.programBank >= 0) {
-    return controlChannel(state.memory, state.programBank);
-  }
-  return state.memory.channels[state.channel].frequency;
+  const bool programs = programsTrunk(state.activity) && state.programBank >= 0;
+  const bool follows = followsIds(state.activity) || state.activity == Activity::TrunkSearch;
+  const int bank = programs ? state.programBank : state.trunkBank;
+  const Frequency control = programs || follows ? controlChannel(state.memory, bank) : 0;
+  return control != 0 ? control : state.memory.channels[state.channel].frequency;
 }
 
 int activeChannel(const State& state) {

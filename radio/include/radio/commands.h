@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <span>
 #include <string>
 #include <string_view>
@@ -24,6 +25,7 @@ const std::vector<Command>& commandsOf(Model model);
 
 /// Parts of those tables, joined by commandsOf().
 std::span<const Command> commonCommands();
+std::span<const Command> trunkedCommands();
 std::span<const Command> bc895Commands();
 std::span<const Command> bc245Commands();
 std::span<const Command> commonKeys();
@@ -40,6 +42,11 @@ struct Switch {
 };
 std::span<const Switch> bc895Switches();
 std::span<const Switch> bc245Switches();
+
+/// The number in `count` characters from index `from`, 0 if there is none.
+int numberAt(std::string_view line, std::size_t from, std::size_t count);
+/// "AC" for the first and the third.
+std::string letters(const std::array<bool, kBanks>& banks);
 
 std::string answer(State& state, std::string_view line);
 

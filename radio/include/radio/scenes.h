@@ -26,6 +26,7 @@ struct Scene {
   std::string_view name;
   Millis length;
   double jitter;
+  Millis delay;  ///< how long a stop with delay outlives its transmission
   std::span<const Source> sources;
   std::span<const Step> steps;
 };

@@ -26,17 +26,18 @@ struct Switches {
   bool light = false;
 };
 
+/// An ID slot of the trunked bank in use.
+struct Slot {
+  int group = 0;   ///< 0 to 9
+  int number = 1;  ///< 1 to 10
+};
+
 /// Digits keyed and not yet entered.
 struct Entry {
   enum class Limit { None, Lower, Upper };
   std::string text;
   Limit limit = Limit::None;  ///< which search limit KEY04 will set
-};
-
-/// An ID slot of the trunked bank in use.
-struct Slot {
-  int group = 0;   ///< 0 to 9
-  int number = 1;  ///< 1 to 10
+  std::optional<Slot> slot;   ///< picked by "IC"; else the one stopped on takes a keyed ID
 };
 
 /// Everything a radio knows. Plain data: tuning.h says what it hears, keys.h and commands.h what
@@ -71,7 +72,8 @@ struct State {
 
   /// What the receiver has stopped on. It outlives its transmission while a delay runs.
   std::optional<Transmission> stop;
-  bool open = false;  ///< squelch
+  bool open = false;    ///< squelch
+  Millis delay = 2000;  ///< see tuning.h
   Millis dwellUntil = 0;
   std::uint64_t passed = 0;  ///< serial of a transmission that the user moved on from
 };
