@@ -17,13 +17,13 @@ constexpr QRectF kGlass = kBezel.adjusted(9, 9, -9, -9);
 constexpr double kLine = kGlass.x() + 14;  // left edge of the display's lines
 constexpr double kLineEnd = kGlass.right() - 14;
 
-constexpr double kBankFirst = 80;
-constexpr double kBankStep = 35.5;
+constexpr double kBankFirst = kGlass.right() - 9 * 35 - 30;
+constexpr double kBankStep = 35;
 constexpr double kBankWidth = 30;
-constexpr double kFunctionFirst = 454;
-constexpr double kFunctionStep = 60;
-constexpr double kFunctionWidth = 52;
-constexpr double kDigitFirst = 656;
+constexpr double kFunctionFirst = 455;
+constexpr double kFunctionStep = 61;
+constexpr double kFunctionWidth = 53;
+constexpr double kDigitFirst = 655;
 constexpr double kDigitStep = 50;
 constexpr double kDigitWidth = 42;
 constexpr double kKnobFirst = 822;
@@ -141,8 +141,8 @@ constexpr std::array kWords{
     WordPlace{"Priority", "PRIORITY", kLine, kWordsLow, 48},
     WordPlace{"Delay", "DELAY", kLine + 58, kWordsLow, 33},
     WordPlace{"LO", "L/O", kLine + 101, kWordsLow, 19},
-    WordPlace{"CtcssStat", "CTCSS", kLineEnd - 76, kWordsLow, 34},
-    WordPlace{"MHZ", "MHz", kLineEnd - 28, kGlass.y() + 60, 28},
+    WordPlace{"CtcssStat", "CTCSS", kLineEnd - 84, kWordsLow, 34},
+    WordPlace{"MHZ", "MHz", kLineEnd - 28, kGlass.y() + 62, 28},
     WordPlace{"Bank", "BANK", kLine, kGlass.y() + 123, 28},
 };
 
@@ -150,7 +150,9 @@ void addWords(QVector<DisplayElement>& elements) {
   for (const WordPlace& place : kWords) {
     elements.append({QString::fromLatin1(place.name), ElementKind::Word,
                      QRectF(place.x, place.y, place.width, 12), QString::fromLatin1(place.word),
-                     Qt::AlignLeft | Qt::AlignVCenter, QString()});
+                     place.x > kGlass.center().x() + 60 ? Qt::AlignRight | Qt::AlignVCenter
+                                                        : Qt::AlignLeft | Qt::AlignVCenter,
+                     QString()});
     // Read aloud, the letters bring their own "bank".
     elements.last().silent = elements.last().name == QLatin1String("Bank");
   }
@@ -161,16 +163,16 @@ void addTexts(QVector<DisplayElement>& elements) {
   const Qt::Alignment right = Qt::AlignRight | Qt::AlignVCenter;
   const double y = kGlass.y();
   elements.append({QStringLiteral("Frequency"), ElementKind::MainText,
-                   QRectF(kLine, y + 26, 282, 46), QStringLiteral("888.8888"), right, QString()});
+                   QRectF(kLine, y + 25, 276, 48), QStringLiteral("888.8888"), right, QString()});
   elements.append({QStringLiteral("Alpha"), ElementKind::Text, QRectF(kLine, y + 81, 282, 18),
                    QString(), left, QString()});
   elements.append({QStringLiteral("Channel"), ElementKind::SegmentText,
                    QRectF(kLineEnd - 68, y + 28, 68, 20), QStringLiteral("88888"), right,
                    QStringLiteral("channel")});
-  elements.append({QStringLiteral("STEP"), ElementKind::Text, QRectF(kLineEnd - 60, y + 81, 60, 14),
+  elements.append({QStringLiteral("STEP"), ElementKind::Text, QRectF(kLineEnd - 60, y + 84, 60, 11),
                    QString(), right, QStringLiteral("step")});
   elements.append({QStringLiteral("CTCSS"), ElementKind::SegmentText,
-                   QRectF(kLineEnd - 38, kWordsLow - 1, 38, 13), QStringLiteral("888.8"), right,
+                   QRectF(kLineEnd - 44, kWordsLow - 2.5, 44, 15), QStringLiteral("888.8"), right,
                    QStringLiteral("tone")});
 }
 
@@ -191,18 +193,20 @@ void addArrays(QVector<DisplayElement>& elements) {
 
 QVector<PanelCaption> captions() {
   const Qt::Alignment left = Qt::AlignLeft | Qt::AlignVCenter;
-  const Qt::Alignment middle = Qt::AlignCenter;
+  const Qt::Alignment right = Qt::AlignRight | Qt::AlignVCenter;
   const double head = kTop - 20;
-  return {
-      {QString(), QStringLiteral("BC895XLT"), QRectF(kBezel.x() + 1, head, 120, 12), 11, true,
-       left},
-      {QString(), QStringLiteral("TRUNKING SCANNER"), QRectF(kBezel.right() - 161, head, 160, 12),
-       7, false, Qt::AlignRight | Qt::AlignVCenter},
-      {QString(), QStringLiteral("MODE"), QRectF(kFunctionFirst + 1, head, 60, 12), 7, false, left},
-      {QString(), QStringLiteral("ENTRY"), QRectF(kDigitFirst + 1, head, 60, 12), 7, false, left},
-      {QString(), QStringLiteral("TUNE"), QRectF(kKnobFirst + 46, head, 60, 12), 7, false, middle},
-      {QString(), QStringLiteral("BANK"),
-       QRectF(kBezel.x() + 1, kTop + 4 * kRowStep, 50, kRowHeight), 7, false, left}};
+  const double knobFoot = kTop + 3 * kRowStep + kRowHeight - 11;
+  const auto print = [](const char* text, const QRectF& rect, Qt::Alignment align) {
+    return PanelCaption{QString::fromLatin1(text), rect, 7.5, false, align};
+  };
+  return {{QStringLiteral("BC895XLT"), QRectF(kBezel.x() + 1, head, 120, 12), 11, true, left},
+          print("TRUNKING SCANNER", QRectF(kBezel.right() - 161, head, 160, 12), right),
+          print("MODE", QRectF(kFunctionFirst + 1, head, 60, 12), left),
+          print("ENTRY", QRectF(kDigitFirst + 1, head, 60, 12), left),
+          print("BANK", QRectF(kGlass.x(), kTop + 4 * kRowStep, 40, kRowHeight), left),
+          print("TUNE", QRectF(kKnobFirst + 46, head, 60, 12), Qt::AlignCenter),
+          print("DOWN", QRectF(kKnobFirst, knobFoot, 40, 10), left),
+          print("UP", QRectF(kKnobFirst + 112, knobFoot, 40, 10), right)};
 }
 
 }  // namespace
@@ -216,6 +220,7 @@ PanelLayout bc895Layout() {
   layout.bezel = kBezel;
   layout.glass = kGlass;
   layout.displayColour = QColor(255, 255, 128);
+  layout.lightColour = layout.displayColour;
   layout.keys = keys();
   layout.captions = captions();
   layout.knob = PanelKnob{{kKnobFirst + 76, kTop + 81.5}, 58, 74, 13};

@@ -53,28 +53,8 @@ void paintBezel(QPainter& painter, const QRectF& bezel) {
   painter.drawRoundedRect(bezel, radius, radius);
 }
 
-void paintSocket(QPainter& painter, const QRectF& rect) {
-  QLinearGradient ring(rect.topLeft(), rect.bottomLeft());
-  ring.setColorAt(0, QColor(0x9a, 0x9d, 0xa2));
-  ring.setColorAt(1, QColor(0x4a, 0x4c, 0x50));
-  painter.setBrush(ring);
-  painter.drawEllipse(rect);
-  const double inset = rect.width() * 0.17;
-  painter.setBrush(style::kEdge);
-  painter.drawEllipse(rect.adjusted(inset, inset, -inset, -inset));
-}
-
-void paintGrille(QPainter& painter, const QRectF& rect) {
-  for (double y = rect.top(); y < rect.bottom(); y += 7) {
-    painter.setBrush(alpha(style::kLight, 24));
-    painter.drawRoundedRect(QRectF(rect.x(), y + 0.8, rect.width(), 3), 1.5, 1.5);
-    painter.setBrush(style::kSeat);
-    painter.drawRoundedRect(QRectF(rect.x(), y, rect.width(), 3), 1.5, 1.5);
-  }
-}
-
 /// A round part seen from the side: the light runs down its middle.
-void paintBlock(QPainter& painter, const PanelFitting& fitting) {
+void paintFitting(QPainter& painter, const PanelFitting& fitting) {
   QLinearGradient round(fitting.rect.topLeft(), fitting.rect.topRight());
   round.setColorAt(0, style::kBodyBottom.darker(130));
   round.setColorAt(0.4, style::kBodyTop.lighter(112));
@@ -82,21 +62,6 @@ void paintBlock(QPainter& painter, const PanelFitting& fitting) {
   painter.setPen(QPen(style::kEdge, 1.2));
   painter.setBrush(round);
   painter.drawRoundedRect(fitting.rect, fitting.radius, fitting.radius);
-}
-
-void paintFitting(QPainter& painter, const PanelFitting& fitting) {
-  painter.setPen(Qt::NoPen);
-  switch (fitting.shape) {
-    case PanelFitting::Shape::Block:
-      paintBlock(painter, fitting);
-      break;
-    case PanelFitting::Shape::Socket:
-      paintSocket(painter, fitting.rect);
-      break;
-    case PanelFitting::Shape::Grille:
-      paintGrille(painter, fitting.rect);
-      break;
-  }
 }
 
 void paintCaption(QPainter& painter, const PanelCaption& caption) {
@@ -113,14 +78,8 @@ void paintCaption(QPainter& painter, const PanelCaption& caption) {
 
 void paintBody(QPainter& painter, const PanelLayout& layout) {
   painter.setRenderHint(QPainter::Antialiasing);
-  // Antennas and the like stand behind the case.
-  for (const PanelFitting& fitting : layout.fittings) {
-    if (fitting.shape == PanelFitting::Shape::Block) paintFitting(painter, fitting);
-  }
+  for (const PanelFitting& fitting : layout.fittings) paintFitting(painter, fitting);
   if (!layout.body.isEmpty()) paintCase(painter, layout.body, layout.bodyRadius);
-  for (const PanelFitting& fitting : layout.fittings) {
-    if (fitting.shape != PanelFitting::Shape::Block) paintFitting(painter, fitting);
-  }
   paintBezel(painter, layout.bezel);
   for (const PanelCaption& caption : layout.captions) paintCaption(painter, caption);
   if (layout.knob) paintKnob(painter, *layout.knob);

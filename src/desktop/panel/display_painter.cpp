@@ -41,28 +41,6 @@ void paintFixed(QPainter& painter, const DisplayElement& element, const QColor& 
   drawLettering(painter, element.rect, element.ghost, wordLettering(element));
 }
 
-bool isFixed(ElementKind kind) {
-  return kind == ElementKind::Word || kind == ElementKind::BankLetter || kind == ElementKind::Bar ||
-         kind == ElementKind::Mark;
-}
-
-void paintSegments(QPainter& painter, const SegmentFace& face, const DisplayElement& element,
-                   const QString& text, const QColor& ink) {
-  const bool toRight = element.align.testFlag(Qt::AlignRight);
-  const SegmentLine line = face.line(text, element.ghost, toRight);
-  const QRectF& rect = element.rect;
-  const double fit = std::min(1.0, rect.width() / (line.width * rect.height()));
-  const double narrow = std::max(fit, kNarrowest);
-  const double height = rect.height() * fit / narrow;
-  const double width = line.width * height * narrow;
-  painter.save();
-  painter.translate(toRight ? rect.right() - width : rect.left(), rect.center().y() - height / 2);
-  painter.scale(height * narrow, height);
-  painter.fillPath(line.unlit, alpha(ink, kGhostAlpha));
-  painter.fillPath(line.lit, ink);
-  painter.restore();
-}
-
 void paintShade(QPainter& painter, const QRectF& glass) {
   // The frame stands proud of the glass and throws a narrow shadow on its upper edge.
   QLinearGradient shade(glass.topLeft(), glass.topLeft() + QPointF(0, 9));
@@ -93,24 +71,53 @@ void paintGlass(QPainter& painter, const PanelLayout& layout, const QColor& back
   paintShade(painter, glass);
   const QColor ghost = alpha(inkOn(back), kGhostAlpha);
   for (const DisplayElement& element : layout.elements) {
-    if (isFixed(element.kind)) paintFixed(painter, element, ghost);
+    if (hasOwnShape(element.kind)) paintFixed(painter, element, ghost);
   }
 }
 
 void paintElement(QPainter& painter, const SegmentFace& face, const DisplayElement& element,
                   const QString& text, bool lit, const QColor& ink) {
-  if (isFixed(element.kind)) {
+  if (hasOwnShape(element.kind)) {
     if (lit) paintFixed(painter, element, ink);
     return;
   }
-  const QString shown = lit ? text : QString();
-  const bool segments = element.kind != ElementKind::Text;
-  if (segments && face.canShow(shown)) {
-    paintSegments(painter, face, element, shown, ink);
-  } else if (!shown.isEmpty()) {
+  if (!lit || text.isEmpty()) return;
+  if (element.kind == ElementKind::Text || !face.canShow(text)) {
     painter.setPen(ink);
-    drawLettering(painter, element.rect, shown, wordLettering(element));
+    drawLettering(painter, element.rect, text, wordLettering(element));
+    return;
   }
+  const SegmentLine line = segmentLine(face, element, text);
+  painter.save();
+  painter.setTransform(segmentPlace(element, line), true);
+  for (const QPainterPath& shape : line.lit) painter.fillPath(shape, ink);
+  painter.restore();
+}
+
+SegmentLine segmentLine(const SegmentFace& face, const DisplayElement& element,
+                        const QString& text) {
+  const bool toRight = element.align.testFlag(Qt::AlignRight);
+  return face.line(face.canShow(text) ? text : QString(), element.ghost, toRight);
+}
+
+QTransform segmentPlace(const DisplayElement& element, const SegmentLine& line) {
+  const QRectF& rect = element.rect;
+  const double fit = std::min(1.0, rect.width() / (line.width * rect.height()));
+  const double narrow = std::max(fit, kNarrowest);
+  const double height = rect.height() * fit / narrow;
+  const double width = line.width * height * narrow;
+  const bool toRight = element.align.testFlag(Qt::AlignRight);
+  QTransform place = QTransform::fromTranslate(toRight ? rect.right() - width : rect.left(),
+                                               rect.center().y() - height / 2);
+  return place.scale(height * narrow, height);
+}
+
+void paintSegmentGhost(QPainter& painter, const DisplayElement& element, const SegmentLine& line,
+                       const QColor& ink) {
+  painter.save();
+  painter.setTransform(segmentPlace(element, line), true);
+  for (const QPainterPath& shape : line.unlit) painter.fillPath(shape, alpha(ink, kGhostAlpha));
+  painter.restore();
 }
 
 }  // namespace tarnvex::desktop

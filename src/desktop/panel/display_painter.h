@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QPainter>
+#include <QTransform>
 
 #include "desktop/panel/panel_layout.h"
 #include "desktop/panel/segment_face.h"
@@ -18,9 +19,20 @@ inline constexpr double kElementMargin = 2;
 /// The lit glass with the ghosts of the words, letters, bars and marks.
 void paintGlass(QPainter& painter, const PanelLayout& layout, const QColor& back);
 
-/// One element over the bare glass. Segment texts draw their own ghost, whose cells follow the
-/// text.
+/// One element over the bare glass and its ghost. Dark elements draw nothing.
 void paintElement(QPainter& painter, const SegmentFace& face, const DisplayElement& element,
                   const QString& text, bool lit, const QColor& ink);
+
+/// Where a line of segments stands in its element's rectangle.
+QTransform segmentPlace(const DisplayElement& element, const SegmentLine& line);
+
+/// The unlit cells behind a line of segments. Their number follows the text.
+void paintSegmentGhost(QPainter& painter, const DisplayElement& element, const SegmentLine& line,
+                       const QColor& ink);
+
+/// The line of segments that shows `text` in `element`. Without a text, or with one that segments
+/// can't show, it is the element at rest.
+SegmentLine segmentLine(const SegmentFace& face, const DisplayElement& element,
+                        const QString& text);
 
 }  // namespace tarnvex::desktop

@@ -1,5 +1,6 @@
 #include "desktop/panel/knob_painter.h"
 
+#include <QConicalGradient>
 #include <QLinearGradient>
 #include <QPainterPath>
 #include <QRadialGradient>
@@ -26,9 +27,9 @@ void paintMarks(QPainter& painter, const PanelKnob& knob) {
   painter.setPen(Qt::NoPen);
   for (int i = 0; i < knob.marks; ++i) {
     const QPointF at = onCircle(knob, knob.ringRadius, double(i) / knob.marks);
-    painter.setBrush(QColor(255, 255, 255, 26));
-    painter.drawEllipse(at + QPointF(0, 0.7), kMarkRadius, kMarkRadius);
     painter.setBrush(style::kSeat);
+    painter.drawEllipse(at - QPointF(0, 0.7), kMarkRadius, kMarkRadius);
+    painter.setBrush(style::kMarkDark);
     painter.drawEllipse(at, kMarkRadius, kMarkRadius);
   }
 }
@@ -66,6 +67,14 @@ void paintCap(QPainter& painter, const PanelKnob& knob) {
   top.setColorAt(0, grey(0x50));
   top.setColorAt(1, grey(0x3a));
   painter.setBrush(top);
+  painter.drawEllipse(knob.centre, radius - 1.6, radius - 1.6);
+  // Turned metal: the light stretches into two opposite fans.
+  QConicalGradient fans(knob.centre, 90);
+  for (int i = 0; i < 4; ++i) {
+    fans.setColorAt(i / 4.0, QColor(255, 255, 255, i % 2 == 0 ? 30 : 0));
+  }
+  fans.setColorAt(1, QColor(255, 255, 255, 30));
+  painter.setBrush(fans);
   painter.drawEllipse(knob.centre, radius - 1.6, radius - 1.6);
 }
 

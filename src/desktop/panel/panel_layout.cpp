@@ -4,6 +4,21 @@
 
 namespace tarnvex::desktop {
 
+bool hasOwnShape(ElementKind kind) {
+  switch (kind) {
+    case ElementKind::Word:
+    case ElementKind::BankLetter:
+    case ElementKind::Bar:
+    case ElementKind::Mark:
+      return true;
+    case ElementKind::MainText:
+    case ElementKind::SegmentText:
+    case ElementKind::Text:
+      break;
+  }
+  return false;
+}
+
 int PanelLayout::keyIndex(const QString& control) const {
   const auto found = std::find_if(
       keys.begin(), keys.end(), [&control](const PanelKey& key) { return key.control == control; });

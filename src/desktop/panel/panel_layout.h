@@ -26,6 +26,9 @@ enum class ElementKind {
   Mark,         ///< A small mark, only its visibility changes.
 };
 
+/// Whether such an element is lit or dark and nothing else: its text is of no account.
+bool hasOwnShape(ElementKind kind);
+
 /// One changing thing on the display glass.
 struct DisplayElement {
   QString name;  ///< Control name, array members as "Bankltr(3)".
@@ -72,7 +75,6 @@ struct PanelKnob {
 
 /// Fixed print on the body.
 struct PanelCaption {
-  QString name;  ///< Control name if there is one, else empty.
   QString text;
   QRectF rect;
   double size = 8;  ///< Letter height in units.
@@ -80,12 +82,10 @@ struct PanelCaption {
   Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter;
 };
 
-/// A plain part of the body: an antenna, a knob seen from the side, a socket.
+/// A round part that rises behind the case, seen from the side: an antenna, a small knob.
 struct PanelFitting {
-  enum class Shape { Block, Socket, Grille };
   QRectF rect;
   double radius = 0;
-  Shape shape = Shape::Block;
 };
 
 struct PanelLayout {
@@ -93,9 +93,10 @@ struct PanelLayout {
   QSizeF size;
   QRectF body;
   double bodyRadius = 0;
-  QRectF bezel;  ///< The dark frame around the display.
-  QRectF glass;  ///< The lit display itself.
-  QColor displayColour;
+  QRectF bezel;            ///< The dark frame around the display.
+  QRectF glass;            ///< The lit display itself.
+  QColor displayColour;    ///< Back colour of the display to begin with.
+  QColor lightColour;      ///< Back colour with the light on; the same if it is always on.
   double keyLetters = 10;  ///< Letter height of a one-line key label, in units.
   QVector<DisplayElement> elements;
   QVector<PanelKey> keys;

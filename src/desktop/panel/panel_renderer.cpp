@@ -33,8 +33,8 @@ QRect PanelRenderer::widgetRect(const QRectF& units, double margin) const {
   return transform_.mapRect(units.adjusted(-margin, -margin, margin, margin)).toAlignedRect();
 }
 
-QPixmap PanelRenderer::blankPicture() const {
-  QPixmap picture((QSizeF(size_) * ratio_).toSize());
+QPixmap PanelRenderer::blankPicture(const QSize& size) const {
+  QPixmap picture((QSizeF(size) * ratio_).toSize());
   picture.setDevicePixelRatio(ratio_);
   picture.fill(Qt::transparent);
   return picture;
@@ -42,7 +42,7 @@ QPixmap PanelRenderer::blankPicture() const {
 
 void PanelRenderer::ensurePictures(const QColor& back) {
   if (body_.isNull()) {
-    body_ = blankPicture();
+    body_ = blankPicture(size_);
     QPainter painter(&body_);
     painter.setTransform(transform_, true);
     paintBody(painter, layout_);
@@ -51,6 +51,7 @@ void PanelRenderer::ensurePictures(const QColor& back) {
   if (front_.isNull() || frontBack_ != back) {
     front_ = body_;
     frontBack_ = back;
+    ghosts_.clear();
     QPainter painter(&front_);
     painter.setTransform(transform_, true);
     paintGlass(painter, layout_, back);
@@ -61,6 +62,7 @@ void PanelRenderer::paint(QPainter& painter, const QRegion& clip, const FrontSta
   if (size_.isEmpty()) return;
   ensurePictures(state.back);
   painter.drawPixmap(0, 0, front_);
+  paintGhosts(painter, clip, state);
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setTransform(transform_, true);
@@ -80,6 +82,34 @@ void PanelRenderer::paintElements(QPainter& painter, const QRegion& clip,
     if (!clip.intersects(widgetRect(element.rect, kElementMargin))) continue;
     paintElement(painter, face_, element, state.elements[i].text, state.elements[i].lit, ink);
   }
+}
+
+void PanelRenderer::paintGhosts(QPainter& painter, const QRegion& clip, const FrontState& state) {
+  for (int i = 0; i < layout_.elements.size(); ++i) {
+    const DisplayElement& element = layout_.elements[i];
+    const bool segments =
+        element.kind == ElementKind::MainText || element.kind == ElementKind::SegmentText;
+    if (segments && clip.intersects(widgetRect(element.rect, kElementMargin))) {
+      paintGhost(painter, element, state.elements[i], inkOn(state.back));
+    }
+  }
+}
+
+void PanelRenderer::paintGhost(QPainter& painter, const DisplayElement& which,
+                               const ElementState& state, const QColor& ink) {
+  const SegmentLine line = segmentLine(face_, which, state.lit ? state.text : QString());
+  const QString key = which.name + QLatin1Char(' ') + line.pattern;
+  const QRect area = widgetRect(which.rect, kElementMargin);
+  QPixmap& ghost = ghosts_[key];
+  if (ghost.isNull()) {
+    ghost = blankPicture(area.size());
+    QPainter inner(&ghost);
+    inner.setRenderHint(QPainter::Antialiasing);
+    inner.translate(-area.topLeft());
+    inner.setTransform(transform_, true);
+    paintSegmentGhost(inner, which, line, ink);
+  }
+  painter.drawPixmap(area.topLeft(), ghost);
 }
 
 void PanelRenderer::paintKeys(QPainter& painter, const QRegion& clip,

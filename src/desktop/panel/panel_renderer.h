@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QHash>
 #include <QPainter>
 #include <QPixmap>
 #include <QRect>
@@ -45,8 +46,11 @@ class PanelRenderer {
 
  private:
   void ensurePictures(const QColor& back);
-  QPixmap blankPicture() const;
+  QPixmap blankPicture(const QSize& size) const;
   void paintKeys(QPainter& painter, const QRegion& clip, const FrontState& state) const;
+  void paintGhosts(QPainter& painter, const QRegion& clip, const FrontState& state);
+  void paintGhost(QPainter& painter, const DisplayElement& which, const ElementState& state,
+                  const QColor& ink);
   void paintElements(QPainter& painter, const QRegion& clip, const FrontState& state) const;
 
   PanelLayout layout_;
@@ -57,6 +61,8 @@ class PanelRenderer {
   QPixmap body_;
   QPixmap front_;  ///< Body with the glass in the colour of frontBack_.
   QColor frontBack_;
+  /// Unlit cells of the segment lines by element and pattern: costly to draw, and few in number.
+  QHash<QString, QPixmap> ghosts_;
 };
 
 }  // namespace tarnvex::desktop

@@ -6,13 +6,14 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <algorithm>
 
 #include "desktop/panel/display_painter.h"
 #include "desktop/panel/display_reader.h"
-#include "desktop/panel/key_navigation.h"
 #include "desktop/panel/key_painter.h"
 #include "desktop/panel/panel_accessible.h"
+#include "desktop/panel/panel_geometry.h"
 #include "desktop/panel/panel_renderer.h"
 
 namespace tarnvex::desktop {
@@ -37,6 +38,10 @@ bool isArrow(int key) {
 struct RadioPanel::Held {
   int target;
   Qt::MouseButton button;
+  bool byKeyboard;
+  bool isFrom(Qt::MouseButton other, bool keyboard) const {
+    return button == other && byKeyboard == keyboard;
+  }
 };
 
 struct RadioPanel::State {
@@ -46,7 +51,6 @@ struct RadioPanel::State {
   FrontState front;
   QVector<Held> held;
   int focusKey = kNone;
-  bool keyboardHolds = false;
   bool announcing = false;
 };
 
@@ -82,12 +86,13 @@ void RadioPanel::setElement(const QString& name, const QString& text, bool visib
   if (mark != state_->markByName.constEnd()) return setMark(*mark, visible);
   const auto found = state_->elementByName.constFind(name);
   if (found == state_->elementByName.constEnd()) return;
+  const DisplayElement& what = state_->layout.elements[*found];
   ElementState& element = state_->front.elements[*found];
-  if (element.lit == visible && element.text == text) return;
-  const bool wasDark = !element.lit;
-  element = {text, visible};
-  if (wasDark && !visible) return;
-  update(renderer_->widgetRect(state_->layout.elements[*found].rect, kElementMargin));
+  const ElementState wanted{hasOwnShape(what.kind) ? QString() : text, visible};
+  const bool sameLook = element.lit == visible && (!visible || element.text == wanted.text);
+  element = wanted;
+  if (sameLook) return;
+  update(renderer_->widgetRect(what.rect, kElementMargin));
   announce();
 }
 
@@ -112,10 +117,6 @@ QColor RadioPanel::displayColour() const {
 
 void RadioPanel::setKeyDown(int keyIndex, bool down) {
   if (keyIndex < 0 || keyIndex >= state_->layout.keys.size()) return;
-  showKeyDown(keyIndex, down);
-}
-
-void RadioPanel::showKeyDown(int keyIndex, bool down) {
   QVector<int>& keysDown = state_->front.keysDown;
   if (keysDown.contains(keyIndex) == down) return;
   if (down) {
@@ -124,13 +125,6 @@ void RadioPanel::showKeyDown(int keyIndex, bool down) {
     keysDown.removeAll(keyIndex);
   }
   updateKey(keyIndex);
-}
-
-void RadioPanel::clickKey(int keyIndex) {
-  if (keyIndex < 0 || keyIndex >= state_->layout.keys.size()) return;
-  hold(keyIndex, Qt::LeftButton);
-  const QPointF inside = keyRect(keyIndex).center();
-  release(Qt::LeftButton, &inside);
 }
 
 const PanelLayout& RadioPanel::layoutData() const {
@@ -196,42 +190,34 @@ void RadioPanel::resizeEvent(QResizeEvent*) {
   renderer_->setGeometry(size(), devicePixelRatioF());
 }
 
-int RadioPanel::keyAt(const QPointF& where) const {
-  const QPointF units = renderer_->transform().inverted().map(where);
-  const auto& keys = state_->layout.keys;
-  const auto found = std::find_if(
-      keys.begin(), keys.end(), [&units](const PanelKey& key) { return key.rect.contains(units); });
-  return found == keys.end() ? kNone : static_cast<int>(found - keys.begin());
+QPointF RadioPanel::toUnits(const QPointF& where) const {
+  return renderer_->transform().inverted().map(where);
 }
 
 bool RadioPanel::press(const QPointF& where, Qt::MouseButton button) {
-  const int key = keyAt(where);
-  if (key != kNone) {
-    hold(key, button);
-    return true;
-  }
-  if (!state_->layout.knob) return false;
-  const PanelKnob& knob = *state_->layout.knob;
-  const QPointF way = renderer_->transform().inverted().map(where) - knob.centre;
-  if (QPointF::dotProduct(way, way) > knob.ringRadius * knob.ringRadius) return false;
-  hold(kKnobTarget, button);
+  const QPointF point = toUnits(where);
+  const int key = keyAt(state_->layout, point);
+  const int target = key == kNone && isOnKnob(state_->layout, point) ? kKnobTarget : key;
+  if (target == kNone) return false;
+  hold(target, button, false);
   return true;
 }
 
-void RadioPanel::hold(int target, Qt::MouseButton button) {
-  state_->held.append({target, button});
+void RadioPanel::hold(int target, Qt::MouseButton button, bool byKeyboard) {
+  state_->held.append({target, button, byKeyboard});
   if (target == kKnobTarget) {
     emit knobPressed(button);
   } else {
-    showKeyDown(target, true);
+    setKeyDown(target, true);
     emit keyPressed(target, button);
   }
 }
 
-void RadioPanel::release(Qt::MouseButton button, const QPointF* where) {
+void RadioPanel::release(Qt::MouseButton button, bool byKeyboard, int over) {
   QVector<Held>& held = state_->held;
-  const auto found = std::find_if(held.begin(), held.end(),
-                                  [button](const Held& one) { return one.button == button; });
+  const auto found = std::find_if(held.begin(), held.end(), [button, byKeyboard](const Held& one) {
+    return one.isFrom(button, byKeyboard);
+  });
   if (found == held.end()) return;
   const int target = found->target;
   held.erase(found);
@@ -241,14 +227,26 @@ void RadioPanel::release(Qt::MouseButton button, const QPointF* where) {
   }
   const bool stillDown = std::any_of(held.begin(), held.end(),
                                      [target](const Held& one) { return one.target == target; });
-  if (!stillDown) showKeyDown(target, false);
+  if (!stillDown) setKeyDown(target, false);
+  // What a key does may close the window and the panel with it.
+  const QPointer<RadioPanel> alive(this);
   emit keyReleased(target, button);
-  if (where != nullptr && keyAt(*where) == target) emit keyClicked(target, button);
+  if (alive && over == target) emit keyClicked(target, button);
 }
 
 void RadioPanel::releaseAll() {
-  state_->keyboardHolds = false;
-  while (!state_->held.isEmpty()) release(state_->held.first().button, nullptr);
+  const QPointer<RadioPanel> alive(this);
+  while (alive && !state_->held.isEmpty()) {
+    const Held first = state_->held.first();
+    release(first.button, first.byKeyboard, kNone);
+  }
+}
+
+void RadioPanel::clickKey(int keyIndex) {
+  if (keyIndex < 0 || keyIndex >= state_->layout.keys.size()) return;
+  const QPointer<RadioPanel> alive(this);
+  hold(keyIndex, Qt::LeftButton, true);
+  if (alive) release(Qt::LeftButton, true, keyIndex);
 }
 
 void RadioPanel::mousePressEvent(QMouseEvent* event) {
@@ -256,21 +254,20 @@ void RadioPanel::mousePressEvent(QMouseEvent* event) {
 }
 
 void RadioPanel::mouseReleaseEvent(QMouseEvent* event) {
-  const QPointF where = event->position();
-  release(event->button(), &where);
+  release(event->button(), false, keyAt(state_->layout, toUnits(event->position())));
 }
 
 void RadioPanel::mouseDoubleClickEvent(QMouseEvent* event) {
   // The second press of a quick pair is as good a press as the first.
   if (press(event->position(), event->button())) return;
-  const QPointF units = renderer_->transform().inverted().map(event->position());
-  const bool onGlass = state_->layout.glass.contains(units);
+  const bool onGlass = state_->layout.glass.contains(toUnits(event->position()));
   event->setAccepted(onGlass);
   if (onGlass && event->button() == Qt::LeftButton) emit displayDoubleClicked();
 }
 
 void RadioPanel::mouseMoveEvent(QMouseEvent* event) {
-  setHoverKey(event->buttons() == Qt::NoButton ? keyAt(event->position()) : kNone);
+  setHoverKey(event->buttons() == Qt::NoButton ? keyAt(state_->layout, toUnits(event->position()))
+                                               : kNone);
   event->setAccepted(!state_->held.isEmpty());
 }
 
@@ -291,32 +288,30 @@ void RadioPanel::updateKey(int keyIndex) {
   update(renderer_->widgetRect(state_->layout.keys[keyIndex].rect, kKeyMargin));
 }
 
+bool RadioPanel::keyboardHolds() const {
+  return std::any_of(state_->held.begin(), state_->held.end(),
+                     [](const Held& one) { return one.byKeyboard; });
+}
+
 void RadioPanel::keyPressEvent(QKeyEvent* event) {
   const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
   if (plain && isArrow(event->key()) && state_->focusKey >= 0) {
     const auto arrow = static_cast<Qt::Key>(event->key());
     setFocusKey(neighbourKey(state_->layout, state_->focusKey, arrow));
   } else if (plain && isPressKey(event->key()) && state_->focusKey >= 0) {
-    if (event->isAutoRepeat() || state_->keyboardHolds) return;
-    state_->keyboardHolds = true;
-    setFocusRing(true);
-    hold(state_->focusKey, Qt::LeftButton);
+    if (event->isAutoRepeat() || keyboardHolds()) return;
+    hold(state_->focusKey, Qt::LeftButton, true);
   } else {
     event->ignore();
   }
 }
 
 void RadioPanel::keyReleaseEvent(QKeyEvent* event) {
-  if (!isPressKey(event->key()) || !state_->keyboardHolds) return event->ignore();
+  if (!isPressKey(event->key()) || !keyboardHolds()) return event->ignore();
   if (event->isAutoRepeat()) return;
-  state_->keyboardHolds = false;
-  const auto& held = state_->held;
-  const auto own = std::find_if(held.begin(), held.end(), [](const Held& one) {
-    return one.button == Qt::LeftButton && one.target >= 0;
-  });
-  if (own == held.end()) return;
-  const QPointF inside = keyRect(own->target).center();
-  release(Qt::LeftButton, &inside);
+  const auto own = std::find_if(state_->held.begin(), state_->held.end(),
+                                [](const Held& one) { return one.byKeyboard; });
+  release(Qt::LeftButton, true, own->target);
 }
 
 void RadioPanel::setFocusRing(bool shown) {
@@ -334,7 +329,7 @@ void RadioPanel::focusInEvent(QFocusEvent* event) {
 void RadioPanel::focusOutEvent(QFocusEvent* event) {
   QWidget::focusOutEvent(event);
   setFocusRing(false);
-  if (state_->keyboardHolds) releaseAll();
+  if (keyboardHolds()) releaseAll();
 }
 
 void RadioPanel::hideEvent(QHideEvent* event) {

@@ -35,7 +35,8 @@ class RadioPanel : public QWidget {
   void setDisplayColour(QColor back);
   QColor displayColour() const;
 
-  /// Shows a key as pressed, for a press that came from elsewhere. Emits nothing.
+  /// Shows a key as pressed, for a press that came from elsewhere. Emits nothing. Unknown keys are
+  /// ignored.
   void setKeyDown(int keyIndex, bool down);
 
   /// A whole left click on a key, with its signals: for assistive technology.
@@ -92,14 +93,14 @@ class RadioPanel : public QWidget {
   struct Held;
   struct State;
 
-  int keyAt(const QPointF& where) const;
+  QPointF toUnits(const QPointF& where) const;
+  bool keyboardHolds() const;
   bool press(const QPointF& where, Qt::MouseButton button);
-  void hold(int target, Qt::MouseButton button);
-  void release(Qt::MouseButton button, const QPointF* where);
+  void hold(int target, Qt::MouseButton button, bool byKeyboard);
+  void release(Qt::MouseButton button, bool byKeyboard, int over);
   void releaseAll();
   void setMark(int mark, bool lit);
   void setHoverKey(int keyIndex);
-  void showKeyDown(int keyIndex, bool down);
   void setFocusRing(bool shown);
   void updateKey(int keyIndex);
   void announce();

@@ -12,6 +12,13 @@ const QString kFamily = QStringLiteral("DSEG14 Classic");
 constexpr int kFontPixels = 100;
 // A slight slant, as the cells of such displays have.
 constexpr double kSlant = 0.07;
+// Thickness of the drawn segments.
+constexpr double kBold = 0.118;
+constexpr double kRegular = 0.094;
+
+QPainterPath slanted(const QPainterPath& path) {
+  return QTransform(1, 0, -kSlant, 1, kSlant / 2, 0).map(path);
+}
 
 QPainterPath fontGlyph(const QFont& font, QChar character) {
   QPainterPath path;
@@ -27,33 +34,44 @@ QChar drawnAs(QChar character) {
   return character == QLatin1Char('0') ? QLatin1Char('O') : character.toUpper();
 }
 
-}  // namespace
-
-SegmentFace::SegmentFace(Source wanted) : source_(wanted) {
-  const DrawnSegments drawn = drawSegments();
-  if (!QFontDatabase::families().contains(kFamily)) source_ = Source::Drawn;
-  glyphs_ = drawn.glyphs;
-  point_ = drawn.point;
-  all_ = drawn.all;
-  if (source_ == Source::Drawn) return;
+void useFont(SegmentShapes& shapes, bool bold) {
   QFont font(kFamily);
   font.setPixelSize(kFontPixels);
+  font.setBold(bold);
   font.setHintingPreference(QFont::PreferNoHinting);
-  for (auto it = glyphs_.begin(); it != glyphs_.end(); ++it) {
+  for (auto it = shapes.glyphs.begin(); it != shapes.glyphs.end(); ++it) {
     if (!it.value().isEmpty()) it.value() = fontGlyph(font, drawnAs(it.key()));
   }
-  point_ = fontGlyph(font, QLatin1Char('.'));
-  all_ = fontGlyph(font, QLatin1Char('~'));
+  shapes.point = fontGlyph(font, QLatin1Char('.'));
+  shapes.all = fontGlyph(font, QLatin1Char('~'));
 }
+
+SegmentShapes shapesOf(SegmentFace::Source source, bool bold) {
+  SegmentShapes shapes = drawSegments(bold ? kBold : kRegular);
+  if (source == SegmentFace::Source::Installed) useFont(shapes, bold);
+  for (QPainterPath& glyph : shapes.glyphs) glyph = slanted(glyph);
+  shapes.point = slanted(shapes.point);
+  shapes.all = slanted(shapes.all);
+  return shapes;
+}
+
+bool hasSlantingStrokes(const QString& text) {
+  const QString slanting = QStringLiteral("KMNQRSVWXYZ*/\\(),");
+  return std::any_of(text.begin(), text.end(),
+                     [&slanting](QChar c) { return slanting.contains(c.toUpper()); });
+}
+
+}  // namespace
+
+SegmentFace::SegmentFace(Source wanted)
+    : source_(QFontDatabase::families().contains(kFamily) ? wanted : Source::Drawn),
+      bold_(shapesOf(source_, true)),
+      regular_(shapesOf(source_, false)) {}
 
 bool SegmentFace::canShow(const QString& text) const {
   return std::all_of(text.begin(), text.end(), [this](QChar c) {
-    return c == QLatin1Char('.') || glyphs_.contains(c.toUpper());
+    return c == QLatin1Char('.') || bold_.glyphs.contains(c.toUpper());
   });
-}
-
-QPainterPath SegmentFace::glyph(QChar character) const {
-  return glyphs_.value(character.toUpper());
 }
 
 QVector<SegmentFace::Cell> SegmentFace::cells(const QString& text) {
@@ -81,18 +99,22 @@ SegmentLine SegmentFace::line(const QString& text, const QString& rest, bool toR
   const bool longer = shown.size() > resting.size();
   pad(shown);
   pad(resting);
+  const bool light = hasSlantingStrokes(text);
+  const SegmentShapes& shapes = light ? regular_ : bold_;
   SegmentLine result;
+  result.pattern = light ? QStringLiteral("r") : QStringLiteral("b");
   for (int i = 0; i < count; ++i) {
     const double x = i * kCellAdvance;
-    result.lit.addPath(glyph(shown[i].character).translated(x, 0));
-    result.unlit.addPath(all_.translated(x, 0));
-    const QPainterPath point = point_.translated(x + kCellAdvance, 0);
-    if (shown[i].point) result.lit.addPath(point);
-    if (shown[i].point || (resting[i].point && !longer)) result.unlit.addPath(point);
+    const QPainterPath shape = shapes.glyphs.value(shown[i].character.toUpper());
+    if (!shape.isEmpty()) result.lit.append(shape.translated(x, 0));
+    result.unlit.append(shapes.all.translated(x, 0));
+    result.pattern.append(QLatin1Char('c'));
+    const QPainterPath point = shapes.point.translated(x + kCellAdvance, 0);
+    if (shown[i].point) result.lit.append(point);
+    if (!shown[i].point && (longer || !resting[i].point)) continue;
+    result.unlit.append(point);
+    result.pattern.append(QLatin1Char('p'));
   }
-  const QTransform slant(1, 0, -kSlant, 1, kSlant / 2, 0);
-  result.lit = slant.map(result.lit);
-  result.unlit = slant.map(result.unlit);
   result.width = count * kCellAdvance;
   return result;
 }

@@ -7,15 +7,34 @@
 
 namespace tarnvex::desktop {
 
-/// One line of segment cells, ready to fill: in units of the cell height, top left at the origin.
+/// One line of segment cells, in units of the cell height, top left at the origin. The parts are
+/// kept apart because filling many small shapes is far quicker than filling one large one.
 struct SegmentLine {
-  QPainterPath lit;
-  QPainterPath unlit;  ///< Every segment of every cell, for the ghost behind.
+  QVector<QPainterPath> lit;
+  QVector<QPainterPath> unlit;  ///< Every segment of every cell, for the ghost behind.
   double width = 0;
+  QString pattern;  ///< Equal for lines whose `unlit` is equal: a letter for each cell and point.
 };
+
+/// Shapes of one weight: by character, the point (left of the cell that follows), all segments at
+/// once.
+struct SegmentShapes {
+  QHash<QChar, QPainterPath> glyphs;
+  QPainterPath point;
+  QPainterPath all;
+};
+
+/// The cells drawn from a table, with segments of that thickness in cell heights.
+SegmentShapes drawSegments(double thickness);
+
+/// Room from one cell to the next, in cell heights.
+inline constexpr double kCellAdvance = 0.816;
 
 /// The fourteen-segment face of the displays: the installed font if there is one, else cells drawn
 /// from a table. Small letters show as capitals; a point shares the cell before it.
+///
+/// A line of upright strokes, as every frequency is, is set in bold. Where a letter has slanting
+/// strokes the whole line is set lighter, or they would run together.
 class SegmentFace {
  public:
   enum class Source { Installed, Drawn };
@@ -28,11 +47,8 @@ class SegmentFace {
   /// Whether segments can show each of the characters.
   bool canShow(const QString& text) const;
 
-  /// The shape of one character in its cell; empty for a blank and for what can't be shown.
-  QPainterPath glyph(QChar character) const;
-
   /// Lays `text` out in at least as many cells as `rest` ("888.8888") has. A shorter text stands
-  /// at the right if `toRight`, else at the left.
+  /// at the right if `toRight`, else at the left. What can't be shown leaves its cell dark.
   SegmentLine line(const QString& text, const QString& rest, bool toRight) const;
 
  private:
@@ -43,20 +59,8 @@ class SegmentFace {
   static QVector<Cell> cells(const QString& text);
 
   Source source_;
-  QHash<QChar, QPainterPath> glyphs_;
-  QPainterPath point_;
-  QPainterPath all_;
+  SegmentShapes bold_;
+  SegmentShapes regular_;
 };
-
-/// The drawn cells: shapes by character, the point, and all segments, in units of the cell height.
-struct DrawnSegments {
-  QHash<QChar, QPainterPath> glyphs;
-  QPainterPath point;
-  QPainterPath all;
-};
-DrawnSegments drawSegments();
-
-/// Room from one cell to the next, in cell heights.
-inline constexpr double kCellAdvance = 0.816;
 
 }  // namespace tarnvex::desktop

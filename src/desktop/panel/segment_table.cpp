@@ -89,41 +89,40 @@ constexpr std::array kTable{
     Entry{'|', I | L},
 };
 
-// The cell: outline of the segment centre lines, and half a segment's thickness.
+// The cell: the centre lines of the segments.
 constexpr double kLeft = 0.146;
 constexpr double kRight = 0.671;
 constexpr double kTop = 0.047;
 constexpr double kBottom = 0.953;
 constexpr double kMiddle = 0.5;
 constexpr double kCentre = (kLeft + kRight) / 2;
-constexpr double kHalf = 0.046;
 constexpr double kGap = 0.012;
 
 /// A bar from one centre point to another with pointed ends, a hair short of both.
-QPolygonF bar(QPointF from, QPointF to) {
+QPolygonF bar(QPointF from, QPointF to, double half) {
   const QPointF along = to - from;
   const double length = std::hypot(along.x(), along.y());
   const QPointF unit = along / length;
-  const QPointF side = QPointF(-unit.y(), unit.x()) * kHalf;
+  const QPointF side = QPointF(-unit.y(), unit.x()) * half;
   const QPointF start = from + unit * kGap;
   const QPointF end = to - unit * kGap;
-  return {{start, start + unit * kHalf + side, end - unit * kHalf + side, end,
-           end - unit * kHalf - side, start + unit * kHalf - side}};
+  return {{start, start + unit * half + side, end - unit * half + side, end,
+           end - unit * half - side, start + unit * half - side}};
 }
 
 /// A slanting bar within one quarter of the cell; its ends are cut upright.
-QPolygonF slash(double outerX, double outerY, double innerY) {
+QPolygonF slash(double outerX, double outerY, double innerY, double half) {
   const double toCentre = outerX < kCentre ? 1 : -1;
   const double down = outerY < innerY ? 1 : -1;
-  const double x0 = outerX + toCentre * (kHalf + 0.03);
-  const double x1 = kCentre - toCentre * (kHalf + 0.03);
-  const double y0 = outerY + down * (kHalf + 0.02);
-  const double y1 = innerY - down * (kHalf + 0.02);
-  const double reach = down * 2.4 * kHalf;
+  const double x0 = outerX + toCentre * (half + 0.03);
+  const double x1 = kCentre - toCentre * (half + 0.03);
+  const double y0 = outerY + down * (half + 0.02);
+  const double y1 = innerY - down * (half + 0.02);
+  const double reach = down * 2.4 * half;
   return {{QPointF(x0, y0), QPointF(x0, y0 + reach), QPointF(x1, y1), QPointF(x1, y1 - reach)}};
 }
 
-std::array<QPolygonF, kSegments> segmentShapes() {
+std::array<QPolygonF, kSegments> segmentShapes(double half) {
   const QPointF topLeft(kLeft, kTop);
   const QPointF topRight(kRight, kTop);
   const QPointF left(kLeft, kMiddle);
@@ -131,26 +130,26 @@ std::array<QPolygonF, kSegments> segmentShapes() {
   const QPointF bottomLeft(kLeft, kBottom);
   const QPointF bottomRight(kRight, kBottom);
   const QPointF centre(kCentre, kMiddle);
-  return {bar(topLeft, topRight),
-          bar(topRight, right),
-          bar(right, bottomRight),
-          bar(bottomLeft, bottomRight),
-          bar(left, bottomLeft),
-          bar(topLeft, left),
-          bar(left, centre),
-          bar(centre, right),
-          slash(kLeft, kTop, kMiddle),
-          bar(QPointF(kCentre, kTop + kHalf), centre),
-          slash(kRight, kTop, kMiddle),
-          slash(kRight, kBottom, kMiddle),
-          bar(centre, QPointF(kCentre, kBottom - kHalf)),
-          slash(kLeft, kBottom, kMiddle)};
+  return {bar(topLeft, topRight, half),
+          bar(topRight, right, half),
+          bar(right, bottomRight, half),
+          bar(bottomLeft, bottomRight, half),
+          bar(left, bottomLeft, half),
+          bar(topLeft, left, half),
+          bar(left, centre, half),
+          bar(centre, right, half),
+          slash(kLeft, kTop, kMiddle, half),
+          bar(QPointF(kCentre, kTop + half), centre, half),
+          slash(kRight, kTop, kMiddle, half),
+          slash(kRight, kBottom, kMiddle, half),
+          bar(centre, QPointF(kCentre, kBottom - half), half),
+          slash(kLeft, kBottom, kMiddle, half)};
 }
 
 }  // namespace
 
-DrawnSegments drawSegments() {
-  const auto shapes = segmentShapes();
+SegmentShapes drawSegments(double thickness) {
+  const auto shapes = segmentShapes(thickness / 2);
   const auto path = [&shapes](int segments) {
     QPainterPath result;
     for (int bit = 0; bit < kSegments; ++bit) {
@@ -161,7 +160,7 @@ DrawnSegments drawSegments() {
     result.setFillRule(Qt::WindingFill);
     return result;
   };
-  DrawnSegments drawn;
+  SegmentShapes drawn;
   for (const Entry& entry : kTable) {
     drawn.glyphs.insert(QLatin1Char(entry.character), path(entry.segments));
   }

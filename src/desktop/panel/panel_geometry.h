@@ -2,7 +2,14 @@
 
 #include "desktop/panel/panel_layout.h"
 
+/// What lies where on a front, for pointers and arrow keys. Points are in units.
 namespace tarnvex::desktop {
+
+/// Index of the key at that point, or -1.
+int keyAt(const PanelLayout& layout, const QPointF& point);
+
+/// Whether the point is on the knob or its ring of marks.
+bool isOnKnob(const PanelLayout& layout, const QPointF& point);
 
 /// The key that an arrow key (`Qt::Key_Left` ...) leads to from key `from`: the nearest one in that
 /// direction, those straight ahead first. `from` itself if there is none.
