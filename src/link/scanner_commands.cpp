@@ -37,6 +37,10 @@ std::string command::priorityChannel(char bankLetter) {
   return std::string("PC ") + bankLetter;
 }
 
+std::string command::setLimit(std::string_view command, double megahertz) {
+  return std::string(command) + format(megahertz * kUnitsPerMegahertz, "00000000");
+}
+
 std::string key::bank(char letter) {
   return std::string("KEY21 ") + letter;
 }

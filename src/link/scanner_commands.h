@@ -55,6 +55,8 @@ inline constexpr std::string_view kProvoke = "TEST";
 std::string scanBanks(std::string_view letters);
 /// Ask for the priority channel of a bank.
 std::string priorityChannel(char bankLetter);
+/// Set a search limit (`kLowerLimit` or `kUpperLimit`), in MHz.
+std::string setLimit(std::string_view command, double megahertz);
 }  // namespace command
 
 /// Keys of the radio's front.

@@ -1,17 +1,15 @@
 #include "monitor/tag_finder.h"
 
+#include "memory/memory_traits.h"
 #include "platform/convert.h"
 
 namespace tarnvex::monitor {
 namespace {
 
-constexpr int kChannels = 300;
+using memory::ChannelRecord;
+using memory::TalkgroupRecord;
+
 constexpr int kBankRows = 100;
-constexpr int kNumberColumn = 0;
-constexpr int kFrequencyColumn = 1;
-constexpr int kTagColumn = 7;
-constexpr int kIdColumn = 1;
-constexpr int kIdTagColumn = 2;
 
 }  // namespace
 
@@ -22,8 +20,8 @@ int bankOfChannel(int channel) {
 }
 
 std::optional<int> findChannel(const platform::Table& channels, std::string_view frequency) {
-  for (int row = 1; row <= kChannels; ++row) {
-    if (channels.textMatrix(row, kFrequencyColumn) == frequency) {
+  for (int row = 1; row <= ChannelRecord::kRows; ++row) {
+    if (channels.textMatrix(row, ChannelRecord::Frequency) == frequency) {
       return row;
     }
   }
@@ -31,9 +29,9 @@ std::optional<int> findChannel(const platform::Table& channels, std::string_view
 }
 
 std::optional<std::string> findTag(const platform::Table& channels, std::string_view frequency) {
-  for (int row = 1; row <= kChannels; ++row) {
-    const std::string& tag = channels.textMatrix(row, kTagColumn);
-    if (channels.textMatrix(row, kFrequencyColumn) == frequency && !tag.empty()) {
+  for (int row = 1; row <= ChannelRecord::kRows; ++row) {
+    const std::string& tag = channels.textMatrix(row, ChannelRecord::AlphaTag);
+    if (channels.textMatrix(row, ChannelRecord::Frequency) == frequency && !tag.empty()) {
       return tag;
     }
   }
@@ -42,10 +40,10 @@ std::optional<std::string> findTag(const platform::Table& channels, std::string_
 
 std::optional<std::string> findTag(const platform::Table& channels, std::string_view frequency,
                                    std::string_view channel) {
-  for (int row = 1; row <= kChannels; ++row) {
-    const std::string& tag = channels.textMatrix(row, kTagColumn);
-    if (channels.textMatrix(row, kFrequencyColumn) == frequency &&
-        channels.textMatrix(row, kNumberColumn) == channel && !tag.empty()) {
+  for (int row = 1; row <= ChannelRecord::kRows; ++row) {
+    const std::string& tag = channels.textMatrix(row, ChannelRecord::AlphaTag);
+    if (channels.textMatrix(row, ChannelRecord::Frequency) == frequency &&
+        channels.textMatrix(row, ChannelRecord::Number) == channel && !tag.empty()) {
       return tag;
     }
   }
@@ -56,8 +54,8 @@ std::optional<std::string> findTalkgroupTag(const platform::Table& talkgroups, i
                                             std::string_view id) {
   std::optional<std::string> tag;
   for (int row = kBankRows * bank; row <= kBankRows * bank + kBankRows; ++row) {
-    if (talkgroups.textMatrix(row, kIdColumn) == id) {
-      tag = talkgroups.textMatrix(row, kIdTagColumn);
+    if (talkgroups.textMatrix(row, TalkgroupRecord::Id) == id) {
+      tag = talkgroups.textMatrix(row, TalkgroupRecord::AlphaTag);
     }
   }
   return tag;

@@ -222,8 +222,10 @@ void Timer::fire() {
     return;
   }
   running_ = true;
+  starting.notify();
   run(onTick);
   running_ = false;
+  finished.notify();
 }
 
 }  // namespace tarnvex::platform

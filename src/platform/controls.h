@@ -215,6 +215,9 @@ class Timer {
   std::function<void()> onTick;
   /// Enabled or interval changed.
   Notifier<> changed;
+  /// The handler starts, and has ended.
+  Notifier<> starting;
+  Notifier<> finished;
 
  private:
   int interval_;

@@ -25,7 +25,8 @@ class Notifier {
  public:
   using Callback = std::function<void(Args...)>;
 
-  [[nodiscard]] Connection connect(Callback callback) {
+  /// Observing leaves what is observed as it is.
+  [[nodiscard]] Connection connect(Callback callback) const {
     auto entry = std::make_shared<Callback>(std::move(callback));
     std::erase_if(entries_, [](const auto& held) { return held.expired(); });
     entries_.push_back(entry);
@@ -42,7 +43,7 @@ class Notifier {
   }
 
  private:
-  std::vector<std::weak_ptr<Callback>> entries_;
+  mutable std::vector<std::weak_ptr<Callback>> entries_;
 };
 
 }  // namespace tarnvex::platform

@@ -13,16 +13,14 @@ constexpr link::LinkTraits kLinkTraits{"BC245", 2400};
 }  // namespace
 
 Form2::Form2(const Services& services, MainFormOutside outside)
-    : MainForm(services, outside),
+    : MainForm(services, outside, memory::bc245MemoryTraits()),
       switchScanner_(outside.switchScanner),
       link_(
           kLinkTraits,
           {*MSComm1, Scantimer, {&Option1, &Option2, &Option3, &Option4}, Combo1, Combo4, Command3},
           {services.state, services.settings, services.dialogs}) {
   panel.Frequency.setCaption("888.8888");
-  for (auto* combo : {&Combo2, &Combo3, &Combo4}) {
-    combo->setItems({"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"});
-  }
+  setUpBankBoxes(Combo4, {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"});
   Combo1.setItems({"2400", "4800", "9600", "19200"});
   Option5.setEnabled(false);
   Scantimer.onTick = [this] { tick(); };
@@ -39,6 +37,7 @@ void Form2::load() {
           platform::toInteger(services_.settings.getSetting("Options", "Keybeep", "1"))) {
     chkKeyBeep.setValue(*beep != 0);
   }
+  memory_.layOut();
   showStoredBaudRate();
   for (auto* combo : {&Combo4, &Combo2, &Combo3}) {
     combo->setListIndex(0);

@@ -13,7 +13,7 @@ constexpr std::string_view kDefaultBackcolor = "8454143";
 }  // namespace
 
 Form4::Form4(const Services& services, MainFormOutside outside)
-    : MainForm(services, std::move(outside)),
+    : MainForm(services, std::move(outside), memory::bc895MemoryTraits()),
       multiscan_({Option5, Option6, MSBank, Timer1},
                  {panel, services.link, services.gate, services.state, services.settings,
                   services.dialogs, services.clock}),
@@ -22,9 +22,7 @@ Form4::Form4(const Services& services, MainFormOutside outside)
           kLinkTraits,
           {*MSComm1, Scantimer, {&Option1, &Option2, &Option3, &Option4}, Combo4, Combo4, Command3},
           {services.state, services.settings, services.dialogs}) {
-  for (auto* combo : {&Combo1, &Combo2, &Combo3}) {
-    combo->setItems(letters());
-  }
+  setUpBankBoxes(Combo1, {"A", "B", "C", "D", "E", "F", "G", "H", "I", "J"});
   Combo4.setItems({"4800", "9600"});
   // Multiscan can't be on while no bank is ticked.
   Option5.setEnabled(false);
@@ -40,6 +38,7 @@ Form4::~Form4() {
 
 void Form4::load() {
   loadOptions();
+  memory_.layOut();
   loadLink();
   for (auto* combo : {&Combo1, &Combo2, &Combo3}) {
     combo->setListIndex(0);

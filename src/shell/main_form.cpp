@@ -1,14 +1,23 @@
 #include "shell/main_form.h"
 
+#include <algorithm>
+
 #include "link/scanner_commands.h"
 
 namespace tarnvex::shell {
 
-MainForm::MainForm(const Services& services, MainFormOutside outside)
+MainForm::MainForm(const Services& services, MainFormOutside outside,
+                   const memory::MemoryTraits& traits)
     : window(monitor::mainTitle({})),
       MSComm1(services.ports.create()),
       services_(services),
-      outside_(std::move(outside)) {
+      memory_({MSFlexGrid1, MSFlexGrid2, SSTab1}, services.state, services.dialogs, traits,
+              [&link = services.link](const std::string& command) { link.SendCommand(command); }),
+      outside_(std::move(outside)),
+      lower_({LLimit, services.state.LowerLimitEditing, link::command::kLowerLimit, Ulimit},
+             services.link, [&dialogs = services.dialogs] { dialogs.beep(); }),
+      upper_({Ulimit, services.state.UpperLimitEditing, link::command::kUpperLimit, Command4},
+             services.link, [&dialogs = services.dialogs] { dialogs.beep(); }) {
   bindCommonControls();
 }
 
@@ -19,6 +28,8 @@ void MainForm::bindCommonControls() {
   Check6.onClick = [this] {
     services_.link.SendCommand(Check6.value() ? link::command::kMuteOn : link::command::kMuteOff);
   };
+  List1.onClick = [this] { memory_.StoreHit(memory::HitList::Frequencies, List1.text()); };
+  List2.onClick = [this] { memory_.StoreHit(memory::HitList::Talkgroups, List2.text()); };
   Command1.onClick = [this] { List1.clear(); };
   Command2.onClick = [this] { List2.clear(); };
   chkSkip.onClick = [this] {
@@ -47,6 +58,13 @@ void MainForm::requestUnload() {
 
 void MainForm::unload() {
   MSComm1->close();
+  // What the user still clicks before the window is gone must not open the port again.
+  for (platform::Control* control :
+       {static_cast<platform::Control*>(&Command3), static_cast<platform::Control*>(&Option1),
+        static_cast<platform::Control*>(&Option2), static_cast<platform::Control*>(&Option3),
+        static_cast<platform::Control*>(&Option4)}) {
+    control->setEnabled(false);
+  }
   if (!services_.state.SwitchingScanners) {
     outside_.endProgram();
   }
@@ -61,12 +79,18 @@ monitor::PollOutside MainForm::pollOutside() {
           services_.clock, outside_.switchScanner, [] { return std::string(); }};
 }
 
-std::vector<std::string> MainForm::letters() {
-  std::vector<std::string> names;
-  for (int bank = 0; bank < 10; ++bank) {
-    names.emplace_back(1, link::bankLetter(bank));
+void MainForm::setUpBankBoxes(platform::ComboBox& trunkBank,
+                              const std::vector<std::string>& names) {
+  for (auto* box : {&trunkBank, &Combo2, &Combo3}) {
+    box->setItems(names);
   }
-  return names;
+  Combo3.onClick = [this] { memory_.JumpToBank(MSFlexGrid1, Combo3.listIndex()); };
+  const auto jump = [this, &trunkBank] {
+    memory_.JumpToBank(MSFlexGrid2, std::max(trunkBank.listIndex(), 0),
+                       std::max(Combo2.listIndex(), 0));
+  };
+  trunkBank.onClick = jump;
+  Combo2.onClick = jump;
 }
 
 }  // namespace tarnvex::shell

@@ -6,10 +6,12 @@
 #include <vector>
 
 #include "link/link_controls.h"
+#include "memory/channel_memory.h"
 #include "monitor/poll_cycle.h"
 #include "platform/controls.h"
 #include "platform/table.h"
 #include "platform/window.h"
+#include "search/limit_box.h"
 #include "shell/services.h"
 
 namespace tarnvex::shell {
@@ -29,7 +31,7 @@ struct MainFormOutside {
 /// no earlier than when no function of the core is on the stack.
 class MainForm {
  public:
-  MainForm(const Services& services, MainFormOutside outside);
+  MainForm(const Services& services, MainFormOutside outside, const memory::MemoryTraits& traits);
   virtual ~MainForm() = default;
   MainForm(const MainForm&) = delete;
   MainForm& operator=(const MainForm&) = delete;
@@ -84,15 +86,19 @@ class MainForm {
  protected:
   [[nodiscard]] monitor::PollControls pollControls();
   [[nodiscard]] monitor::PollOutside pollOutside();
-  /// The bank names "A" to "J".
-  static std::vector<std::string> letters();
+  /// Fills the bank boxes and lets them jump. `Combo3` jumps in the channel table, `trunkBank` and
+  /// `Combo2` pick bank and group of the talkgroup table.
+  void setUpBankBoxes(platform::ComboBox& trunkBank, const std::vector<std::string>& names);
 
   Services services_;
+  memory::ChannelMemory memory_;
 
  private:
   void bindCommonControls();
 
   MainFormOutside outside_;
+  search::LimitBox lower_;
+  search::LimitBox upper_;
   bool asking_ = false;
 };
 

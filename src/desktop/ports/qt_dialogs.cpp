@@ -1,0 +1,108 @@
+#include "desktop/ports/qt_dialogs.h"
+
+#include <QApplication>
+#include <QPointer>
+
+#include "desktop/ports/text.h"
+
+namespace tarnvex::desktop {
+namespace {
+
+using platform::Answer;
+
+QMessageBox::Icon iconOf(int flags) {
+  switch (flags & 0x70) {
+    case 16:
+      return QMessageBox::Critical;
+    case 32:
+      return QMessageBox::Question;
+    case 64:
+      return QMessageBox::Information;
+    default:
+      return QMessageBox::Warning;
+  }
+}
+
+QMessageBox::StandardButtons buttonsOf(int flags) {
+  switch (flags & 0x0F) {
+    case 1:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case 4:
+      return QMessageBox::Yes | QMessageBox::No;
+    default:
+      return QMessageBox::Ok;
+  }
+}
+
+Answer answerOf(int button, int flags) {
+  switch (button) {
+    case QMessageBox::Yes:
+      return Answer::Yes;
+    case QMessageBox::Ok:
+      return Answer::Ok;
+    default:
+      break;
+  }
+  switch (flags & 0x0F) {
+    case 1:
+      return Answer::Cancel;
+    case 4:
+      return Answer::No;
+    default:
+      return Answer::Ok;
+  }
+}
+
+QWidget* windowInUse() {
+  if (QWidget* active = QApplication::activeWindow()) {
+    return active;
+  }
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && window->objectName() != QLatin1String("Form1")) {
+      return window;
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+Answer QtDialogs::messageBox(const std::string& text, const std::string& title,
+                             platform::MessageFlags flags) {
+  if (gate_.ended()) {
+    return answerOf(QMessageBox::NoButton, flags);
+  }
+  // Its window may go while the box stands, and takes the box along.
+  const QPointer<QMessageBox> box = new QMessageBox(iconOf(flags), toScreen(title), toScreen(text),
+                                                    buttonsOf(flags), windowInUse());
+  box->setObjectName(QStringLiteral("messageBox"));
+  box->setTextFormat(Qt::PlainText);
+  int button = QMessageBox::NoButton;
+  bool finished = false;
+  QObject::connect(box, &QMessageBox::finished, [&](int result) {
+    button = result;
+    finished = true;
+  });
+  box->open();
+  gate_.waitUntil([&] { return finished || box.isNull(); });
+  delete box.data();
+  return answerOf(button, flags);
+}
+
+void QtDialogs::beep() {
+  QApplication::beep();
+}
+
+void QtDialogs::setBusyPointer(bool busy) {
+  if (busy == busy_) {
+    return;
+  }
+  busy_ = busy;
+  if (busy) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QApplication::restoreOverrideCursor();
+  }
+}
+
+}  // namespace tarnvex::desktop

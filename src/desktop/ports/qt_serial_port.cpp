@@ -1,0 +1,157 @@
+#include "desktop/ports/qt_serial_port.h"
+
+#include <QDeadlineTimer>
+#include <QFileInfo>
+#include <chrono>
+
+#include "platform/convert.h"
+
+namespace tarnvex::desktop {
+namespace {
+
+using std::chrono::microseconds;
+using std::chrono::nanoseconds;
+
+constexpr microseconds kSpin{platform::kSpinMicroseconds};
+
+std::string text(const QString& message) {
+  return message.toStdString();
+}
+
+}  // namespace
+
+QtSerialPort::QtSerialPort(QtEventLoop& loop, const platform::EventGate& gate,
+                           const DeviceSlots& devices)
+    : loop_(loop), gate_(gate), devices_(devices) {
+  connect(&serial_, &QSerialPort::errorOccurred, this, &QtSerialPort::onError);
+}
+
+QtSerialPort::~QtSerialPort() {
+  serial_.disconnect(this);
+}
+
+void QtSerialPort::setCommPort(int slot) {
+  if (!open_ && slot >= 1 && slot <= DeviceSlots::kSlots) {
+    slot_ = slot;
+  }
+}
+
+void QtSerialPort::setSettings(std::string settings) {
+  settings_ = std::move(settings);
+  if (usable()) {
+    applySettings();
+  }
+}
+
+void QtSerialPort::applySettings() {
+  const auto rate = platform::toReal(settings_.substr(0, settings_.find(',')));
+  if (rate && *rate >= 1 && *rate <= 4000000) {
+    serial_.setBaudRate(static_cast<qint32>(*rate));
+  }
+}
+
+std::optional<std::string> QtSerialPort::open() {
+  if (open_) {
+    return "Port already open";
+  }
+  const QString device = devices_.device(slot_);
+  if (device.isEmpty()) {
+    return "No serial device was found for COM " + std::to_string(slot_) + ".";
+  }
+  lost_ = false;
+  const QString resolved = QFileInfo(device).canonicalFilePath();
+  serial_.setPortName(resolved.isEmpty() ? device : resolved);
+  applySettings();
+  if (!serial_.open(QIODevice::ReadWrite)) {
+    return describeFailure(device);
+  }
+  serial_.clear();
+  open_ = true;
+  lost_ = false;
+  return std::nullopt;
+}
+
+std::string QtSerialPort::describeFailure(const QString& device) const {
+  const QFileInfo file(device);
+  if (!file.exists()) {
+    return text(QStringLiteral("%1 does not exist. Is the adapter plugged in?").arg(device));
+  }
+  if (!file.isReadable() || !file.isWritable()) {
+    return text(QStringLiteral("You have no right to use %1. On most systems the members of the "
+                               "group \"dialout\" have it.")
+                    .arg(device));
+  }
+  if (serial_.error() == QSerialPort::PermissionError) {
+    return text(QStringLiteral("%1 is in use by another program.").arg(device));
+  }
+  return text(QStringLiteral("%1 can't be opened: %2.").arg(device, serial_.errorString()));
+}
+
+void QtSerialPort::close() {
+  open_ = false;
+  lost_ = false;
+  serial_.close();
+}
+
+std::size_t QtSerialPort::inBufferCount() {
+  return usable() ? static_cast<std::size_t>(serial_.bytesAvailable()) : 0;
+}
+
+void QtSerialPort::discardInput() {
+  if (usable()) {
+    serial_.clear(QSerialPort::Input);
+  }
+}
+
+void QtSerialPort::output(std::string_view text) {
+  if (usable()) {
+    serial_.write(text.data(), static_cast<qint64>(text.size()));
+    serial_.flush();
+  }
+}
+
+std::string QtSerialPort::input() {
+  return usable() ? serial_.readAll().toStdString() : std::string();
+}
+
+bool QtSerialPort::waitForInput(std::size_t atLeast, platform::Spins& budget) {
+  if (holds(atLeast)) {
+    return true;
+  }
+  if (!usable() || budget.left <= 0) {
+    return false;
+  }
+  const QDeadlineTimer deadline(budget.left * kSpin, Qt::PreciseTimer);
+  // A quick answer costs no turn of the event loop.
+  loop_.waitOnDevice(serial_);
+  loop_.waitUntil([&] { return holds(atLeast) || !usable(); }, deadline);
+  const auto left = nanoseconds(deadline.remainingTimeNSecs());
+  budget.left = static_cast<int>(left / kSpin);
+  return holds(atLeast);
+}
+
+bool QtSerialPort::waitForInput(std::size_t atLeast) {
+  loop_.waitUntil([&] { return holds(atLeast) || !usable() || gate_.leaving(); },
+                  QDeadlineTimer(QDeadlineTimer::Forever));
+  return holds(atLeast);
+}
+
+void QtSerialPort::onError(QSerialPort::SerialPortError error) {
+  // No modem lines on a pseudo terminal, for one: not a loss.
+  if (!open_ || lost_ || error == QSerialPort::NoError || error == QSerialPort::TimeoutError ||
+      error == QSerialPort::UnsupportedOperationError) {
+    return;
+  }
+  lost_ = true;
+  // Not from within the port's own signal.
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        if (lost_) {
+          serial_.close();
+        }
+      },
+      Qt::QueuedConnection);
+}
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QObject>
+#include <QSerialPort>
+
+#include "desktop/ports/device_slots.h"
+#include "desktop/ports/qt_event_loop.h"
+#include "platform/event_gate.h"
+#include "platform/serial_port.h"
+
+namespace tarnvex::desktop {
+
+/// A serial port of this machine. Its waits turn the event loop, so the window stays alive; what
+/// the user does meanwhile waits at the event gate.
+///
+/// A device that goes away is closed at once, since an unplugged one reports its error without end;
+/// to the core the port stays open, and its exchanges run into silence.
+class QtSerialPort : public QObject, public platform::SerialPort {
+ public:
+  QtSerialPort(QtEventLoop& loop, const platform::EventGate& gate, const DeviceSlots& devices);
+  ~QtSerialPort() override;
+  QtSerialPort(const QtSerialPort&) = delete;
+  QtSerialPort& operator=(const QtSerialPort&) = delete;
+  QtSerialPort(QtSerialPort&&) = delete;
+  QtSerialPort& operator=(QtSerialPort&&) = delete;
+
+  void setCommPort(int slot) override;
+  [[nodiscard]] int commPort() const override { return slot_; }
+  void setSettings(std::string settings) override;
+  [[nodiscard]] const std::string& settings() const override { return settings_; }
+  [[nodiscard]] bool portOpen() const override { return open_; }
+  std::optional<std::string> open() override;
+  void close() override;
+  [[nodiscard]] std::size_t inBufferCount() override;
+  void discardInput() override;
+  void output(std::string_view text) override;
+  std::string input() override;
+  bool waitForInput(std::size_t atLeast, platform::Spins& budget) override;
+  bool waitForInput(std::size_t atLeast) override;
+
+ private:
+  [[nodiscard]] bool usable() const { return open_ && !lost_; }
+  [[nodiscard]] bool holds(std::size_t atLeast) { return inBufferCount() >= atLeast; }
+  void applySettings();
+  void onError(QSerialPort::SerialPortError error);
+  [[nodiscard]] std::string describeFailure(const QString& device) const;
+
+  QtEventLoop& loop_;
+  const platform::EventGate& gate_;
+  const DeviceSlots& devices_;
+  QSerialPort serial_;
+  int slot_ = 1;
+  std::string settings_ = "9600,n,8,1";
+  bool open_ = false;
+  bool lost_ = false;
+};
+
+class QtSerialPorts : public platform::SerialPorts {
+ public:
+  QtSerialPorts(QtEventLoop& loop, const platform::EventGate& gate, const DeviceSlots& devices)
+      : loop_(loop), gate_(gate), devices_(devices) {}
+  std::unique_ptr<platform::SerialPort> create() override {
+    return std::make_unique<QtSerialPort>(loop_, gate_, devices_);
+  }
+
+ private:
+  QtEventLoop& loop_;
+  const platform::EventGate& gate_;
+  const DeviceSlots& devices_;
+};
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,51 @@
+#include "desktop/ports/text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tarnvex::desktop {
+namespace {
+
+/// Windows-1252 from 0x80 to 0x9F, after the Unicode consortium's table; the rest of the page is
+/// Latin-1.
+constexpr char16_t kNone = 0xFFFD;
+constexpr std::array<char16_t, 32> kHigh = {
+    0x20AC, kNone,  0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, kNone,  0x017D, kNone,  kNone,  0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, kNone,  0x017E, 0x0178};
+constexpr unsigned char kHighStart = 0x80;
+
+}  // namespace
+
+QString toScreen(std::string_view text) {
+  QString shown;
+  shown.reserve(static_cast<qsizetype>(text.size()));
+  for (const char character : text) {
+    const auto byte = static_cast<unsigned char>(character);
+    const bool high = byte >= kHighStart && byte < kHighStart + kHigh.size();
+    shown += QChar(high ? kHigh[byte - kHighStart] : char16_t{byte});
+  }
+  return shown;
+}
+
+std::string fromScreen(const QString& text, bool* dropped) {
+  std::string bytes;
+  bool lost = false;
+  for (const QChar character : text) {
+    const char16_t code = character.unicode();
+    const auto* high = std::ranges::find(kHigh, code);
+    if (code < kHighStart || (code >= kHighStart + kHigh.size() && code <= 0xFF)) {
+      bytes += static_cast<char>(code);
+    } else if (high != kHigh.end() && code != kNone) {
+      bytes += static_cast<char>(kHighStart + (high - kHigh.begin()));
+    } else {
+      lost = true;
+    }
+  }
+  if (dropped != nullptr) {
+    *dropped = lost;
+  }
+  return bytes;
+}
+
+}  // namespace tarnvex::desktop

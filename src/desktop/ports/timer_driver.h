@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include "platform/event_gate.h"
+
+namespace tarnvex::desktop {
+
+/// Lets a timer of the core fire in Qt's event loop, through the event gate. The next run is due an
+/// interval after the last one started, or as soon as the last one ends, whichever is later.
+class TimerDriver {
+ public:
+  TimerDriver(platform::Timer& timer, platform::EventGate& gate);
+  TimerDriver(const TimerDriver&) = delete;
+  TimerDriver& operator=(const TimerDriver&) = delete;
+  TimerDriver(TimerDriver&&) = delete;
+  TimerDriver& operator=(TimerDriver&&) = delete;
+  ~TimerDriver();
+
+ private:
+  void restart();
+  void rearm();
+
+  platform::Timer& timer_;
+  platform::EventGate& gate_;
+  QTimer clock_;
+  QElapsedTimer sinceStart_;
+  platform::Connection changed_;
+  platform::Connection starting_;
+  platform::Connection finished_;
+};
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/clock.h"
+
+namespace tarnvex::desktop {
+
+class WallClock : public platform::Clock {
+ public:
+  [[nodiscard]] std::int64_t seconds() const override;
+  [[nodiscard]] std::string now() const override;
+};
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "desktop/ports/device_slots.h"
+#include "desktop/ports/ini_settings.h"
+#include "desktop/ports/qt_dialogs.h"
+#include "desktop/ports/qt_event_loop.h"
+#include "desktop/ports/qt_serial_port.h"
+#include "desktop/ports/wall_clock.h"
+#include "desktop/windows/qt_windows.h"
+#include "shell/application.h"
+
+namespace tarnvex::desktop {
+
+/// The whole program, wired: the machine's ports below, the core, the windows above. One object a
+/// process; it needs a QApplication.
+class Program {
+ public:
+  explicit Program(const QString& settingsPath = IniSettings::defaultPath());
+
+  /// Shows the splash and runs until the user has left. Returns the exit status.
+  int run();
+
+  QtEventLoop loop;
+  platform::EventGate gate{loop};
+  IniSettings settings;
+  DeviceSlots devices{settings};
+  QtSerialPorts ports{loop, gate, devices};
+  QtDialogs dialogs{gate};
+  WallClock clock;
+  platform::SharedState state;
+  link::ScannerLink link{state, dialogs};
+  QtWindows windows{loop, gate, devices};
+  shell::Application application{{state, gate, ports, dialogs, settings, clock, link}, windows};
+};
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,183 @@
+#include "desktop/windows/binder.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPointer>
+
+#include "desktop/ports/text.h"
+
+namespace tarnvex::desktop {
+namespace {
+
+/// Lets the text box's model see each typed key before it takes effect.
+class KeyFilter : public QObject {
+ public:
+  KeyFilter(QLineEdit* widget, platform::TextBox& model, platform::EventGate& gate)
+      : QObject(widget), widget_(widget), model_(model), gate_(gate) {
+    widget->installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress || replaying_) {
+      return QObject::eventFilter(watched, event);
+    }
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const bool command = (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
+    const std::string typed = fromScreen(key->text());
+    if (typed.size() != 1 || command || typed[0] == '\t' || key->key() == Qt::Key_Escape ||
+        key->key() == Qt::Key_Delete) {
+      return QObject::eventFilter(watched, event);
+    }
+    gate_.enter([guard = QPointer<KeyFilter>(this), character = typed[0], code = key->key(),
+                 text = key->text()] {
+      if (guard && guard->model_.userKey(character)) {
+        guard->replay(code, text);
+      }
+    });
+    return true;
+  }
+
+ private:
+  void replay(int code, const QString& text) {
+    replaying_ = true;
+    QKeyEvent event(QEvent::KeyPress, code, Qt::NoModifier, text);
+    QApplication::sendEvent(widget_, &event);
+    replaying_ = false;
+  }
+
+  QLineEdit* widget_;
+  platform::TextBox& model_;
+  platform::EventGate& gate_;
+  bool replaying_ = false;
+};
+
+}  // namespace
+
+void Binder::bindControl(QWidget* widget, platform::Control& model, const QString& name) {
+  widget->setObjectName(name);
+  keep(model.focusRequested.connect([widget] { widget->setFocus(); }));
+}
+
+void Binder::enter(Urgency urgency, platform::EventGate::Handler handler) {
+  if (urgency == Urgency::Leaving) {
+    gate_.enterLeaving(std::move(handler));
+  } else {
+    gate_.enter(std::move(handler));
+  }
+}
+
+void Binder::bind(QPushButton* widget, platform::Button& model, const char* name, Urgency urgency) {
+  bindControl(widget, model, QLatin1String(name));
+  widget->setText(toScreen(model.caption()));
+  const auto show = [widget, &model] { widget->setEnabled(model.enabled()); };
+  show();
+  keep(model.changed.connect(show));
+  QObject::connect(widget, &QPushButton::clicked, widget,
+                   [this, urgency, &model] { enter(urgency, [&model] { model.userClick(); }); });
+}
+
+void Binder::bind(QCheckBox* widget, platform::CheckBox& model, const QString& name) {
+  bindControl(widget, model, name);
+  widget->setText(toScreen(model.caption()));
+  const auto show = [widget, &model] {
+    widget->setEnabled(model.enabled());
+    widget->setChecked(model.value());
+  };
+  show();
+  keep(model.changed.connect(show));
+  QObject::connect(widget, &QCheckBox::clicked, widget, [this, widget, &model, show] {
+    gate_.enter([guard = QPointer<QCheckBox>(widget), &model, show] {
+      model.userClick();
+      if (guard) {
+        show();
+      }
+    });
+  });
+}
+
+void Binder::bind(QRadioButton* widget, platform::OptionButton& model, const char* name,
+                  Urgency urgency) {
+  bindControl(widget, model, QLatin1String(name));
+  widget->setText(toScreen(model.caption()));
+  // The model knows which of the group is chosen; also none may be.
+  widget->setAutoExclusive(false);
+  const auto show = [widget, &model] {
+    widget->setEnabled(model.enabled());
+    widget->setChecked(model.value());
+  };
+  show();
+  keep(model.changed.connect(show));
+  QObject::connect(widget, &QRadioButton::clicked, widget, [this, urgency, widget, &model, show] {
+    enter(urgency, [guard = QPointer<QRadioButton>(widget), &model, show] {
+      model.userClick();
+      if (guard) {
+        show();
+      }
+    });
+  });
+}
+
+void Binder::bind(QComboBox* widget, platform::ComboBox& model, const char* name) {
+  bindControl(widget, model, QLatin1String(name));
+  const auto fill = [widget, &model] {
+    for (const auto& item : model.items()) {
+      widget->addItem(toScreen(item));
+    }
+  };
+  fill();
+  const auto show = [widget, &model] {
+    widget->setEnabled(model.enabled());
+    widget->setCurrentIndex(model.listIndex());
+  };
+  show();
+  keep(model.changed.connect(show));
+  QObject::connect(widget, &QComboBox::activated, widget, [this, widget, &model, show](int index) {
+    gate_.enter([guard = QPointer<QComboBox>(widget), &model, index, show] {
+      model.userChoose(index);
+      if (guard) {
+        show();
+      }
+    });
+  });
+}
+
+void Binder::bind(QListWidget* widget, platform::ListBox& model, const char* name) {
+  bindControl(widget, model, QLatin1String(name));
+  const auto show = [widget, &model] {
+    while (widget->count() > model.count()) {
+      delete widget->takeItem(widget->count() - 1);
+    }
+    for (int i = 0; i < model.count(); ++i) {
+      const QString text = toScreen(model.item(i));
+      if (i >= widget->count()) {
+        widget->addItem(text);
+      } else if (widget->item(i)->text() != text) {
+        widget->item(i)->setText(text);
+      }
+    }
+  };
+  show();
+  keep(model.changed.connect(show));
+  QObject::connect(widget, &QListWidget::itemClicked, widget,
+                   [this, widget, &model](QListWidgetItem* item) {
+                     gate_.enter([&model, row = widget->row(item)] { model.userClick(row); });
+                   });
+}
+
+void Binder::bind(QLineEdit* widget, platform::TextBox& model, const char* name) {
+  bindControl(widget, model, QLatin1String(name));
+  const auto show = [widget, &model] {
+    const QString text = toScreen(model.text());
+    if (widget->text() != text) {
+      widget->setText(text);
+    }
+  };
+  show();
+  keep(model.changed.connect(show));
+  new KeyFilter(widget, model, gate_);
+  QObject::connect(widget, &QLineEdit::textEdited, widget,
+                   [&model](const QString& text) { model.userEdit(fromScreen(text)); });
+}
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <vector>
+
+#include "platform/controls.h"
+#include "platform/event_gate.h"
+
+namespace tarnvex::desktop {
+
+/// Binds widgets to the core's control models: a widget shows its model's state and passes the
+/// user's events on, through the event gate. It takes no decision. The widget's object name is the
+/// control's name.
+///
+/// A binder belongs to a window; models and gate outlive it.
+class Binder {
+ public:
+  explicit Binder(platform::EventGate& gate) : gate_(gate) {}
+
+  /// Events that mean that the user wants out of a wait (Connect, a COM option).
+  enum class Urgency { Normal, Leaving };
+
+  void bind(QPushButton* widget, platform::Button& model, const char* name,
+            Urgency urgency = Urgency::Normal);
+  void bind(QCheckBox* widget, platform::CheckBox& model, const QString& name);
+  void bind(QRadioButton* widget, platform::OptionButton& model, const char* name,
+            Urgency urgency = Urgency::Normal);
+  void bind(QComboBox* widget, platform::ComboBox& model, const char* name);
+  void bind(QListWidget* widget, platform::ListBox& model, const char* name);
+  void bind(QLineEdit* widget, platform::TextBox& model, const char* name);
+
+  [[nodiscard]] platform::EventGate& gate() { return gate_; }
+  void keep(platform::Connection connection) { connections_.push_back(std::move(connection)); }
+
+ private:
+  void bindControl(QWidget* widget, platform::Control& model, const QString& name);
+  void enter(Urgency urgency, platform::EventGate::Handler handler);
+
+  platform::EventGate& gate_;
+  std::vector<platform::Connection> connections_;
+};
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,82 @@
+#include "desktop/windows/com_option.h"
+
+#include <QContextMenuEvent>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMenu>
+
+namespace tarnvex::desktop {
+
+ComOption::ComOption(int slot, platform::OptionButton& model, DeviceSlots& devices, Binder& binder)
+    : slot_(slot), model_(model), devices_(devices), gate_(binder.gate()), device_(new QLabel) {
+  const QByteArray name = QByteArrayLiteral("Option") + QByteArray::number(slot);
+  binder.bind(this, model, name.constData(), Binder::Urgency::Leaving);
+  device_->setForegroundRole(QPalette::PlaceholderText);
+  device_->installEventFilter(this);
+  showDevice();
+}
+
+void ComOption::showDevice() {
+  const QString path = devices_.device(slot_);
+  device_->setText(path.isEmpty() ? tr("no device") : QFileInfo(path).fileName());
+  const QString tip = path.isEmpty() ? tr("No serial device was found for this port.") : path;
+  setToolTip(tip + QLatin1Char('\n') + tr("The context menu sets another device."));
+  device_->setToolTip(toolTip());
+  setAccessibleDescription(device_->text());
+}
+
+void ComOption::contextMenuEvent(QContextMenuEvent* event) {
+  openMenu(event->globalPos());
+}
+
+bool ComOption::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == device_ && event->type() == QEvent::ContextMenu) {
+    openMenu(static_cast<QContextMenuEvent*>(event)->globalPos());
+    return true;
+  }
+  return QRadioButton::eventFilter(watched, event);
+}
+
+void ComOption::openMenu(const QPoint& where) {
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  const QString current = devices_.device(slot_);
+  for (const auto& port : DeviceSlots::foundPorts()) {
+    const QString text = port.description.isEmpty()
+                             ? port.path
+                             : port.path + QStringLiteral(" (%1)").arg(port.description);
+    QAction* action = menu->addAction(text, this, [this, path = port.path] { choose(path); });
+    action->setCheckable(true);
+    action->setChecked(port.path == current);
+  }
+  menu->addSeparator();
+  menu->addAction(tr("Other device..."), this, [this] { askForPath(); });
+  QAction* found = menu->addAction(tr("Any device found"), this, [this] { choose({}); });
+  found->setEnabled(devices_.isNamed(slot_));
+  menu->popup(where);
+}
+
+void ComOption::askForPath() {
+  auto* dialog = new QInputDialog(this);
+  dialog->setAttribute(Qt::WA_DeleteOnClose);
+  dialog->setWindowTitle(text());
+  dialog->setLabelText(tr("Path of the serial device:"));
+  dialog->setTextValue(devices_.device(slot_));
+  connect(dialog, &QInputDialog::textValueSelected, this, [this](const QString& path) {
+    if (!path.trimmed().isEmpty()) {
+      choose(path.trimmed());
+    }
+  });
+  dialog->open();
+}
+
+void ComOption::choose(const QString& path) {
+  devices_.setDevice(slot_, path);
+  showDevice();
+  // The port in use moves to its new device at once.
+  if (model_.value()) {
+    gate_.enterLeaving([&model = model_] { model.userClick(); });
+  }
+}
+
+}  // namespace tarnvex::desktop

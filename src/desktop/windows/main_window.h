@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QTabWidget>
+#include <memory>
+
+#include "desktop/panel/radio_panel.h"
+#include "desktop/ports/device_slots.h"
+#include "desktop/windows/binder.h"
+#include "desktop/windows/panel_binding.h"
+#include "shell/bc245_form.h"
+#include "shell/bc895_form.h"
+
+namespace tarnvex::desktop {
+
+/// A main window on the screen: the radio's front above the pages. It assembles and decides
+/// nothing. Closing it asks the form, which may refuse.
+class MainWindow : public QMainWindow {
+ public:
+  MainWindow(shell::Form4& form, platform::EventGate& gate, DeviceSlots& devices);
+  MainWindow(shell::Form2& form, platform::EventGate& gate, DeviceSlots& devices);
+
+  /// Takes the window off the screen without asking.
+  void leaveScreen();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  MainWindow(shell::MainForm& form, platform::EventGate& gate, const char* name);
+  void addMenus();
+  void setTop(QWidget* panel);
+  void addPage(const QString& caption, QWidget* page);
+  void showTab();
+
+  shell::MainForm& form_;
+  Binder binder_;
+  QTabWidget* tabs_;
+  std::unique_ptr<PanelBinding> panelBinding_;
+};
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QWidget>
+
+#include "desktop/ports/device_slots.h"
+#include "desktop/windows/binder.h"
+#include "shell/bc895_form.h"
+
+/// The pages of a main window's tab strip. Each function lays a page out and binds its widgets to
+/// the form's controls.
+namespace tarnvex::desktop {
+
+QWidget* makeStationPage(shell::MainForm& form, Binder& binder);
+/// `trunkBank` is the box that picks the bank of the talkgroup table, with its control name.
+QWidget* makeTrunkedPage(shell::MainForm& form, platform::ComboBox& trunkBank, const char* name,
+                         Binder& binder);
+QWidget* makeSearchPage(shell::MainForm& form, Binder& binder);
+
+/// The frames of the "Options" page.
+/// `baudBox` is the box of the baud rate, with its control name.
+QWidget* makeLinkFrame(shell::MainForm& form, platform::ComboBox& baudBox, const char* name,
+                       DeviceSlots& devices, Binder& binder);
+QWidget* makeSwitchesFrame(shell::MainForm& form, Binder& binder);
+QWidget* makeMultiscanFrame(shell::Form4& form, Binder& binder);
+QWidget* makeLimitsFrame(shell::MainForm& form, Binder& binder);
+/// Puts frames side by side; scrolls where the room is too small.
+QWidget* makeOptionsPage(const QVector<QWidget*>& columns);
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,42 @@
+#include "desktop/windows/panel_binding.h"
+
+#include "desktop/ports/text.h"
+
+namespace tarnvex::desktop {
+namespace {
+
+QColor colourOf(platform::Colour colour) {
+  return QColor(static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF),
+                static_cast<int>(colour >> 16 & 0xFF));
+}
+
+}  // namespace
+
+PanelBinding::PanelBinding(RadioPanel& view, shell::Form4& form, platform::EventGate& gate)
+    : view_(view) {
+  for (const auto& element : form.panel.elements()) {
+    show(element);
+    connections_.push_back(element.label->changed.connect([this, element] { show(element); }));
+  }
+  const auto showColour = [this, &back = form.panel.Label1] {
+    view_.setDisplayColour(colourOf(back.backColor()));
+  };
+  showColour();
+  connections_.push_back(form.panel.Label1.changed.connect(showColour));
+  const auto knob = [&gate, &form](Qt::MouseButton button, void (shell::Form4::*act)(bool)) {
+    if (button == Qt::LeftButton || button == Qt::RightButton) {
+      gate.enter([&form, act, up = button == Qt::RightButton] { (form.*act)(up); });
+    }
+  };
+  QObject::connect(&view, &RadioPanel::knobPressed, &view,
+                   [knob](Qt::MouseButton button) { knob(button, &shell::Form4::pressKnob); });
+  QObject::connect(&view, &RadioPanel::knobReleased, &view,
+                   [knob](Qt::MouseButton button) { knob(button, &shell::Form4::releaseKnob); });
+}
+
+void PanelBinding::show(const monitor::PanelElement& element) {
+  view_.setElement(QString::fromStdString(element.name), toScreen(element.label->caption()),
+                   element.label->visible());
+}
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,74 @@
+#include "desktop/windows/qt_windows.h"
+
+#include "desktop/ports/text.h"
+#include "desktop/windows/notices.h"
+
+namespace tarnvex::desktop {
+
+QtWindows::~QtWindows() {
+  delete splash_;
+  delete notice_;
+  delete main_;
+}
+
+void QtWindows::openSplash(shell::Form1& form) {
+  splash_ = makeSplash();
+  splash_->show();
+  splashTimer_ = std::make_unique<TimerDriver>(form.Timer1, gate_);
+}
+
+void QtWindows::closeSplash() {
+  if (splash_) {
+    splash_->hide();
+    splash_->deleteLater();
+  }
+}
+
+void QtWindows::openMain(shell::Form4& form) {
+  drive(form.Scantimer);
+  drive(form.Timer1);
+  present(new MainWindow(form, gate_, devices_));
+}
+
+void QtWindows::openMain(shell::Form2& form) {
+  drive(form.Scantimer);
+  present(new MainWindow(form, gate_, devices_));
+}
+
+void QtWindows::drive(platform::Timer& timer) {
+  timers_.push_back(std::make_unique<TimerDriver>(timer, gate_));
+}
+
+void QtWindows::present(MainWindow* window) {
+  main_ = window;
+  window->show();
+}
+
+void QtWindows::closeMain() {
+  timers_.clear();
+  if (main_) {
+    main_->leaveScreen();
+    main_.clear();
+  }
+}
+
+void QtWindows::openNotice(const std::string& caption, const std::string& text) {
+  notice_ = makeNotice(toScreen(caption), toScreen(text), nullptr);
+  notice_->show();
+}
+
+void QtWindows::closeNotice() {
+  if (notice_) {
+    notice_->hide();
+    notice_->deleteLater();
+  }
+}
+
+void QtWindows::quit() {
+  if (main_) {
+    main_->hide();
+  }
+  loop_.leave();
+}
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QPointer>
+#include <memory>
+#include <vector>
+
+#include "desktop/ports/device_slots.h"
+#include "desktop/ports/qt_event_loop.h"
+#include "desktop/ports/timer_driver.h"
+#include "desktop/windows/main_window.h"
+#include "shell/splash_form.h"
+#include "shell/window_layer.h"
+
+namespace tarnvex::desktop {
+
+/// Puts the program's windows on the screen and drives their timers.
+class QtWindows : public shell::WindowLayer {
+ public:
+  QtWindows(QtEventLoop& loop, platform::EventGate& gate, DeviceSlots& devices)
+      : loop_(loop), gate_(gate), devices_(devices) {}
+  ~QtWindows() override;
+  QtWindows(const QtWindows&) = delete;
+  QtWindows& operator=(const QtWindows&) = delete;
+  QtWindows(QtWindows&&) = delete;
+  QtWindows& operator=(QtWindows&&) = delete;
+
+  void openSplash(shell::Form1& form) override;
+  void closeSplash() override;
+  void openMain(shell::Form4& form) override;
+  void openMain(shell::Form2& form) override;
+  void closeMain() override;
+  void openNotice(const std::string& caption, const std::string& text) override;
+  void closeNotice() override;
+  void quit() override;
+
+  /// The main window on the screen, if there is one.
+  [[nodiscard]] MainWindow* mainWindow() const { return main_; }
+
+ private:
+  void drive(platform::Timer& timer);
+  void present(MainWindow* window);
+
+  QtEventLoop& loop_;
+  platform::EventGate& gate_;
+  DeviceSlots& devices_;
+  QPointer<QWidget> splash_;
+  QPointer<QWidget> notice_;
+  QPointer<MainWindow> main_;
+  std::unique_ptr<TimerDriver> splashTimer_;
+  std::vector<std::unique_ptr<TimerDriver>> timers_;
+};
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,55 @@
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "desktop/windows/pages.h"
+#include "desktop/windows/plan_table.h"
+#include "memory/memory_traits.h"
+
+namespace tarnvex::desktop {
+namespace {
+
+QComboBox* addSelector(QHBoxLayout* row, const QString& caption, platform::ComboBox& model,
+                       const char* name, Binder& binder) {
+  auto* box = new QComboBox;
+  auto* label = new QLabel(caption);
+  label->setBuddy(box);
+  binder.bind(box, model, name);
+  row->addWidget(label);
+  row->addWidget(box);
+  return box;
+}
+
+QWidget* makeTablePage(QHBoxLayout* selectors, PlanTable* table, const char* name,
+                       const QString& spokenName) {
+  table->setObjectName(QLatin1String(name));
+  table->setAccessibleName(spokenName);
+  selectors->addStretch();
+  auto* page = new QWidget;
+  auto* layout = new QVBoxLayout(page);
+  layout->addLayout(selectors);
+  layout->addWidget(table);
+  return page;
+}
+
+}  // namespace
+
+QWidget* makeStationPage(shell::MainForm& form, Binder& binder) {
+  auto* selectors = new QHBoxLayout;
+  addSelector(selectors, QObject::tr("Select Bank:"), form.Combo3, "Combo3", binder);
+  auto* table =
+      new PlanTable(form.MSFlexGrid1, binder.gate(), memory::ChannelRecord::AlphaTag, nullptr);
+  return makeTablePage(selectors, table, "MSFlexGrid1", QObject::tr("Conventional channels"));
+}
+
+QWidget* makeTrunkedPage(shell::MainForm& form, platform::ComboBox& trunkBank, const char* name,
+                         Binder& binder) {
+  auto* selectors = new QHBoxLayout;
+  addSelector(selectors, QObject::tr("Select Bank:"), trunkBank, name, binder);
+  selectors->addSpacing(selectors->spacing() * 2);
+  addSelector(selectors, QObject::tr("Scanlist:"), form.Combo2, "Combo2", binder);
+  auto* table =
+      new PlanTable(form.MSFlexGrid2, binder.gate(), memory::TalkgroupRecord::AlphaTag, nullptr);
+  return makeTablePage(selectors, table, "MSFlexGrid2", QObject::tr("Talkgroup IDs"));
+}
+
+}  // namespace tarnvex::desktop

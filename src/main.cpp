@@ -1,0 +1,15 @@
+#include <QApplication>
+#include <QIcon>
+
+#include "desktop/program.h"
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("Tarnvex"));
+  QApplication::setApplicationVersion(QStringLiteral("1.00"));
+  QApplication::setDesktopFileName(QStringLiteral("io.github.tarnvex.Tarnvex"));
+  QApplication::setWindowIcon(QIcon(QStringLiteral(":/tarnvex.svg")));
+  // The program ends by its own closing steps, not because no window shows for a moment.
+  QApplication::setQuitOnLastWindowClosed(false);
+  return tarnvex::desktop::Program().run();
+}
