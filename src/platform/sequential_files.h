@@ -38,7 +38,8 @@ class FileStore {
   FileStore(FileStore&&) = delete;
   FileStore& operator=(FileStore&&) = delete;
 
-  /// Whether there is something other than a folder under that name.
+  /// Whether there is something other than a folder under that name. Where that can't be told it is
+  /// true: the file's next use says why, and nothing takes it for a new one.
   [[nodiscard]] virtual bool exists(const std::string& path) = 0;
   /// The path, with its last component as the folder spells it: as given if that exists, otherwise
   /// the first name that differs only in the case of its letters, otherwise as given.

@@ -176,8 +176,14 @@ int FileCalls::unlink(const char* path) {
 }
 
 bool PosixFiles::exists(const std::string& path) {
+  if (misread(path)) {
+    return false;
+  }
   struct stat status = {};
-  return !misread(path) && calls_.stat(path.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+  if (calls_.stat(path.c_str(), &status) == 0) {
+    return !S_ISDIR(status.st_mode);
+  }
+  return errno != ENOENT && errno != ENOTDIR && errno != ENAMETOOLONG && errno != ELOOP;
 }
 
 std::string PosixFiles::inAnyCase(const std::string& path) {

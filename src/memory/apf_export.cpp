@@ -1,0 +1,119 @@
+#include <limits>
+
+#include "memory/apf_file.h"
+#include "memory/memory_traits.h"
+#include "platform/convert.h"
+
+namespace tarnvex::memory {
+
+using platform::OpenMode;
+
+namespace {
+
+/// The values of the record to write; they last from one record to the next.
+struct Exported {
+  /// Nothing until the first record of an export whose start isn't a number has gone out.
+  std::optional<int> number;
+  std::string frequency;
+  std::string mode;
+  std::string delay;
+  std::string lockout;
+  std::string tag;
+};
+
+bool inAmRange(const std::string& frequency) {
+  double megahertz = 0;
+  platform::assign(megahertz, platform::toReal(frequency));
+  return (megahertz > 108 && megahertz < 137) || (megahertz > 200 && megahertz < 400);
+}
+
+/// Takes a row's values. A row that isn't in the table changes nothing.
+void take(const platform::Table& grid, int row, Exported& record) {
+  if (row >= grid.rows()) {
+    return;
+  }
+  const auto cell = [&](int col) { return grid.textMatrix(row, col); };
+  record.frequency = cell(ChannelRecord::Frequency);
+  record.delay = cell(ChannelRecord::Delay) == "X" ? "d" : " ";
+  record.lockout = cell(ChannelRecord::Lockout) == "X" ? "l" : " ";
+  record.tag = cell(ChannelRecord::AlphaTag);
+}
+
+/// The mode isn't blanked between records: once an export has met an AM frequency it stays "am ".
+void chooseMode(Exported& record) {
+  if (inAmRange(record.frequency)) {
+    record.mode = "am ";
+  } else if (record.mode.empty()) {
+    record.mode = "nfm";
+  }
+}
+
+}  // namespace
+
+Form8::Form8(ApfPorts ports)
+    : ApfForm(std::move(ports), "Export APF File", "Start Export from Channel:", "Export Now") {
+  Command1.onClick = [this] { openTarget(); };
+  Command3.onClick = [this] { exportNow(); };
+}
+
+void Form8::load() {
+  const platform::Table& grid = ports_.MSFlexGrid1();
+  for (int row = 1; row < grid.rows(); ++row) {
+    List1.add(grid.textMatrix(row, ChannelRecord::Number) + " " +
+              grid.textMatrix(row, ChannelRecord::Frequency) + "-" +
+              grid.textMatrix(row, ChannelRecord::AlphaTag));
+  }
+}
+
+void Form8::openTarget() {
+  CommonDialog1.ShowOpen();
+  const std::string& path = CommonDialog1.FileName;
+  if (path.empty()) {
+    return;
+  }
+  const std::string last = ports_.files.exists(path) ? listTarget() : "0";
+  const auto number = platform::toInteger(last);
+  if (number && *number < std::numeric_limits<std::int16_t>::max()) {
+    Text1.setText(std::to_string(*number + 1));
+  }
+  Command3.setEnabled(true);
+  window.setCaption("Export APF File - " + path);
+}
+
+/// Lists what the file holds already, below the channels, and gives its last channel number.
+std::string Form8::listTarget() {
+  ApfRecord record;
+  std::string last = "0";
+  ports_.files.open(kFile, CommonDialog1.FileName, OpenMode::Input);
+  while (!ports_.files.endOfFile(kFile)) {
+    const bool whole = !ports_.files.read(kFile, record.fields);
+    last = record.at(ApfRecord::Channel);
+    if (whole) {
+      List1.add(record.listed());
+    }
+  }
+  ports_.files.close(kFile);
+  return last;
+}
+
+void Form8::exportNow() {
+  const platform::Table& grid = ports_.MSFlexGrid1();
+  Exported record;
+  record.number = platform::toInteger(Text1.text());
+  ports_.files.open(kFile, CommonDialog1.FileName, OpenMode::Append);
+  for (int i = 0; i < List1.count(); ++i) {
+    if (!List1.selected(i)) {
+      continue;
+    }
+    take(grid, i + 1, record);
+    chooseMode(record);
+    ports_.files.write(kFile,
+                       {" ", record.number ? std::to_string(*record.number) : std::string(),
+                        record.frequency, record.mode, record.delay, record.lockout, record.tag});
+    record.number = record.number.value_or(0) + 1;
+  }
+  ports_.files.close(kFile);
+  closed.notify();
+}
+
+}  // namespace tarnvex::memory

@@ -1,0 +1,40 @@
+#include "memory/apf_file.h"
+
+#include <utility>
+
+#include "platform/convert.h"
+
+namespace tarnvex::memory {
+
+std::string ApfRecord::listed() const {
+  return platform::format(at(Frequency), "0.0000") + " " + at(AlphaTag);
+}
+
+ApfForm::ApfForm(ApfPorts ports, std::string caption, std::string label, std::string action)
+    : window(std::move(caption)),
+      Label1(std::move(label)),
+      Command3(std::move(action)),
+      CommonDialog1(ports.CommonDialog1),
+      ports_(std::move(ports)) {
+  CommonDialog1.DialogTitle = "Select APF File";
+  CommonDialog1.Filter = "APF Files (*.apf)|*.apf";
+  Text1.setText("1");
+  Command3.setEnabled(false);
+  Text1.onKey = [this](char key) {
+    constexpr char kBackspace = 8;
+    const bool passes = (key >= '0' && key <= '9') || key == kBackspace;
+    if (!passes) {
+      ports_.dialogs.beep();
+    }
+    return passes;
+  };
+  Command2.onClick = [this] {
+    for (int i = 0; i < List1.count(); ++i) {
+      List1.setSelected(i, true);
+    }
+    List1.setListIndex(0);
+  };
+  Command4.onClick = [this] { closed.notify(); };
+}
+
+}  // namespace tarnvex::memory

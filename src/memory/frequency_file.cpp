@@ -1,0 +1,189 @@
+#include "memory/frequency_file.h"
+
+#include <array>
+#include <span>
+
+namespace tarnvex::memory {
+
+using platform::Answer;
+using platform::Failure;
+using platform::OpenMode;
+using platform::Table;
+
+namespace {
+
+constexpr int kFile = 1;
+
+/// Reads the body of a table. A row that can't be read whole isn't touched.
+Failure readTable(platform::SequentialFiles& files, Table& table, std::span<std::string> fields) {
+  for (int row = 1; row < table.rows(); ++row) {
+    if (auto failure = files.read(kFile, fields)) {
+      return failure;
+    }
+    for (int col = 0; col < table.cols(); ++col) {
+      table.setTextMatrix(row, col, fields[static_cast<std::size_t>(col)]);
+    }
+  }
+  return std::nullopt;
+}
+
+Failure readPlan(platform::SequentialFiles& files, ChannelMemory& memory) {
+  std::array<std::string, ChannelRecord::kColumns> channel;
+  std::array<std::string, TalkgroupRecord::kColumns> talkgroup;
+  auto failure = readTable(files, memory.MSFlexGrid1(), channel);
+  return failure ? failure : readTable(files, memory.MSFlexGrid2(), talkgroup);
+}
+
+Failure writePlan(platform::SequentialFiles& files, ChannelMemory& memory) {
+  Table& channels = memory.MSFlexGrid1();
+  Table& talkgroups = memory.MSFlexGrid2();
+  for (int row = 1; row < channels.rows(); ++row) {
+    const auto cell = [&](int col) { return platform::WriteField(channels.textMatrix(row, col)); };
+    if (auto failure = files.write(
+            kFile, {cell(0), cell(1), cell(2), cell(3), cell(4), cell(5), cell(6), cell(7)})) {
+      return failure;
+    }
+  }
+  for (int row = 1; row < talkgroups.rows(); ++row) {
+    const auto cell = [&](int col) {
+      return platform::WriteField(talkgroups.textMatrix(row, col));
+    };
+    if (auto failure = files.write(kFile, {cell(0), cell(1), cell(2), cell(3)})) {
+      return failure;
+    }
+  }
+  return files.flush(kFile);
+}
+
+}  // namespace
+
+FrequencyFile::FrequencyFile(ChannelMemory& memory, FrequencyFilePorts ports)
+    : memory_(memory), ports_(ports) {
+  ports_.Dlg1.Filter = "Tarnvex Frequency Files(*.tvf)|*.tvf";
+}
+
+Failure FrequencyFile::LoadPlanFromFile(const std::string& path) {
+  auto failure = ports_.files.open(kFile, path, OpenMode::Input);
+  if (!failure) {
+    failure = readPlan(ports_.files, memory_);
+  }
+  return failure ? failure : ports_.files.close(kFile);
+}
+
+Failure FrequencyFile::WritePlanToFile(const std::string& path) {
+  auto failure = ports_.files.open(kFile, path, OpenMode::Output);
+  if (!failure) {
+    failure = writePlan(ports_.files, memory_);
+  }
+  return failure ? failure : ports_.files.close(kFile);
+}
+
+void FrequencyFile::offerToSave() {
+  if (memory_.state().MemoryModified &&
+      ports_.dialogs.messageBox("Save Changes to Scanlist File?", "Save Changes",
+                                platform::kYesNoQuestion) == Answer::Yes) {
+    SavePlan();
+    memory_.state().MemoryModified = false;
+  }
+}
+
+void FrequencyFile::NewPlan() {
+  offerToSave();
+  ports_.Dlg1.ShowOpen();
+  const std::string path = ports_.Dlg1.FileName;
+  if (path.empty()) {
+    return;
+  }
+  if (ports_.files.exists(path) &&
+      ports_.dialogs.messageBox("File exists. Overwrite it?", "Confirm Overwrite",
+                                platform::kYesNoQuestion) != Answer::Yes) {
+    return;
+  }
+  memory_.clear();
+  if (const auto failure = WritePlanToFile(path)) {
+    report(*failure);
+    return;
+  }
+  adopt(path);
+}
+
+void FrequencyFile::OpenPlan() {
+  // After No the plan still counts as changed, so that closing the program asks again.
+  offerToSave();
+  ports_.Dlg1.ShowOpen();
+  const std::string path = ports_.Dlg1.FileName;
+  if (path.empty()) {
+    return;
+  }
+  if (const auto failure = LoadPlanFromFile(path)) {
+    report(*failure);
+    return;
+  }
+  adopt(path);
+  resetCursors();
+}
+
+void FrequencyFile::SavePlan() {
+  if (!chooseSaveName()) {
+    return;
+  }
+  const std::string path = ports_.Dlg1.FileName;
+  // Before anything is written: a plan whose save failed counts as saved all the same.
+  memory_.state().MemoryModified = false;
+  if (const auto failure = WritePlanToFile(path)) {
+    report(*failure);
+    return;
+  }
+  adopt(path);
+}
+
+bool FrequencyFile::chooseSaveName() {
+  platform::CommonDialog& dialog = ports_.Dlg1;
+  const std::string current = dialog.FileName;
+  bool settled = false;
+  while (!settled) {
+    dialog.ShowSave();
+    if (dialog.FileName.empty()) {
+      return false;
+    }
+    settled = !memory_.traits().asksBeforeReplacing || dialog.FileName == current ||
+              !ports_.files.exists(dialog.FileName) ||
+              ports_.dialogs.messageBox("Overwrite existing file?", "Confirm Overwrite",
+                                        platform::kYesNoQuestion) == Answer::Yes;
+  }
+  return true;
+}
+
+void FrequencyFile::loadLastPlan() {
+  const std::string path = ports_.settings.getSetting(memory_.traits().section, "LastFreqFile", "");
+  ports_.Dlg1.FileName = path;
+  if (path.empty()) {
+    ports_.window.setCaption("Tarnvex - Untitled");
+    return;
+  }
+  LoadPlanFromFile(path);
+  // Here nothing is left open: the close runs even if the file couldn't be read.
+  ports_.files.close(kFile);
+  resetCursors();
+  ports_.window.setCaption("Tarnvex - " + path);
+}
+
+void FrequencyFile::adopt(const std::string& path) {
+  ports_.window.setCaption("Tarnvex - " + path);
+  ports_.settings.saveSetting(memory_.traits().section, "LastFreqFile", path);
+}
+
+void FrequencyFile::report(const std::string& description) {
+  // "saving" also after a failed read: the one message serves all three commands.
+  ports_.dialogs.messageBox("An error occurred while saving the file: " + description,
+                            "File Error Encountered", platform::kWarning);
+}
+
+void FrequencyFile::resetCursors() {
+  for (Table* table : {&memory_.MSFlexGrid1(), &memory_.MSFlexGrid2()}) {
+    table->setRow(1);
+    table->setCol(1);
+  }
+}
+
+}  // namespace tarnvex::memory
