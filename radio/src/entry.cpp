@@ -1,6 +1,7 @@
 #include "radio/entry.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 #include "radio/commands.h"
@@ -15,7 +16,7 @@ constexpr Frequency kLowestLimit = 290000, kHighestLimit = 9560000;
 
 Frequency keyedFrequency(const std::string& text) {
   const double value = std::strtod(text.c_str(), nullptr) * 10000;
-  return value > 0 && value < 1e8 ? static_cast<Frequency>(value + 0.5) : 0;
+  return value > 0 && value < 1e8 ? static_cast<Frequency>(std::lround(value)) : 0;
 }
 
 bool isChannel(const std::string& text) {

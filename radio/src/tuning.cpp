@@ -83,9 +83,22 @@ bool delays(const State& state) {
   return searches(state.activity) && state.searchDelay;
 }
 
+void storeFound(Memory& memory, Frequency frequency) {
+  const auto& channels = memory.channels;
+  const auto holds = [frequency](const Channel& each) { return each.frequency == frequency; };
+  if (std::any_of(channels.begin(), channels.end(), holds)) return;
+  for (int number = kChannels - kBankSize + 1; number <= kChannels; ++number) {
+    Channel& channel = memory.channels[number];
+    if (channel.frequency != 0) continue;
+    channel = {frequency, false, true, false, false, 0};
+    return;
+  }
+}
+
 void stopOn(State& state, const Transmission& transmission) {
   state.stop = transmission;
   state.open = true;
+  if (state.activity == Activity::Auto) storeFound(state.memory, transmission.frequency);
   if (state.activity == Activity::Scan) state.channel = scannedChannel(state, transmission);
   if (searches(state.activity)) state.searchAt = transmission.frequency;
   if (followsIds(state.activity) && state.activity != Activity::IdHold) {

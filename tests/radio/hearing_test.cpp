@@ -87,6 +87,18 @@ TEST(Hearing, SearchPassesOverWhatIsSkippedOrPassed) {
   EXPECT_EQ(radio.exchange("SQ"), "+") << "the list is empty again";
 }
 
+TEST(Hearing, AutoStoresWhatIsNew) {
+  Radio radio;
+  radio.exchange("KEY19");
+  radio.receive(1, 1000);
+  radio.advance(5000);
+  EXPECT_EQ(part(radio.exchange("PM271"), 7, 14), "00000000") << "channel 1 has it";
+  radio.playScene("city");
+  radio.advance(20000);
+  EXPECT_NE(part(radio.exchange("PM271"), 7, 14), "00000000");
+  EXPECT_EQ(part(radio.exchange("PM271"), 22, 23), "LF");
+}
+
 TEST(Hearing, IdsInTheirModes) {
   Radio radio;
   radio.exchange("KEY13");

@@ -26,7 +26,9 @@ class Port {
       : fd_(::open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK)) {}
   ~Port() { ::close(fd_); }
   Port(const Port&) = delete;
+  Port(Port&&) = delete;
   Port& operator=(const Port&) = delete;
+  Port& operator=(Port&&) = delete;
 
   bool isOpen() const { return fd_ >= 0; }
   void write(std::string_view bytes) {

@@ -21,7 +21,7 @@ enum class Activity {
   SearchHold,
   Weather,  ///< the BC245XLT's service search
   WeatherHold,
-  Auto,         ///< search that stores what it finds
+  Auto,         ///< search that stores new frequencies in bank J
   TrunkSearch,  ///< looking for a control channel
   TrunkSearchHold,
   SelectBank,    ///< trunk programming: bank and system type

@@ -14,7 +14,9 @@ class PseudoTerminal {
   explicit PseudoTerminal(int baud);
   ~PseudoTerminal();
   PseudoTerminal(const PseudoTerminal&) = delete;
+  PseudoTerminal(PseudoTerminal&&) = delete;
   PseudoTerminal& operator=(const PseudoTerminal&) = delete;
+  PseudoTerminal& operator=(PseudoTerminal&&) = delete;
 
   int fd() const { return master_; }
   const std::string& path() const { return path_; }
@@ -35,12 +37,13 @@ class PseudoTerminal {
 /// A symbolic link with a fixed name to a terminal whose own name changes.
 class StableLink {
  public:
-  StableLink() = default;
   /// Empty path: no link.
   explicit StableLink(std::string path) : path_(std::move(path)) {}
   ~StableLink() { remove(); }
   StableLink(const StableLink&) = delete;
+  StableLink(StableLink&&) = delete;
   StableLink& operator=(const StableLink&) = delete;
+  StableLink& operator=(StableLink&&) = delete;
 
   /// Replaces the link in one step. Throws std::system_error.
   void pointTo(const std::string& target);
