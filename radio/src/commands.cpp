@@ -257,6 +257,7 @@ std::string answer(State& state, std::string_view line) {
     if (rest.empty() || sets) return answerSwitch(state, row, rest);
   }
   for (const Command& command : commandsOf(state.model)) {
+    if (!line.starts_with(command.pattern.substr(0, 2))) continue;  // most of them, and cheaply
     if (matches(command.pattern, line)) return command.answer(state, line);
   }
   return kError;

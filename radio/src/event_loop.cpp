@@ -3,9 +3,11 @@
 #include <poll.h>
 #include <signal.h>
 #include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/signalfd.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
@@ -75,11 +77,15 @@ void holdSignals() {
   signal(SIGPIPE, SIG_IGN);
 }
 
+void preferTiming() {
+  prctl(PR_SET_TIMERSLACK, 1UL, 0UL, 0UL, 0UL);
+  setpriority(PRIO_PROCESS, 0, -15);
+}
+
 void runWire(Wire& wire, bool control) {
   const sigset_t set = endingSignals();
   const int signals = signalfd(-1, &set, SFD_CLOEXEC);
   if (signals < 0) throw std::system_error(errno, std::generic_category(), "signalfd");
-  prctl(PR_SET_TIMERSLACK, 1UL, 0UL, 0UL, 0UL);
   print("ready " + wire.path() + '\n');
   ControlInput input;
   std::array<pollfd, 3> fds{};

@@ -28,6 +28,7 @@ int run(const Options& options) {
     std::fprintf(stderr, "tarnvex-radio: no such mode: %s\n", options.mode.c_str());
     return 2;
   }
+  if (options.wire.baud > 0) preferTiming();
   Wire wire(radio, options.wire, clockNow());
   runWire(wire, options.control);
   return 0;

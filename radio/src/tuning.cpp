@@ -111,12 +111,21 @@ bool isPriority(const State& state, int channel) {
   return channel != 0 && state.memory.priorityChannel[bankOf(channel)] == channel;
 }
 
-// Priority takes over only where a scan has stopped on a lesser channel.
+bool callsOn(const State& state, const Transmission& each, int number) {
+  const Channel& channel = state.memory.channels[number];
+  return channel.frequency == each.frequency && each.bank < 0 && scans(state, number) &&
+         each.serial != state.passed && toneFits(state, channel, each);
+}
+
+// Priority takes over only where a scan has stopped on a lesser channel. Asks the ten channels, not
+// the memory: this runs with every command.
 const Transmission* priorityCall(const State& state, const Air& air) {
-  if (!state.switches.priority || state.activity != Activity::Scan) return nullptr;
-  if (state.stop && isPriority(state, state.channel)) return nullptr;
+  if (!state.switches.priority || state.activity != Activity::Scan || !state.stop) return nullptr;
+  if (isPriority(state, state.channel)) return nullptr;
   for (const Transmission& each : air.active()) {
-    if (wants(state, each) && isPriority(state, scannedChannel(state, each))) return &each;
+    for (const int number : state.memory.priorityChannel) {
+      if (callsOn(state, each, number)) return &each;
+    }
   }
   return nullptr;
 }
@@ -168,7 +177,7 @@ void tune(State& state, const Air& air) {
   const bool dwelling = stays(state, air);
   if (dwelling && state.open) return;
   for (const Transmission& each : air.active()) {
-    if (!wants(state, each) || (dwelling && !answersStop(state, each))) continue;
+    if ((dwelling && !answersStop(state, each)) || !wants(state, each)) continue;
     stopOn(state, each);
     return;
   }

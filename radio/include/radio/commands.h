@@ -11,8 +11,8 @@
 namespace tarnvex::radio {
 
 /// One form of a command line. Pattern: '#' a digit, '@' a bank letter A to J, '*' any rest (last
-/// character of the pattern), everything else itself. `answer` gets the whole line and returns the
-/// reply without its final CR.
+/// character of the pattern), everything else itself; the first two characters are themselves.
+/// `answer` gets the whole line and returns the reply without its final CR.
 struct Command {
   std::string_view pattern;
   std::string (*answer)(State& state, std::string_view line);
