@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QIcon>
 
 #include "desktop/program.h"
 
@@ -8,7 +7,6 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("Tarnvex"));
   QApplication::setApplicationVersion(QStringLiteral("1.00"));
   QApplication::setDesktopFileName(QStringLiteral("io.github.tarnvex.Tarnvex"));
-  QApplication::setWindowIcon(QIcon(QStringLiteral(":/tarnvex.svg")));
   // The program ends by its own closing steps, not because no window shows for a moment.
   QApplication::setQuitOnLastWindowClosed(false);
   return tarnvex::desktop::Program().run();

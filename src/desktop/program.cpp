@@ -1,8 +1,20 @@
 #include "desktop/program.h"
 
+#include <QGuiApplication>
+#include <QIcon>
+
+/// The pictures stand in a library, from which the linker takes only what is asked for. Qt wants
+/// this call outside of any namespace.
+static void initialiseResources() {
+  Q_INIT_RESOURCE(desktop);
+}
+
 namespace tarnvex::desktop {
 
-Program::Program(const QString& settingsPath) : settings(settingsPath) {}
+Program::Program(const QString& settingsPath) : settings(settingsPath) {
+  initialiseResources();
+  QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/tarnvex.svg")));
+}
 
 int Program::run() {
   application.start();

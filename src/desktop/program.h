@@ -1,7 +1,12 @@
 #pragma once
 
+#include <QFile>
+
 #include "desktop/ports/device_slots.h"
 #include "desktop/ports/ini_settings.h"
+#include "desktop/ports/posix_files.h"
+#include "desktop/ports/program_directory.h"
+#include "desktop/ports/qt_common_dialog.h"
 #include "desktop/ports/qt_dialogs.h"
 #include "desktop/ports/qt_event_loop.h"
 #include "desktop/ports/qt_serial_port.h"
@@ -26,11 +31,18 @@ class Program {
   DeviceSlots devices{settings};
   QtSerialPorts ports{loop, gate, devices};
   QtDialogs dialogs{gate};
+  QtCommonDialogs commonDialogs{gate};
+  FileCalls fileCalls;
+  PosixFiles fileStore{fileCalls};
+  platform::SequentialFiles files{fileStore};
   WallClock clock;
   platform::SharedState state;
   link::ScannerLink link{state, dialogs};
   QtWindows windows{loop, gate, devices};
-  shell::Application application{{state, gate, ports, dialogs, settings, clock, link}, windows};
+  shell::Application application{
+      {state, gate, ports, dialogs, settings, clock, link, files, commonDialogs,
+       QFile::encodeName(programDirectory()).toStdString()},
+      windows};
 };
 
 }  // namespace tarnvex::desktop

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -46,6 +47,19 @@ class CommonDialog {
       FileName = std::move(*chosen);
     }
   }
+};
+
+/// Makes the file dialogs of the windows.
+class CommonDialogs {
+ public:
+  CommonDialogs() = default;
+  virtual ~CommonDialogs() = default;
+  CommonDialogs(const CommonDialogs&) = delete;
+  CommonDialogs& operator=(const CommonDialogs&) = delete;
+  CommonDialogs(CommonDialogs&&) = delete;
+  CommonDialogs& operator=(CommonDialogs&&) = delete;
+
+  virtual std::unique_ptr<CommonDialog> create() = 0;
 };
 
 }  // namespace tarnvex::platform

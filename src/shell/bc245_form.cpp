@@ -37,6 +37,7 @@ void Form2::load() {
           platform::toInteger(services_.settings.getSetting("Options", "Keybeep", "1"))) {
     chkKeyBeep.setValue(*beep != 0);
   }
+  frequencyFile_.loadLastPlan();
   memory_.layOut();
   showStoredBaudRate();
   for (auto* combo : {&Combo4, &Combo2, &Combo3}) {

@@ -38,6 +38,7 @@ Form4::~Form4() {
 
 void Form4::load() {
   loadOptions();
+  frequencyFile_.loadLastPlan();
   memory_.layOut();
   loadLink();
   for (auto* combo : {&Combo1, &Combo2, &Combo3}) {

@@ -9,10 +9,12 @@ namespace tarnvex::shell {
 MainForm::MainForm(const Services& services, MainFormOutside outside,
                    const memory::MemoryTraits& traits)
     : window(monitor::mainTitle({})),
+      Dlg1(services.commonDialogs.create()),
       MSComm1(services.ports.create()),
       services_(services),
       memory_({MSFlexGrid1, MSFlexGrid2, SSTab1}, services.state, services.dialogs, traits,
               [&link = services.link](const std::string& command) { link.SendCommand(command); }),
+      frequencyFile_(memory_, {services.files, *Dlg1, services.dialogs, services.settings, window}),
       outside_(std::move(outside)),
       lower_({LLimit, services.state.LowerLimitEditing, link::command::kLowerLimit, Ulimit},
              services.link, [&dialogs = services.dialogs] { dialogs.beep(); }),
@@ -57,6 +59,7 @@ void MainForm::requestUnload() {
 }
 
 void MainForm::unload() {
+  frequencyFile_.offerToSave();
   MSComm1->close();
   // What the user still clicks before the window is gone must not open the port again.
   for (platform::Control* control :
@@ -76,7 +79,7 @@ monitor::PollControls MainForm::pollControls() {
 
 monitor::PollOutside MainForm::pollOutside() {
   return {services_.link,  services_.gate,         services_.state,
-          services_.clock, outside_.switchScanner, [] { return std::string(); }};
+          services_.clock, outside_.switchScanner, [this] { return Dlg1->FileName; }};
 }
 
 void MainForm::setUpBankBoxes(platform::ComboBox& trunkBank,

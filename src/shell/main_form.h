@@ -7,6 +7,7 @@
 
 #include "link/link_controls.h"
 #include "memory/channel_memory.h"
+#include "memory/frequency_file.h"
 #include "monitor/poll_cycle.h"
 #include "platform/controls.h"
 #include "platform/table.h"
@@ -43,11 +44,19 @@ class MainForm {
   /// The user wants to close the window, by the menu, a panel key or the window's own button. May
   /// be refused.
   void requestUnload();
-  /// Closes the port; ends the program unless the main windows are being exchanged.
+  /// Offers to save the plan and closes the port; ends the program unless the main windows are
+  /// being exchanged.
   void unload();
+
+  /// The File menu's commands on the plan.
+  void mnuNew() { frequencyFile_.NewPlan(); }
+  void mnuOpenConv() { frequencyFile_.OpenPlan(); }
+  void mnuSaveConv() { frequencyFile_.SavePlan(); }
 
   platform::Window window;
   platform::TabStrip SSTab1;
+  /// The file dialog; its `FileName` is the current frequency file.
+  std::unique_ptr<platform::CommonDialog> Dlg1;
 
   /// Pages "Station Program" and "Trunked Data".
   platform::Table MSFlexGrid1{301, 8};
@@ -92,6 +101,7 @@ class MainForm {
 
   Services services_;
   memory::ChannelMemory memory_;
+  memory::FrequencyFile frequencyFile_;
 
  private:
   void bindCommonControls();

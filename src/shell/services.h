@@ -1,9 +1,13 @@
 #pragma once
 
+#include <string>
+
 #include "link/scanner_link.h"
 #include "platform/clock.h"
+#include "platform/common_dialog.h"
 #include "platform/dialogs.h"
 #include "platform/event_gate.h"
+#include "platform/sequential_files.h"
 #include "platform/serial_port.h"
 #include "platform/settings_store.h"
 #include "platform/shared_state.h"
@@ -19,6 +23,10 @@ struct Services {
   platform::SettingsStore& settings;
   const platform::Clock& clock;
   link::ScannerLink& link;
+  platform::SequentialFiles& files;
+  platform::CommonDialogs& commonDialogs;
+  /// The folder of the program's own files, without a slash at its end.
+  std::string programDirectory;
 };
 
 }  // namespace tarnvex::shell

@@ -7,8 +7,8 @@
 #include <array>
 #include <cerrno>
 #include <climits>
-#include <cstdio>
 #include <filesystem>
+#include <map>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -24,30 +24,15 @@ constexpr int kMostTemporaries = 100;
 constexpr std::size_t kBlock = std::size_t{64} << 10;
 
 std::string describe(int error) {
-  switch (error) {
-    case ENOENT:
-      return "File not found";
-    case ENOTDIR:
-      return "Path not found";
-    case EACCES:
-    case EPERM:
-    case EROFS:
-      return "Permission denied";
-    case ENOSPC:
-    case EDQUOT:
-      return "Disk full";
-    case EIO:
-      return "Device I/O error";
-    case EMFILE:
-    case ENFILE:
-      return "Too many files";
-    case ENAMETOOLONG:
-    case EINVAL:
-    case ELOOP:
-      return "Bad file name";
-    default:
-      return std::generic_category().message(error);
-  }
+  static const std::map<int, const char*> kDescriptions = {
+      {ENOENT, "File not found"},   {ENOTDIR, "Path not found"},     {EACCES, "Permission denied"},
+      {EPERM, "Permission denied"}, {EROFS, "Permission denied"},    {ENOSPC, "Disk full"},
+      {EDQUOT, "Disk full"},        {EIO, "Device I/O error"},       {EMFILE, "Too many files"},
+      {ENFILE, "Too many files"},   {ENAMETOOLONG, "Bad file name"}, {EINVAL, "Bad file name"},
+      {ELOOP, "Bad file name"},
+  };
+  const auto found = kDescriptions.find(error);
+  return found == kDescriptions.end() ? std::generic_category().message(error) : found->second;
 }
 
 /// What keeps a name from being a file's.

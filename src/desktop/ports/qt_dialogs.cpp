@@ -4,6 +4,7 @@
 #include <QPointer>
 
 #include "desktop/ports/text.h"
+#include "desktop/ports/window_in_use.h"
 
 namespace tarnvex::desktop {
 namespace {
@@ -51,18 +52,6 @@ Answer answerOf(int button, int flags) {
     default:
       return Answer::Ok;
   }
-}
-
-QWidget* windowInUse() {
-  if (QWidget* active = QApplication::activeWindow()) {
-    return active;
-  }
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->isVisible() && window->objectName() != QLatin1String("Form1")) {
-      return window;
-    }
-  }
-  return nullptr;
 }
 
 }  // namespace

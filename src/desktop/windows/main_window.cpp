@@ -51,15 +51,31 @@ MainWindow::MainWindow(shell::Form2& form, platform::EventGate& gate, DeviceSlot
 void MainWindow::addMenus() {
   auto* file = menuBar()->addMenu(tr("&File"));
   file->setObjectName(QStringLiteral("mnuFile"));
-  auto* exit = file->addAction(tr("E&xit"), QKeySequence::Quit, this, [this] { close(); });
+  addCommand(file, "mnuNew", tr("&New Frequency File..."), &shell::MainForm::mnuNew);
+  addCommand(file, "mnuOpenConv", tr("&Open Frequency File..."), &shell::MainForm::mnuOpenConv);
+  addCommand(file, "mnuSaveConv", tr("&Save Frequency File..."), &shell::MainForm::mnuSaveConv);
+  file->addSeparator();
+  auto* exit = file->addAction(tr("E&xit"), this, [this] { close(); });
   exit->setObjectName(QStringLiteral("mnuExit"));
   exit->setMenuRole(QAction::QuitRole);
+}
+
+void MainWindow::addCommand(QMenu* menu, const char* name, const QString& caption,
+                            void (shell::MainForm::*command)()) {
+  auto* action = menu->addAction(caption, this, [this, command] {
+    binder_.gate().enter([&form = form_, command] { (form.*command)(); });
+  });
+  action->setObjectName(QLatin1String(name));
 }
 
 void MainWindow::setTop(QWidget* panel) {
   auto* column = static_cast<QVBoxLayout*>(centralWidget()->layout());
   panel->setObjectName(QStringLiteral("panel"));
   column->insertWidget(0, panel);
+  // All pages fit without scrolling at a usual font size.
+  const QFontMetrics metrics(font());
+  const int width = metrics.averageCharWidth() * 168;
+  resize(width, panel->heightForWidth(width) + metrics.height() * 20);
 }
 
 void MainWindow::addPage(const QString& caption, QWidget* page) {

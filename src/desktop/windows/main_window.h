@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QMenu>
 #include <QTabWidget>
 #include <memory>
 
@@ -30,6 +31,8 @@ class MainWindow : public QMainWindow {
  private:
   MainWindow(shell::MainForm& form, platform::EventGate& gate, const char* name);
   void addMenus();
+  void addCommand(QMenu* menu, const char* name, const QString& caption,
+                  void (shell::MainForm::*command)());
   void setTop(QWidget* panel);
   void addPage(const QString& caption, QWidget* page);
   void showTab();

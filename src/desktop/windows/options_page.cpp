@@ -100,6 +100,7 @@ QWidget* makeLimitsFrame(shell::MainForm& form, Binder& binder) {
     auto* box = new QLineEdit;
     binder.bind(box, *model, name);
     box->setAccessibleName(caption);
+    box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("0000.00000")));
     rows->addRow(caption, box);
   }
   auto* column = new QVBoxLayout(frame);
@@ -114,7 +115,6 @@ QWidget* makeOptionsPage(const QVector<QWidget*>& columns) {
   for (QWidget* column : columns) {
     row->addWidget(column);
   }
-  row->addStretch();
   auto* page = new QScrollArea;
   page->setWidget(content);
   page->setWidgetResizable(true);

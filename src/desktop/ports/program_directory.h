@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+namespace tarnvex::desktop {
+
+/// The folder of the program's own files: where the executable lies if that folder is writable and
+/// holds `Searchlist.txt` (a build tree, an unpacked archive), otherwise `Tarnvex` in the user's
+/// data folder, which is filled from the installed share folder the first time.
+QString programDirectory();
+
+}  // namespace tarnvex::desktop

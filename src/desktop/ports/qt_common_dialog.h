@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/common_dialog.h"
+#include "platform/event_gate.h"
+
+namespace tarnvex::desktop {
+
+/// The desktop's file dialog over the window in use. The core stays in the call and yields until it
+/// is closed.
+class QtCommonDialog : public platform::CommonDialog {
+ public:
+  explicit QtCommonDialog(platform::EventGate& gate) : gate_(gate) {}
+
+ protected:
+  std::optional<std::string> chooseFile(platform::FileDialogKind kind) override;
+
+ private:
+  platform::EventGate& gate_;
+};
+
+class QtCommonDialogs : public platform::CommonDialogs {
+ public:
+  explicit QtCommonDialogs(platform::EventGate& gate) : gate_(gate) {}
+  std::unique_ptr<platform::CommonDialog> create() override {
+    return std::make_unique<QtCommonDialog>(gate_);
+  }
+
+ private:
+  platform::EventGate& gate_;
+};
+
+}  // namespace tarnvex::desktop
