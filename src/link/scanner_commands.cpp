@@ -37,8 +37,41 @@ std::string command::priorityChannel(char bankLetter) {
   return std::string("PC ") + bankLetter;
 }
 
+std::string command::selectChannel(int channel) {
+  return "MA" + format(channel, "000");
+}
+
+std::string command::readChannel(int channel) {
+  return "PM" + format(channel, "000");
+}
+
+std::string command::writeChannel(int channel, double megahertz) {
+  return readChannel(channel) + " " + wireFrequency(megahertz);
+}
+
+std::string command::setTone(int index) {
+  return "CS" + format(index, "00");
+}
+
+std::string command::setTrunkType(std::string_view bank, int type) {
+  return "TR " + std::string(bank) + " " + std::to_string(type);
+}
+
+std::string command::setTrunkType(std::string_view bank, int type, std::string_view base,
+                                  std::string_view step) {
+  return setTrunkType(bank, type) + " " + std::string(base) + " " + std::string(step);
+}
+
+std::string command::wireFrequency(double megahertz) {
+  return format(megahertz * kUnitsPerMegahertz, "00000000");
+}
+
 std::string command::setLimit(std::string_view command, double megahertz) {
-  return std::string(command) + format(megahertz * kUnitsPerMegahertz, "00000000");
+  return std::string(command) + wireFrequency(megahertz);
+}
+
+std::string key::number(int digit) {
+  return "KEY02 " + std::to_string(digit);
 }
 
 std::string key::bank(char letter) {
@@ -93,6 +126,10 @@ bool ChannelReply::lockout() const {
   return mid(text_, 22, 2) == "LN";
 }
 
+bool ChannelReply::line() const {
+  return mid(text_, 28, 2) == "RN";
+}
+
 std::optional<int> ChannelReply::tone() const {
   return toInteger(mid(text_, 32, 2));
 }
@@ -108,6 +145,14 @@ std::string TrunkIdReply::slot() const {
 
 std::string TrunkIdReply::id() const {
   return mid(text_, 7, 6);
+}
+
+std::string TrunkTypeReply::bank() const {
+  return mid(text_, 4, 1);
+}
+
+std::string TrunkTypeReply::word() const {
+  return mid(text_, 6);
 }
 
 std::string bankLetters(std::string_view reply) {

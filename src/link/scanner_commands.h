@@ -41,13 +41,24 @@ inline constexpr std::string_view kMute = "MU";
 inline constexpr std::string_view kMuteOn = "MUN";
 inline constexpr std::string_view kMuteOff = "MUA";
 inline constexpr std::string_view kLockout = "LO";
+inline constexpr std::string_view kLockoutOn = "LON";
+inline constexpr std::string_view kLockoutOff = "LOF";
 inline constexpr std::string_view kDelay = "DL";
+inline constexpr std::string_view kDelayOn = "DLN";
+inline constexpr std::string_view kDelayOff = "DLF";
+/// The `Line` flag of the selected channel; the reading commands don't tell it by itself.
+inline constexpr std::string_view kLineOn = "ARN";
+inline constexpr std::string_view kLineOff = "ARF";
 inline constexpr std::string_view kToneSquelch = "CT";
 inline constexpr std::string_view kPriority = "PR";
 inline constexpr std::string_view kLowerLimit = "LL";
 inline constexpr std::string_view kUpperLimit = "LU";
 inline constexpr std::string_view kStreamIds = "IDN";
 inline constexpr std::string_view kStopIds = "IDF";
+/// The trunked bank in use and its system type; BC245XLT only.
+inline constexpr std::string_view kTrunkType = "TB";
+/// Empties all channels of the radio.
+inline constexpr std::string_view kClearChannels = "AC";
 /// No command of the radio: sent after a change of the baud rate for the sake of any answer.
 inline constexpr std::string_view kProvoke = "TEST";
 
@@ -55,6 +66,22 @@ inline constexpr std::string_view kProvoke = "TEST";
 std::string scanBanks(std::string_view letters);
 /// Ask for the priority channel of a bank.
 std::string priorityChannel(char bankLetter);
+/// Select a channel (1 to 300): the radio goes there, and the flag and tone commands act on it.
+std::string selectChannel(int channel);
+/// Read a channel: see `ChannelReply`.
+std::string readChannel(int channel);
+/// Write the frequency of a channel, in MHz; 0 empties it.
+std::string writeChannel(int channel, double megahertz);
+/// Give the selected channel the tone of that index in `ToneTable`.
+std::string setTone(int index);
+/// Set the system type of a trunked bank (its letter as `TrunkTypeReply` gives it) by its number.
+std::string setTrunkType(std::string_view bank, int type);
+/// The same for a type that is tuned: base frequency and step as on the wire, eight and four
+/// digits.
+std::string setTrunkType(std::string_view bank, int type, std::string_view base,
+                         std::string_view step);
+/// A frequency in MHz as on the wire.
+std::string wireFrequency(double megahertz);
 /// Set a search limit (`kLowerLimit` or `kUpperLimit`), in MHz.
 std::string setLimit(std::string_view command, double megahertz);
 }  // namespace command
@@ -63,10 +90,14 @@ std::string setLimit(std::string_view command, double megahertz);
 namespace key {
 inline constexpr std::string_view kScan = "KEY00";
 inline constexpr std::string_view kManual = "KEY01";
+inline constexpr std::string_view kEnter = "KEY04";
 inline constexpr std::string_view kKnobUp = "KEY07";
 inline constexpr std::string_view kKnobDown = "KEY08";
 inline constexpr std::string_view kSearch = "KEY09";
 inline constexpr std::string_view kTrunk = "KEY13";
+inline constexpr std::string_view kTrunkHeld = "KEY13H";
+/// A digit; on the BC245XLT also 10 for its tenth bank.
+std::string number(int digit);
 std::string bank(char letter);
 }  // namespace key
 
@@ -126,7 +157,8 @@ class SignalReply {
   std::string text_;
 };
 
-/// What "MA" answers of the current channel.
+/// What "MA" answers of the current channel, and the reading form of "PM" of any other; the latter
+/// has no `isNothing` and no `number`.
 class ChannelReply {
  public:
   explicit ChannelReply(std::string text) : text_(std::move(text)) {}
@@ -137,6 +169,7 @@ class ChannelReply {
   [[nodiscard]] bool trunked() const;
   [[nodiscard]] bool delay() const;
   [[nodiscard]] bool lockout() const;
+  [[nodiscard]] bool line() const;
   /// Index into `ToneTable`.
   [[nodiscard]] std::optional<int> tone() const;
 
@@ -154,6 +187,18 @@ class TrunkIdReply {
   [[nodiscard]] std::string slot() const;
   /// Six characters.
   [[nodiscard]] std::string id() const;
+
+ private:
+  std::string text_;
+};
+
+/// What "TB" answers.
+class TrunkTypeReply {
+ public:
+  explicit TrunkTypeReply(std::string text) : text_(std::move(text)) {}
+  [[nodiscard]] std::string bank() const;
+  /// The type's word, up to the end of the reply: see trunking/system_type.h.
+  [[nodiscard]] std::string word() const;
 
  private:
   std::string text_;

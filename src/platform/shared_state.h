@@ -22,8 +22,12 @@ struct SharedState {
   std::string CurrentMode;
   /// The keypad or an error flash owns `Frequency`; the poll doesn't write to it.
   bool EntryActive = false;
-  /// Digits were keyed in the system type step of the BC245XLT.
+  /// Digits were keyed in the system type step of the BC245XLT. An upload sets it once it has asked
+  /// for the type of a bank.
   bool DigitKeyed = false;
+  /// The list index last taken over from `Form3`, as text. Kept like `LinkWaiting`: nothing in the
+  /// program reads it.
+  std::string SystemTypeIndex;
   /// Digits keyed with the mouse on the BC245XLT.
   std::string EntryBuffer;
 
