@@ -1,5 +1,7 @@
 #include "link/scanner_commands.h"
 
+#include <algorithm>
+
 #include "platform/convert.h"
 
 namespace tarnvex::link {
@@ -13,13 +15,14 @@ using platform::toReal;
 /// The wire's unit is 100 Hz.
 constexpr double kUnitsPerMegahertz = 10000;
 
-/// Seven characters in the wire's unit as MHz with four decimals.
-std::optional<std::string> megahertz(std::string_view text, std::size_t position) {
+/// Seven characters in the wire's unit as MHz.
+std::optional<double> megahertzAt(std::string_view text, std::size_t position) {
   const auto units = toReal(mid(text, position, 7));
-  if (!units) {
-    return std::nullopt;
-  }
-  return format(*units / kUnitsPerMegahertz, "0.0000");
+  return units ? std::optional(*units / kUnitsPerMegahertz) : std::nullopt;
+}
+
+std::optional<std::string> withFourDecimals(std::optional<double> megahertz) {
+  return megahertz ? std::optional(format(*megahertz, "0.0000")) : std::nullopt;
 }
 
 /// MHz and decimals, put together around a point without a conversion of the decimals.
@@ -31,6 +34,10 @@ std::string aroundPoint(std::string_view text, std::string_view mask) {
 
 std::string command::scanBanks(std::string_view letters) {
   return "SB " + std::string(letters);
+}
+
+std::string command::priorityId(std::string_view groupLetter) {
+  return "PI " + std::string(groupLetter);
 }
 
 std::string command::priorityChannel(char bankLetter) {
@@ -94,12 +101,24 @@ std::string IdentityReply::firmware() const {
   return mid(text_, 24, 3);
 }
 
+std::string IdentityReply::polledModel() const {
+  return mid(text_, 3, 9);
+}
+
+std::string IdentityReply::polledSerialNumber() const {
+  return mid(text_, 13, 10);
+}
+
 std::optional<int> SignalReply::level() const {
   return toInteger(mid(text_, 2, 3));
 }
 
+std::optional<double> SignalReply::megahertz() const {
+  return megahertzAt(text_, 8);
+}
+
 std::optional<std::string> SignalReply::tableFrequency() const {
-  return megahertz(text_, 8);
+  return withFourDecimals(megahertz());
 }
 
 std::string SignalReply::shownFrequency() const {
@@ -147,6 +166,14 @@ std::string TrunkIdReply::id() const {
   return mid(text_, 7, 6);
 }
 
+std::string TrunkIdReply::place() const {
+  return mid(text_, 4, 2);
+}
+
+std::string IdLine::id() const {
+  return mid(text_, 5, 7);
+}
+
 std::string TrunkTypeReply::bank() const {
   return mid(text_, 4, 1);
 }
@@ -159,12 +186,21 @@ std::string bankLetters(std::string_view reply) {
   return mid(reply, 4);
 }
 
+std::string withDashes(std::string reply) {
+  std::ranges::replace(reply, '\xFE', '-');
+  return reply;
+}
+
+std::string priorityPlace(std::string_view reply) {
+  return mid(reply, 4, 2);
+}
+
 std::optional<int> priorityChannelOf(std::string_view reply) {
   return toInteger(mid(reply, 5, 3));
 }
 
 std::optional<std::string> searchLimit(std::string_view reply) {
-  return megahertz(reply, 4);
+  return withFourDecimals(megahertzAt(reply, 4));
 }
 
 std::string searchedId(std::string_view reply) {

@@ -25,6 +25,8 @@ inline constexpr std::string_view kLockoutOn = "LON";
 inline constexpr std::string_view kDelayOn = "DLN";
 inline constexpr std::string_view kToneSquelchOn = "CTN";
 inline constexpr std::string_view kPriorityOn = "PRN";
+/// The ID mode line of a BC245XLT begins so.
+inline constexpr std::string_view kIdLine = "ID";
 }  // namespace reply
 
 /// Requests that have no argument.
@@ -32,6 +34,8 @@ namespace command {
 inline constexpr std::string_view kIdentify = "SI";
 inline constexpr std::string_view kMode = "MD";
 inline constexpr std::string_view kSignal = "SG";
+/// Signal level and frequency of a BC245XLT.
+inline constexpr std::string_view kReception = "WI";
 inline constexpr std::string_view kSquelch = "SQ";
 inline constexpr std::string_view kActiveChannel = "MA";
 inline constexpr std::string_view kActiveId = "IC";
@@ -64,6 +68,8 @@ inline constexpr std::string_view kProvoke = "TEST";
 
 /// Select the banks in the scan.
 std::string scanBanks(std::string_view letters);
+/// Ask for the priority slot of a group of trunked IDs, by its letter as a reply gives it.
+std::string priorityId(std::string_view groupLetter);
 /// Ask for the priority channel of a bank.
 std::string priorityChannel(char bankLetter);
 /// Select a channel (1 to 300): the radio goes there, and the flag and tone commands act on it.
@@ -85,6 +91,25 @@ std::string wireFrequency(double megahertz);
 /// Set a search limit (`kLowerLimit` or `kUpperLimit`), in MHz.
 std::string setLimit(std::string_view command, double megahertz);
 }  // namespace command
+
+/// A switch of the radio: the bare word asks for it, and the answer is the set form. Any answer
+/// other than `on` counts as off.
+struct Switch {
+  std::string_view read;
+  std::string_view on;
+  std::string_view off;
+
+  [[nodiscard]] std::string_view form(bool set) const { return set ? on : off; }
+};
+inline constexpr Switch kMuteSwitch{command::kMute, command::kMuteOn, command::kMuteOff};
+/// Of the BC245XLT.
+inline constexpr Switch kEdacsDecimal{"AF", "AFN", "AFF"};
+inline constexpr Switch kAutoLight{"AL", "ALN", "ALF"};
+inline constexpr Switch kAttenuator{"AT", "ATN", "ATF"};
+inline constexpr Switch kStatusBit{"BT", "BTN", "BTF"};
+inline constexpr Switch kFrequencyId{"FI", "FIN", "FIF"};
+inline constexpr Switch kToneDetection{"TD", "TDN", "TDF"};
+inline constexpr Switch kLight{"LT", "LTN", "LTF"};
 
 /// Keys of the radio's front.
 namespace key {
@@ -125,6 +150,32 @@ inline constexpr std::string_view kSend = "MD15";
 inline constexpr std::string_view kAuto = "MD16";
 }  // namespace mode895
 
+/// Where the trunked modes come twice, the first is on a Motorola system and the second on an EDACS
+/// one.
+namespace mode245 {
+inline constexpr std::string_view kScan = "MD00";
+inline constexpr std::string_view kManual = "MD01";
+inline constexpr std::string_view kSearch = "MD02";
+inline constexpr std::string_view kSearchHold = "MD03";
+inline constexpr std::string_view kService = "MD04";
+inline constexpr std::string_view kServiceHold = "MD05";
+inline constexpr std::string_view kProgram = "MD06";
+inline constexpr std::string_view kProgramEdacs = "MD07";
+inline constexpr std::string_view kSelectBank = "MD08";
+inline constexpr std::string_view kIdSearch = "MD09";
+inline constexpr std::string_view kIdSearchEdacs = "MD15";
+inline constexpr std::string_view kIdHold = "MD10";
+inline constexpr std::string_view kIdHoldEdacs = "MD16";
+inline constexpr std::string_view kTrunkScan = "MD11";
+inline constexpr std::string_view kTrunkScanEdacs = "MD17";
+inline constexpr std::string_view kTrunkManual = "MD12";
+inline constexpr std::string_view kTrunkManualEdacs = "MD18";
+inline constexpr std::string_view kTrunkIdle = "MD13";
+inline constexpr std::string_view kTrunkIdleEdacs = "MD19";
+inline constexpr std::string_view kTrunkSearch = "MD14";
+inline constexpr std::string_view kTrunkSearchEdacs = "MD20";
+}  // namespace mode245
+
 /// What the BC245XLT answers to "SI".
 class IdentityReply {
  public:
@@ -137,16 +188,23 @@ class IdentityReply {
   [[nodiscard]] std::string serialNumber() const;
   /// Version times 100.
   [[nodiscard]] std::string firmware() const;
+  /// As the poll reads them: a place more of the model, the serial number a place further on. Its
+  /// texts are what the about box shows in the end.
+  [[nodiscard]] std::string polledModel() const;
+  [[nodiscard]] std::string polledSerialNumber() const;
 
  private:
   std::string text_;
 };
 
-/// What "SG" answers: signal level and frequency.
+/// What "SG" answers: signal level and frequency. "WI" answers with the same frequency field, but
+/// without `level`.
 class SignalReply {
  public:
   explicit SignalReply(std::string text) : text_(std::move(text)) {}
   [[nodiscard]] std::optional<int> level() const;
+  /// The frequency converted. Nothing if it is no number.
+  [[nodiscard]] std::optional<double> megahertz() const;
   /// The frequency converted, as "0.0000": the form that the channel table holds. Nothing if it is
   /// no number.
   [[nodiscard]] std::optional<std::string> tableFrequency() const;
@@ -187,6 +245,22 @@ class TrunkIdReply {
   [[nodiscard]] std::string slot() const;
   /// Six characters.
   [[nodiscard]] std::string id() const;
+  /// Group letter and slot digit, as sent.
+  [[nodiscard]] std::string place() const;
+
+ private:
+  std::string text_;
+};
+
+/// A line that the BC245XLT sends by itself in its ID modes.
+class IdLine {
+ public:
+  explicit IdLine(std::string text) : text_(std::move(text)) {}
+  /// Any other line has strayed in.
+  [[nodiscard]] bool isId() const { return text_.starts_with(reply::kIdLine); }
+  [[nodiscard]] bool saysNoId() const { return text_.find('E') != std::string::npos; }
+  /// Seven characters: the ID and the blank before it.
+  [[nodiscard]] std::string id() const;
 
  private:
   std::string text_;
@@ -206,6 +280,10 @@ class TrunkTypeReply {
 
 /// The bank letters in the answer to "SB" or "IS".
 std::string bankLetters(std::string_view reply);
+/// A reply of the BC245XLT with the "-" that it sends as code 254.
+std::string withDashes(std::string reply);
+/// Group letter and slot digit of the priority ID in the answer to "PI ", empty if there is none.
+std::string priorityPlace(std::string_view reply);
 /// The priority channel in the answer to "PC ".
 std::optional<int> priorityChannelOf(std::string_view reply);
 /// The limit in the answer to "LL" or "LU", as "0.0000". Nothing if it is no number.
