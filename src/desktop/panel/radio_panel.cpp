@@ -21,7 +21,6 @@ namespace {
 
 constexpr int kNone = -1;
 constexpr int kKnobTarget = -2;
-constexpr double kNaturalScale = 1.0;
 constexpr double kLeastScale = 0.62;
 
 bool isPressKey(int key) {
@@ -39,9 +38,6 @@ struct RadioPanel::Held {
   int target;
   Qt::MouseButton button;
   bool byKeyboard;
-  bool isFrom(Qt::MouseButton other, bool keyboard) const {
-    return button == other && byKeyboard == keyboard;
-  }
 };
 
 struct RadioPanel::State {
@@ -75,8 +71,9 @@ RadioPanel::RadioPanel(const PanelLayout& layout, QWidget* parent)
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
-  setAccessibleName(layout.model);
+  // First of the two: setting the name may already ask for the interface, and it is kept.
   installPanelAccessibility();
+  setAccessibleName(layout.model);
 }
 
 RadioPanel::~RadioPanel() = default;
@@ -163,7 +160,7 @@ void RadioPanel::setFocusKey(int keyIndex) {
 }
 
 QSize RadioPanel::sizeHint() const {
-  return (state_->layout.size * kNaturalScale).toSize();
+  return state_->layout.size.toSize();
 }
 
 QSize RadioPanel::minimumSizeHint() const {
@@ -216,7 +213,7 @@ void RadioPanel::hold(int target, Qt::MouseButton button, bool byKeyboard) {
 void RadioPanel::release(Qt::MouseButton button, bool byKeyboard, int over) {
   QVector<Held>& held = state_->held;
   const auto found = std::find_if(held.begin(), held.end(), [button, byKeyboard](const Held& one) {
-    return one.isFrom(button, byKeyboard);
+    return one.button == button && one.byKeyboard == byKeyboard;
   });
   if (found == held.end()) return;
   const int target = found->target;
@@ -288,9 +285,10 @@ void RadioPanel::updateKey(int keyIndex) {
   update(renderer_->widgetRect(state_->layout.keys[keyIndex].rect, kKeyMargin));
 }
 
-bool RadioPanel::keyboardHolds() const {
-  return std::any_of(state_->held.begin(), state_->held.end(),
-                     [](const Held& one) { return one.byKeyboard; });
+int RadioPanel::keyboardTarget() const {
+  const auto own = std::find_if(state_->held.begin(), state_->held.end(),
+                                [](const Held& one) { return one.byKeyboard; });
+  return own == state_->held.end() ? kNone : own->target;
 }
 
 void RadioPanel::keyPressEvent(QKeyEvent* event) {
@@ -299,7 +297,7 @@ void RadioPanel::keyPressEvent(QKeyEvent* event) {
     const auto arrow = static_cast<Qt::Key>(event->key());
     setFocusKey(neighbourKey(state_->layout, state_->focusKey, arrow));
   } else if (plain && isPressKey(event->key()) && state_->focusKey >= 0) {
-    if (event->isAutoRepeat() || keyboardHolds()) return;
+    if (event->isAutoRepeat() || keyboardTarget() != kNone) return;
     hold(state_->focusKey, Qt::LeftButton, true);
   } else {
     event->ignore();
@@ -307,11 +305,9 @@ void RadioPanel::keyPressEvent(QKeyEvent* event) {
 }
 
 void RadioPanel::keyReleaseEvent(QKeyEvent* event) {
-  if (!isPressKey(event->key()) || !keyboardHolds()) return event->ignore();
-  if (event->isAutoRepeat()) return;
-  const auto own = std::find_if(state_->held.begin(), state_->held.end(),
-                                [](const Held& one) { return one.byKeyboard; });
-  release(Qt::LeftButton, true, own->target);
+  const int target = keyboardTarget();
+  if (!isPressKey(event->key()) || target == kNone) return event->ignore();
+  if (!event->isAutoRepeat()) release(Qt::LeftButton, true, target);
 }
 
 void RadioPanel::setFocusRing(bool shown) {
@@ -320,16 +316,15 @@ void RadioPanel::setFocusRing(bool shown) {
   updateKey(state_->front.focusKey);
 }
 
-void RadioPanel::focusInEvent(QFocusEvent* event) {
-  QWidget::focusInEvent(event);
+// The base class would paint the whole panel again at each change of focus.
+void RadioPanel::focusInEvent(QFocusEvent*) {
   setFocusRing(true);
   announceKeyFocus(this, state_->focusKey);
 }
 
-void RadioPanel::focusOutEvent(QFocusEvent* event) {
-  QWidget::focusOutEvent(event);
+void RadioPanel::focusOutEvent(QFocusEvent*) {
   setFocusRing(false);
-  if (keyboardHolds()) releaseAll();
+  if (keyboardTarget() != kNone) releaseAll();
 }
 
 void RadioPanel::hideEvent(QHideEvent* event) {

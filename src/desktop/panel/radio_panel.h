@@ -94,7 +94,7 @@ class RadioPanel : public QWidget {
   struct State;
 
   QPointF toUnits(const QPointF& where) const;
-  bool keyboardHolds() const;
+  int keyboardTarget() const;
   bool press(const QPointF& where, Qt::MouseButton button);
   void hold(int target, Qt::MouseButton button, bool byKeyboard);
   void release(Qt::MouseButton button, bool byKeyboard, int over);

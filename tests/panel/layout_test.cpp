@@ -1,0 +1,178 @@
+#include <gtest/gtest.h>
+
+#include <QSet>
+#include <functional>
+
+#include "desktop/panel/panel_geometry.h"
+#include "desktop/panel/panel_layout.h"
+
+namespace tarnvex::desktop {
+namespace {
+
+QStringList array(const char* name, int count) {
+  QStringList names;
+  for (int i = 0; i < count; ++i) names.append(QString("%1(%2)").arg(name).arg(i));
+  return names;
+}
+
+TEST(PanelLayout, DeskSetKeysFollowTheKeypadArray) {
+  const QStringList captions{
+      "STEP",   "AUX", "DIM",   "WX",   "RMT", "SEND",  "HOLD",  "LIMIT",     "SRC", "AUTO", "SCAN",
+      "MANUAL", "PRI", "TRUNK", "DATA", "L/O", "DELAY", "CTCSS", "1",         "2",   "3",    "4",
+      "5",      "6",   "7",     "8",    "9",   ".",     "0",     "E ",        "A",   "B",    "C",
+      "D",      "E",   "F",     "G",    "H",   "I",     "J",     "FREQ  CHAN"};
+  const PanelLayout layout = bc895Layout();
+  ASSERT_EQ(layout.keys.size(), captions.size());
+  for (int i = 0; i < captions.size(); ++i) {
+    EXPECT_EQ(layout.keys[i].caption, captions[i]) << i;
+    EXPECT_EQ(layout.keyIndex(QString("Keypad(%1)").arg(i)), i);
+  }
+  EXPECT_EQ(layout.keyIndex("Keypad(41)"), -1);
+}
+
+TEST(PanelLayout, HandheldKeysCarryTheirLabels) {
+  const QHash<QString, QString> captions{
+      {"Label1", ""},          {"Label2", "  SCAN"},  {"Label3", " MAN"},
+      {"Label4", " TRNK"},     {"Label5", "    SVC"}, {"Label6", "     PRI"},
+      {"Label8", "1"},         {"Label9", "2"},       {"Label10", "3"},
+      {"Label12", "4"},        {"Label13", "5"},      {"Label14", "6"},
+      {"Label15", "7"},        {"Label16", "8"},      {"Label17", "9"},
+      {"Label18", "."},        {"Label19", "0"},      {"Label20", "E"},
+      {"Label21", "   LIMIT"}, {"Label22", " SRCH"},  {"Label23", "   HOLD"},
+      {"Label24", "  DLY"},    {"Label25", "   L/O"}, {"Label26", " DATA"}};
+  const PanelLayout layout = bc245Layout();
+  EXPECT_EQ(layout.keys.size(), captions.size());
+  for (auto it = captions.begin(); it != captions.end(); ++it) {
+    const int index = layout.keyIndex(it.key());
+    ASSERT_GE(index, 0) << it.key().toStdString();
+    EXPECT_EQ(layout.keys[index].caption, it.value());
+  }
+}
+
+TEST(PanelLayout, HoldsEveryElementThatThePollWrites) {
+  const QStringList desk =
+      QStringList{"Frequency", "Alpha", "Channel", "CTCSS",    "Scan",  "Hold", "Search",
+                  "Trunk",     "Wx",    "Auto",    "Priority", "Delay", "LO",   "MHZ",
+                  "CtcssStat", "Bank",  "Alert",   "Line",     "STEP"} +
+      array("Bankltr", 10) + array("Sig", 5);
+  const QStringList hand =
+      QStringList{"Frequency", "Alpha", "Channel", "TrunkType", "Trunk", "Att",     "Data",  "Dly",
+                  "Hold",      "LO",    "Pri",     "Police",    "Scan",  "Keylock", "Search"} +
+      array("Bank", 11) + array("Bankltr", 10);
+  const auto sorted = [](QStringList names) {
+    names.sort();
+    return names;
+  };
+  const auto names = [](const PanelLayout& layout) {
+    QStringList result;
+    for (const DisplayElement& element : layout.elements) result.append(element.name);
+    return result;
+  };
+  EXPECT_EQ(sorted(names(bc895Layout())), sorted(desk));
+  EXPECT_EQ(sorted(names(bc245Layout())), sorted(hand));
+  EXPECT_EQ(bc895Layout().knob->marks, 13);
+  EXPECT_FALSE(bc245Layout().knob.has_value());
+}
+
+class BothLayouts : public testing::TestWithParam<std::function<PanelLayout()>> {
+ protected:
+  const PanelLayout layout = GetParam()();
+};
+
+TEST_P(BothLayouts, NothingOverlaps) {
+  QVector<QPair<QString, QRectF>> front{{"bezel", layout.bezel}};
+  if (layout.knob) front.append({"knob", layout.knob->area()});
+  for (const PanelKey& key : layout.keys) front.append({key.control, key.rect});
+  for (const PanelCaption& caption : layout.captions) {
+    // Two captions share a line from both ends; what matters is that they keep off the rest.
+    for (const auto& other : front) {
+      EXPECT_FALSE(caption.rect.intersects(other.second) && other.first != "knob")
+          << caption.text.toStdString() << " on " << other.first.toStdString();
+    }
+  }
+  QVector<QPair<QString, QRectF>> glass;
+  for (const DisplayElement& element : layout.elements) {
+    glass.append({element.name, element.rect});
+    EXPECT_TRUE(layout.glass.contains(element.rect)) << element.name.toStdString();
+  }
+  for (const auto& things : {front, glass}) {
+    for (int i = 0; i < things.size(); ++i) {
+      for (int k = i + 1; k < things.size(); ++k) {
+        EXPECT_FALSE(things[i].second.intersects(things[k].second))
+            << things[i].first.toStdString() << " and " << things[k].first.toStdString();
+      }
+    }
+  }
+  for (const auto& thing : front) {
+    EXPECT_TRUE(layout.body.contains(thing.second)) << thing.first.toStdString();
+  }
+  EXPECT_TRUE(layout.bezel.contains(layout.glass));
+}
+
+TEST_P(BothLayouts, KeysCanBeToldApartByEar) {
+  QSet<QString> spoken;
+  for (const PanelKey& key : layout.keys) {
+    EXPECT_FALSE(key.spoken.isEmpty()) << key.control.toStdString();
+    EXPECT_FALSE(spoken.contains(key.spoken)) << key.spoken.toStdString();
+    EXPECT_TRUE(!key.label.isEmpty() || key.icon != KeyIcon::None);
+    spoken.insert(key.spoken);
+  }
+}
+
+TEST_P(BothLayouts, ArrowKeysReachEveryKey) {
+  QSet<int> reached{0};
+  QVector<int> open{0};
+  while (!open.isEmpty()) {
+    const int from = open.takeLast();
+    for (const Qt::Key arrow : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down}) {
+      const int next = neighbourKey(layout, from, arrow);
+      if (reached.contains(next)) continue;
+      reached.insert(next);
+      open.append(next);
+    }
+  }
+  EXPECT_EQ(reached.size(), layout.keys.size());
+}
+
+TEST_P(BothLayouts, DisplayAloneKeepsTheDisplayWhole) {
+  const PanelLayout alone = displayOnly(layout);
+  EXPECT_TRUE(alone.keys.isEmpty());
+  EXPECT_FALSE(alone.knob.has_value());
+  ASSERT_EQ(alone.elements.size(), layout.elements.size());
+  EXPECT_TRUE(QRectF(QPointF(0, 0), alone.size).contains(alone.glass));
+  for (int i = 0; i < alone.elements.size(); ++i) {
+    EXPECT_TRUE(alone.glass.contains(alone.elements[i].rect));
+    const QPointF offset = layout.elements[i].rect.topLeft() - layout.glass.topLeft();
+    EXPECT_EQ(alone.elements[i].rect.topLeft() - alone.glass.topLeft(), offset);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Radios, BothLayouts, testing::Values(bc895Layout, bc245Layout));
+
+TEST(PanelLayout, BankKeysStandBelowTheirLetters) {
+  const PanelLayout layout = bc895Layout();
+  for (int i = 0; i < 10; ++i) {
+    const PanelKey& key = layout.keys[30 + i];
+    const DisplayElement& letter =
+        layout.elements[layout.elementIndex(QString("Bankltr(%1)").arg(i))];
+    EXPECT_EQ(key.caption, letter.ghost);
+    EXPECT_NEAR(key.rect.center().x(), letter.rect.center().x(), 0.1);
+    EXPECT_EQ(key.rect.y(), layout.keys[30].rect.y());
+  }
+}
+
+TEST(PanelLayout, ArrowKeysGoStraightWithinAGroup) {
+  const PanelLayout layout = bc895Layout();
+  const auto caption = [&layout](int from, Qt::Key arrow) {
+    return layout.keys[neighbourKey(layout, from, arrow)].caption;
+  };
+  EXPECT_EQ(caption(22, Qt::Key_Left), "4");
+  EXPECT_EQ(caption(22, Qt::Key_Right), "6");
+  EXPECT_EQ(caption(22, Qt::Key_Up), "2");
+  EXPECT_EQ(caption(22, Qt::Key_Down), "8");
+  EXPECT_EQ(caption(39, Qt::Key_Right), "CTCSS");  // from bank J over to the next group
+  EXPECT_EQ(caption(30, Qt::Key_Left), "A");       // the first key of all stays
+}
+
+}  // namespace
+}  // namespace tarnvex::desktop
