@@ -150,8 +150,8 @@ void addWords(QVector<DisplayElement>& elements) {
   for (const WordPlace& place : kWords) {
     elements.append({QString::fromLatin1(place.name), ElementKind::Word,
                      QRectF(place.x, place.y, place.width, 12), QString::fromLatin1(place.word),
-                     place.x > kGlass.center().x() + 60 ? Qt::AlignRight | Qt::AlignVCenter
-                                                        : Qt::AlignLeft | Qt::AlignVCenter,
+                     place.x + place.width > kLineEnd - 1 ? Qt::AlignRight | Qt::AlignVCenter
+                                                          : Qt::AlignLeft | Qt::AlignVCenter,
                      QString()});
     // Read aloud, the letters bring their own "bank".
     elements.last().silent = elements.last().name == QLatin1String("Bank");
