@@ -7,19 +7,17 @@
 #include "monitor/hit_capture.h"
 #include "monitor/tag_finder.h"
 #include "platform/convert.h"
+#include "trunking/talkgroup_id.h"
 
 namespace tarnvex::monitor {
 
 namespace command = link::command;
 namespace reply = link::reply;
 namespace mode895 = link::mode895;
-using platform::assign;
-using platform::format;
 
 namespace {
 
-constexpr std::string_view kNoId = "- -   - - -";
-constexpr std::string_view kScanning = "Scanning";
+constexpr std::string_view kDesignText = "Initializing";
 
 /// What a search mode does to the panel before the part that all of them share.
 struct SearchMode {
@@ -51,42 +49,45 @@ constexpr std::array<BarStep, 5> kBarSteps = {{{15, 0}, {17, 1}, {20, 2}, {23, 3
 }  // namespace
 
 Bc895Poll::Bc895Poll(PanelState& panel, PollControls controls, PollOutside outside)
-    : panel_(panel),
-      controls_(controls),
-      outside_(std::move(outside)),
+    : PollCycle(panel, controls, std::move(outside)),
+      panel_(panel),
       knob_(panel, outside_.link, outside_.gate, outside_.state) {}
 
 void Bc895Poll::tick() {
   if (otherModelAnswers()) {
-    outside_.switchScanner();
+    handOver("BC245", "BC245XLT");
     return;
   }
   controls_.Check6.setValue(asksOn(command::kMute, reply::kMuteOn));
   const link::SignalReply signal(ask(command::kSignal));
+  gateRecording(showsReception());
   showSignalBars(signal);
-  outside_.state.CurrentMode = ask(command::kMode);
-  panel_.mode.setCaption(outside_.state.CurrentMode);
+  askMode();
   panel_.LO.setVisible(asksOn(command::kLockout, reply::kLockoutOn));
   askLimits();
-  branch(outside_.state.CurrentMode, signal);
+  branch(state().CurrentMode, signal);
   knob_.step();
 }
 
 /// Silence counts as the radio that was there: the link has reported it, and it is no reason to
 /// change windows.
 bool Bc895Poll::otherModelAnswers() {
-  auto& state = outside_.state;
   if (link::IdentityReply(ask(command::kIdentify)).isOtherModel()) {
-    state.ModelKey = "BC245";
-    state.ScannerName = "BC245XLT";
     return true;
   }
-  state.ModelKey = "BC895";
-  state.ScannerName = "BC895XLT";
-  state.SerialNumberText = "N/A";
-  state.FirmwareText = "N/A";
-  state.SwitchingScanners = false;
+  state().ModelKey = "BC895";
+  state().ScannerName = "BC895XLT";
+  state().SerialNumberText = "N/A";
+  state().FirmwareText = "N/A";
+  state().SwitchingScanners = false;
   return false;
+}
+
+/// By the words of the last tick: a running search counts, too.
+bool Bc895Poll::showsReception() const {
+  const std::string& shown = panel_.Frequency.caption();
+  return shown != kScanning && shown != kDesignText &&
+         panel_.mode.caption() != mode895::kTrunkSearchQuiet;
 }
 
 void Bc895Poll::showSignalBars(const link::SignalReply& signal) {
@@ -100,19 +101,6 @@ void Bc895Poll::showSignalBars(const link::SignalReply& signal) {
   }
   for (std::size_t bar = 0; bar < panel_.Sig.size(); ++bar) {
     panel_.Sig[bar].setVisible(bar < step->lit);
-  }
-}
-
-void Bc895Poll::askLimits() {
-  if (!outside_.state.LowerLimitEditing) {
-    if (const auto limit = link::searchLimit(ask(command::kLowerLimit))) {
-      controls_.LLimit.setText(*limit);
-    }
-  }
-  if (!outside_.state.UpperLimitEditing) {
-    if (const auto limit = link::searchLimit(ask(command::kUpperLimit))) {
-      controls_.Ulimit.setText(*limit);
-    }
   }
 }
 
@@ -132,12 +120,6 @@ void Bc895Poll::branch(const std::string& mode, const link::SignalReply& signal)
   }
 }
 
-void Bc895Poll::showFrequency(const std::string& text) {
-  if (!outside_.state.EntryActive) {
-    panel_.Frequency.setCaption(text);
-  }
-}
-
 void Bc895Poll::sendMode() {
   for (auto& letter : panel_.Bankltr) {
     letter.setVisible(true);
@@ -148,10 +130,7 @@ void Bc895Poll::sendMode() {
 
 void Bc895Poll::search(const std::string& mode, const link::SignalReply& signal) {
   prepareSearch(mode);
-  const bool found = !outside_.state.EntryActive && searchFinds(signal);
-  if (controls_.chkSkip.value() && found) {
-    ask(link::key::kSearch);
-  }
+  skipIf(!state().EntryActive && searchFinds(signal));
 }
 
 void Bc895Poll::prepareSearch(const std::string& mode) {
@@ -188,23 +167,11 @@ bool Bc895Poll::searchFinds(const link::SignalReply& signal) {
   }
   panel_.Frequency.setCaption(signal.shownFrequency());
   const bool open = asksOn(command::kSquelch, reply::kSquelchOpen);
-  if (!open || outside_.state.CurrentMode == mode895::kTrunkSearchQuiet) {
-    outside_.state.HitCounted = false;
+  if (!open || state().CurrentMode == mode895::kTrunkSearchQuiet) {
+    state().HitCounted = false;
     return inPlan;
   }
-  const std::string frequency = link::SignalReply(ask(command::kSignal)).shownFrequency();
-  panel_.Frequency.setCaption(frequency);
-  showTagOf(frequency);
-  return captureFrequency(controls_.List1, frequency, panel_.Alpha.caption(), outside_.clock,
-                          outside_.state);
-}
-
-bool Bc895Poll::showTagOf(const std::string& frequency) {
-  const auto tag = findTag(controls_.MSFlexGrid1, frequency);
-  if (tag) {
-    panel_.Alpha.setCaption(*tag);
-  }
-  return tag.has_value();
+  return takeHit(link::SignalReply(ask(command::kSignal)).shownFrequency());
 }
 
 void Bc895Poll::conventional(const std::string& mode) {
@@ -221,58 +188,16 @@ void Bc895Poll::conventional(const std::string& mode) {
   panel_.Priority.setVisible(asksOn(command::kPriority, reply::kPriorityOn));
   const link::ChannelReply channel(ask(command::kActiveChannel));
   if (channel.isNothing()) {
-    showNoChannel();
-  } else {
-    showChannel(mode, channel);
-  }
-}
-
-void Bc895Poll::showNoChannel() {
-  panel_.Channel.setCaption("");
-  panel_.Alpha.setCaption("");
-  showFrequency(std::string(kScanning));
-  for (auto* label : {&panel_.Delay, &panel_.LO, &panel_.MHZ, &panel_.CTCSS, &panel_.Trunk}) {
-    label->setVisible(false);
-  }
-}
-
-void Bc895Poll::showChannel(const std::string& mode, const link::ChannelReply& channel) {
-  const std::string number = channel.number();
-  const std::string frequency = channel.shownFrequency();
-  showChannelTag(frequency, number);
-  showChannelNumber(mode, number);
-  panel_.MHZ.setVisible(true);
-  panel_.Delay.setVisible(channel.delay());
-  panel_.LO.setVisible(channel.lockout());
-  panel_.Trunk.setVisible(channel.trunked());
-  showTone(channel);
-}
-
-void Bc895Poll::showChannelTag(const std::string& frequency, const std::string& number) {
-  if (!outside_.state.EntryActive) {
-    panel_.Frequency.setCaption(frequency);
-    if (const auto tag = findTag(controls_.MSFlexGrid1, frequency, number)) {
-      panel_.Alpha.setCaption(*tag);
-      return;
+    showNothingActive();
+    for (auto* label : {&panel_.Delay, &panel_.MHZ, &panel_.CTCSS, &panel_.Trunk}) {
+      label->setVisible(false);
     }
-  }
-  // While digits are being keyed the tag goes too: it belongs to the channel that is being left.
-  panel_.Alpha.setCaption("");
-}
-
-void Bc895Poll::showChannelNumber(const std::string& mode, const std::string& number) {
-  const auto channel = platform::toInteger(number);
-  if (!channel) {
-    panel_.Channel.setCaption(number);
     return;
   }
-  const int bank = bankOfChannel(*channel);
-  const auto priority =
-      link::priorityChannelOf(ask(command::priorityChannel(link::bankLetter(bank))));
-  panel_.Channel.setCaption(priority == channel ? "P  " + number : number);
-  if (mode != mode895::kScan) {
-    panel_.showBanks(std::string(1, link::bankLetter(bank)));
-  }
+  showActiveChannel(channel, !scanning);
+  panel_.MHZ.setVisible(true);
+  panel_.Delay.setVisible(channel.delay());
+  showTone(channel);
 }
 
 /// Without tone squelch the last tone keeps standing until the channel is left: users read it
@@ -293,7 +218,6 @@ void Bc895Poll::trunkedVoice(const std::string& mode) {
   panel_.Scan.setVisible(scanning);
   panel_.Hold.setVisible(!scanning);
   panel_.Search.setVisible(false);
-  panel_.MHZ.setVisible(false);
   panel_.showBanks(scanning ? link::bankLetters(ask(command::kTrunkScanBanks))
                             : link::TrunkIdReply(ask(command::kActiveId)).bank());
   panel_.Bank.setVisible(true);
@@ -303,22 +227,17 @@ void Bc895Poll::trunkedVoice(const std::string& mode) {
   panel_.Trunk.setVisible(true);
   panel_.Delay.setVisible(asksOn(command::kDelay, reply::kDelayOn));
   const link::TrunkIdReply id(ask(command::kActiveId));
-  if (!id.isNothing()) {
+  if (id.isNothing()) {
+    showNothingActive();
+  } else {
     showVoiceId(id);
-    return;
-  }
-  panel_.Channel.setCaption("");
-  panel_.Alpha.setCaption("");
-  showFrequency(std::string(kScanning));
-  for (auto* label : {&panel_.LO, &panel_.MHZ, &panel_.CTCSS}) {
-    label->setVisible(false);
   }
 }
 
 void Bc895Poll::showVoiceId(const link::TrunkIdReply& id) {
   panel_.Channel.setCaption(id.slot());
   const std::string raw = id.id();
-  const std::string shown = raw.find('-') == std::string::npos ? format(raw, "######") : raw;
+  const std::string shown = trunking::shownId(raw);
   bool onTable = false;
   showTalkgroupTag(raw, onTable);
   if (onTable) {
@@ -327,7 +246,6 @@ void Bc895Poll::showVoiceId(const link::TrunkIdReply& id) {
     // Not held back by an entry: an ID from outside the plan shows through it.
     panel_.Frequency.setCaption(shown);
   }
-  panel_.MHZ.setVisible(false);
   panel_.LO.setVisible(asksOn(command::kLockout, reply::kLockoutOn));
 }
 
@@ -338,7 +256,7 @@ void Bc895Poll::showTalkgroupTag(const std::string& id, bool& onTable) {
   onTable = channel.has_value();
   if (!channel) {
     panel_.Alpha.setCaption("");
-  } else if (!outside_.state.EntryActive) {
+  } else if (!state().EntryActive) {
     panel_.Alpha.setCaption(
         findTalkgroupTag(controls_.MSFlexGrid2, bankOfChannel(*channel), id).value_or(""));
   }
@@ -360,7 +278,7 @@ void Bc895Poll::enterIdMode(bool hold) {
 void Bc895Poll::holdId() {
   enterIdMode(true);
   ask(command::kStreamIds);
-  while (outside_.state.CurrentMode == mode895::kIdHold) {
+  while (state().CurrentMode == mode895::kIdHold) {
     holdRound();
   }
   ask(command::kStopIds);
@@ -370,7 +288,7 @@ void Bc895Poll::holdId() {
 /// to catch up.
 void Bc895Poll::holdRound() {
   outside_.gate.yield();
-  if (panel_.Frequency.caption() == "Initializing") {
+  if (panel_.Frequency.caption() == kDesignText) {
     panel_.Frequency.setCaption("Non-Active ID");
   }
   if (const auto id = link::heldId(outside_.link.ReadReply())) {
@@ -378,17 +296,17 @@ void Bc895Poll::holdRound() {
     bool onTable = false;
     showTalkgroupTag(*id, onTable);
   }
-  outside_.state.CurrentMode = ask(command::kMode);
+  state().CurrentMode = ask(command::kMode);
 }
 
 void Bc895Poll::searchIds() {
   enterIdMode(false);
   ask(command::kStreamIds);
   ask(link::key::kSearch);
-  showFrequency(std::string(kNoId));
+  showFrequency(kNoId);
   // Keeps its value while no ID is active: the skip key then goes out again.
   bool found = false;
-  while (outside_.state.CurrentMode == mode895::kIdSearch) {
+  while (state().CurrentMode == mode895::kIdSearch) {
     searchRound(found);
   }
   ask(command::kStopIds);
@@ -404,20 +322,18 @@ void Bc895Poll::searchRound(bool& found) {
   } else {
     shown = takeSearchedId(link::searchedId(answer), found);
   }
-  if (controls_.chkSkip.value() && found) {
-    ask(link::key::kSearch);
-  }
+  skipIf(found);
   showFrequency(shown);
   outside_.gate.yield();
   ask(command::kStopIds);
-  outside_.state.CurrentMode = link::modeOf(ask(command::kMode));
+  state().CurrentMode = link::modeOf(ask(command::kMode));
 }
 
 std::string Bc895Poll::takeSearchedId(const std::string& id, bool& found) {
   bool onTable = false;
   showTalkgroupTag(id, onTable);
   found = captureId(controls_.List2, id, panel_.Alpha.caption(), outside_.clock);
-  return id.find('-') == std::string::npos ? format(id, "#####0") : id;
+  return id.find('-') == std::string::npos ? platform::format(id, "#####0") : id;
 }
 
 /// So that the task bar shows what the radio is on.

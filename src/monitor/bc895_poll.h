@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "link/scanner_commands.h"
 #include "monitor/knob.h"
@@ -9,41 +8,24 @@
 
 namespace tarnvex::monitor {
 
-/// Keeps the picture of a BC895XLT true by asking. One tick asks a fixed opening set of questions,
-/// branches on the radio's mode and writes the answers into the panel. The radio's mode is the
-/// state; the tick holds none, and the next tick is the retry of this one. A reply that doesn't fit
-/// leaves its element as it was.
-///
-/// Elements that a mode doesn't name keep what an earlier mode left, so the panel depends on the
-/// way as the radio's own does.
-///
-/// Called by the poll timer, through the event gate, which lets pending events run before each
-/// tick. In the ID modes a tick stays inside, yielding, until the mode changes.
-class Bc895Poll {
+/// The poll of the BC895XLT.
+class Bc895Poll : public PollCycle {
  public:
   Bc895Poll(PanelState& panel, PollControls controls, PollOutside outside);
 
   void tick();
 
  private:
-  std::string ask(std::string_view command) { return outside_.link.SendCommand(command); }
-  bool asksOn(std::string_view command, std::string_view on) { return ask(command) == on; }
-
   bool otherModelAnswers();
-  void askLimits();
+  [[nodiscard]] bool showsReception() const;
   void showSignalBars(const link::SignalReply& signal);
   void branch(const std::string& mode, const link::SignalReply& signal);
 
   void search(const std::string& mode, const link::SignalReply& signal);
   void prepareSearch(const std::string& mode);
   bool searchFinds(const link::SignalReply& signal);
-  bool showTagOf(const std::string& frequency);
 
   void conventional(const std::string& mode);
-  void showChannel(const std::string& mode, const link::ChannelReply& channel);
-  void showNoChannel();
-  void showChannelNumber(const std::string& mode, const std::string& number);
-  void showChannelTag(const std::string& frequency, const std::string& number);
   void showTone(const link::ChannelReply& channel);
 
   void trunkedVoice(const std::string& mode);
@@ -60,12 +42,9 @@ class Bc895Poll {
   std::string takeSearchedId(const std::string& id, bool& found);
   void mirrorTitle();
 
-  void showFrequency(const std::string& text);
   void sendMode();
 
   PanelState& panel_;
-  PollControls controls_;
-  PollOutside outside_;
   Knob knob_;
 };
 

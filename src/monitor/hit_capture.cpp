@@ -19,6 +19,16 @@ std::optional<int> countOf(const std::string& line) {
   return platform::toInteger(line.substr(start, tag - start));
 }
 
+bool addUnlessListed(platform::ListBox& hits, const std::string& id, const std::string& rest) {
+  for (const std::string& line : hits.items()) {
+    if (line.find(id) != std::string::npos) {
+      return true;
+    }
+  }
+  hits.add(id + " - " + rest);
+  return false;
+}
+
 }  // namespace
 
 std::string tagPart(const std::string& tag) {
@@ -48,13 +58,13 @@ bool captureFrequency(platform::ListBox& hits, const std::string& frequency, con
 
 bool captureId(platform::ListBox& hits, const std::string& id, const std::string& tag,
                const platform::Clock& clock) {
-  for (const std::string& line : hits.items()) {
-    if (line.find(id) != std::string::npos) {
-      return true;
-    }
-  }
-  hits.add(id + " - " + clock.now() + " " + tagPart(tag));
-  return false;
+  return addUnlessListed(hits, id, clock.now() + " " + tagPart(tag));
+}
+
+bool captureId(platform::ListBox& hits, const std::string& id, int bank, const std::string& tag,
+               const platform::Clock& clock) {
+  return addUnlessListed(hits, id,
+                         clock.now() + " Bank: " + std::to_string(bank + 1) + " " + tagPart(tag));
 }
 
 }  // namespace tarnvex::monitor

@@ -20,9 +20,13 @@ std::string tagPart(const std::string& tag);
 bool captureFrequency(platform::ListBox& hits, const std::string& frequency, const std::string& tag,
                       const platform::Clock& clock, platform::SharedState& state);
 
-/// Enters an active ID of six characters. An ID that stands in the list is never written again.
-/// Returns whether it did.
+/// Enters an active ID. An ID that stands in the list is never written again. Returns whether it
+/// did.
 bool captureId(platform::ListBox& hits, const std::string& id, const std::string& tag,
+               const platform::Clock& clock);
+
+/// Likewise, with the bank (0 to 9) of the trunked system, as the BC245XLT's lines have it.
+bool captureId(platform::ListBox& hits, const std::string& id, int bank, const std::string& tag,
                const platform::Clock& clock);
 
 }  // namespace tarnvex::monitor

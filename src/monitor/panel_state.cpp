@@ -3,17 +3,6 @@
 #include <algorithm>
 
 namespace tarnvex::monitor {
-namespace {
-
-template <std::size_t N>
-void addArray(std::vector<PanelElement>& elements, const std::string& name,
-              const std::array<platform::Label, N>& labels) {
-  for (std::size_t i = 0; i < N; ++i) {
-    elements.push_back({name + "(" + std::to_string(i) + ")", &labels[i]});
-  }
-}
-
-}  // namespace
 
 void PanelBase::showBanks(std::string_view letters) {
   for (std::size_t bank = 0; bank < Bankltr.size(); ++bank) {
@@ -58,22 +47,25 @@ std::vector<PanelElement> PanelState::elements() const {
                                    {"Alert", &Alert},
                                    {"Line", &Line},
                                    {"STEP", &STEP}};
-  addArray(all, "Bankltr", Bankltr);
-  addArray(all, "Sig", Sig);
-  addArray(all, "Knob", KnobMark);
+  addElements(all, "Bankltr", Bankltr);
+  addElements(all, "Sig", Sig);
+  addElements(all, "Knob", KnobMark);
   return all;
 }
 
-std::vector<std::string> describe(const PanelState& panel) {
+std::vector<std::string> describe(const std::vector<PanelElement>& elements) {
   std::vector<std::string> lines;
+  std::string digits;
   std::string banks;
   int bars = 0;
-  for (const auto& [name, label] : panel.elements()) {
+  for (const auto& [name, label] : elements) {
     if (!label->visible()) {
       continue;
     }
     if (name.starts_with("Bankltr")) {
       banks += " " + label->caption();
+    } else if (name.starts_with("Bank(")) {
+      digits += " " + label->caption();
     } else if (name.starts_with("Sig")) {
       ++bars;
     } else if (name.starts_with("Knob")) {
@@ -81,6 +73,9 @@ std::vector<std::string> describe(const PanelState& panel) {
     } else if (!label->caption().empty()) {
       lines.push_back(name + ": " + label->caption());
     }
+  }
+  if (!digits.empty()) {
+    lines.push_back("Bank:" + digits);
   }
   if (!banks.empty()) {
     lines.push_back("Bankltr:" + banks);

@@ -14,6 +14,15 @@ struct PanelElement {
   const platform::Label* label;
 };
 
+/// Appends the members of an array under their names.
+template <std::size_t N>
+void addElements(std::vector<PanelElement>& elements, const std::string& name,
+                 const std::array<platform::Label, N>& labels) {
+  for (std::size_t i = 0; i < N; ++i) {
+    elements.push_back({name + "(" + std::to_string(i) + ")", &labels[i]});
+  }
+}
+
 /// What every radio's front has. The labels are the live state: other rooms read the captions back.
 /// Indicators never change their caption, only their visibility.
 struct PanelBase {
@@ -30,7 +39,7 @@ struct PanelBase {
   platform::Label Search{"SEARCH", false};
   platform::Label Trunk{"TRUNK", false};
   platform::Label LO{"L/O", false};
-  /// Bank marks A to J.
+  /// Marks of the ten banks.
   std::array<platform::Label, 10> Bankltr;
 
   /// Shows the marks of the banks whose letters the text holds, hides the others.
@@ -68,9 +77,12 @@ struct PanelState : PanelBase {
   [[nodiscard]] std::vector<PanelElement> elements() const;
 };
 
-/// The panel as text, a line for each element that shows something: "Frequency: 155.1150".
+/// A panel's elements as text, a line for each one that shows something: "Frequency: 155.1150".
 /// Indicators show their caption, arrays one line with the members that are on, such as "Bankltr: A
 /// B" and "Sig: 3".
-std::vector<std::string> describe(const PanelState& panel);
+std::vector<std::string> describe(const std::vector<PanelElement>& elements);
+inline std::vector<std::string> describe(const PanelState& panel) {
+  return describe(panel.elements());
+}
 
 }  // namespace tarnvex::monitor

@@ -1,9 +1,116 @@
 #include "monitor/poll_cycle.h"
 
+#include "monitor/hit_capture.h"
+#include "monitor/tag_finder.h"
+#include "platform/convert.h"
+
 namespace tarnvex::monitor {
+
+namespace command = link::command;
 
 std::string mainTitle(const std::string& planName) {
   return "Tarnvex - " + (planName.empty() ? "Untitled" : planName);
+}
+
+PollCycle::PollCycle(PanelBase& front, PollControls controls, PollOutside outside)
+    : controls_(controls), outside_(std::move(outside)), front_(front) {}
+
+void PollCycle::handOver(const std::string& modelKey, const std::string& scannerName) {
+  state().ModelKey = modelKey;
+  state().ScannerName = scannerName;
+  outside_.switchScanner();
+}
+
+void PollCycle::gateRecording(bool active) {
+  if (outside_.gateRecording) {
+    outside_.gateRecording(active);
+  }
+}
+
+void PollCycle::askMode() {
+  state().CurrentMode = ask(command::kMode);
+  front_.mode.setCaption(state().CurrentMode);
+}
+
+void PollCycle::askLimits() {
+  if (!state().LowerLimitEditing) {
+    if (const auto limit = link::searchLimit(ask(command::kLowerLimit))) {
+      controls_.LLimit.setText(*limit);
+    }
+  }
+  if (!state().UpperLimitEditing) {
+    if (const auto limit = link::searchLimit(ask(command::kUpperLimit))) {
+      controls_.Ulimit.setText(*limit);
+    }
+  }
+}
+
+void PollCycle::showFrequency(std::string_view text) {
+  if (!state().EntryActive) {
+    front_.Frequency.setCaption(std::string(text));
+  }
+}
+
+void PollCycle::showNothingActive() {
+  front_.Channel.setCaption("");
+  front_.Alpha.setCaption("");
+  showFrequency(kScanning);
+  front_.LO.setVisible(false);
+}
+
+void PollCycle::showActiveChannel(const link::ChannelReply& channel, bool markBank) {
+  const std::string number = channel.number();
+  showChannelTag(channel.shownFrequency(), number);
+  showChannelNumber(number, markBank);
+  front_.LO.setVisible(channel.lockout());
+  front_.Trunk.setVisible(channel.trunked());
+}
+
+void PollCycle::showChannelTag(const std::string& frequency, const std::string& number) {
+  if (!state().EntryActive) {
+    front_.Frequency.setCaption(frequency);
+    if (const auto tag = findTag(controls_.MSFlexGrid1, frequency, number)) {
+      front_.Alpha.setCaption(*tag);
+      return;
+    }
+  }
+  // While digits are being keyed the tag goes too: it belongs to the channel that is being left.
+  front_.Alpha.setCaption("");
+}
+
+void PollCycle::showChannelNumber(const std::string& number, bool markBank) {
+  const auto channel = platform::toInteger(number);
+  if (!channel) {
+    front_.Channel.setCaption(number);
+    return;
+  }
+  const char bank = link::bankLetter(bankOfChannel(*channel));
+  const auto priority = link::priorityChannelOf(ask(command::priorityChannel(bank)));
+  front_.Channel.setCaption(priority == channel ? "P  " + number : number);
+  if (markBank) {
+    front_.showBanks(std::string(1, bank));
+  }
+}
+
+bool PollCycle::showTagOf(const std::string& frequency) {
+  const auto tag = findTag(controls_.MSFlexGrid1, frequency);
+  if (tag) {
+    front_.Alpha.setCaption(*tag);
+  }
+  return tag.has_value();
+}
+
+bool PollCycle::takeHit(const std::string& frequency) {
+  front_.Frequency.setCaption(frequency);
+  showTagOf(frequency);
+  return captureFrequency(controls_.List1, frequency, front_.Alpha.caption(), outside_.clock,
+                          state());
+}
+
+void PollCycle::skipIf(bool known) {
+  if (controls_.chkSkip.value() && known) {
+    ask(link::key::kSearch);
+  }
 }
 
 }  // namespace tarnvex::monitor

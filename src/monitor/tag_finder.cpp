@@ -1,5 +1,7 @@
 #include "monitor/tag_finder.h"
 
+#include <algorithm>
+
 #include "memory/memory_traits.h"
 #include "platform/convert.h"
 
@@ -10,6 +12,19 @@ using memory::ChannelRecord;
 using memory::TalkgroupRecord;
 
 constexpr int kBankRows = 100;
+
+/// The tag of the last row from `first` to `last` whose ID matches.
+template <class Matches>
+std::optional<std::string> lastTag(const platform::Table& talkgroups, int first, int last,
+                                   Matches matches) {
+  std::optional<std::string> tag;
+  for (int row = first; row <= last; ++row) {
+    if (matches(talkgroups.textMatrix(row, TalkgroupRecord::Id))) {
+      tag = talkgroups.textMatrix(row, TalkgroupRecord::AlphaTag);
+    }
+  }
+  return tag;
+}
 
 }  // namespace
 
@@ -22,6 +37,15 @@ int bankOfChannel(int channel) {
 std::optional<int> findChannel(const platform::Table& channels, std::string_view frequency) {
   for (int row = 1; row <= ChannelRecord::kRows; ++row) {
     if (channels.textMatrix(row, ChannelRecord::Frequency) == frequency) {
+      return row;
+    }
+  }
+  return std::nullopt;
+}
+
+std::optional<int> findChannel(const platform::Table& channels, double megahertz) {
+  for (int row = 1; row <= ChannelRecord::kRows; ++row) {
+    if (platform::toReal(channels.textMatrix(row, ChannelRecord::Frequency)) == megahertz) {
       return row;
     }
   }
@@ -52,13 +76,15 @@ std::optional<std::string> findTag(const platform::Table& channels, std::string_
 
 std::optional<std::string> findTalkgroupTag(const platform::Table& talkgroups, int bank,
                                             std::string_view id) {
-  std::optional<std::string> tag;
-  for (int row = kBankRows * bank; row <= kBankRows * bank + kBankRows; ++row) {
-    if (talkgroups.textMatrix(row, TalkgroupRecord::Id) == id) {
-      tag = talkgroups.textMatrix(row, TalkgroupRecord::AlphaTag);
-    }
-  }
-  return tag;
+  return lastTag(talkgroups, kBankRows * bank, kBankRows * bank + kBankRows,
+                 [id](const std::string& held) { return held == id; });
+}
+
+std::optional<std::string> findTalkgroupTag(const platform::Table& talkgroups, int bank,
+                                            std::span<const std::string> forms) {
+  return lastTag(
+      talkgroups, kBankRows * bank + 1, kBankRows * bank + kBankRows,
+      [forms](const std::string& held) { return std::ranges::find(forms, held) != forms.end(); });
 }
 
 }  // namespace tarnvex::monitor

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,9 @@ int bankOfChannel(int channel);
 /// The first channel row whose frequency equals the text.
 std::optional<int> findChannel(const platform::Table& channels, std::string_view frequency);
 
+/// The first channel row whose frequency is that number of MHz, however it is written.
+std::optional<int> findChannel(const platform::Table& channels, double megahertz);
+
 /// The tag of the first channel row with that frequency and a tag; nothing if there is none.
 std::optional<std::string> findTag(const platform::Table& channels, std::string_view frequency);
 
@@ -29,5 +33,9 @@ std::optional<std::string> findTag(const platform::Table& channels, std::string_
 /// rely on what they show.
 std::optional<std::string> findTalkgroupTag(const platform::Table& talkgroups, int bank,
                                             std::string_view id);
+
+/// Likewise of an ID that may stand there in several forms, in the bank's own rows only.
+std::optional<std::string> findTalkgroupTag(const platform::Table& talkgroups, int bank,
+                                            std::span<const std::string> forms);
 
 }  // namespace tarnvex::monitor

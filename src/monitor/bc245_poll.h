@@ -1,0 +1,78 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "monitor/bc245_modes.h"
+#include "monitor/bc245_panel.h"
+#include "monitor/poll_cycle.h"
+#include "platform/serial_port.h"
+
+namespace tarnvex::monitor {
+
+/// What this radio's poll reads of its window beyond what both polls do, and its own timer and
+/// port.
+struct Bc245PollControls {
+  platform::Timer& Scantimer;
+  const platform::SerialPort& MSComm1;
+  /// "Auto Light Mode": the program works the light, not the radio.
+  const platform::CheckBox& Check2;
+  /// "Frequency ID On": the main line alternates between ID and frequency.
+  const platform::CheckBox& Check5;
+  /// "Active Banks": what the bank marks show on a trunked system; else they show the scanlists.
+  const platform::OptionButton& Option8;
+};
+
+/// The poll of the BC245XLT.
+///
+/// While the radio searches IDs the tick stays in a loop with `Scantimer` off. A lost line ends the
+/// loop and leaves the timer off: Connect starts both again.
+class Bc245Poll : public PollCycle {
+ public:
+  Bc245Poll(Bc245Panel& panel, PollControls controls, PollOutside outside, Bc245PollControls own);
+
+  void tick();
+
+ private:
+  /// The running frequency and the bank (0 to 9) of the plan that has it.
+  struct Reception {
+    std::optional<std::string> frequency;
+    std::optional<int> bank;
+  };
+  /// What one stay in the ID search keeps from round to round.
+  struct IdStay {
+    std::string id;
+    std::string shown{kNoId};
+    int bank = 0;
+  };
+
+  void takeIdentity(const link::IdentityReply& identity);
+  [[nodiscard]] bool showsReception() const;
+  void askIndicators();
+  void workAutoLight();
+  void showLight();
+  void branch(const Bc245Mode& mode);
+  void showIndicators(const Bc245Mode& mode);
+
+  void conventional(bool scanning);
+  void search(std::string_view code);
+  void program();
+  void selectBank();
+
+  void trunked(bool scanning);
+  void showVoiceId(const link::TrunkIdReply& id);
+  void showSlot(const link::TrunkIdReply& id);
+  Reception askReception();
+  void showTalkgroupTag(const std::string& id, std::optional<int> bank);
+
+  bool startsRadio(std::string_view code);
+  void followIds();
+  void idRound(IdStay& stay);
+  void takeId(const link::IdLine& line, bool held, IdStay& stay);
+  void askIdMode();
+
+  Bc245Panel& panel_;
+  Bc245PollControls own_;
+};
+
+}  // namespace tarnvex::monitor
