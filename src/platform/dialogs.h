@@ -1,6 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <string>
+
+#include "platform/controls.h"
 
 namespace tarnvex::platform {
 
@@ -32,6 +35,12 @@ class Dialogs {
   /// else; so does the program's end.
   virtual Answer messageBox(const std::string& text, const std::string& title,
                             MessageFlags flags) = 0;
+  /// Asks for a line of text. The poll goes on behind it. Empty if the user cancelled or the
+  /// program has ended.
+  virtual std::string inputBox(const std::string& prompt, const std::string& title) = 0;
+  /// Asks for a colour, preset with `current`. The poll goes on behind it. Nothing if the user
+  /// cancelled or the program has ended.
+  virtual std::optional<Colour> chooseColour(Colour current) = 0;
   virtual void beep() = 0;
   /// The hourglass (true) or the arrow over all windows.
   virtual void setBusyPointer(bool busy) = 0;

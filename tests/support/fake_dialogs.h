@@ -4,6 +4,7 @@
 
 #include <deque>
 #include <functional>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <utility>
@@ -29,7 +30,8 @@ inline std::ostream& operator<<(std::ostream& out, const Box& box) {
 /// A user who answers message boxes as told in advance. Every box is recorded in `boxes`. A box
 /// with a choice takes the next of `answers`; one that finds none, or that the answer doesn't fit,
 /// fails the test and is answered with No (or Cancel). Answers that nobody asked for fail the test
-/// when the fake goes. A box with only OK needs no answer: compare `boxes`.
+/// when the fake goes. A box with only OK needs no answer: compare `boxes`. Likewise with typed
+/// lines and chosen colours.
 class FakeDialogs : public platform::Dialogs {
  public:
   FakeDialogs() = default;
@@ -40,6 +42,10 @@ class FakeDialogs : public platform::Dialogs {
   ~FakeDialogs() override {
     if (!answers.empty()) {
       ADD_FAILURE() << answers.size() << " answers to message boxes were not asked for";
+    }
+    if (!lines.empty() || !colours.empty()) {
+      ADD_FAILURE() << lines.size() << " lines and " << colours.size()
+                    << " colours were not asked for";
     }
   }
 
@@ -55,6 +61,14 @@ class FakeDialogs : public platform::Dialogs {
     }
     return answer;
   }
+  std::string inputBox(const std::string& prompt, const std::string& title) override {
+    prompts.push_back({prompt, title, 0});
+    return take(lines, std::string(), "unexpected input box: " + prompt);
+  }
+  std::optional<platform::Colour> chooseColour(platform::Colour current) override {
+    presetColours.push_back(current);
+    return take(colours, std::optional<platform::Colour>(), "unexpected choice of a colour");
+  }
   void beep() override { ++beeps; }
   void setBusyPointer(bool busy) override { busyPointer.push_back(busy); }
 
@@ -63,6 +77,12 @@ class FakeDialogs : public platform::Dialogs {
 
   std::deque<platform::Answer> answers;
   std::vector<Box> boxes;
+  /// What the user types in input boxes, empty for Cancel, and the input boxes shown.
+  std::deque<std::string> lines;
+  std::vector<Box> prompts;
+  /// The colours that the user picks, nothing for Cancel, and those that were preset.
+  std::deque<std::optional<platform::Colour>> colours;
+  std::vector<platform::Colour> presetColours;
   int beeps = 0;
   /// Every setting of the pointer, in order.
   std::vector<bool> busyPointer;
@@ -70,6 +90,16 @@ class FakeDialogs : public platform::Dialogs {
   std::function<void()> whileOpen;
 
  private:
+  template <class Value>
+  static Value take(std::deque<Value>& values, Value least, const std::string& complaint) {
+    if (values.empty()) {
+      ADD_FAILURE() << complaint;
+      return least;
+    }
+    Value value = values.front();
+    values.pop_front();
+    return value;
+  }
   platform::Answer nextAnswer(const Box& box, int buttons) {
     using platform::Answer;
     constexpr int kYesNo = 4;

@@ -1,8 +1,10 @@
 #include "desktop/ports/qt_dialogs.h"
 
 #include <QApplication>
-#include <QPointer>
+#include <QColorDialog>
+#include <QInputDialog>
 
+#include "desktop/ports/colour.h"
 #include "desktop/ports/text.h"
 #include "desktop/ports/window_in_use.h"
 
@@ -76,6 +78,53 @@ Answer QtDialogs::messageBox(const std::string& text, const std::string& title,
   gate_.waitUntil([&] { return finished || box.isNull(); });
   delete box.data();
   return answerOf(button, flags);
+}
+
+bool QtDialogs::accepted(const QPointer<QDialog>& dialog) {
+  bool finished = false;
+  bool accepted = false;
+  const auto connection = QObject::connect(dialog.data(), &QDialog::finished, [&](int result) {
+    accepted = result == QDialog::Accepted;
+    finished = true;
+  });
+  dialog->open();
+  gate_.waitUntil([&] { return finished || dialog.isNull(); });
+  QObject::disconnect(connection);
+  return accepted && !dialog.isNull();
+}
+
+std::string QtDialogs::inputBox(const std::string& prompt, const std::string& title) {
+  if (gate_.ended()) {
+    return {};
+  }
+  const QPointer<QInputDialog> box = new QInputDialog(windowInUse());
+  box->setObjectName(QStringLiteral("inputBox"));
+  box->setWindowTitle(toScreen(title));
+  box->setLabelText(toScreen(prompt));
+  std::string line;
+  if (accepted(box.data())) {
+    bool dropped = false;
+    line = fromScreen(box->textValue(), &dropped);
+    if (dropped) {
+      beep();
+    }
+  }
+  delete box.data();
+  return line;
+}
+
+std::optional<platform::Colour> QtDialogs::chooseColour(platform::Colour current) {
+  if (gate_.ended()) {
+    return std::nullopt;
+  }
+  const QPointer<QColorDialog> dialog = new QColorDialog(toScreen(current), windowInUse());
+  dialog->setObjectName(QStringLiteral("colourDialog"));
+  std::optional<platform::Colour> chosen;
+  if (accepted(dialog.data())) {
+    chosen = fromScreen(dialog->selectedColor());
+  }
+  delete dialog.data();
+  return chosen;
 }
 
 void QtDialogs::beep() {

@@ -1,24 +1,31 @@
 #pragma once
 
 #include <QMessageBox>
+#include <QPointer>
 
 #include "platform/dialogs.h"
 #include "platform/event_gate.h"
 
 namespace tarnvex::desktop {
 
-/// Message boxes over the window in use. The core stays in the call and yields until the box is
-/// answered.
+/// Message boxes and small dialogs over the window in use. The core stays in the call and yields
+/// until the user has answered.
 class QtDialogs : public platform::Dialogs {
  public:
   explicit QtDialogs(platform::EventGate& gate) : gate_(gate) {}
 
   platform::Answer messageBox(const std::string& text, const std::string& title,
                               platform::MessageFlags flags) override;
+  std::string inputBox(const std::string& prompt, const std::string& title) override;
+  std::optional<platform::Colour> chooseColour(platform::Colour current) override;
   void beep() override;
   void setBusyPointer(bool busy) override;
 
  private:
+  /// Shows the dialog and yields until it is answered; its window may go meanwhile and take it
+  /// along. Whether it was accepted.
+  bool accepted(const QPointer<QDialog>& dialog);
+
   platform::EventGate& gate_;
   bool busy_ = false;
 };

@@ -1,17 +1,9 @@
 #include "desktop/windows/panel_binding.h"
 
+#include "desktop/ports/colour.h"
 #include "desktop/ports/text.h"
 
 namespace tarnvex::desktop {
-namespace {
-
-QColor colourOf(platform::Colour colour) {
-  return QColor(static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF),
-                static_cast<int>(colour >> 16 & 0xFF));
-}
-
-}  // namespace
-
 PanelBinding::PanelBinding(RadioPanel& view, shell::Form4& form, platform::EventGate& gate)
     : view_(view) {
   for (const auto& element : form.panel.elements()) {
@@ -19,7 +11,7 @@ PanelBinding::PanelBinding(RadioPanel& view, shell::Form4& form, platform::Event
     connections_.push_back(element.label->changed.connect([this, element] { show(element); }));
   }
   const auto showColour = [this, &back = form.panel.Label1] {
-    view_.setDisplayColour(colourOf(back.backColor()));
+    view_.setDisplayColour(toScreen(back.backColor()));
   };
   showColour();
   connections_.push_back(form.panel.Label1.changed.connect(showColour));
