@@ -69,6 +69,26 @@ std::string command::setTrunkType(std::string_view bank, int type, std::string_v
   return setTrunkType(bank, type) + " " + std::string(base) + " " + std::string(step);
 }
 
+std::string command::setBankList(std::string_view word, std::string_view list) {
+  return std::string(word) + std::string(list);
+}
+
+std::string command::lockId(std::string_view word, std::string_view id) {
+  return std::string(word) + std::string(id);
+}
+
+std::string command::readSkip(int number) {
+  return "SS" + format(number, "00");
+}
+
+std::string command::readLockout(int number) {
+  return "IL" + format(number, "000");
+}
+
+std::string command::skipFrequency(double megahertz) {
+  return "SS" + wireFrequency(megahertz);
+}
+
 std::string command::wireFrequency(double megahertz) {
   return format(megahertz * kUnitsPerMegahertz, "00000000");
 }
@@ -83,6 +103,10 @@ std::string key::number(int digit) {
 
 std::string key::bank(char letter) {
   return std::string("KEY21 ") + letter;
+}
+
+std::string key::withLineEnd(std::string_view command) {
+  return std::string(command) + "\r";
 }
 
 bool IdentityReply::isOtherModel() const {
@@ -180,6 +204,31 @@ std::string TrunkTypeReply::bank() const {
 
 std::string TrunkTypeReply::word() const {
   return mid(text_, 6);
+}
+
+std::vector<std::string> listEntries(std::string_view reply) {
+  std::vector<std::string> entries;
+  for (std::size_t end = reply.find('\r'); end != std::string_view::npos; end = reply.find('\r')) {
+    entries.push_back(mid(reply.substr(0, end), 3));
+    reply.remove_prefix(end + 1);
+  }
+  return entries;
+}
+
+std::optional<std::string> lockoutEntry(std::string_view reply) {
+  if (reply.empty() || reply == "IL ------") {
+    return std::nullopt;
+  }
+  return mid(reply, 3);
+}
+
+std::optional<double> skippedFrequency(std::string_view entry) {
+  const auto units = toReal(entry);
+  return units ? std::optional(*units / kUnitsPerMegahertz) : std::nullopt;
+}
+
+std::string bankList(std::string_view reply) {
+  return mid(reply, 3);
 }
 
 std::string bankLetters(std::string_view reply) {

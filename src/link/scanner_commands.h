@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// The radio's command language: every request text and every reply position stands here and
 /// nowhere else.
@@ -86,11 +87,31 @@ std::string setTrunkType(std::string_view bank, int type);
 /// digits.
 std::string setTrunkType(std::string_view bank, int type, std::string_view base,
                          std::string_view step);
+/// Set the list of banks that a word of the BC245XLT (`kScanBanks` or `kTrunkScanBanks`) names: as
+/// `bankList` cuts it out of the word's answer, with the blank before it.
+std::string setBankList(std::string_view word, std::string_view list);
+/// Lock an ID out or let it in again, by a word of `LockoutWords`.
+std::string lockId(std::string_view word, std::string_view id);
+/// Read one entry of the BC245XLT's list of skipped frequencies (1 to 50) or locked-out IDs (1 to
+/// 100).
+std::string readSkip(int number);
+std::string readLockout(int number);
+/// Put a frequency, in MHz, on the list of skipped ones.
+std::string skipFrequency(double megahertz);
 /// A frequency in MHz as on the wire.
 std::string wireFrequency(double megahertz);
 /// Set a search limit (`kLowerLimit` or `kUpperLimit`), in MHz.
 std::string setLimit(std::string_view command, double megahertz);
 }  // namespace command
+
+/// The words before an ID that lock it out and let it in again. The BC245XLT gives its IDs with a
+/// blank before them and takes them back so.
+struct LockoutWords {
+  std::string_view lock;
+  std::string_view unlock;
+};
+inline constexpr LockoutWords kLockout895{"ILR ", "ILD "};
+inline constexpr LockoutWords kLockout245{"ILR", "ILD"};
 
 /// A switch of the radio: the bare word asks for it, and the answer is the set form. Any answer
 /// other than `on` counts as off.
@@ -115,15 +136,42 @@ inline constexpr Switch kLight{"LT", "LTN", "LTF"};
 namespace key {
 inline constexpr std::string_view kScan = "KEY00";
 inline constexpr std::string_view kManual = "KEY01";
+/// The point, or "-" in an ID.
+inline constexpr std::string_view kPoint = "KEY03";
 inline constexpr std::string_view kEnter = "KEY04";
-inline constexpr std::string_view kKnobUp = "KEY07";
-inline constexpr std::string_view kKnobDown = "KEY08";
+inline constexpr std::string_view kPriority = "KEY05";
+inline constexpr std::string_view kPriorityHeld = "KEY05H";
+inline constexpr std::string_view kLockout = "KEY06";
+inline constexpr std::string_view kLockoutHeld = "KEY06H";
+inline constexpr std::string_view kHold = "KEY07";
+inline constexpr std::string_view kHoldHeld = "KEY07H";
+inline constexpr std::string_view kLimit = "KEY08";
+inline constexpr std::string_view kLimitHeld = "KEY08H";
+/// A step of the knob is one of these two keys.
+inline constexpr std::string_view kKnobUp = kHold;
+inline constexpr std::string_view kKnobDown = kLimit;
 inline constexpr std::string_view kSearch = "KEY09";
+/// Weather on the BC895XLT, service search on the BC245XLT.
+inline constexpr std::string_view kWeather = "KEY10";
+inline constexpr std::string_view kData = "KEY11";
+inline constexpr std::string_view kDelay = "KEY12";
+inline constexpr std::string_view kDelayHeld = "KEY12H";
 inline constexpr std::string_view kTrunk = "KEY13";
 inline constexpr std::string_view kTrunkHeld = "KEY13H";
+inline constexpr std::string_view kLight = "KEY14";
+inline constexpr std::string_view kLightHeld = "KEY14H";
+inline constexpr std::string_view kStep = "KEY15";
+inline constexpr std::string_view kAux = "KEY16";
+inline constexpr std::string_view kSend = "KEY18";
+inline constexpr std::string_view kAuto = "KEY19";
+inline constexpr std::string_view kTone = "KEY20";
+inline constexpr std::string_view kToneHeld = "KEY20H";
 /// A digit; on the BC245XLT also 10 for its tenth bank.
 std::string number(int digit);
 std::string bank(char letter);
+/// The command with a line end of its own, so that the radio gets two. It answers both; the next
+/// exchange throws the second answer away.
+std::string withLineEnd(std::string_view command);
 }  // namespace key
 
 /// The letter of bank index 0 to 9.
@@ -278,6 +326,16 @@ class TrunkTypeReply {
   std::string text_;
 };
 
+/// The entries in the answer to the list forms of "SS" and "IL" on a BC895XLT, without the closing
+/// line. An answer that breaks off ends with its last whole line.
+std::vector<std::string> listEntries(std::string_view reply);
+/// The entry in an answer to `readSkip` or `readLockout`; nothing at the list's end and for
+/// silence.
+std::optional<std::string> lockoutEntry(std::string_view reply);
+/// An entry of a list of skipped frequencies in MHz. Nothing if it is no number.
+std::optional<double> skippedFrequency(std::string_view entry);
+/// The bank letters in the answer to "SB" or "IS", with the blank before them.
+std::string bankList(std::string_view reply);
 /// The bank letters in the answer to "SB" or "IS".
 std::string bankLetters(std::string_view reply);
 /// A reply of the BC245XLT with the "-" that it sends as code 254.
