@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -196,6 +197,10 @@ inline constexpr std::string_view kTrunkSearchQuiet = "MD12";
 inline constexpr std::string_view kToneEntry = "MD13";
 inline constexpr std::string_view kSend = "MD15";
 inline constexpr std::string_view kAuto = "MD16";
+/// A code that the radio has no meaning for.
+inline constexpr std::string_view kUnassigned = "MD11";
+/// Modes that work on trunked IDs.
+inline constexpr std::array kIdModes{kIdSearch, kIdHold, kTrunkScan, kTrunkManual};
 }  // namespace mode895
 
 /// Where the trunked modes come twice, the first is on a Motorola system and the second on an EDACS

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "link/scanner_link.h"
+#include "monitor/panel_state.h"
+
+namespace tarnvex::monitor {
+
+/// The mouse button that pressed a key. The right one stands for holding the radio's own key down.
+enum class MouseButton { Left, Right, Other };
+
+/// What a keypad works with beside its panel. All of it outlives the keypad.
+struct KeypadOutside {
+  link::ScannerLink& link;
+  platform::SharedState& state;
+  platform::Dialogs& dialogs;
+  /// "Beep When Key is Pressed": for the mouse; keys of the keyboard never beep.
+  const platform::CheckBox& chkKeyBeep;
+  /// Shows `frmLockouts`.
+  std::function<void()> showLockouts;
+};
+
+using ModeList = std::span<const std::string_view>;
+bool contains(ModeList modes, std::string_view mode);
+
+/// What the keypads of both radios have in common. A key is one command; the replies aren't looked
+/// at. From the first digit until a key that ends the entry, `EntryActive` keeps the poll off the
+/// display, which shows what is keyed meanwhile. There is no time-out.
+class KeyActions {
+ public:
+  /// In `lockoutModes` the lockout key, held, shows the lockouts.
+  KeyActions(PanelBase& panel, KeypadOutside outside, ModeList lockoutModes);
+
+  [[nodiscard]] platform::SharedState& state() { return outside_.state; }
+  [[nodiscard]] const std::string& mode() const { return panel_.mode.caption(); }
+  void beep();
+  std::string send(std::string_view command) { return outside_.link.SendCommand(command); }
+  void endEntry() { outside_.state.EntryActive = false; }
+
+  /// Shows a digit, behind those that were keyed before it, and begins the entry with the first.
+  void echoDigit(platform::Label& target, int digit);
+  static void append(platform::Label& target, char character);
+  /// Whether what was keyed may be echoed. Replies come without their line end, so it always may:
+  /// a digit that the radio refuses is seen too, and the radio's own beep tells.
+  static bool accepted(std::string_view reply);
+
+  void holdLockout();
+  /// A character that stands for the same key on both radios; false for any other. Ends the entry.
+  bool typeKey(char character);
+
+ private:
+  PanelBase& panel_;
+  KeypadOutside outside_;
+  ModeList lockoutModes_;
+};
+
+}  // namespace tarnvex::monitor

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "link/scanner_commands.h"
+#include "link/scanner_link.h"
+#include "platform/controls.h"
+#include "platform/notifier.h"
+#include "platform/window.h"
+
+namespace tarnvex::search {
+
+/// Everything in which the two radios' lockout lists differ.
+struct LockoutTraits {
+  /// Modes in which the lists are those of IDs; in all others those of frequencies. As the form
+  /// opens and at Done.
+  std::span<const std::string_view> idModesAtLoad;
+  std::span<const std::string_view> idModesAtDone;
+  /// Modes that the radio is sent back to by its search key; to all others by its scan key.
+  std::span<const std::string_view> searchKeyModes;
+  /// At Done the mode is read behind the keys that clear the list, instead of before them.
+  bool keysBeforeMode;
+  const link::LockoutWords& words;
+  /// Read the entries as `List1` shows them.
+  std::vector<std::string> (*readFrequencies)(link::ScannerLink& link);
+  std::vector<std::string> (*readIds)(link::ScannerLink& link);
+};
+
+const LockoutTraits& bc895LockoutTraits();
+const LockoutTraits& bc245LockoutTraits();
+
+/// "Search Skip Memory": the radio's list of skipped search frequencies, or of locked-out IDs,
+/// whichever fits its mode. Every entry is ticked; unticked ones are let in again at Done.
+///
+/// The window isn't modal and the poll goes on behind it, so the mode may change while it stands;
+/// Done goes by the mode of its own time. Whoever shows the window runs `load` and closes it on
+/// `closed`; asking for it while it stands only brings it to the front.
+class frmLockouts {
+ public:
+  /// `mode` is the panel's label. It, the link and the traits outlive the form.
+  frmLockouts(const LockoutTraits& traits, const platform::Label& mode, link::ScannerLink& link);
+  frmLockouts(const frmLockouts&) = delete;
+  frmLockouts& operator=(const frmLockouts&) = delete;
+  frmLockouts(frmLockouts&&) = delete;
+  frmLockouts& operator=(frmLockouts&&) = delete;
+  ~frmLockouts() = default;
+
+  /// Reads the list from the radio.
+  void load();
+  /// The user closes the window by its own button: the radio isn't told anything.
+  void userClose() { closed.notify(); }
+
+  platform::Window window{"Search Skip Memory"};
+  /// Shown with a box to tick at each line: ticked is `selected`.
+  platform::ListBox List1;
+  platform::Label Label1{
+      "To restore a locked out frequency or talkgroup, uncheck it in the list above, then click "
+      "Done."};
+  platform::Button Command1{"Done"};
+  platform::Button Command2{"Unlock All"};
+
+  platform::Notifier<> closed;
+
+ private:
+  void done();
+  void restoreFrequencies();
+  void restoreIds();
+  void unlockAll();
+  [[nodiscard]] std::string_view returnKey() const;
+  [[nodiscard]] bool modeIsIn(std::span<const std::string_view> modes) const;
+
+  const LockoutTraits& traits_;
+  const platform::Label& mode_;
+  link::ScannerLink& link_;
+};
+
+}  // namespace tarnvex::search

@@ -1,0 +1,197 @@
+#include "search/search_list.h"
+
+#include <span>
+
+#include "platform/convert.h"
+
+namespace tarnvex::search {
+namespace {
+
+using platform::NameCase;
+using platform::OpenMode;
+using platform::SequentialFiles;
+
+constexpr int kFile = 1;
+constexpr std::string_view kFileName = "/Searchlist.txt";
+
+using Fields = std::array<std::string, 4>;
+
+/// `Ended` also where the file ends within a record.
+enum class Outcome { Read, Ended, Failed };
+
+Outcome readFields(SequentialFiles& files, Fields& fields) {
+  for (std::string& field : fields) {
+    if (files.endOfFile(kFile)) {
+      return Outcome::Ended;
+    }
+    if (files.read(kFile, std::span(&field, 1))) {
+      return Outcome::Failed;
+    }
+  }
+  return Outcome::Read;
+}
+
+std::optional<SearchListRecord> recordOf(const Fields& fields) {
+  const auto id = platform::toInteger(fields[0]);
+  const auto lower = platform::toReal(fields[1]);
+  const auto upper = platform::toReal(fields[2]);
+  if (!id || !lower || !upper) {
+    return std::nullopt;
+  }
+  return SearchListRecord{*id, *lower, *upper, fields[3]};
+}
+
+/// Nothing if the file can't be read to its end. Reads no more than one record beyond `most`.
+std::optional<std::vector<Fields>> readAll(SequentialFiles& files, std::size_t most) {
+  std::vector<Fields> records;
+  Outcome outcome = Outcome::Read;
+  while (outcome == Outcome::Read && records.size() <= most) {
+    Fields fields;
+    outcome = readFields(files, fields);
+    if (outcome == Outcome::Read) {
+      records.push_back(std::move(fields));
+    }
+  }
+  return outcome == Outcome::Failed ? std::nullopt : std::optional(std::move(records));
+}
+
+void write(SequentialFiles& files, const SearchListRecord& record) {
+  files.write(kFile, {record.id, record.lower, record.upper, record.name});
+}
+
+/// A limit as it is saved: through the picture and back.
+std::optional<double> savedLimit(const platform::TextBox& box, std::string_view mask) {
+  const auto limit = platform::toReal(box.text());
+  return limit ? platform::toReal(platform::format(*limit, mask)) : std::nullopt;
+}
+
+}  // namespace
+
+const SearchListTraits& bc895SearchListTraits() {
+  static const SearchListTraits traits{"00000000", std::nullopt};
+  return traits;
+}
+
+const SearchListTraits& bc245SearchListTraits() {
+  static const SearchListTraits traits{"0000.0000", 200};
+  return traits;
+}
+
+SearchList::SearchList(const SearchListTraits& traits, SearchControls controls, Ports ports)
+    : traits_(traits), controls_(controls), ports_(std::move(ports)) {}
+
+std::string SearchList::path() const {
+  return ports_.programDirectory + std::string(kFileName);
+}
+
+bool SearchList::present() {
+  const bool found = ports_.files.exists(path(), NameCase::Any);
+  if (!found) {
+    ports_.dialogs.messageBox(
+        "Searchlist.txt is missing! You should re-install Tarnvex to replace this file.",
+        "Search List Not Found", platform::kErrorIcon);
+  }
+  return found;
+}
+
+bool SearchList::open(OpenMode mode) {
+  return !ports_.files.open(kFile, path(), mode, NameCase::Any);
+}
+
+void SearchList::load() {
+  if (present()) {
+    fill();
+  }
+}
+
+/// The list stays as it is if the file can't be opened.
+void SearchList::fill() {
+  if (!open(OpenMode::Input)) {
+    return;
+  }
+  controls_.List3.clear();
+  Fields fields;
+  while (readFields(ports_.files, fields) == Outcome::Read) {
+    if (platform::assign(current_, recordOf(fields))) {
+      controls_.List3.add(current_.name);
+    }
+  }
+  ports_.files.close(kFile);
+}
+
+std::optional<SearchListRecord> SearchList::find(int id) {
+  if (!present() || !open(OpenMode::Input)) {
+    return std::nullopt;
+  }
+  Fields fields;
+  bool found = false;
+  while (!found && readFields(ports_.files, fields) == Outcome::Read) {
+    found = platform::assign(current_, recordOf(fields)) && current_.id == id;
+  }
+  ports_.files.close(kFile);
+  return found ? std::optional(current_) : std::nullopt;
+}
+
+void SearchList::append() {
+  const std::string name = ports_.dialogs.inputBox("Enter the name for this search:", "Tarnvex");
+  if (name.empty() || !present()) {
+    return;
+  }
+  const int id = controls_.List3.count();
+  if (traits_.mostSaved && id >= *traits_.mostSaved) {
+    ports_.dialogs.messageBox("You may only have up to 200 Custom Searches Saved.",
+                              "Maximum Saved Searches Exceeded", platform::kWarning);
+  } else if (open(OpenMode::Append)) {
+    platform::assign(current_.lower, savedLimit(controls_.LLimit, traits_.mask));
+    platform::assign(current_.upper, savedLimit(controls_.Ulimit, traits_.mask));
+    current_.id = id;
+    current_.name = name;
+    write(ports_.files, current_);
+    ports_.files.close(kFile);
+  }
+  load();
+}
+
+void SearchList::removeSelected() {
+  const std::string name = controls_.List3.text();
+  if (ports_.dialogs.messageBox("Delete search: " + name + "?", "Confirm Delete",
+                                platform::kYesNoQuestion) != platform::Answer::Yes ||
+      !present() || !open(OpenMode::Input)) {
+    return;
+  }
+  const auto records = readAll(ports_.files, kMostRewritten);
+  ports_.files.close(kFile);
+  if (!records) {
+    return;
+  }
+  if (records->size() > kMostRewritten) {
+    ports_.dialogs.messageBox(
+        "Searchlist.txt holds more than 201 searches, too many to delete one. The file is as it "
+        "was.",
+        "Delete Search", platform::kWarning);
+    return;
+  }
+  rewriteWithout(name, *records);
+  load();
+}
+
+void SearchList::rewriteWithout(const std::string& name, const std::vector<Fields>& records) {
+  if (!open(OpenMode::Output)) {
+    return;
+  }
+  int id = 0;
+  for (const Fields& fields : records) {
+    const auto record = recordOf(fields);
+    if (!record) {
+      // The list doesn't show it, so nobody has asked for it to go.
+      ports_.files.write(kFile, {fields[0], fields[1], fields[2], fields[3]});
+    } else if (record->name != name) {
+      current_ = *record;
+      current_.id = id++;
+      write(ports_.files, current_);
+    }
+  }
+  ports_.files.close(kFile);
+}
+
+}  // namespace tarnvex::search
