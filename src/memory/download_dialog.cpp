@@ -1,0 +1,58 @@
+#include "memory/download_dialog.h"
+
+#include <string>
+#include <utility>
+
+#include "memory/memory_traits.h"
+#include "memory/tone_table.h"
+
+namespace tarnvex::memory {
+
+frmDownload::frmDownload(MainWindow mainWindow, TransferOutside outside)
+    : ChannelTransfer({"Download Conventional Data", "Select Bank(s) to Download", "Download Now",
+                       "Downloading..."},
+                      std::move(mainWindow), outside) {}
+
+void frmDownload::prepareRadio(const TransferWindow& main) {
+  // The same two for both radios, though they mean different things to them.
+  const std::string& mode = main.mode.caption();
+  if (mode == link::mode895::kIdSearch || mode == link::mode895::kIdHold) {
+    outside_.link.SendCommand(link::key::kManual);
+  }
+}
+
+void frmDownload::enterBank(const TransferWindow& /*main*/, bool selected) {
+  if (selected) {
+    outside_.state.MemoryModified = true;
+  }
+}
+
+void frmDownload::transferChannel(const TransferWindow& main, int /*bank*/, int channel) {
+  const link::ChannelReply reply(outside_.link.SendCommand(link::command::readChannel(channel)));
+  if (!outside_.gate.ended() && showChannel(main, channel)) {
+    fillRow(main.MSFlexGrid1, channel, reply);
+  }
+}
+
+void frmDownload::fillRow(platform::Table& grid, int channel, const link::ChannelReply& reply) {
+  const auto flag = [](bool set) { return std::string(set ? "X" : " "); };
+  grid.setRow(channel);
+  const auto write = [&](ChannelRecord::Column column, std::string text) {
+    grid.setCol(column);
+    grid.setText(std::move(text));
+  };
+  write(ChannelRecord::Frequency, reply.shownFrequency());
+  write(ChannelRecord::Trunk, flag(reply.trunked()));
+  write(ChannelRecord::Delay, flag(reply.delay()));
+  write(ChannelRecord::Lockout, flag(reply.lockout()));
+  write(ChannelRecord::Line, flag(reply.line()));
+  grid.setCol(ChannelRecord::Ctcss);
+  // A tone that is no number, or none of the table's, leaves the cell as it was.
+  const auto& tones = ToneTable();
+  const auto tone = reply.tone();
+  if (tone && *tone >= 0 && static_cast<std::size_t>(*tone) < tones.size()) {
+    grid.setText(tones[static_cast<std::size_t>(*tone)]);
+  }
+}
+
+}  // namespace tarnvex::memory

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <string>
+
+#include "link/scanner_link.h"
+#include "platform/controls.h"
+#include "platform/dialogs.h"
+#include "platform/event_gate.h"
+#include "platform/shared_state.h"
+#include "platform/table.h"
+
+namespace tarnvex::memory {
+
+/// Everything in which the two radios' conventional transfers differ.
+struct TransferTraits {
+  /// The dialog blocks its main window.
+  bool modal;
+  /// The keys that pick a bank (0 to 9) while the radio is being given trunked channels.
+  std::string (*bankKey)(int bank);
+  /// A trunked bank must be told its system type: `Form3` asks once for each.
+  bool asksSystemType;
+};
+
+const TransferTraits& bc895TransferTraits();
+const TransferTraits& bc245TransferTraits();
+
+/// What a transfer drives of the main window. All of it outlives the transfer.
+struct TransferWindow {
+  const TransferTraits& traits;
+  platform::Table& MSFlexGrid1;
+  /// Labels of the panel.
+  platform::Label& Frequency;
+  platform::Label& Channel;
+  const platform::Label& mode;
+  platform::Timer& Scantimer;
+};
+
+/// What a transfer works with beside the main window; outlives it.
+struct TransferOutside {
+  platform::SharedState& state;
+  link::ScannerLink& link;
+  platform::EventGate& gate;
+  platform::Dialogs& dialogs;
+};
+
+}  // namespace tarnvex::memory

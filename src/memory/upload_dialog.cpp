@@ -1,0 +1,106 @@
+#include "memory/upload_dialog.h"
+
+#include <string>
+#include <utility>
+
+#include "link/scanner_commands.h"
+#include "memory/memory_traits.h"
+#include "memory/tone_table.h"
+#include "platform/convert.h"
+
+namespace tarnvex::memory {
+
+frmUpload::frmUpload(MainWindow mainWindow, TransferOutside outside, ShowForm3 showForm3)
+    : ChannelTransfer(
+          {"Upload Conventional Data", "Select Bank(s) to Upload", "Upload Now", "Uploading..."},
+          std::move(mainWindow), outside),
+      showForm3_(std::move(showForm3)) {}
+
+void frmUpload::enterBank(const TransferWindow& main, bool /*selected*/) {
+  if (main.traits.asksSystemType) {
+    outside_.state.DigitKeyed = false;
+  }
+}
+
+void frmUpload::transferChannel(const TransferWindow& main, int bank, int channel) {
+  if (!showChannel(main, channel)) {
+    return;
+  }
+  const bool trunked = main.MSFlexGrid1.textMatrix(channel, ChannelRecord::Trunk) == "X";
+  if (trunked && !enterTrunkedBank(main, bank)) {
+    return;
+  }
+  // A cell that is no number sends no frequency: its other fields go to the channel all the same.
+  if (const auto megahertz =
+          platform::toReal(main.MSFlexGrid1.textMatrix(channel, ChannelRecord::Frequency))) {
+    outside_.link.SendCommand(link::command::writeChannel(channel, *megahertz));
+  }
+  if (trunked) {
+    outside_.link.SendCommand(link::key::kTrunk);
+  }
+  outside_.link.SendCommand(link::command::selectChannel(channel));
+  sendFlags(main, channel);
+  sendTone(std::string(main.MSFlexGrid1.textMatrix(channel, ChannelRecord::Ctcss)));
+}
+
+bool frmUpload::enterTrunkedBank(const TransferWindow& main, int bank) {
+  keyTrunkedBank(main, bank);
+  if (!main.traits.asksSystemType || outside_.state.DigitKeyed) {
+    return true;
+  }
+  if (!askSystemType(main)) {
+    return false;
+  }
+  // Setting the type has taken the radio out of the bank.
+  keyTrunkedBank(main, bank);
+  outside_.state.DigitKeyed = true;
+  return true;
+}
+
+void frmUpload::keyTrunkedBank(const TransferWindow& main, int bank) {
+  outside_.link.SendCommand(link::key::kTrunkHeld);
+  outside_.link.SendCommand(main.traits.bankKey(bank));
+  outside_.link.SendCommand(link::key::kEnter);
+}
+
+bool frmUpload::askSystemType(const TransferWindow& main) {
+  if (outside_.gate.ended()) {
+    return false;
+  }
+  trunking::Form3 form({main.Channel, main.MSFlexGrid1, outside_.state, outside_.link,
+                        outside_.gate, outside_.dialogs});
+  form.load();
+  showForm3_(form);
+  return holdPoll(main);
+}
+
+void frmUpload::sendFlags(const TransferWindow& main, int channel) {
+  using namespace link;
+  struct Flag {
+    ChannelRecord::Column column;
+    std::string_view on;
+    std::string_view off;
+  };
+  // The line's flag goes to both radios, also to the one whose table doesn't show it.
+  for (const Flag& flag : {Flag{ChannelRecord::Delay, command::kDelayOn, command::kDelayOff},
+                           Flag{ChannelRecord::Lockout, command::kLockoutOn, command::kLockoutOff},
+                           Flag{ChannelRecord::Line, command::kLineOn, command::kLineOff}}) {
+    const bool set = main.MSFlexGrid1.textMatrix(channel, flag.column) == "X";
+    outside_.link.SendCommand(set ? flag.on : flag.off);
+  }
+}
+
+void frmUpload::sendTone(std::string_view tone) {
+  const auto& tones = ToneTable();
+  for (std::size_t index = 1; index < tones.size(); ++index) {
+    if (!tone.empty() && tone == tones[index]) {
+      outside_.link.SendCommand(link::command::setTone(static_cast<int>(index)));
+    }
+  }
+}
+
+void frmUpload::releaseRadio() {
+  outside_.link.SendCommand(link::command::selectChannel(1));
+}
+
+}  // namespace tarnvex::memory
