@@ -179,6 +179,16 @@ void ListBox::userClick(int index) {
   }
 }
 
+void ListBox::userSelect(const std::vector<bool>& selected) {
+  if (!operable()) {
+    return;
+  }
+  for (std::size_t i = 0; i < selected_.size(); ++i) {
+    selected_[i] = i < selected.size() && selected[i];
+  }
+  changed.notify();
+}
+
 void ListBox::userRightPress() {
   if (operable()) {
     run(onRightPress);

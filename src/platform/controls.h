@@ -158,6 +158,8 @@ class ListBox : public Control {
 
   /// A user's click on a line: it becomes the current one, and the click runs.
   void userClick(int index);
+  /// The user changed which lines are selected; beyond the end of `selected` none is.
+  void userSelect(const std::vector<bool>& selected);
   /// The right mouse button was pressed over the list.
   void userRightPress();
 

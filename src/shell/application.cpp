@@ -14,7 +14,7 @@ void Application::start() {
 }
 
 void Application::openMain() {
-  const MainFormOutside outside{[this] { switchScanner(); }, [this] { end(); }};
+  const MainFormOutside outside{[this] { switchScanner(); }, [this] { end(); }, windows_};
   const auto open = [this](auto form) {
     auto& opened = *form;
     main_ = std::move(form);

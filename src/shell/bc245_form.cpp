@@ -13,30 +13,38 @@ constexpr link::LinkTraits kLinkTraits{"BC245", 2400};
 }  // namespace
 
 Form2::Form2(const Services& services, MainFormOutside outside)
-    : MainForm(services, outside, memory::bc245MemoryTraits()),
-      switchScanner_(outside.switchScanner),
+    : MainForm(services, std::move(outside), memory::bc245MemoryTraits()),
+      speed_({Option5, Option6, MSBank, Timer2},
+             {panel, services.link, services.state, services.settings}),
+      receiver_(
+          {Check1, Check2, Check3, Check4, Check5, Check6, Check7, Option7, Option8, panel.Att},
+          services.link, services.settings),
+      poll_(panel, pollControls(), pollOutside(), {Scantimer, *MSComm1, Check2, Check5, Option8}),
       link_(
           kLinkTraits,
           {*MSComm1, Scantimer, {&Option1, &Option2, &Option3, &Option4}, Combo1, Combo4, Command3},
           {services.state, services.settings, services.dialogs}) {
-  panel.Frequency.setCaption("888.8888");
   setUpBankBoxes(Combo4, {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"});
   Combo1.setItems({"2400", "4800", "9600", "19200"});
+  // Speed Enhancement can't be on while no bank is ticked.
   Option5.setEnabled(false);
-  Scantimer.onTick = [this] { tick(); };
+  Scantimer.onTick = [this] { poll_.tick(); };
   services_.link.attachBc245({MSComm1.get(), &Scantimer});
 }
 
 Form2::~Form2() {
   services_.link.detach(*MSComm1);
   services_.gate.forget(Scantimer);
+  services_.gate.forget(Timer2);
 }
 
 void Form2::load() {
+  receiver_.loadView();
   if (const auto beep =
           platform::toInteger(services_.settings.getSetting("Options", "Keybeep", "1"))) {
     chkKeyBeep.setValue(*beep != 0);
   }
+  speed_.loadBanks();
   frequencyFile_.loadLastPlan();
   memory_.layOut();
   showStoredBaudRate();
@@ -45,6 +53,7 @@ void Form2::load() {
   }
   link_.chooseStoredPort();
   link_.openStoredPort();
+  receiver_.readSwitches();
   Scantimer.setEnabled(true);
   services_.gate.yield();
   SSTab1.setTab(2);
@@ -56,29 +65,6 @@ void Form2::showStoredBaudRate() {
   if (rate != rates.end()) {
     Combo1.setListIndex(static_cast<int>(rate - rates.begin()));
   }
-}
-
-void Form2::tick() {
-  const std::string reply = services_.link.SendCommand(link::command::kIdentify);
-  if (!link::IdentityReply(reply).isError()) {
-    takeIdentity(reply);
-    return;
-  }
-  services_.state.ModelKey = "BC895";
-  services_.state.ScannerName = "BC895XLT";
-  switchScanner_();
-}
-
-/// The poll reads the texts one place apart from the splash, and its values stand from then on.
-void Form2::takeIdentity(const std::string& reply) {
-  auto& state = services_.state;
-  state.ScannerName = platform::mid(reply, 3, 9);
-  state.ModelKey = "BC245";
-  state.SerialNumberText = platform::mid(reply, 13, 10);
-  if (const auto firmware = platform::toReal(link::IdentityReply(reply).firmware())) {
-    state.FirmwareText = platform::shortest(*firmware / 100);
-  }
-  state.SwitchingScanners = false;
 }
 
 }  // namespace tarnvex::shell

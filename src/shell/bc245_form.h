@@ -1,13 +1,16 @@
 #pragma once
 
-#include "monitor/panel_state.h"
+#include "monitor/bc245_panel.h"
+#include "monitor/bc245_poll.h"
+#include "monitor/receiver_options.h"
+#include "monitor/speed_enhancement.h"
 #include "shell/main_form.h"
 
 namespace tarnvex::shell {
 
-/// The main window of the BC245XLT: connects, tells the radio's name and hands over when a BC895XLT
-/// answers. `Combo1` is the baud rate, `Combo2` and `Combo4` pick scanlist and bank of the trunked
-/// table, `Combo3` the bank of the channel table.
+/// The main window of the BC245XLT.
+/// `Combo1` is the baud rate, `Combo2` and `Combo4` pick scanlist and bank of the trunked table,
+/// `Combo3` the bank of the channel table.
 class Form2 : public MainForm {
  public:
   Form2(const Services& services, MainFormOutside outside);
@@ -19,14 +22,37 @@ class Form2 : public MainForm {
 
   void load() override;
 
-  monitor::PanelBase panel;
+  monitor::Bc245Panel panel;
+  /// The Speed Enhancement frame: banks 1 to 10, and `Option5` and `Option6`.
+  monitor::SpeedEnhancement::BankBoxes MSBank;
+  platform::Timer Timer2{2000};
+  /// The frame `Frame3`, "BC245XLT Options", with `Check6`.
+  platform::CheckBox Check1{"EDACS Decimal Mode"};
+  platform::CheckBox Check2{"Auto Light Mode"};
+  platform::CheckBox Check3{"Attenuator On"};
+  platform::CheckBox Check4{"Status Bit On"};
+  platform::CheckBox Check5{"Frequency ID On"};
+  platform::CheckBox Check7{"Tone Detection On"};
+  platform::Label Label48{"When Trunking, View:"};
+  platform::OptionButton Option7{"Scanlists"};
+  platform::OptionButton Option8{"Active Banks", true};
+
+ protected:
+  [[nodiscard]] memory::TransferWindow transferWindow() override {
+    return {memory::bc245TransferTraits(),
+            MSFlexGrid1,
+            panel.Frequency,
+            panel.Channel,
+            panel.mode,
+            Scantimer};
+  }
 
  private:
-  void tick();
-  void takeIdentity(const std::string& reply);
   void showStoredBaudRate();
 
-  std::function<void()> switchScanner_;
+  monitor::SpeedEnhancement speed_;
+  monitor::ReceiverOptions receiver_;
+  monitor::Bc245Poll poll_;
   link::LinkControls link_;
 };
 

@@ -32,6 +32,16 @@ class Form4 : public MainForm {
   monitor::Multiscan::BankBoxes MSBank;
   platform::Timer Timer1{1000};
 
+ protected:
+  [[nodiscard]] memory::TransferWindow transferWindow() override {
+    return {memory::bc895TransferTraits(),
+            MSFlexGrid1,
+            panel.Frequency,
+            panel.Channel,
+            panel.mode,
+            Scantimer};
+  }
+
  private:
   void loadOptions();
   void loadLink();

@@ -3,6 +3,10 @@
 #include <algorithm>
 
 #include "link/scanner_commands.h"
+#include "memory/apf_file.h"
+#include "memory/download_dialog.h"
+#include "memory/scanner_reset.h"
+#include "memory/upload_dialog.h"
 
 namespace tarnvex::shell {
 
@@ -19,7 +23,8 @@ MainForm::MainForm(const Services& services, MainFormOutside outside,
       lower_({LLimit, services.state.LowerLimitEditing, link::command::kLowerLimit, Ulimit},
              services.link, [&dialogs = services.dialogs] { dialogs.beep(); }),
       upper_({Ulimit, services.state.UpperLimitEditing, link::command::kUpperLimit, Command4},
-             services.link, [&dialogs = services.dialogs] { dialogs.beep(); }) {
+             services.link, [&dialogs = services.dialogs] { dialogs.beep(); }),
+      dialogHost_(services.gate, outside_.windows) {
   bindCommonControls();
 }
 
@@ -60,6 +65,7 @@ void MainForm::requestUnload() {
 
 void MainForm::unload() {
   frequencyFile_.offerToSave();
+  dialogHost_.closeAll();
   MSComm1->close();
   // What the user still clicks before the window is gone must not open the port again.
   for (platform::Control* control :
@@ -71,6 +77,63 @@ void MainForm::unload() {
   if (!services_.state.SwitchingScanners) {
     outside_.endProgram();
   }
+}
+
+/// A form of the APF exchange with its file dialog.
+template <class Form>
+void MainForm::showApf() {
+  struct Kept {
+    std::unique_ptr<platform::CommonDialog> dialog;
+    Form form;
+  };
+  auto* form = dialogHost_.show<Form>(
+      [this] {
+        auto dialog = services_.commonDialogs.create();
+        platform::CommonDialog& shown = *dialog;
+        const std::shared_ptr<Kept> kept(new Kept{
+            std::move(dialog), Form({services_.files, shown, services_.dialogs, services_.state,
+                                     [this]() -> platform::Table& { return MSFlexGrid1; }})});
+        return std::shared_ptr<Form>(kept, &kept->form);
+      },
+      transferWindow().traits.modal);
+  if (form != nullptr) {
+    form->load();
+  }
+}
+
+void MainForm::mnuImport() {
+  showApf<memory::Form7>();
+}
+
+void MainForm::mnuExport() {
+  showApf<memory::Form8>();
+}
+
+void MainForm::mnuUpload() {
+  dialogHost_.show<memory::frmUpload>(
+      [this] {
+        return std::make_shared<memory::frmUpload>(
+            [this] { return transferWindow(); }, transferOutside(),
+            [this](trunking::Form3& form) { dialogHost_.showAndWait(form); });
+      },
+      transferWindow().traits.modal);
+}
+
+void MainForm::mnuDownload() {
+  dialogHost_.show<memory::frmDownload>(
+      [this] {
+        return std::make_shared<memory::frmDownload>([this] { return transferWindow(); },
+                                                     transferOutside());
+      },
+      transferWindow().traits.modal);
+}
+
+void MainForm::mnuReset() {
+  memory::resetScanner(services_.dialogs, services_.link);
+}
+
+memory::TransferOutside MainForm::transferOutside() {
+  return {services_.state, services_.link, services_.gate, services_.dialogs};
 }
 
 monitor::PollControls MainForm::pollControls() {

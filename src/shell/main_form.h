@@ -8,11 +8,13 @@
 #include "link/link_controls.h"
 #include "memory/channel_memory.h"
 #include "memory/frequency_file.h"
+#include "memory/transfer_window.h"
 #include "monitor/poll_cycle.h"
 #include "platform/controls.h"
 #include "platform/table.h"
 #include "platform/window.h"
 #include "search/limit_box.h"
+#include "shell/dialog_host.h"
 #include "shell/services.h"
 
 namespace tarnvex::shell {
@@ -23,6 +25,7 @@ struct MainFormOutside {
   std::function<void()> switchScanner;
   /// The program ends.
   std::function<void()> endProgram;
+  WindowLayer& windows;
 };
 
 /// A main window: the pages, tables and controls that both radios' windows have, its serial port
@@ -52,6 +55,12 @@ class MainForm {
   void mnuNew() { frequencyFile_.NewPlan(); }
   void mnuOpenConv() { frequencyFile_.OpenPlan(); }
   void mnuSaveConv() { frequencyFile_.SavePlan(); }
+  void mnuImport();
+  void mnuExport();
+  /// The Conventional menu's: transfers between plan and radio.
+  void mnuUpload();
+  void mnuDownload();
+  void mnuReset();
 
   platform::Window window;
   platform::TabStrip SSTab1;
@@ -102,13 +111,19 @@ class MainForm {
   Services services_;
   memory::ChannelMemory memory_;
   memory::FrequencyFile frequencyFile_;
+  /// What a transfer drives of this window.
+  [[nodiscard]] virtual memory::TransferWindow transferWindow() = 0;
 
  private:
   void bindCommonControls();
+  template <class Form>
+  void showApf();
+  [[nodiscard]] memory::TransferOutside transferOutside();
 
   MainFormOutside outside_;
   search::LimitBox lower_;
   search::LimitBox upper_;
+  DialogHost dialogHost_;
   bool asking_ = false;
 };
 

@@ -2,6 +2,15 @@
 
 #include <string>
 
+namespace tarnvex::memory {
+class ApfForm;
+class BankDialog;
+}  // namespace tarnvex::memory
+
+namespace tarnvex::trunking {
+class Form3;
+}  // namespace tarnvex::trunking
+
 namespace tarnvex::shell {
 
 class Form1;
@@ -27,6 +36,14 @@ class WindowLayer {
   /// `Form6`: a notice with one label and no buttons, over all else.
   virtual void openNotice(const std::string& caption, const std::string& text) = 0;
   virtual void closeNotice() = 0;
+  /// Dialogs over the main window; a modal one blocks it.
+  virtual void openDialog(memory::ApfForm& form, bool modal) = 0;
+  virtual void openDialog(memory::BankDialog& form, bool modal) = 0;
+  virtual void openDialog(trunking::Form3& form, bool modal) = 0;
+  /// Closes the dialog of a form, or brings it to the front. A form without a dialog is passed
+  /// over.
+  virtual void closeDialog(const void* form) = 0;
+  virtual void raiseDialog(const void* form) = 0;
   /// The program has ended: close all windows and leave the event loop.
   virtual void quit() = 0;
 };

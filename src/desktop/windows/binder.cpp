@@ -52,7 +52,43 @@ class KeyFilter : public QObject {
   bool replaying_ = false;
 };
 
+void showItems(QComboBox* widget, const platform::ComboBox& model) {
+  QStringList items;
+  for (const auto& item : model.items()) {
+    items << toScreen(item);
+  }
+  QStringList shown;
+  for (int i = 0; i < widget->count(); ++i) {
+    shown << widget->itemText(i);
+  }
+  if (items != shown) {
+    widget->clear();
+    widget->addItems(items);
+  }
+}
+
+/// Brings the widget's lines to the model's, touching only what differs.
+void showLines(QListWidget* widget, const platform::ListBox& model) {
+  while (widget->count() > model.count()) {
+    delete widget->takeItem(widget->count() - 1);
+  }
+  for (int i = 0; i < model.count(); ++i) {
+    const QString text = toScreen(model.item(i));
+    if (i >= widget->count()) {
+      widget->addItem(text);
+    } else if (widget->item(i)->text() != text) {
+      widget->item(i)->setText(text);
+    }
+  }
+}
+
 }  // namespace
+
+void showIf(QWidget* widget, bool visible) {
+  if (!visible || widget->parentWidget() != nullptr) {
+    widget->setVisible(visible);
+  }
+}
 
 void Binder::bindControl(QWidget* widget, platform::Control& model, const QString& name) {
   widget->setObjectName(name);
@@ -120,14 +156,10 @@ void Binder::bind(QRadioButton* widget, platform::OptionButton& model, const cha
 
 void Binder::bind(QComboBox* widget, platform::ComboBox& model, const char* name) {
   bindControl(widget, model, QLatin1String(name));
-  const auto fill = [widget, &model] {
-    for (const auto& item : model.items()) {
-      widget->addItem(toScreen(item));
-    }
-  };
-  fill();
   const auto show = [widget, &model] {
     widget->setEnabled(model.enabled());
+    showIf(widget, model.visible());
+    showItems(widget, model);
     widget->setCurrentIndex(model.listIndex());
   };
   show();
@@ -144,19 +176,7 @@ void Binder::bind(QComboBox* widget, platform::ComboBox& model, const char* name
 
 void Binder::bind(QListWidget* widget, platform::ListBox& model, const char* name) {
   bindControl(widget, model, QLatin1String(name));
-  const auto show = [widget, &model] {
-    while (widget->count() > model.count()) {
-      delete widget->takeItem(widget->count() - 1);
-    }
-    for (int i = 0; i < model.count(); ++i) {
-      const QString text = toScreen(model.item(i));
-      if (i >= widget->count()) {
-        widget->addItem(text);
-      } else if (widget->item(i)->text() != text) {
-        widget->item(i)->setText(text);
-      }
-    }
-  };
+  const auto show = [widget, &model] { showLines(widget, model); };
   show();
   keep(model.changed.connect(show));
   QObject::connect(widget, &QListWidget::itemClicked, widget,
@@ -165,9 +185,33 @@ void Binder::bind(QListWidget* widget, platform::ListBox& model, const char* nam
                    });
 }
 
+void Binder::bindSelection(QListWidget* widget, platform::ListBox& model, const char* name) {
+  bindControl(widget, model, QLatin1String(name));
+  widget->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  const auto show = [widget, &model] {
+    const QSignalBlocker silent(widget);
+    widget->setEnabled(model.enabled());
+    showLines(widget, model);
+    for (int i = 0; i < model.count(); ++i) {
+      widget->item(i)->setSelected(model.selected(i));
+    }
+  };
+  show();
+  keep(model.changed.connect(show));
+  QObject::connect(widget, &QListWidget::itemSelectionChanged, widget, [this, widget, &model] {
+    std::vector<bool> selected;
+    for (int i = 0; i < widget->count(); ++i) {
+      selected.push_back(widget->item(i)->isSelected());
+    }
+    gate_.enter([&model, selected = std::move(selected)] { model.userSelect(selected); });
+  });
+}
+
 void Binder::bind(QLineEdit* widget, platform::TextBox& model, const char* name) {
   bindControl(widget, model, QLatin1String(name));
   const auto show = [widget, &model] {
+    widget->setEnabled(model.enabled());
+    showIf(widget, model.visible());
     const QString text = toScreen(model.text());
     if (widget->text() != text) {
       widget->setText(text);

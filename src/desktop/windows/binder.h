@@ -15,6 +15,9 @@
 
 namespace tarnvex::desktop {
 
+/// Shows or hides a widget; one that isn't in a window yet stays off the screen either way.
+void showIf(QWidget* widget, bool visible);
+
 /// Binds widgets to the core's control models: a widget shows its model's state and passes the
 /// user's events on, through the event gate. It takes no decision. The widget's object name is the
 /// control's name.
@@ -34,6 +37,8 @@ class Binder {
             Urgency urgency = Urgency::Normal);
   void bind(QComboBox* widget, platform::ComboBox& model, const char* name);
   void bind(QListWidget* widget, platform::ListBox& model, const char* name);
+  /// A list in which any number of lines can be selected.
+  void bindSelection(QListWidget* widget, platform::ListBox& model, const char* name);
   void bind(QLineEdit* widget, platform::TextBox& model, const char* name);
 
   [[nodiscard]] platform::EventGate& gate() { return gate_; }

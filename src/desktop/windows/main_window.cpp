@@ -55,9 +55,19 @@ void MainWindow::addMenus() {
   addCommand(file, "mnuOpenConv", tr("&Open Frequency File..."), &shell::MainForm::mnuOpenConv);
   addCommand(file, "mnuSaveConv", tr("&Save Frequency File..."), &shell::MainForm::mnuSaveConv);
   file->addSeparator();
+  addCommand(file, "mnuImport", tr("&Import from APF..."), &shell::MainForm::mnuImport);
+  addCommand(file, "mnuExport", tr("&Export To APF..."), &shell::MainForm::mnuExport);
+  file->addSeparator();
   auto* exit = file->addAction(tr("E&xit"), this, [this] { close(); });
   exit->setObjectName(QStringLiteral("mnuExit"));
   exit->setMenuRole(QAction::QuitRole);
+  auto* conventional = menuBar()->addMenu(tr("&Conventional"));
+  conventional->setObjectName(QStringLiteral("mnuConv"));
+  addCommand(conventional, "mnuUpload", tr("&Upload To Scanner..."), &shell::MainForm::mnuUpload);
+  addCommand(conventional, "mnuDownload", tr("&Download From Scanner..."),
+             &shell::MainForm::mnuDownload);
+  conventional->addSeparator();
+  addCommand(conventional, "mnuReset", tr("&Reset Scanner"), &shell::MainForm::mnuReset);
 }
 
 void MainWindow::addCommand(QMenu* menu, const char* name, const QString& caption,

@@ -64,6 +64,51 @@ void QtWindows::closeNotice() {
   }
 }
 
+void QtWindows::openDialog(memory::ApfForm& form, bool modal) {
+  presentDialog(&form, makeApfDialog(form, gate_, dialogParent()), modal);
+}
+
+void QtWindows::openDialog(memory::BankDialog& form, bool modal) {
+  presentDialog(&form, makeBankDialog(form, gate_, dialogParent()), modal);
+}
+
+void QtWindows::openDialog(trunking::Form3& form, bool modal) {
+  presentDialog(&form, makeSystemTypeDialog(form, gate_, dialogParent()), modal);
+}
+
+QWidget* QtWindows::dialogParent() const {
+  for (const auto& [form, dialog] : dialogs_) {
+    if (dialog && dialog->isModal()) {
+      return dialog;
+    }
+  }
+  return main_;
+}
+
+void QtWindows::presentDialog(const void* form, DialogWindow* dialog, bool modal) {
+  dialogs_[form] = dialog;
+  dialog->setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+  dialog->show();
+}
+
+void QtWindows::closeDialog(const void* form) {
+  const auto dialog = dialogs_.find(form);
+  if (dialog == dialogs_.end()) {
+    return;
+  }
+  if (dialog->second) {
+    dialog->second->leaveScreen();
+  }
+  dialogs_.erase(dialog);
+}
+
+void QtWindows::raiseDialog(const void* form) {
+  if (const auto dialog = dialogs_.find(form); dialog != dialogs_.end() && dialog->second) {
+    dialog->second->raise();
+    dialog->second->activateWindow();
+  }
+}
+
 void QtWindows::quit() {
   if (main_) {
     main_->hide();

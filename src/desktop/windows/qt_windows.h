@@ -1,12 +1,14 @@
 #pragma once
 
 #include <QPointer>
+#include <map>
 #include <memory>
 #include <vector>
 
 #include "desktop/ports/device_slots.h"
 #include "desktop/ports/qt_event_loop.h"
 #include "desktop/ports/timer_driver.h"
+#include "desktop/windows/dialog_window.h"
 #include "desktop/windows/main_window.h"
 #include "shell/splash_form.h"
 #include "shell/window_layer.h"
@@ -31,6 +33,11 @@ class QtWindows : public shell::WindowLayer {
   void closeMain() override;
   void openNotice(const std::string& caption, const std::string& text) override;
   void closeNotice() override;
+  void openDialog(memory::ApfForm& form, bool modal) override;
+  void openDialog(memory::BankDialog& form, bool modal) override;
+  void openDialog(trunking::Form3& form, bool modal) override;
+  void closeDialog(const void* form) override;
+  void raiseDialog(const void* form) override;
   void quit() override;
 
   /// The main window on the screen, if there is one.
@@ -39,6 +46,9 @@ class QtWindows : public shell::WindowLayer {
  private:
   void drive(platform::Timer& timer);
   void present(MainWindow* window);
+  void presentDialog(const void* form, DialogWindow* dialog, bool modal);
+  /// Where a dialog belongs: the dialog that is open in front, or the main window.
+  [[nodiscard]] QWidget* dialogParent() const;
 
   QtEventLoop& loop_;
   platform::EventGate& gate_;
@@ -46,6 +56,7 @@ class QtWindows : public shell::WindowLayer {
   QPointer<QWidget> splash_;
   QPointer<QWidget> notice_;
   QPointer<MainWindow> main_;
+  std::map<const void*, QPointer<DialogWindow>> dialogs_;
   std::unique_ptr<TimerDriver> splashTimer_;
   std::vector<std::unique_ptr<TimerDriver>> timers_;
 };

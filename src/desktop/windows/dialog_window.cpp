@@ -1,0 +1,152 @@
+#include "desktop/windows/dialog_window.h"
+
+#include <QGridLayout>
+#include <QProgressBar>
+#include <QVBoxLayout>
+
+#include "desktop/ports/text.h"
+
+namespace tarnvex::desktop {
+namespace {
+
+/// Captions and visibility of a label.
+QLabel* addLabel(Binder& binder, const platform::Label& model, const char* name) {
+  auto* label = new QLabel;
+  label->setObjectName(QLatin1String(name));
+  label->setWordWrap(true);
+  const auto show = [label, &model] {
+    label->setText(toScreen(model.caption()));
+    showIf(label, model.visible());
+  };
+  show();
+  binder.keep(model.changed.connect(show));
+  return label;
+}
+
+QPushButton* addButton(Binder& binder, platform::Button& model, const char* name) {
+  auto* button = new QPushButton;
+  button->setAutoDefault(false);
+  binder.bind(button, model, name);
+  return button;
+}
+
+/// Room for a list of about ten lines.
+void sizeList(QListWidget* list, int columns) {
+  const QFontMetrics metrics(list->font());
+  list->setMinimumSize(metrics.averageCharWidth() * columns, metrics.lineSpacing() * 11);
+}
+
+void showProgress(QProgressBar* bar, const memory::Progress& progress) {
+  showIf(bar, progress.total() > 0);
+  bar->setMaximum(std::max(progress.total(), 1));
+  bar->setValue(progress.done());
+}
+
+}  // namespace
+
+DialogWindow::DialogWindow(platform::EventGate& gate, const platform::Window& form,
+                           const char* name, std::function<void()> askToClose, QWidget* parent)
+    : QDialog(parent), binder_(gate), askToClose_(std::move(askToClose)) {
+  setObjectName(QLatin1String(name));
+  const auto showTitle = [this, &form] { setWindowTitle(toScreen(form.caption())); };
+  showTitle();
+  binder_.keep(form.changed.connect(showTitle));
+}
+
+void DialogWindow::leaveScreen() {
+  hide();
+  deleteLater();
+}
+
+void DialogWindow::reject() {
+  binder_.gate().enter(askToClose_);
+}
+
+DialogWindow* makeApfDialog(memory::ApfForm& form, platform::EventGate& gate, QWidget* parent) {
+  const bool imports = dynamic_cast<memory::Form7*>(&form) != nullptr;
+  auto* dialog = new DialogWindow(
+      gate, form.window, imports ? "Form7" : "Form8", [&form] { form.Command4.userClick(); },
+      parent);
+  Binder& binder = dialog->binder();
+  auto* list = new QListWidget;
+  binder.bindSelection(list, form.List1, "List1");
+  list->setAccessibleName(dialog->windowTitle());
+  sizeList(list, 44);
+  auto* number = new QLineEdit;
+  binder.bind(number, form.Text1, "Text1");
+  number->setMaximumWidth(number->fontMetrics().averageCharWidth() * 10);
+  auto* caption = addLabel(binder, form.Label1, "Label1");
+  caption->setBuddy(number);
+  caption->setWordWrap(false);
+  auto* grid = new QGridLayout(dialog);
+  grid->addWidget(list, 0, 0, 6, 2);
+  grid->addWidget(addButton(binder, form.Command1, "Command1"), 0, 2);
+  grid->addWidget(addButton(binder, form.Command2, "Command2"), 1, 2);
+  grid->setRowStretch(3, 1);
+  grid->addWidget(addButton(binder, form.Command3, "Command3"), 4, 2);
+  grid->addWidget(addButton(binder, form.Command4, "Command4"), 5, 2);
+  grid->addWidget(caption, 6, 0);
+  grid->addWidget(number, 6, 1, Qt::AlignLeft);
+  grid->setColumnStretch(1, 1);
+  return dialog;
+}
+
+DialogWindow* makeBankDialog(memory::BankDialog& form, platform::EventGate& gate, QWidget* parent) {
+  auto* dialog = new DialogWindow(
+      gate, form.window, "BankDialog", [&form] { form.Command2.userClick(); }, parent);
+  Binder& binder = dialog->binder();
+  auto* list = new QListWidget;
+  binder.bindSelection(list, form.List1, "List1");
+  sizeList(list, 32);
+  auto* caption = addLabel(binder, form.Label1, "Label1");
+  caption->setBuddy(list);
+  list->setAccessibleName(caption->text());
+  auto* bar = new QProgressBar;
+  bar->setObjectName(QStringLiteral("progress"));
+  QSizePolicy policy = bar->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  bar->setSizePolicy(policy);
+  const auto show = [bar, &form] { showProgress(bar, form.progress); };
+  show();
+  binder.keep(form.progress.changed.connect(show));
+  auto* grid = new QGridLayout(dialog);
+  grid->addWidget(caption, 0, 0);
+  grid->addWidget(list, 1, 0, 4, 1);
+  grid->addWidget(addButton(binder, form.Command1, "Command1"), 1, 1);
+  grid->addWidget(addButton(binder, form.Command3, "Command3"), 2, 1);
+  grid->setRowStretch(3, 1);
+  grid->addWidget(addButton(binder, form.Command2, "Command2"), 4, 1);
+  grid->addWidget(bar, 5, 0, 1, 2);
+  return dialog;
+}
+
+DialogWindow* makeSystemTypeDialog(trunking::Form3& form, platform::EventGate& gate,
+                                   QWidget* parent) {
+  auto* dialog = new DialogWindow(
+      gate, form.window, "Form3", [&form] { form.userClose(); }, parent);
+  Binder& binder = dialog->binder();
+  auto* type = new QComboBox;
+  binder.bind(type, form.Combo1, "Combo1");
+  type->setAccessibleName(toScreen(form.Label1.caption()));
+  auto* base = new QLineEdit;
+  binder.bind(base, form.BFText, "BFText");
+  auto* step = new QComboBox;
+  binder.bind(step, form.Combo2, "Combo2");
+  auto* baseCaption = addLabel(binder, form.BFLabel, "BFLabel");
+  auto* stepCaption = addLabel(binder, form.OSLabel, "OSLabel");
+  baseCaption->setBuddy(base);
+  stepCaption->setBuddy(step);
+  auto* grid = new QGridLayout(dialog);
+  grid->addWidget(addLabel(binder, form.Label1, "Label1"), 0, 0, 1, 2);
+  grid->addWidget(addLabel(binder, form.Label2, "Label2"), 1, 0, 1, 2);
+  grid->addWidget(type, 2, 0, 1, 2);
+  grid->addWidget(baseCaption, 3, 0);
+  grid->addWidget(base, 3, 1);
+  grid->addWidget(stepCaption, 4, 0);
+  grid->addWidget(step, 4, 1);
+  grid->setRowStretch(5, 1);
+  grid->addWidget(addButton(binder, form.Command1, "Command1"), 6, 0, 1, 2);
+  return dialog;
+}
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QDialog>
+#include <functional>
+
+#include "desktop/windows/binder.h"
+#include "memory/apf_file.h"
+#include "memory/bank_list.h"
+#include "trunking/system_type_form.h"
+
+namespace tarnvex::desktop {
+
+/// A dialog of the program on the screen. It takes no decision: its buttons are the form's, and
+/// closing it by the window's own button asks the form.
+class DialogWindow : public QDialog {
+ public:
+  /// `askToClose` runs in the core when the user closes the window by other means than its buttons.
+  DialogWindow(platform::EventGate& gate, const platform::Window& form, const char* name,
+               std::function<void()> askToClose, QWidget* parent);
+
+  [[nodiscard]] Binder& binder() { return binder_; }
+  void leaveScreen();
+  void reject() override;
+
+ private:
+  Binder binder_;
+  std::function<void()> askToClose_;
+};
+
+DialogWindow* makeApfDialog(memory::ApfForm& form, platform::EventGate& gate, QWidget* parent);
+DialogWindow* makeBankDialog(memory::BankDialog& form, platform::EventGate& gate, QWidget* parent);
+DialogWindow* makeSystemTypeDialog(trunking::Form3& form, platform::EventGate& gate,
+                                   QWidget* parent);
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <algorithm>
+#include <memory>
+#include <typeindex>
+#include <utility>
+#include <vector>
+
+#include "platform/event_gate.h"
+#include "platform/notifier.h"
+#include "shell/window_layer.h"
+
+namespace tarnvex::shell {
+
+/// The dialogs of a main window: each is made when it is asked for, stands on the screen until it
+/// tells `closed`, and is destroyed once the core's stack is empty. There is one of a kind at a
+/// time; asking again brings it to the front.
+class DialogHost {
+ public:
+  DialogHost(platform::EventGate& gate, WindowLayer& windows) : gate_(gate), windows_(windows) {}
+  ~DialogHost() { closeAll(); }
+  DialogHost(const DialogHost&) = delete;
+  DialogHost& operator=(const DialogHost&) = delete;
+  DialogHost(DialogHost&&) = delete;
+  DialogHost& operator=(DialogHost&&) = delete;
+
+  /// Shows the dialog that `make` gives, unless one of its kind stands already. `make` returns a
+  /// shared pointer to the form, which may own more than the form. Returns the new form, or null.
+  template <class Form, class Make>
+  Form* show(Make make, bool modal) {
+    const auto standing = std::ranges::find(open_, std::type_index(typeid(Form)), &Open::kind);
+    if (standing != open_.end()) {
+      windows_.raiseDialog(standing->form.get());
+      return nullptr;
+    }
+    const std::shared_ptr<Form> form = make();
+    open_.push_back({typeid(Form), form, {}});
+    open_.back().closed = form->closed.connect(
+        [this, dialog = static_cast<const void*>(form.get())] { close(dialog); });
+    windows_.openDialog(*form, modal);
+    return form.get();
+  }
+
+  /// Shows a form that somebody else keeps, and returns when it has told `closed` or the program
+  /// has ended.
+  template <class Form>
+  void showAndWait(Form& form) {
+    bool done = false;
+    const auto closed = form.closed.connect([&done] { done = true; });
+    windows_.openDialog(form, true);
+    gate_.waitUntil([&done] { return done; });
+    windows_.closeDialog(&form);
+  }
+
+  void closeAll() {
+    while (!open_.empty()) {
+      close(open_.back().form.get());
+    }
+  }
+
+ private:
+  struct Open {
+    std::type_index kind;
+    std::shared_ptr<void> form;
+    platform::Connection closed;
+  };
+
+  void close(const void* form) {
+    const auto dialog =
+        std::ranges::find(open_, form, [](const Open& open) { return open.form.get(); });
+    if (dialog == open_.end()) {
+      return;
+    }
+    windows_.closeDialog(form);
+    gate_.whenIdle([kept = std::move(dialog->form)] {});
+    open_.erase(dialog);
+  }
+
+  platform::EventGate& gate_;
+  WindowLayer& windows_;
+  std::vector<Open> open_;
+};
+
+}  // namespace tarnvex::shell
