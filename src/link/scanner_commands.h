@@ -52,7 +52,7 @@ inline constexpr std::string_view kLockoutOff = "LOF";
 inline constexpr std::string_view kDelay = "DL";
 inline constexpr std::string_view kDelayOn = "DLN";
 inline constexpr std::string_view kDelayOff = "DLF";
-/// The `Line` flag of the selected channel; the reading commands don't tell it by itself.
+/// The `Line` flag of the current channel.
 inline constexpr std::string_view kLineOn = "ARN";
 inline constexpr std::string_view kLineOff = "ARF";
 inline constexpr std::string_view kToneSquelch = "CT";
@@ -124,6 +124,12 @@ struct Switch {
   [[nodiscard]] std::string_view form(bool set) const { return set ? on : off; }
 };
 inline constexpr Switch kMuteSwitch{command::kMute, command::kMuteOn, command::kMuteOff};
+/// Of the current channel.
+inline constexpr Switch kDelaySwitch{command::kDelay, command::kDelayOn, command::kDelayOff};
+inline constexpr Switch kLockoutSwitch{command::kLockout, command::kLockoutOn,
+                                       command::kLockoutOff};
+/// Can only be set: `ChannelReply` tells it.
+inline constexpr Switch kLineSwitch{{}, command::kLineOn, command::kLineOff};
 /// Of the BC245XLT.
 inline constexpr Switch kEdacsDecimal{"AF", "AFN", "AFF"};
 inline constexpr Switch kAutoLight{"AL", "ALN", "ALF"};

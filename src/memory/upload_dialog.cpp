@@ -75,18 +75,16 @@ bool frmUpload::askSystemType(const TransferWindow& main) {
 }
 
 void frmUpload::sendFlags(const TransferWindow& main, int channel) {
-  using namespace link;
   struct Flag {
     ChannelRecord::Column column;
-    std::string_view on;
-    std::string_view off;
+    const link::Switch& command;
   };
   // The line's flag goes to both radios, also to the one whose table doesn't show it.
-  for (const Flag& flag : {Flag{ChannelRecord::Delay, command::kDelayOn, command::kDelayOff},
-                           Flag{ChannelRecord::Lockout, command::kLockoutOn, command::kLockoutOff},
-                           Flag{ChannelRecord::Line, command::kLineOn, command::kLineOff}}) {
-    const bool set = main.MSFlexGrid1.textMatrix(channel, flag.column) == "X";
-    outside_.link.SendCommand(set ? flag.on : flag.off);
+  for (const auto& [column, command] : {Flag{ChannelRecord::Delay, link::kDelaySwitch},
+                                        Flag{ChannelRecord::Lockout, link::kLockoutSwitch},
+                                        Flag{ChannelRecord::Line, link::kLineSwitch}}) {
+    const bool set = main.MSFlexGrid1.textMatrix(channel, column) == "X";
+    outside_.link.SendCommand(command.form(set));
   }
 }
 
