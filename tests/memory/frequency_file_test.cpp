@@ -1,0 +1,278 @@
+#include "memory/frequency_file.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <iterator>
+
+#include "memory_store.h"
+#include "plan_fixture.h"
+#include "support/fake_common_dialog.h"
+#include "support/fake_settings.h"
+
+namespace tarnvex::test {
+namespace {
+
+using memory::bc245MemoryTraits;
+using memory::bc895MemoryTraits;
+using platform::Answer;
+using platform::FileDialogKind;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const Box kSaveChanges{"Save Changes to Scanlist File?", "Save Changes", 36};
+const Box kOverwriteNew{"File exists. Overwrite it?", "Confirm Overwrite", 36};
+const Box kOverwriteSave{"Overwrite existing file?", "Confirm Overwrite", 36};
+
+Box failed(const std::string& description) {
+  return {"An error occurred while saving the file: " + description, "File Error Encountered", 48};
+}
+
+/// A main window with files.
+struct FileFixture : PlanFixture {
+  explicit FileFixture(const memory::MemoryTraits& traits = bc895MemoryTraits())
+      : PlanFixture(traits), file(plan, {files, Dlg1, dialogs, settings, window}) {
+    store.piece = 4096;
+  }
+
+  MemoryStore store;
+  platform::SequentialFiles files{store};
+  FakeCommonDialog Dlg1;
+  FakeSettings settings;
+  platform::Window window{"Tarnvex"};
+  memory::FrequencyFile file;
+};
+
+std::string clearedFile() {
+  std::string content;
+  for (int row = 1; row <= 300; ++row) {
+    content += "\"" + std::to_string(row) + "\",\"0.0000\",\" \",\" \",\"X\",\" \",\"\",\"\"\r\n";
+  }
+  for (const char bank : std::string("ABCDEFGHIJ")) {
+    for (const char group : std::string("ABCDEFGHIJ")) {
+      for (int slot = 1; slot <= 10; ++slot) {
+        content += std::string("\"Bank ") + bank + ": " + group + std::to_string(slot) +
+                   "\",\"\",\"\",\"\"\r\n";
+      }
+    }
+  }
+  return content;
+}
+
+std::string quoted(int row, int col) {
+  return "\"" + std::to_string(row) + "/" + std::to_string(col) +
+         (col == 2 ? ", \xE9\x80 \"" : "\"");
+}
+
+/// A file in which every field is another, with characters beyond ASCII. The last LF is missing.
+std::string fullFile(const std::string& lineEnd) {
+  std::string content;
+  for (int row = 1; row <= 1300; ++row) {
+    for (int col = 0; col < (row <= 300 ? 8 : 4); ++col) {
+      content += (col > 0 ? "," : "") + quoted(row, col);
+    }
+    content += row < 1300 || lineEnd == "\r\n" ? lineEnd : "";
+  }
+  return content;
+}
+
+TEST(FrequencyFile, NewYieldsAClearedPlanOnDisk) {
+  FileFixture on;
+  on.channels.setTextMatrix(300, 7, "old");
+  on.talkgroups.setTextMatrix(1000, 3, "X");
+  on.Dlg1.choices = {"/plans/new.tvf"};
+  on.file.NewPlan();
+  EXPECT_EQ(on.store.files["/plans/new.tvf"], clearedFile());
+  EXPECT_EQ(on.channels.textMatrix(300, 7) + on.talkgroups.textMatrix(1000, 3), "");
+  EXPECT_EQ(on.window.caption(), "Tarnvex - /plans/new.tvf");
+  EXPECT_THAT(on.settings.saved,
+              ElementsAre(SavedSetting{"BC895", "LastFreqFile", "/plans/new.tvf"}));
+  EXPECT_THAT(on.Dlg1.shown, ElementsAre(ShownDialog{FileDialogKind::Open, "",
+                                                     "Tarnvex Frequency Files(*.tvf)|*.tvf", ""}));
+}
+
+TEST(FrequencyFile, OpenAndSaveRoundTripByteForByteOnBothRadios) {
+  const std::string stored = fullFile("\r\n");
+  for (const std::string& content : {stored, fullFile("\n"), stored + "\"more\",2\r\n"}) {
+    for (const auto* traits : {&bc895MemoryTraits(), &bc245MemoryTraits()}) {
+      FileFixture on(*traits);
+      on.store.files["a.tvf"] = content;
+      on.state.MemoryModified = true;
+      on.channels.userMoveTo(40, 7);
+      on.dialogs.answers = {Answer::No};
+      on.Dlg1.choices = {"a.tvf", "b.tvf"};
+      on.file.OpenPlan();
+      EXPECT_TRUE(on.state.MemoryModified) << "loading doesn't make the plan a saved one";
+      EXPECT_EQ(PlanFixture::cursor(on.channels), std::pair(1, 1));
+      EXPECT_EQ(on.channels.textMatrix(300, 0), "300/0");
+      on.file.SavePlan();
+      EXPECT_EQ(on.store.files["b.tvf"], stored);
+      EXPECT_FALSE(on.state.MemoryModified);
+      EXPECT_EQ(on.window.caption(), "Tarnvex - b.tvf");
+      EXPECT_THAT(on.settings.saved,
+                  ElementsAre(SavedSetting{traits->section, "LastFreqFile", "a.tvf"},
+                              SavedSetting{traits->section, "LastFreqFile", "b.tvf"}));
+      EXPECT_THAT(on.dialogs.takeBoxes(), ElementsAre(kSaveChanges));
+    }
+  }
+}
+
+TEST(FrequencyFile, ACutFileLeavesTheRowsReadSoFarWhereverItIsCut) {
+  const std::string content = fullFile("\r\n");
+  // A row counts from the first character of its last field on: an open quote ends with the file.
+  std::vector<std::size_t> counts;
+  for (int row = 1; row <= 1300; ++row) {
+    counts.push_back(content.find("," + quoted(row, row <= 300 ? 7 : 3)) + 2);
+  }
+  // Every byte of the first lines, of the border between the tables and of the last line.
+  const std::size_t border = content.find("\"301/0\"");
+  for (const std::size_t from : {std::size_t{0}, border - 60, content.size() - 60}) {
+    for (std::size_t cut = from; cut < from + 60; ++cut) {
+      FileFixture on;
+      on.store.files["a.tvf"] = content.substr(0, cut);
+      const auto failure = on.file.LoadPlanFromFile("a.tvf");
+      const auto rows = std::ranges::upper_bound(counts, cut) - counts.begin();
+      EXPECT_EQ(failure.has_value(), rows < 1300) << cut;
+      // The last field of the last row may have come out blank, as it was.
+      const auto filled = (std::ssize(on.changes(on.channels)) + 1) / 8 +
+                          (std::ssize(on.changes(on.talkgroups)) + 1) / 4;
+      ASSERT_EQ(filled, rows) << cut;
+    }
+  }
+}
+
+TEST(FrequencyFile, AFailedReadLeavesTheFileNumberTaken) {
+  FileFixture on;
+  on.store.files["short.tvf"] = "\"1\",\"155.0000\",\"\",\"\",\"\",\"\",\"\",\"first\"\r\n\"2\"";
+  on.channels.setTextMatrix(2, 7, "kept");
+  on.Dlg1.choices = {"none.tvf", "short.tvf", "short.tvf", std::nullopt};
+  on.file.OpenPlan();
+  on.file.OpenPlan();
+  EXPECT_EQ(on.channels.textMatrix(1, 7), "first");
+  EXPECT_EQ(on.channels.textMatrix(2, 7), "kept");
+  on.file.OpenPlan();
+  on.state.MemoryModified = true;
+  on.file.SavePlan();
+  EXPECT_FALSE(on.state.MemoryModified) << "cleared before the write";
+  EXPECT_THAT(on.dialogs.boxes,
+              ElementsAre(failed("File not found"), failed("Input past end of file"),
+                          failed("File already open"), failed("File already open")));
+  EXPECT_EQ(on.window.caption(), "Tarnvex");
+  EXPECT_THAT(on.settings.saved, IsEmpty());
+}
+
+TEST(FrequencyFile, AFailedWriteKeepsTheOldFileAndTakesTheNumber) {
+  FileFixture on;
+  on.store.files["a.tvf"] = "old";
+  on.store.full = true;
+  on.Dlg1.choices = {"a.tvf", "no/b.tvf", "c.tvf"};
+  on.dialogs.answers = {Answer::Yes};
+  on.channels.setTextMatrix(5, 7, "tag");
+  on.file.NewPlan();
+  EXPECT_EQ(on.channels.textMatrix(5, 7), "") << "the plan is cleared before the write";
+  on.store.full = false;
+  on.file.SavePlan();
+  EXPECT_THAT(on.files.write(1, {"more"}), testing::Optional(std::string("Disk full")));
+  on.files.close(1);
+  EXPECT_EQ(on.store.files["a.tvf"], "old");
+  on.file.SavePlan();
+  EXPECT_EQ(on.store.files["c.tvf"].size(), clearedFile().size());
+  EXPECT_THAT(on.dialogs.boxes,
+              ElementsAre(kOverwriteNew, failed("Disk full"), failed("File already open")));
+}
+
+TEST(FrequencyFile, CancelMeansTheFileInUse) {
+  FileFixture on;
+  on.Dlg1.choices = {std::nullopt, std::nullopt, std::nullopt};
+  on.changes(on.channels);
+  on.file.NewPlan();
+  on.file.OpenPlan();
+  on.file.SavePlan();
+  EXPECT_THAT(on.changes(on.channels), IsEmpty());
+  EXPECT_THAT(on.store.files, IsEmpty()) << "without a name Cancel stops the command";
+  on.Dlg1.FileName = "a.tvf";
+  on.Dlg1.choices = {std::nullopt, std::nullopt, std::nullopt};
+  on.dialogs.answers = {Answer::No};
+  on.file.SavePlan();
+  on.channels.setTextMatrix(1, 7, "typed since");
+  on.file.NewPlan();
+  EXPECT_EQ(on.channels.textMatrix(1, 7), "typed since");
+  on.file.OpenPlan();
+  EXPECT_EQ(on.channels.textMatrix(1, 7), "") << "loaded again";
+  EXPECT_THAT(on.dialogs.boxes, ElementsAre(kOverwriteNew));
+}
+
+TEST(FrequencyFile, OnlyTheBc245AsksBeforeSavingOverAnotherFile) {
+  FileFixture big;
+  big.store.files["b.tvf"] = "old";
+  big.Dlg1.choices = {"b.tvf"};
+  big.file.SavePlan();
+  EXPECT_THAT(big.dialogs.boxes, IsEmpty());
+
+  FileFixture small(bc245MemoryTraits());
+  small.store.files = {{"a.tvf", "old"}, {"b.tvf", "old"}};
+  small.Dlg1.FileName = "a.tvf";
+  small.Dlg1.choices = {"a.tvf"};
+  small.file.SavePlan();
+  EXPECT_THAT(small.dialogs.boxes, IsEmpty());
+  // Compared with the name before the command, so that Cancel after No asks about the same file.
+  small.Dlg1.choices = {"b.tvf", std::nullopt, "a.tvf"};
+  small.dialogs.answers = {Answer::No, Answer::No};
+  small.file.SavePlan();
+  EXPECT_EQ(small.store.files["b.tvf"], "old");
+  small.Dlg1.choices = {"b.tvf", ""};
+  small.dialogs.answers = {Answer::No};
+  small.file.SavePlan();
+  EXPECT_EQ(small.window.caption(), "Tarnvex - a.tvf");
+  small.Dlg1.choices = {"b.tvf", "new.tvf"};
+  small.dialogs.answers = {Answer::Yes};
+  small.file.SavePlan();
+  small.file.SavePlan();
+  EXPECT_NE(small.store.files["b.tvf"], "old");
+  EXPECT_EQ(small.window.caption(), "Tarnvex - new.tvf");
+  EXPECT_THAT(small.dialogs.boxes,
+              ElementsAre(kOverwriteSave, kOverwriteSave, kOverwriteSave, kOverwriteSave));
+}
+
+TEST(FrequencyFile, YesToSavingChangesCountsAsSavedWhateverComesOfIt) {
+  FileFixture on;
+  on.state.MemoryModified = true;
+  on.dialogs.answers = {Answer::Yes};
+  on.Dlg1.choices = {std::nullopt, std::nullopt};
+  on.file.OpenPlan();
+  EXPECT_FALSE(on.state.MemoryModified);
+  on.file.offerToSave();
+  EXPECT_THAT(on.dialogs.takeBoxes(), ElementsAre(kSaveChanges));
+  on.state.MemoryModified = true;
+  on.dialogs.answers = {Answer::No};
+  on.Dlg1.choices = {"new.tvf"};
+  on.file.NewPlan();
+  EXPECT_TRUE(on.state.MemoryModified) << "a new plan doesn't clear it";
+}
+
+TEST(FrequencyFile, StartUpLoadsTheLastFileOfTheRadioWithoutAWord) {
+  FileFixture none;
+  none.file.loadLastPlan();
+  EXPECT_EQ(none.window.caption(), "Tarnvex - Untitled");
+
+  FileFixture gone(bc245MemoryTraits());
+  gone.settings.values[{"BC245", "LastFreqFile"}] = "gone.tvf";
+  gone.file.loadLastPlan();
+  EXPECT_EQ(gone.window.caption(), "Tarnvex - gone.tvf");
+  EXPECT_EQ(gone.Dlg1.FileName, "gone.tvf");
+  EXPECT_THAT(gone.changes(gone.channels), IsEmpty());
+
+  FileFixture cut;
+  cut.settings.values[{"BC895", "LastFreqFile"}] = "a.tvf";
+  cut.store.files["a.tvf"] = fullFile("\n").substr(0, 700);
+  cut.file.loadLastPlan();
+  EXPECT_EQ(cut.channels.textMatrix(1, 7), "1/7");
+  EXPECT_EQ(cut.channels.textMatrix(200, 7), "");
+  cut.Dlg1.choices = {"b.tvf"};
+  cut.file.SavePlan();
+  EXPECT_THAT(cut.dialogs.boxes, IsEmpty()) << "the file number is free after start-up";
+  EXPECT_THAT(cut.settings.saved, ElementsAre(SavedSetting{"BC895", "LastFreqFile", "b.tvf"}));
+}
+
+}  // namespace
+}  // namespace tarnvex::test

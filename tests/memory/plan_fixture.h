@@ -1,0 +1,65 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "memory/channel_memory.h"
+#include "support/fake_dialogs.h"
+
+namespace tarnvex::test {
+
+/// A main window's plan as it stands after the window has opened, with a memory of what the cells
+/// held.
+struct PlanFixture {
+  explicit PlanFixture(const memory::MemoryTraits& traits)
+      : plan({channels, talkgroups, tabs}, state, dialogs, traits,
+             [this](const std::string& command) { sent.push_back(command); }) {
+    plan.layOut();
+    changes(channels);
+    changes(talkgroups);
+  }
+
+  /// Types the keys with the table in focus.
+  static void type(platform::Table& table, std::string_view keys) {
+    for (const char key : keys) {
+      table.userKey(key);
+    }
+  }
+
+  /// Every cell that differs from the last call, as "row,column=text", in order.
+  std::vector<std::string> changes(const platform::Table& table) {
+    std::vector<std::string>& old = &table == &channels ? oldChannels : oldTalkgroups;
+    const auto columns = static_cast<std::size_t>(table.cols());
+    old.resize(static_cast<std::size_t>(table.rows()) * columns);
+    std::vector<std::string> found;
+    for (int row = 0; row < table.rows(); ++row) {
+      for (int col = 0; col < table.cols(); ++col) {
+        std::string& seen =
+            old[static_cast<std::size_t>(row) * columns + static_cast<std::size_t>(col)];
+        if (seen != table.textMatrix(row, col)) {
+          seen = table.textMatrix(row, col);
+          found.push_back(std::to_string(row) + "," + std::to_string(col) + "=" + seen);
+        }
+      }
+    }
+    return found;
+  }
+
+  static std::pair<int, int> cursor(const platform::Table& table) {
+    return {table.row(), table.col()};
+  }
+
+  platform::Table channels{301, 8};
+  platform::Table talkgroups{1001, 4};
+  platform::TabStrip tabs;
+  platform::SharedState state;
+  FakeDialogs dialogs;
+  std::vector<std::string> sent;
+  std::vector<std::string> oldChannels;
+  std::vector<std::string> oldTalkgroups;
+  memory::ChannelMemory plan;
+};
+
+}  // namespace tarnvex::test
