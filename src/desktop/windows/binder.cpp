@@ -19,6 +19,13 @@ class KeyFilter : public QObject {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::FocusIn) {
+      gate_.enter([guard = QPointer<KeyFilter>(this)] {
+        if (guard) {
+          guard->model_.userFocus();
+        }
+      });
+    }
     if (event->type() != QEvent::KeyPress || replaying_) {
       return QObject::eventFilter(watched, event);
     }
@@ -207,6 +214,30 @@ void Binder::bindSelection(QListWidget* widget, platform::ListBox& model, const 
   });
 }
 
+void Binder::bindTicks(QListWidget* widget, platform::ListBox& model, const char* name) {
+  bindControl(widget, model, QLatin1String(name));
+  const auto show = [widget, &model] {
+    const QSignalBlocker silent(widget);
+    showLines(widget, model);
+    for (int i = 0; i < model.count(); ++i) {
+      widget->item(i)->setCheckState(model.selected(i) ? Qt::Checked : Qt::Unchecked);
+    }
+    widget->setCurrentRow(model.listIndex());
+  };
+  show();
+  keep(model.changed.connect(show));
+  QObject::connect(widget, &QListWidget::itemChanged, widget, [this, widget, &model] {
+    std::vector<bool> ticked;
+    for (int i = 0; i < widget->count(); ++i) {
+      ticked.push_back(widget->item(i)->checkState() == Qt::Checked);
+    }
+    gate_.enter([&model, row = widget->currentRow(), ticked = std::move(ticked)] {
+      model.setListIndex(row);
+      model.userSelect(ticked);
+    });
+  });
+}
+
 void Binder::bind(QLineEdit* widget, platform::TextBox& model, const char* name) {
   bindControl(widget, model, QLatin1String(name));
   const auto show = [widget, &model] {
@@ -219,6 +250,7 @@ void Binder::bind(QLineEdit* widget, platform::TextBox& model, const char* name)
   };
   show();
   keep(model.changed.connect(show));
+  keep(model.selectAllRequested.connect([widget] { widget->selectAll(); }));
   new KeyFilter(widget, model, gate_);
   QObject::connect(widget, &QLineEdit::textEdited, widget,
                    [&model](const QString& text) { model.userEdit(fromScreen(text)); });

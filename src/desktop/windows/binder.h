@@ -39,6 +39,8 @@ class Binder {
   void bind(QListWidget* widget, platform::ListBox& model, const char* name);
   /// A list in which any number of lines can be selected.
   void bindSelection(QListWidget* widget, platform::ListBox& model, const char* name);
+  /// A list with a box to tick at each line: ticked is `selected`.
+  void bindTicks(QListWidget* widget, platform::ListBox& model, const char* name);
   void bind(QLineEdit* widget, platform::TextBox& model, const char* name);
 
   [[nodiscard]] platform::EventGate& gate() { return gate_; }

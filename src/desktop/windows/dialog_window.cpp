@@ -120,6 +120,26 @@ DialogWindow* makeBankDialog(memory::BankDialog& form, platform::EventGate& gate
   return dialog;
 }
 
+DialogWindow* makeLockoutsDialog(search::frmLockouts& form, platform::EventGate& gate,
+                                 QWidget* parent) {
+  auto* dialog = new DialogWindow(
+      gate, form.window, "frmLockouts", [&form] { form.userClose(); }, parent);
+  Binder& binder = dialog->binder();
+  auto* list = new QListWidget;
+  binder.bindTicks(list, form.List1, "List1");
+  list->setAccessibleName(dialog->windowTitle());
+  sizeList(list, 32);
+  auto* help = addLabel(binder, form.Label1, "Label1");
+  help->setBuddy(list);
+  auto* grid = new QGridLayout(dialog);
+  grid->addWidget(list, 0, 0, 1, 2);
+  grid->addWidget(help, 1, 0, 1, 2);
+  grid->addWidget(addButton(binder, form.Command1, "Command1"), 2, 0);
+  grid->addWidget(addButton(binder, form.Command2, "Command2"), 2, 1);
+  grid->setRowStretch(0, 1);
+  return dialog;
+}
+
 DialogWindow* makeSystemTypeDialog(trunking::Form3& form, platform::EventGate& gate,
                                    QWidget* parent) {
   auto* dialog = new DialogWindow(

@@ -6,6 +6,7 @@
 #include "desktop/windows/binder.h"
 #include "memory/apf_file.h"
 #include "memory/bank_list.h"
+#include "search/lockouts.h"
 #include "trunking/system_type_form.h"
 
 namespace tarnvex::desktop {
@@ -29,6 +30,8 @@ class DialogWindow : public QDialog {
 
 DialogWindow* makeApfDialog(memory::ApfForm& form, platform::EventGate& gate, QWidget* parent);
 DialogWindow* makeBankDialog(memory::BankDialog& form, platform::EventGate& gate, QWidget* parent);
+DialogWindow* makeLockoutsDialog(search::frmLockouts& form, platform::EventGate& gate,
+                                 QWidget* parent);
 DialogWindow* makeSystemTypeDialog(trunking::Form3& form, platform::EventGate& gate,
                                    QWidget* parent);
 

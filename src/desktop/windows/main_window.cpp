@@ -13,8 +13,8 @@ MainWindow::MainWindow(shell::MainForm& form, platform::EventGate& gate, const c
     : form_(form), binder_(gate), tabs_(new QTabWidget) {
   setObjectName(QLatin1String(name));
   setCentralWidget(new QWidget);
-  auto* column = new QVBoxLayout(centralWidget());
-  column->addWidget(tabs_);
+  auto* layout = new QBoxLayout(QBoxLayout::TopToBottom, centralWidget());
+  layout->addWidget(tabs_);
   tabs_->setObjectName(QStringLiteral("SSTab1"));
   addMenus();
   const auto showTitle = [this] { setWindowTitle(toScreen(form_.window.caption())); };
@@ -26,25 +26,39 @@ MainWindow::MainWindow(shell::Form4& form, platform::EventGate& gate, DeviceSlot
     : MainWindow(form, gate, "Form4") {
   auto* panel = new RadioPanel(bc895Layout());
   panelBinding_ = std::make_unique<PanelBinding>(*panel, form, gate);
-  setTop(panel);
-  addPage(tr("Station Program"), makeStationPage(form, binder_));
-  addPage(tr("Trunked Data"), makeTrunkedPage(form, form.Combo1, "Combo1", binder_));
-  addPage(tr("Options"),
-          makeOptionsPage({makeLinkFrame(form, form.Combo4, "Combo4", devices, binder_),
-                           makeMultiscanFrame(form, binder_), makeSwitchesFrame(form, binder_),
-                           makeLimitsFrame(form, binder_)}));
-  addPage(tr("Search Results"), makeSearchPage(form, binder_));
-  showTab();
+  // A wide set stands above the pages.
+  place(panel, QBoxLayout::TopToBottom);
+  addPages(form.Combo1, "Combo1",
+           makeOptionsPage({{makeLinkFrame(form, form.Combo4, "Combo4", devices, binder_)},
+                            {makeMultiscanFrame(form, binder_)},
+                            {makeSwitchesFrame(form, binder_, true)},
+                            {makeLimitsFrame(form, binder_)}}));
+  // All pages fit without scrolling at a usual font size.
+  const QFontMetrics metrics(font());
+  const int width = metrics.averageCharWidth() * 168;
+  resize(width, panel->heightForWidth(width) + metrics.height() * 20);
 }
 
 MainWindow::MainWindow(shell::Form2& form, platform::EventGate& gate, DeviceSlots& devices)
     : MainWindow(form, gate, "Form2") {
-  addPage(tr("Station Program"), makeStationPage(form, binder_));
-  addPage(tr("Trunked Data"), makeTrunkedPage(form, form.Combo4, "Combo4", binder_));
-  addPage(tr("Options"),
-          makeOptionsPage({makeLinkFrame(form, form.Combo1, "Combo1", devices, binder_),
-                           makeSwitchesFrame(form, binder_), makeLimitsFrame(form, binder_)}));
-  addPage(tr("Search Results"), makeSearchPage(form, binder_));
+  auto* panel = new RadioPanel(bc245Layout());
+  panelBinding_ = std::make_unique<PanelBinding>(*panel, form, gate);
+  // An upright hand-held stands beside them.
+  place(panel, QBoxLayout::LeftToRight);
+  addPages(form.Combo4, "Combo4",
+           makeOptionsPage({{makeLinkFrame(form, form.Combo1, "Combo1", devices, binder_),
+                             makeSwitchesFrame(form, binder_, false)},
+                            {makeSpeedFrame(form, binder_), makeLimitsFrame(form, binder_)},
+                            {makeReceiverFrame(form, binder_)}}));
+  const QFontMetrics metrics(font());
+  resize(metrics.averageCharWidth() * 168, metrics.height() * 40);
+}
+
+void MainWindow::addPages(platform::ComboBox& trunkBank, const char* name, QWidget* options) {
+  tabs_->addTab(makeStationPage(form_, binder_), tr("Station Program"));
+  tabs_->addTab(makeTrunkedPage(form_, trunkBank, name, binder_), tr("Trunked Data"));
+  tabs_->addTab(options, tr("Options"));
+  tabs_->addTab(makeSearchPage(form_, binder_), tr("Search Results"));
   showTab();
 }
 
@@ -78,18 +92,12 @@ void MainWindow::addCommand(QMenu* menu, const char* name, const QString& captio
   action->setObjectName(QLatin1String(name));
 }
 
-void MainWindow::setTop(QWidget* panel) {
-  auto* column = static_cast<QVBoxLayout*>(centralWidget()->layout());
+void MainWindow::place(RadioPanel* panel, QBoxLayout::Direction direction) {
   panel->setObjectName(QStringLiteral("panel"));
-  column->insertWidget(0, panel);
-  // All pages fit without scrolling at a usual font size.
-  const QFontMetrics metrics(font());
-  const int width = metrics.averageCharWidth() * 168;
-  resize(width, panel->heightForWidth(width) + metrics.height() * 20);
-}
-
-void MainWindow::addPage(const QString& caption, QWidget* page) {
-  tabs_->addTab(page, caption);
+  auto* layout = static_cast<QBoxLayout*>(centralWidget()->layout());
+  layout->setDirection(direction);
+  layout->insertWidget(0, panel);
+  layout->setStretchFactor(tabs_, 1);
 }
 
 void MainWindow::showTab() {

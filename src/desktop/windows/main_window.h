@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBoxLayout>
 #include <QMainWindow>
 #include <QMenu>
 #include <QTabWidget>
@@ -33,8 +34,9 @@ class MainWindow : public QMainWindow {
   void addMenus();
   void addCommand(QMenu* menu, const char* name, const QString& caption,
                   void (shell::MainForm::*command)());
-  void setTop(QWidget* panel);
-  void addPage(const QString& caption, QWidget* page);
+  void place(RadioPanel* panel, QBoxLayout::Direction direction);
+  /// `trunkBank` is the box that picks the bank of the talkgroup table, with its control name.
+  void addPages(platform::ComboBox& trunkBank, const char* name, QWidget* options);
   void showTab();
 
   shell::MainForm& form_;

@@ -5,22 +5,59 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+#include "desktop/ports/text.h"
 #include "desktop/windows/com_option.h"
 #include "desktop/windows/pages.h"
 
 namespace tarnvex::desktop {
 namespace {
 
-void addBankRow(QGridLayout* grid, int row, const QString& caption, shell::Form4& form, int first,
-                Binder& binder) {
+/// A row of bank boxes under their column headings.
+template <std::size_t N>
+void addBankRow(QGridLayout* grid, int row, const QString& caption,
+                std::array<platform::CheckBox, N>& boxes, int first, Binder& binder) {
   grid->addWidget(new QLabel(caption), row, 0);
   for (int bank = 0; bank < 10; ++bank) {
     const int index = first + bank;
     auto* box = new QCheckBox;
-    binder.bind(box, form.MSBank[static_cast<std::size_t>(index)],
+    binder.bind(box, boxes[static_cast<std::size_t>(index)],
                 QStringLiteral("MSBank(%1)").arg(index));
-    box->setAccessibleName(caption + QLatin1Char(' ') + QChar('A' + bank));
+    const auto* heading = static_cast<QLabel*>(grid->itemAtPosition(0, bank + 1)->widget());
+    box->setAccessibleName(caption + QLatin1Char(' ') + heading->text());
     grid->addWidget(box, row, bank + 1, Qt::AlignHCenter);
+  }
+}
+
+/// A frame that is switched on and off, with room for rows of banks under these headings.
+QGridLayout* addBankFrame(QGroupBox* frame, shell::MainForm& form, const QStringList& banks,
+                          Binder& binder) {
+  frame->setObjectName(QStringLiteral("Frame2"));
+  auto* grid = new QGridLayout;
+  for (int bank = 0; bank < banks.size(); ++bank) {
+    grid->addWidget(new QLabel(banks[bank]), 0, bank + 1, Qt::AlignHCenter);
+  }
+  auto* on = new QRadioButton;
+  auto* off = new QRadioButton;
+  binder.bind(on, form.Option5, "Option5");
+  binder.bind(off, form.Option6, "Option6");
+  auto* switches = new QHBoxLayout;
+  switches->addWidget(on);
+  switches->addWidget(off);
+  switches->addStretch();
+  auto* column = new QVBoxLayout(frame);
+  column->addLayout(switches);
+  column->addLayout(grid);
+  column->addStretch();
+  return grid;
+}
+
+void addCheckBoxes(QVBoxLayout* column,
+                   const std::vector<std::pair<platform::CheckBox*, const char*>>& boxes,
+                   Binder& binder) {
+  for (const auto& [model, name] : boxes) {
+    auto* box = new QCheckBox;
+    binder.bind(box, *model, QLatin1String(name));
+    column->addWidget(box);
   }
 }
 
@@ -52,40 +89,60 @@ QWidget* makeLinkFrame(shell::MainForm& form, platform::ComboBox& baudBox, const
   return frame;
 }
 
-QWidget* makeSwitchesFrame(shell::MainForm& form, Binder& binder) {
+QWidget* makeSwitchesFrame(shell::MainForm& form, Binder& binder, bool muteToo) {
   auto* frame = new QGroupBox(QObject::tr("Sound"));
   auto* column = new QVBoxLayout(frame);
-  const std::array<std::pair<platform::CheckBox*, const char*>, 3> boxes = {
-      {{&form.chkKeyBeep, "chkKeyBeep"}, {&form.Check6, "Check6"}, {&form.chkRecord, "chkRecord"}}};
-  for (const auto& [model, name] : boxes) {
-    auto* box = new QCheckBox;
-    binder.bind(box, *model, QLatin1String(name));
-    column->addWidget(box);
+  addCheckBoxes(column, {{&form.chkKeyBeep, "chkKeyBeep"}}, binder);
+  if (muteToo) {
+    addCheckBoxes(column, {{&form.Check6, "Check6"}}, binder);
   }
+  addCheckBoxes(column, {{&form.chkRecord, "chkRecord"}}, binder);
   column->addStretch();
   return frame;
 }
 
 QWidget* makeMultiscanFrame(shell::Form4& form, Binder& binder) {
   auto* frame = new QGroupBox(QObject::tr("Multiscan"));
-  frame->setObjectName(QStringLiteral("Frame2"));
-  auto* grid = new QGridLayout;
-  for (int bank = 0; bank < 10; ++bank) {
-    grid->addWidget(new QLabel(QChar('A' + bank)), 0, bank + 1, Qt::AlignHCenter);
-  }
-  addBankRow(grid, 1, QObject::tr("Conventional:"), form, 0, binder);
-  addBankRow(grid, 2, QObject::tr("Trunked:"), form, 10, binder);
-  auto* on = new QRadioButton;
-  auto* off = new QRadioButton;
-  binder.bind(on, form.Option5, "Option5");
-  binder.bind(off, form.Option6, "Option6");
-  auto* switches = new QHBoxLayout;
-  switches->addWidget(on);
-  switches->addWidget(off);
-  switches->addStretch();
+  auto* grid =
+      addBankFrame(frame, form, {"A", "B", "C", "D", "E", "F", "G", "H", "I", "J"}, binder);
+  addBankRow(grid, 1, QObject::tr("Conventional:"), form.MSBank, 0, binder);
+  addBankRow(grid, 2, QObject::tr("Trunked:"), form.MSBank, 10, binder);
+  return frame;
+}
+
+QWidget* makeSpeedFrame(shell::Form2& form, Binder& binder) {
+  auto* frame = new QGroupBox(QObject::tr("Speed Enhancement"));
+  auto* grid =
+      addBankFrame(frame, form, {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}, binder);
+  addBankRow(grid, 1, QObject::tr("Banks:"), form.MSBank, 0, binder);
+  return frame;
+}
+
+QWidget* makeReceiverFrame(shell::Form2& form, Binder& binder) {
+  auto* frame = new QGroupBox(QObject::tr("BC245XLT Options"));
+  frame->setObjectName(QStringLiteral("Frame3"));
   auto* column = new QVBoxLayout(frame);
-  column->addLayout(switches);
-  column->addLayout(grid);
+  addCheckBoxes(column,
+                {{&form.Check1, "Check1"},
+                 {&form.Check2, "Check2"},
+                 {&form.Check3, "Check3"},
+                 {&form.Check4, "Check4"},
+                 {&form.Check5, "Check5"},
+                 {&form.Check6, "Check6"},
+                 {&form.Check7, "Check7"}},
+                binder);
+  auto* heading = new QLabel(toScreen(form.Label48.caption()));
+  heading->setObjectName(QStringLiteral("Label48"));
+  column->addWidget(heading);
+  auto* views = new QHBoxLayout;
+  for (const auto& [model, name] :
+       {std::pair{&form.Option8, "Option8"}, std::pair{&form.Option7, "Option7"}}) {
+    auto* option = new QRadioButton;
+    binder.bind(option, *model, name);
+    views->addWidget(option);
+  }
+  views->addStretch();
+  column->addLayout(views);
   column->addStretch();
   return frame;
 }
@@ -109,11 +166,15 @@ QWidget* makeLimitsFrame(shell::MainForm& form, Binder& binder) {
   return frame;
 }
 
-QWidget* makeOptionsPage(const QVector<QWidget*>& columns) {
+QWidget* makeOptionsPage(const QVector<QVector<QWidget*>>& columns) {
   auto* content = new QWidget;
   auto* row = new QHBoxLayout(content);
-  for (QWidget* column : columns) {
-    row->addWidget(column);
+  for (const auto& frames : columns) {
+    auto* column = new QVBoxLayout;
+    for (QWidget* frame : frames) {
+      column->addWidget(frame);
+    }
+    row->addLayout(column);
   }
   auto* page = new QScrollArea;
   page->setWidget(content);

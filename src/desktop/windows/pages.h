@@ -4,6 +4,7 @@
 
 #include "desktop/ports/device_slots.h"
 #include "desktop/windows/binder.h"
+#include "shell/bc245_form.h"
 #include "shell/bc895_form.h"
 
 /// The pages of a main window's tab strip. Each function lays a page out and binds its widgets to
@@ -20,10 +21,13 @@ QWidget* makeSearchPage(shell::MainForm& form, Binder& binder);
 /// `baudBox` is the box of the baud rate, with its control name.
 QWidget* makeLinkFrame(shell::MainForm& form, platform::ComboBox& baudBox, const char* name,
                        DeviceSlots& devices, Binder& binder);
-QWidget* makeSwitchesFrame(shell::MainForm& form, Binder& binder);
+/// `muteToo` where the mute isn't among the radio's own options.
+QWidget* makeSwitchesFrame(shell::MainForm& form, Binder& binder, bool muteToo);
 QWidget* makeMultiscanFrame(shell::Form4& form, Binder& binder);
+QWidget* makeSpeedFrame(shell::Form2& form, Binder& binder);
+QWidget* makeReceiverFrame(shell::Form2& form, Binder& binder);
 QWidget* makeLimitsFrame(shell::MainForm& form, Binder& binder);
-/// Puts frames side by side; scrolls where the room is too small.
-QWidget* makeOptionsPage(const QVector<QWidget*>& columns);
+/// Puts frames into columns side by side; scrolls where the room is too small.
+QWidget* makeOptionsPage(const QVector<QVector<QWidget*>>& columns);
 
 }  // namespace tarnvex::desktop

@@ -4,17 +4,23 @@
 #include "desktop/ports/text.h"
 
 namespace tarnvex::desktop {
-PanelBinding::PanelBinding(RadioPanel& view, shell::Form4& form, platform::EventGate& gate)
+
+PanelBinding::PanelBinding(RadioPanel& view, const std::vector<monitor::PanelElement>& elements,
+                           const platform::Label& background)
     : view_(view) {
-  for (const auto& element : form.panel.elements()) {
+  for (const auto& element : elements) {
     show(element);
     connections_.push_back(element.label->changed.connect([this, element] { show(element); }));
   }
-  const auto showColour = [this, &back = form.panel.Label1] {
-    view_.setDisplayColour(toScreen(back.backColor()));
+  const auto showColour = [this, &background] {
+    view_.setDisplayColour(toScreen(background.backColor()));
   };
   showColour();
-  connections_.push_back(form.panel.Label1.changed.connect(showColour));
+  connections_.push_back(background.changed.connect(showColour));
+}
+
+PanelBinding::PanelBinding(RadioPanel& view, shell::Form4& form, platform::EventGate& gate)
+    : PanelBinding(view, form.panel.elements(), form.panel.Label1) {
   const auto knob = [&gate, &form](Qt::MouseButton button, void (shell::Form4::*act)(bool)) {
     if (button == Qt::LeftButton || button == Qt::RightButton) {
       gate.enter([&form, act, up = button == Qt::RightButton] { (form.*act)(up); });
@@ -25,6 +31,9 @@ PanelBinding::PanelBinding(RadioPanel& view, shell::Form4& form, platform::Event
   QObject::connect(&view, &RadioPanel::knobReleased, &view,
                    [knob](Qt::MouseButton button) { knob(button, &shell::Form4::releaseKnob); });
 }
+
+PanelBinding::PanelBinding(RadioPanel& view, shell::Form2& form, platform::EventGate& /*gate*/)
+    : PanelBinding(view, form.panel.elements(), form.panel.Display) {}
 
 void PanelBinding::show(const monitor::PanelElement& element) {
   view_.setElement(QString::fromStdString(element.name), toScreen(element.label->caption()),

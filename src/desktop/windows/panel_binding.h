@@ -5,14 +5,20 @@
 #include "desktop/panel/radio_panel.h"
 #include "monitor/panel_state.h"
 #include "platform/event_gate.h"
+#include "shell/bc245_form.h"
 #include "shell/bc895_form.h"
 
 namespace tarnvex::desktop {
 
-/// Binds a drawn panel to the panel's labels, and its knob and keys to the form.
+/// Binds a drawn panel to the labels of a radio's front, and its keys and knob to the form.
 class PanelBinding {
  public:
   PanelBinding(RadioPanel& view, shell::Form4& form, platform::EventGate& gate);
+  PanelBinding(RadioPanel& view, shell::Form2& form, platform::EventGate& gate);
+
+  /// The display alone: the labels, with their background.
+  PanelBinding(RadioPanel& view, const std::vector<monitor::PanelElement>& elements,
+               const platform::Label& background);
 
  private:
   void show(const monitor::PanelElement& element);

@@ -1,9 +1,12 @@
 #include "desktop/windows/plan_table.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <algorithm>
 
 #include "desktop/ports/text.h"
 
@@ -87,8 +90,55 @@ PlanTable::PlanTable(platform::Table& table, platform::EventGate& gate, int stre
   scroll_ = table_.scrollRequested.connect(
       [this](int row) { scrollTo(model()->index(row - 1, 1), PositionAtTop); });
   focus_ = table_.focusRequested.connect([this] { setFocus(); });
+  addEditActions();
   showColumns();
   showCursor();
+}
+
+void PlanTable::addEditActions() {
+  const auto add = [this](const QString& caption, QKeySequence::StandardKey key, auto act) {
+    auto* action = new QAction(caption, this);
+    action->setShortcut(key);
+    action->setShortcutContext(Qt::WidgetShortcut);
+    connect(action, &QAction::triggered, this, act);
+    addAction(action);
+  };
+  add(tr("&Copy"), QKeySequence::Copy, [this] { copySelection(); });
+  add(tr("&Paste"), QKeySequence::Paste, [this] { pasteClipboard(); });
+  setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+void PlanTable::copySelection() const {
+  QModelIndexList cells = selectionModel()->selectedIndexes();
+  std::ranges::sort(cells, [](const QModelIndex& a, const QModelIndex& b) {
+    return std::pair(a.row(), a.column()) < std::pair(b.row(), b.column());
+  });
+  QString text;
+  for (qsizetype i = 0; i < cells.size(); ++i) {
+    if (isColumnHidden(cells[i].column())) {
+      continue;
+    }
+    if (!text.isEmpty()) {
+      text += cells[i].row() == cells[i - 1].row() ? QLatin1Char('\t') : QLatin1Char('\n');
+    }
+    text += cells[i].data().toString();
+  }
+  QApplication::clipboard()->setText(text);
+}
+
+void PlanTable::pasteClipboard() {
+  const int firstColumn = table_.col();
+  QString text = QApplication::clipboard()->text();
+  text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+  for (const QChar character : text) {
+    if (character == QLatin1Char('\t')) {
+      table_.userMoveTo(table_.row(), table_.col() + 1);
+    } else if (character == QLatin1Char('\n') || character == QLatin1Char('\r')) {
+      table_.userMoveTo(table_.row() + 1, firstColumn);
+    } else if (!typeText(character)) {
+      QApplication::beep();
+    }
+  }
 }
 
 void PlanTable::showCursor() {

@@ -45,6 +45,12 @@ class PlanTable : public QTableView {
   void showCursor();
   void showColumns();
   bool typeText(const QString& text);
+  void addEditActions();
+  /// Puts the selected cells on the clipboard, tabs between the columns, a line for each row.
+  void copySelection() const;
+  /// Types the clipboard's characters from the cursor on. A tab goes one cell to the right, a line
+  /// end to the next row, below where the pasting began.
+  void pasteClipboard();
 
   platform::Table& table_;
   platform::EventGate& gate_;

@@ -32,6 +32,7 @@ void QtWindows::openMain(shell::Form4& form) {
 
 void QtWindows::openMain(shell::Form2& form) {
   drive(form.Scantimer);
+  drive(form.Timer2);
   present(new MainWindow(form, gate_, devices_));
 }
 
@@ -70,6 +71,10 @@ void QtWindows::openDialog(memory::ApfForm& form, bool modal) {
 
 void QtWindows::openDialog(memory::BankDialog& form, bool modal) {
   presentDialog(&form, makeBankDialog(form, gate_, dialogParent()), modal);
+}
+
+void QtWindows::openDialog(search::frmLockouts& form, bool modal) {
+  presentDialog(&form, makeLockoutsDialog(form, gate_, dialogParent()), modal);
 }
 
 void QtWindows::openDialog(trunking::Form3& form, bool modal) {

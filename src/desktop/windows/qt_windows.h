@@ -35,6 +35,7 @@ class QtWindows : public shell::WindowLayer {
   void closeNotice() override;
   void openDialog(memory::ApfForm& form, bool modal) override;
   void openDialog(memory::BankDialog& form, bool modal) override;
+  void openDialog(search::frmLockouts& form, bool modal) override;
   void openDialog(trunking::Form3& form, bool modal) override;
   void closeDialog(const void* form) override;
   void raiseDialog(const void* form) override;
