@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/clock.h"
+#include "support/fake_loop.h"
+
+namespace tarnvex::test {
+
+/// A wall clock on the fake loop's time: its seconds move while somebody sleeps there.
+class FakeClock : public platform::Clock {
+ public:
+  explicit FakeClock(const FakeLoop& loop) : loop_(loop) {}
+
+  [[nodiscard]] std::int64_t seconds() const override {
+    return (loop_.now() + offsetMilliseconds) / 1000;
+  }
+  [[nodiscard]] std::string now() const override { return text; }
+
+  /// Places the loop's start within a second.
+  std::int64_t offsetMilliseconds = 0;
+  std::string text = "2031-05-06 07:08:09";
+
+ private:
+  const FakeLoop& loop_;
+};
+
+}  // namespace tarnvex::test

@@ -1,0 +1,266 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <limits>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/serial_port.h"
+
+namespace tarnvex::test {
+
+/// Bytes that arrive together, `after` spins behind those before them (the first ones: behind the
+/// command). A reply is never there at once, so one spin is the least.
+struct Piece {
+  std::string bytes;
+  int after = 1;
+  /// The device is gone with these bytes, as when the cable is pulled.
+  bool lost = false;
+};
+
+/// One command, without its carriage return, and what the radio does on it.
+struct Exchange {
+  Exchange(std::string sent, const std::string& reply)
+      : command(std::move(sent)), pieces{{reply + "\r"}} {}
+  Exchange(std::string sent, std::vector<Piece> answer)
+      : command(std::move(sent)), pieces(std::move(answer)) {}
+
+  std::string command;
+  std::vector<Piece> pieces;
+};
+
+inline Exchange silent(std::string command) {
+  return {std::move(command), std::vector<Piece>{}};
+}
+
+/// The reply is followed by a line that the radio sends by itself, once the reply has been read.
+inline Exchange streaming(std::string command, const std::string& reply, const std::string& line) {
+  return {std::move(command), std::vector<Piece>{{reply + "\r"}, {line + "\r"}}};
+}
+
+/// The radio at the other end of the line. It expects exact commands: an unexpected or another one
+/// fails the test and is met with silence, one that never comes fails it too. No real time passes;
+/// `spins` is the line's clock.
+class ScriptedRadio {
+ public:
+  ScriptedRadio() = default;
+  ScriptedRadio(const ScriptedRadio&) = delete;
+  ScriptedRadio& operator=(const ScriptedRadio&) = delete;
+  ScriptedRadio(ScriptedRadio&&) = delete;
+  ScriptedRadio& operator=(ScriptedRadio&&) = delete;
+  ~ScriptedRadio() { expectSpent(); }
+
+  void expect(const std::vector<Exchange>& exchanges) {
+    expected_.insert(expected_.end(), exchanges.begin(), exchanges.end());
+  }
+  /// Fails if an expected command hasn't come by now.
+  void expectSpent() {
+    if (!expected_.empty()) {
+      ADD_FAILURE() << expected_.size() << " expected commands were not sent, the first one is \""
+                    << expected_.front().command << '"';
+      expected_.clear();
+    }
+  }
+  /// Bytes that wait at the port from now on.
+  void send(std::string_view bytes) { waiting_ += bytes; }
+  std::string takeLog() {
+    std::string all;
+    for (const std::string& entry : std::exchange(log, {})) {
+      all += (all.empty() ? "" : "; ") + entry;
+    }
+    return all;
+  }
+
+  /// Answers every command while nothing is expected.
+  std::function<std::vector<Piece>(std::string_view command)> answer;
+  /// Runs when a wait begins: the window's events, which arrive while the core is busy.
+  std::function<void()> whileWaiting;
+  /// Descriptions with which a slot refuses to open.
+  std::map<int, std::string> refusals;
+  /// Whether a wait without limit, on a line where nothing comes any more, is one that the user
+  /// ends; otherwise it fails the test as a program that hangs.
+  bool userLeaves = false;
+  /// Commands, and "open COM 1 at 9600,n,8,1" and "close", in order.
+  std::vector<std::string> log;
+  std::int64_t spins = 0;
+
+ private:
+  friend class ScriptedPort;
+
+  struct Arrival {
+    std::int64_t due;
+    Piece piece;
+  };
+
+  void receive(std::string_view text) {
+    if (!text.ends_with('\r')) {
+      ADD_FAILURE() << "no carriage return behind \"" << text << '"';
+      return;
+    }
+    text.remove_suffix(1);
+    log.emplace_back(text);
+    if (lost_) {
+      return;
+    }
+    if (expected_.empty() && answer) {
+      schedule(answer(text));
+    } else if (expected_.empty() || expected_.front().command != text) {
+      ADD_FAILURE() << "sent \"" << text << "\" where "
+                    << (expected_.empty() ? "nothing" : '"' + expected_.front().command + '"')
+                    << " was expected";
+    } else {
+      schedule(expected_.front().pieces);
+      expected_.pop_front();
+    }
+  }
+  void schedule(const std::vector<Piece>& pieces) {
+    std::int64_t due = spins;
+    for (const Piece& piece : pieces) {
+      due += piece.after;
+      coming_.push_back({due, piece});
+    }
+  }
+  void plug() {
+    waiting_.clear();
+    coming_.clear();
+    lost_ = false;
+  }
+  /// Lets the line's clock run up to the next arrival. False if that takes longer than `limit`.
+  bool advance(std::int64_t limit) {
+    if (coming_.empty() || coming_.front().due - spins > limit) {
+      return false;
+    }
+    spins = std::max(spins, coming_.front().due);
+    waiting_ += coming_.front().piece.bytes;
+    lost_ = coming_.front().piece.lost;
+    coming_.pop_front();
+    return true;
+  }
+
+  std::deque<Exchange> expected_;
+  std::deque<Arrival> coming_;
+  std::string waiting_;
+  bool lost_ = false;
+  bool taken_ = false;
+};
+
+/// A window's port on the scripted radio's line.
+class ScriptedPort : public platform::SerialPort {
+ public:
+  explicit ScriptedPort(ScriptedRadio& radio) : radio_(radio) {}
+  ScriptedPort(const ScriptedPort&) = delete;
+  ScriptedPort& operator=(const ScriptedPort&) = delete;
+  ScriptedPort(ScriptedPort&&) = delete;
+  ScriptedPort& operator=(ScriptedPort&&) = delete;
+  ~ScriptedPort() override { radio_.taken_ = radio_.taken_ && !open_; }
+
+  void setCommPort(int slot) override {
+    if (!open_ && slot >= 1 && slot <= 4) {
+      slot_ = slot;
+    }
+  }
+  [[nodiscard]] int commPort() const override { return slot_; }
+  void setSettings(std::string settings) override { settings_ = std::move(settings); }
+  [[nodiscard]] const std::string& settings() const override { return settings_; }
+  [[nodiscard]] bool portOpen() const override { return open_; }
+
+  std::optional<std::string> open() override {
+    if (open_) {
+      return "Port already open";
+    }
+    const auto refusal = radio_.refusals.find(slot_);
+    if (refusal != radio_.refusals.end()) {
+      radio_.log.push_back("refused COM " + std::to_string(slot_));
+      return refusal->second;
+    }
+    if (radio_.taken_) {
+      ADD_FAILURE() << "two windows have the port open";
+    }
+    radio_.log.push_back("open COM " + std::to_string(slot_) + " at " + settings_);
+    radio_.plug();
+    radio_.taken_ = open_ = true;
+    return std::nullopt;
+  }
+  void close() override {
+    if (open_) {
+      radio_.log.emplace_back("close");
+      radio_.plug();
+      radio_.taken_ = open_ = false;
+    }
+  }
+
+  [[nodiscard]] std::size_t inBufferCount() override { return open_ ? radio_.waiting_.size() : 0; }
+  void discardInput() override { radio_.waiting_.clear(); }
+  void output(std::string_view text) override {
+    if (open_) {
+      radio_.receive(text);
+    }
+  }
+  std::string input() override { return open_ ? std::exchange(radio_.waiting_, {}) : ""; }
+
+  bool waitForInput(std::size_t atLeast, platform::Spins& budget) override {
+    const bool arrived = wait(atLeast, [&] {
+      const std::int64_t start = radio_.spins;
+      const bool came = radio_.advance(budget.left);
+      budget.left -= static_cast<int>(radio_.spins - start);
+      return came;
+    });
+    if (!arrived && open_ && !radio_.lost_) {
+      radio_.spins += std::exchange(budget.left, 0);
+    }
+    return arrived;
+  }
+  bool waitForInput(std::size_t atLeast) override {
+    const bool arrived =
+        wait(atLeast, [&] { return radio_.advance(std::numeric_limits<std::int64_t>::max() / 2); });
+    if (!arrived && open_ && !radio_.lost_ && !radio_.userLeaves) {
+      ADD_FAILURE() << "waits for ever behind \"" << (radio_.log.empty() ? "" : radio_.log.back())
+                    << '"';
+    }
+    return arrived;
+  }
+
+ private:
+  template <class Advance>
+  bool wait(std::size_t atLeast, Advance advance) {
+    if (inBufferCount() < atLeast && radio_.whileWaiting) {
+      radio_.whileWaiting();
+    }
+    while (inBufferCount() < atLeast) {
+      if (!open_ || radio_.lost_ || !advance()) {
+        return false;
+      }
+    }
+    return true;
+  }
+
+  ScriptedRadio& radio_;
+  int slot_ = 1;
+  std::string settings_ = "9600,n,8,1";
+  bool open_ = false;
+};
+
+/// Every port that a window asks for is one on the same line.
+class ScriptedPorts : public platform::SerialPorts {
+ public:
+  explicit ScriptedPorts(ScriptedRadio& radio) : radio_(radio) {}
+  std::unique_ptr<platform::SerialPort> create() override {
+    return std::make_unique<ScriptedPort>(radio_);
+  }
+
+ private:
+  ScriptedRadio& radio_;
+};
+
+}  // namespace tarnvex::test
