@@ -70,8 +70,15 @@ Bc245Keypad::Bc245Keypad(Bc245Panel& panel, const platform::OptionButton& Option
                          KeypadOutside outside)
     : panel_(panel), option8_(Option8), actions_(panel, std::move(outside), kLockoutModes) {}
 
+/// The radio answers the second line end too, and the two answers may come as one. If not, the next
+/// exchange throws the second away only if it has arrived by then, and the poll may be that quick:
+/// it would take a refusal for the word of another radio.
 std::string Bc245Keypad::sendKey(std::string_view command) {
-  return actions_.send(key::withLineEnd(command));
+  std::string reply = actions_.send(key::withLineEnd(command));
+  if (reply.find('\r') == std::string::npos) {
+    actions_.skipReply();
+  }
+  return reply;
 }
 
 void Bc245Keypad::clearEntry() {

@@ -39,6 +39,8 @@ class KeyActions {
   [[nodiscard]] const std::string& mode() const { return panel_.mode.caption(); }
   void beep();
   std::string send(std::string_view command) { return outside_.link.SendCommand(command); }
+  /// Takes a line that the radio still has to send, if there is one.
+  void skipReply() { outside_.link.ReadReply(); }
   void endEntry() { outside_.state.EntryActive = false; }
 
   /// Shows a digit, behind those that were keyed before it, and begins the entry with the first.

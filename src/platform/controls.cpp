@@ -206,6 +206,12 @@ bool TextBox::userKey(char key) {
   return operable() && (!onKey || onKey(key));
 }
 
+void TextBox::userFocus() {
+  if (operable()) {
+    run(onFocus);
+  }
+}
+
 void TabStrip::setTab(int tab) {
   if (tab_ != tab) {
     tab_ = tab;

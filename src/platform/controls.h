@@ -183,9 +183,15 @@ class TextBox : public Control {
   /// A key typed by the user, as a character code. False if the handler swallowed it: the text then
   /// stays.
   bool userKey(char key);
+  /// The user gave the box the keyboard focus.
+  void userFocus();
+  /// Asks the window layer to select the whole text.
+  void selectAll() { selectAllRequested.notify(); }
 
   /// Returns whether the key may take effect in the text.
   std::function<bool(char key)> onKey;
+  std::function<void()> onFocus;
+  Notifier<> selectAllRequested;
 
  private:
   std::string text_;

@@ -14,6 +14,7 @@ constexpr char kBackspace = '\b';
 LimitBox::LimitBox(Parts parts, link::ScannerLink& link, std::function<void()> beep)
     : parts_(parts), link_(link), beep_(std::move(beep)) {
   parts_.box.onKey = [this](char typed) { return key(typed); };
+  parts_.box.onFocus = [&box = parts_.box] { box.selectAll(); };
 }
 
 bool LimitBox::key(char key) {

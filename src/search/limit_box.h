@@ -8,7 +8,8 @@
 
 namespace tarnvex::search {
 
-/// A box of the search range, lower or upper limit in MHz, that the user edits key by key. The poll
+/// A box of the search range, lower or upper limit in MHz, that the user edits key by key; it comes
+/// into focus with its whole text selected. The poll
 /// refreshes it from the radio only while nobody types in it; Enter sends the limit and gives the
 /// box back to the poll.
 class LimitBox {

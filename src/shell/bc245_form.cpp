@@ -16,6 +16,8 @@ Form2::Form2(const Services& services, MainFormOutside outside)
     : MainForm(services, std::move(outside), memory::bc245MemoryTraits()),
       speed_({Option5, Option6, MSBank, Timer2},
              {panel, services.link, services.state, services.settings}),
+      keypad_(panel, Option8, keypadOutside()),
+      customSearch_(search::bc245CustomSearchTraits(), searchParts(panel.mode), searchOutside()),
       receiver_(
           {Check1, Check2, Check3, Check4, Check5, Check6, Check7, Option7, Option8, panel.Att},
           services.link, services.settings),
@@ -39,6 +41,7 @@ Form2::~Form2() {
 }
 
 void Form2::load() {
+  customSearch_.load();
   receiver_.loadView();
   if (const auto beep =
           platform::toInteger(services_.settings.getSetting("Options", "Keybeep", "1"))) {

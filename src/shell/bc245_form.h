@@ -1,5 +1,6 @@
 #pragma once
 
+#include "monitor/bc245_keypad.h"
 #include "monitor/bc245_panel.h"
 #include "monitor/bc245_poll.h"
 #include "monitor/receiver_options.h"
@@ -21,6 +22,13 @@ class Form2 : public MainForm {
   Form2& operator=(Form2&&) = delete;
 
   void load() override;
+
+  /// A mouse button went down on the panel's label of that control name, or clicked it.
+  void pressKey(std::string_view label, monitor::MouseButton button) {
+    keypad_.press(label, button);
+  }
+  void clickKey(std::string_view label) { keypad_.click(label); }
+  void typeKey(char character) override { keypad_.type(character); }
 
   monitor::Bc245Panel panel;
   /// The Speed Enhancement frame: banks 1 to 10, and `Option5` and `Option6`.
@@ -47,10 +55,17 @@ class Form2 : public MainForm {
             Scantimer};
   }
 
+  [[nodiscard]] std::shared_ptr<search::frmLockouts> makeLockouts() override {
+    return std::make_shared<search::frmLockouts>(search::bc245LockoutTraits(), panel.mode,
+                                                 services_.link);
+  }
+
  private:
   void showStoredBaudRate();
 
   monitor::SpeedEnhancement speed_;
+  monitor::Bc245Keypad keypad_;
+  search::CustomSearch customSearch_;
   monitor::ReceiverOptions receiver_;
   monitor::Bc245Poll poll_;
   link::LinkControls link_;

@@ -17,6 +17,8 @@ Form4::Form4(const Services& services, MainFormOutside outside)
       multiscan_({Option5, Option6, MSBank, Timer1},
                  {panel, services.link, services.gate, services.state, services.settings,
                   services.dialogs, services.clock}),
+      keypad_(panel, keypadOutside(), [this] { requestUnload(); }),
+      customSearch_(search::bc895CustomSearchTraits(), searchParts(panel.mode), searchOutside()),
       poll_(panel, pollControls(), pollOutside()),
       link_(
           kLinkTraits,
@@ -37,6 +39,7 @@ Form4::~Form4() {
 }
 
 void Form4::load() {
+  customSearch_.load();
   loadOptions();
   frequencyFile_.loadLastPlan();
   memory_.layOut();
@@ -60,6 +63,17 @@ void Form4::loadOptions() {
   if (colour && *colour >= 0 && *colour <= 0xFFFFFF) {
     panel.Label1.setBackColor(static_cast<platform::Colour>(*colour));
   }
+}
+
+/// The colour is kept also when the user cancels: it is then the one that was there. Black, which
+/// would hide the display's segments, isn't taken.
+void Form4::chooseDisplayColour() {
+  auto& background = panel.Label1;
+  const auto chosen = services_.dialogs.chooseColour(background.backColor());
+  if (chosen && *chosen > 0) {
+    background.setBackColor(*chosen);
+  }
+  services_.settings.saveSetting("Colors", "Backcolor", std::to_string(background.backColor()));
 }
 
 /// The COM option comes before the baud rate box here: with COM 2 to 4 the poll is on by then, so

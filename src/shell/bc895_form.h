@@ -1,5 +1,6 @@
 #pragma once
 
+#include "monitor/bc895_keypad.h"
 #include "monitor/bc895_poll.h"
 #include "monitor/multiscan.h"
 #include "shell/main_form.h"
@@ -27,6 +28,12 @@ class Form4 : public MainForm {
     (up ? services_.state.KnobUpHeld : services_.state.KnobDownHeld) = false;
   }
 
+  /// A mouse button went down on the key `Keypad(index)`.
+  void pressKey(int index, monitor::MouseButton button) { keypad_.press(index, button); }
+  void typeKey(char character) override { keypad_.type(character); }
+  /// The user double-clicked the display's background, `Label1`.
+  void chooseDisplayColour();
+
   monitor::PanelState panel;
   /// The Multiscan frame: banks A to J conventional (0 to 9) and trunked (10 to 19).
   monitor::Multiscan::BankBoxes MSBank;
@@ -42,11 +49,18 @@ class Form4 : public MainForm {
             Scantimer};
   }
 
+  [[nodiscard]] std::shared_ptr<search::frmLockouts> makeLockouts() override {
+    return std::make_shared<search::frmLockouts>(search::bc895LockoutTraits(), panel.mode,
+                                                 services_.link);
+  }
+
  private:
   void loadOptions();
   void loadLink();
 
   monitor::Multiscan multiscan_;
+  monitor::Bc895Keypad keypad_;
+  search::CustomSearch customSearch_;
   monitor::Bc895Poll poll_;
   link::LinkControls link_;
 };

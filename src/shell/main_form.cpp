@@ -132,6 +132,13 @@ void MainForm::mnuReset() {
   memory::resetScanner(services_.dialogs, services_.link);
 }
 
+void MainForm::showLockouts() {
+  auto* form = dialogHost_.show<search::frmLockouts>([this] { return makeLockouts(); }, false);
+  if (form != nullptr) {
+    form->load();
+  }
+}
+
 memory::TransferOutside MainForm::transferOutside() {
   return {services_.state, services_.link, services_.gate, services_.dialogs};
 }
@@ -143,6 +150,19 @@ monitor::PollControls MainForm::pollControls() {
 monitor::PollOutside MainForm::pollOutside() {
   return {services_.link,  services_.gate,         services_.state,
           services_.clock, outside_.switchScanner, [this] { return Dlg1->FileName; }};
+}
+
+monitor::KeypadOutside MainForm::keypadOutside() {
+  return {services_.link, services_.state, services_.dialogs, chkKeyBeep,
+          [this] { showLockouts(); }};
+}
+
+search::CustomSearch::Parts MainForm::searchParts(platform::Label& mode) {
+  return {{List3, LLimit, Ulimit}, Command4, mnuSearchlist, mode};
+}
+
+search::CustomSearch::Outside MainForm::searchOutside() {
+  return {services_.link, services_.files, services_.dialogs, services_.programDirectory};
 }
 
 void MainForm::setUpBankBoxes(platform::ComboBox& trunkBank,

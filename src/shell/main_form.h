@@ -9,11 +9,14 @@
 #include "memory/channel_memory.h"
 #include "memory/frequency_file.h"
 #include "memory/transfer_window.h"
+#include "monitor/keypad.h"
 #include "monitor/poll_cycle.h"
 #include "platform/controls.h"
 #include "platform/table.h"
 #include "platform/window.h"
+#include "search/custom_search.h"
 #include "search/limit_box.h"
+#include "search/lockouts.h"
 #include "shell/dialog_host.h"
 #include "shell/services.h"
 
@@ -62,6 +65,9 @@ class MainForm {
   void mnuDownload();
   void mnuReset();
 
+  /// A character was typed with the tab strip in focus, or with a control that has no use for it.
+  virtual void typeKey(char character) = 0;
+
   platform::Window window;
   platform::TabStrip SSTab1;
   /// The file dialog; its `FileName` is the current frequency file.
@@ -89,6 +95,7 @@ class MainForm {
   platform::TextBox LLimit;
   platform::TextBox Ulimit;
   platform::ListBox List3;
+  search::SearchlistMenu mnuSearchlist;
   platform::Button Command4{"Save Search As.."};
 
   /// Page "Search Results".
@@ -104,6 +111,10 @@ class MainForm {
  protected:
   [[nodiscard]] monitor::PollControls pollControls();
   [[nodiscard]] monitor::PollOutside pollOutside();
+  [[nodiscard]] monitor::KeypadOutside keypadOutside();
+  /// `mode` is the panel's label.
+  [[nodiscard]] search::CustomSearch::Parts searchParts(platform::Label& mode);
+  [[nodiscard]] search::CustomSearch::Outside searchOutside();
   /// Fills the bank boxes and lets them jump. `Combo3` jumps in the channel table, `trunkBank` and
   /// `Combo2` pick bank and group of the talkgroup table.
   void setUpBankBoxes(platform::ComboBox& trunkBank, const std::vector<std::string>& names);
@@ -113,11 +124,14 @@ class MainForm {
   memory::FrequencyFile frequencyFile_;
   /// What a transfer drives of this window.
   [[nodiscard]] virtual memory::TransferWindow transferWindow() = 0;
+  /// A form of the radio's lockouts, for this window's `mode`.
+  [[nodiscard]] virtual std::shared_ptr<search::frmLockouts> makeLockouts() = 0;
 
  private:
   void bindCommonControls();
   template <class Form>
   void showApf();
+  void showLockouts();
   [[nodiscard]] memory::TransferOutside transferOutside();
 
   MainFormOutside outside_;

@@ -7,6 +7,10 @@ class ApfForm;
 class BankDialog;
 }  // namespace tarnvex::memory
 
+namespace tarnvex::search {
+class frmLockouts;
+}  // namespace tarnvex::search
+
 namespace tarnvex::trunking {
 class Form3;
 }  // namespace tarnvex::trunking
@@ -39,6 +43,7 @@ class WindowLayer {
   /// Dialogs over the main window; a modal one blocks it.
   virtual void openDialog(memory::ApfForm& form, bool modal) = 0;
   virtual void openDialog(memory::BankDialog& form, bool modal) = 0;
+  virtual void openDialog(search::frmLockouts& form, bool modal) = 0;
   virtual void openDialog(trunking::Form3& form, bool modal) = 0;
   /// Closes the dialog of a form, or brings it to the front. A form without a dialog is passed
   /// over.
