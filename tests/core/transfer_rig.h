@@ -1,0 +1,113 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "link/scanner_link.h"
+#include "memory/bank_list.h"
+#include "memory/channel_memory.h"
+#include "support/fake_dialogs.h"
+#include "support/fake_loop.h"
+#include "support/scripted_port.h"
+
+namespace tarnvex::test {
+
+using Lines = std::vector<std::string>;
+
+/// As much of a main window as a transfer drives, with its port open and its poll running.
+struct TransferRig {
+  enum class Model { Bc895, Bc245 };
+
+  explicit TransferRig(Model model, std::unique_ptr<platform::SerialPort> line = nullptr)
+      : bc245(model == Model::Bc245),
+        port(line ? std::move(line) : std::make_unique<ScriptedPort>(radio)) {
+    state.ModelKey = bc245 ? "BC245" : "BC895";
+    bc245 ? link.attachBc245({port.get(), &Scantimer}) : link.attachBc895({port.get(), &Scantimer});
+    port->open();
+    radio.log.clear();
+    radio.answer = [this](std::string_view command) -> std::vector<Piece> {
+      if (answered-- <= 0) {
+        return {};
+      }
+      const auto found = replies.find(command);
+      return {{(found == replies.end() ? "OK" : found->second) + "\r"}};
+    };
+    Scantimer.setEnabled(true);
+    Scantimer.onTick = [this] { ++ticks; };
+    memory.layOut();
+  }
+
+  memory::TransferWindow window() {
+    const auto& traits = bc245 ? memory::bc245TransferTraits() : memory::bc895TransferTraits();
+    return {traits, channels, Frequency, Channel, mode, Scantimer};
+  }
+  memory::TransferOutside outside() { return {state, link, gate, dialogs}; }
+
+  /// Columns 1 to 7 of a channel.
+  void setRow(int row, const Lines& cells) {
+    for (int col = 1; col < channels.cols(); ++col) {
+      channels.setTextMatrix(row, col, cells[static_cast<std::size_t>(col - 1)]);
+    }
+  }
+  [[nodiscard]] Lines row(int row) const {
+    Lines cells;
+    for (int col = 1; col < channels.cols(); ++col) {
+      cells.push_back(channels.textMatrix(row, col));
+    }
+    return cells;
+  }
+
+  void run(memory::BankDialog& dialog, const std::vector<int>& banks) {
+    closing = dialog.closed.connect([this] { ++closings; });
+    for (const int bank : banks) {
+      dialog.List1.setSelected(bank, true);
+    }
+    dialog.Command1.userClick();
+  }
+  /// The user closes the program.
+  void end() {
+    port->close();
+    gate.end();
+  }
+  void endAtTurn(int nth) {
+    loop.onTurn(nth, [this] { gate.enter([this] { end(); }); });
+  }
+
+  bool bc245;
+  FakeLoop loop;
+  platform::EventGate gate{loop};
+  platform::SharedState state;
+  FakeDialogs dialogs;
+  ScriptedRadio radio;
+  std::unique_ptr<platform::SerialPort> port;
+  link::ScannerLink link{state, dialogs};
+  platform::Table channels{301, 8};
+  platform::Table talkgroups{1001, 4};
+  platform::TabStrip tabs;
+  memory::ChannelMemory memory{{channels, talkgroups, tabs},
+                               state,
+                               dialogs,
+                               bc245 ? memory::bc245MemoryTraits() : memory::bc895MemoryTraits(),
+                               [](const std::string&) {}};
+  platform::Label Frequency{"Scanning"};
+  platform::Label Channel;
+  platform::Label mode{"MD00", false};
+  platform::Timer Scantimer{25};
+  int ticks = 0;
+  int closings = 0;
+  platform::Connection closing;
+  /// Replies to commands; any other is answered with "OK".
+  std::map<std::string, std::string, std::less<>> replies;
+  /// Commands that are answered before the radio falls silent.
+  int answered = 1'000'000;
+};
+
+/// The one message of a radio that has fallen silent.
+inline const Box kSilenceBox{
+    "Your scanner is not responding. Please check your connections and verify that you have "
+    "selected the correct COM port, and that the scanner is in Remote mode.",
+    "Scanner Not Responding", 48};
+
+}  // namespace tarnvex::test

@@ -1,0 +1,199 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "memory/scanner_reset.h"
+#include "memory/upload_dialog.h"
+#include "transfer_rig.h"
+
+namespace tarnvex::memory {
+namespace {
+
+using test::Lines;
+using test::TransferRig;
+using testing::ElementsAre;
+using Model = TransferRig::Model;
+
+struct UploadRig : TransferRig {
+  explicit UploadRig(Model model) : TransferRig(model) { memory.clear(); }
+  void upload(const std::vector<int>& banks) { run(dialog, banks); }
+
+  /// The user's answer to Form3.
+  std::function<void(trunking::Form3&)> answerForm3 = [](trunking::Form3& form) {
+    form.Combo1.userChoose(1);
+    form.Command1.userClick();
+  };
+  Lines form3Shown;
+  frmUpload dialog{[this] { return window(); }, outside(),
+                   [this](trunking::Form3& form) {
+                     form3Shown.push_back(form.Label2.caption());
+                     answerForm3(form);
+                   }};
+};
+
+/// What a bank sends, with the commands of those channels that aren't empty.
+Lines bankLog(int bank, const std::map<int, Lines>& channels) {
+  Lines log;
+  for (int channel = 30 * bank + 1; channel <= 30 * bank + 30; ++channel) {
+    const std::string number = std::to_string(1000 + channel).substr(1);
+    const Lines empty = {"PM" + number + " 00000000", "MA" + number, "DLF", "LON", "ARF"};
+    const auto own = channels.find(channel);
+    const Lines& lines = own == channels.end() ? empty : own->second;
+    log.insert(log.end(), lines.begin(), lines.end());
+  }
+  return log;
+}
+
+Lines operator+(Lines left, const Lines& right) {
+  left.insert(left.end(), right.begin(), right.end());
+  return left;
+}
+
+TEST(Upload, SendsEveryFieldOfTheChosenBanks) {
+  UploadRig rig(Model::Bc895);
+  rig.setRow(1, {"155.115", " ", "X", " ", "X", "67.0", "Sheriff"});
+  rig.setRow(2, {"1300.0000", "", "x", "", "", "250.3", ""});
+  // No numbers, and no tones of the table.
+  rig.setRow(3, {"", " ", " ", " ", " ", "67", ""});
+  rig.setRow(4, {"150,5", " ", " ", "X", " ", " ", ""});
+  rig.setRow(30, {"860.0125", "X", " ", " ", " ", "", ""});
+  rig.setRow(31, {"999.9999", "X", "X", "X", "X", "100.0", "not chosen"});
+  rig.setRow(271, {"Airport", "X", " ", " ", " ", "67.0", ""});
+  rig.upload({0, 9});
+  EXPECT_EQ(rig.radio.log,
+            bankLog(0, {{1, {"PM001 01551150", "MA001", "DLN", "LOF", "ARN", "CS01"}},
+                        {2, {"PM002 13000000", "MA002", "DLF", "LOF", "ARF", "CS38"}},
+                        {3, {"MA003", "DLF", "LOF", "ARF"}},
+                        {4, {"MA004", "DLF", "LON", "ARF"}},
+                        {30,
+                         {"KEY13H", "KEY21 A", "KEY04", "PM030 08600125", "KEY13", "MA030", "DLF",
+                          "LOF", "ARF"}}}) +
+                bankLog(9, {{271,
+                             {"KEY13H", "KEY21 J", "KEY04", "KEY13", "MA271", "DLF", "LOF", "ARF",
+                              "CS01"}}}) +
+                Lines{"MA001"});
+  EXPECT_EQ(rig.form3Shown, Lines{});
+  EXPECT_FALSE(rig.state.MemoryModified);
+}
+
+TEST(Upload, AsksForTheSystemTypeOnceABank) {
+  UploadRig rig(Model::Bc245);
+  rig.state.DigitKeyed = true;
+  rig.replies["TB"] = "TB J EDACS";
+  for (const int row : {1, 6, 280}) {
+    rig.setRow(row, {"866.0125", "X", " ", " ", " ", "67.0", "Metro"});
+  }
+  rig.upload({0, 9});
+  const Lines asked = {"TB", "TB", "KEY13", "TR J 2"};
+  const Lines one = {"KEY13H", "KEY02 1", "KEY04"};
+  const Lines ten = {"KEY13H", "KEY02 10", "KEY04"};
+  const auto rest = [](const std::string& channel) {
+    return Lines{
+        "PM" + channel + " 08660125", "KEY13", "MA" + channel, "DLF", "LOF", "ARF", "CS01"};
+  };
+  EXPECT_EQ(rig.radio.log,
+            bankLog(0, {{1, one + asked + one + rest("001")}, {6, one + rest("006")}}) +
+                bankLog(9, {{280, ten + asked + ten + rest("280")}}) + Lines{"MA001"});
+  EXPECT_EQ(rig.form3Shown, (Lines{"Info: Ch.1 866.0125 Metro", "Info: Ch.280 866.0125 Metro"}));
+  EXPECT_TRUE(rig.state.DigitKeyed);
+  EXPECT_THAT(rig.dialogs.busyPointer, ElementsAre(true, false, true, false, true, false));
+}
+
+TEST(Upload, KeepsThePollAndTheUserOut) {
+  UploadRig rig(Model::Bc895);
+  rig.loop.onTurn(1, [&] { EXPECT_EQ(rig.Frequency.caption(), "Uploading..."); });
+  // Connect starts the poll, whose next tick is due at the next yield; and the user gets impatient.
+  rig.loop.onTurn(2, [&] { rig.gate.enter([&] { rig.Scantimer.setEnabled(true); }); });
+  rig.loop.onTurn(3, [&] {
+    rig.gate.enterTimer(rig.Scantimer);
+    rig.gate.enter([&] {
+      rig.dialog.Command1.userClick();
+      rig.dialog.Command2.userClick();
+      rig.dialog.Command3.userClick();
+    });
+  });
+  Lines seen;
+  const auto watch = rig.Channel.changed.connect([&] {
+    seen.push_back(rig.Channel.caption() + ": " + std::to_string(rig.dialog.progress.done()) +
+                   " of " + std::to_string(rig.dialog.progress.total()));
+  });
+  rig.upload({1});
+  ASSERT_EQ(seen.size(), 30U);
+  EXPECT_EQ(seen[0], "31: 0 of 30");
+  EXPECT_EQ(seen[29], "60: 29 of 30");
+  EXPECT_EQ(rig.ticks, 0);
+  EXPECT_EQ(rig.radio.log, bankLog(1, {}) + Lines{"MA001"});
+  EXPECT_EQ(rig.closings, 1);
+  EXPECT_TRUE(rig.Scantimer.enabled());
+}
+
+TEST(Upload, RunsOutAfterSilenceWithOneMessage) {
+  UploadRig rig(Model::Bc245);
+  rig.setRow(31, {"866.0125", "X", " ", " ", " ", "", ""});
+  rig.answered = 7;
+  rig.upload({0, 1});
+  EXPECT_EQ(rig.radio.log, (Lines{"PM001 00000000", "MA001", "DLF", "LON", "ARF", "PM002 00000000",
+                                  "MA002", "DLF", "close"}));
+  EXPECT_THAT(rig.dialogs.boxes, ElementsAre(test::kSilenceBox));
+  EXPECT_EQ(rig.form3Shown, Lines{"Info: Ch.31 866.0125 "});
+  EXPECT_EQ(rig.dialog.progress.done(), 60);
+  EXPECT_EQ(rig.closings, 1);
+  EXPECT_TRUE(rig.Scantimer.enabled());
+}
+
+TEST(Upload, LeavesAllAsItIsWhenTheProgramEnds) {
+  for (const std::string place : {"yield", "message", "Form3"}) {
+    UploadRig rig(Model::Bc245);
+    rig.setRow(2, {"866.0125", "X", " ", " ", " ", "", ""});
+    if (place == "yield") {
+      rig.endAtTurn(2);
+    } else if (place == "message") {
+      rig.answered = 5;
+      rig.dialogs.whileOpen = [&] { rig.end(); };
+    } else {
+      rig.answerForm3 = [&](trunking::Form3& form) {
+        rig.end();
+        form.Command1.userClick();
+      };
+    }
+    rig.upload({0, 5});
+    EXPECT_EQ(rig.radio.log.back(), "close") << place;
+    EXPECT_EQ(rig.Channel.caption(), place == "yield" ? "1" : "2");
+    EXPECT_EQ(rig.form3Shown.size(), place == "Form3" ? 1U : 0U);
+    EXPECT_EQ(rig.dialogs.busyPointer.size(), place == "Form3" ? 2U : 1U);
+    EXPECT_FALSE(rig.state.DigitKeyed);
+    EXPECT_FALSE(rig.Scantimer.enabled());
+    EXPECT_EQ(rig.closings, 0);
+  }
+}
+
+TEST(Upload, TakesAnyChoiceOfBanks) {
+  UploadRig none(Model::Bc895);
+  EXPECT_EQ(none.dialog.List1.item(0), "A (1 to 30)");
+  EXPECT_EQ(none.dialog.List1.item(9), "J (271 to 300)");
+  none.state.DigitKeyed = true;
+  none.upload({});
+  EXPECT_EQ(none.radio.log, Lines{"MA001"});
+  EXPECT_TRUE(none.Scantimer.enabled());
+  EXPECT_EQ(none.closings, 1);
+  EXPECT_TRUE(none.state.DigitKeyed) << "none of this radio's business";
+
+  UploadRig all(Model::Bc245);
+  all.dialog.Command3.userClick();
+  all.upload({});
+  EXPECT_EQ(all.radio.log.size(), 300U * 5 + 1);
+}
+
+TEST(ResetScanner, ClearsTheRadioOnYesAlone) {
+  for (const auto answer : {platform::Answer::No, platform::Answer::Yes}) {
+    TransferRig rig(Model::Bc895);
+    rig.dialogs.answers = {answer};
+    resetScanner(rig.dialogs, rig.link);
+    EXPECT_EQ(rig.radio.log, answer == platform::Answer::Yes ? Lines{"AC"} : Lines{});
+    EXPECT_EQ(rig.dialogs.boxes.front().flags, 52);
+  }
+}
+
+}  // namespace
+}  // namespace tarnvex::memory
