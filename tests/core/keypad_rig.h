@@ -1,0 +1,60 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "monitor/keypad.h"
+#include "support/fake_dialogs.h"
+#include "support/scripted_port.h"
+
+namespace tarnvex::test {
+
+/// A radio's front over an open line whose radio answers every line, each line end with a line of
+/// its own. `replies` holds the answers other than "OK".
+template <class Panel>
+struct KeypadRig : testing::Test {
+  platform::SharedState state;
+  FakeDialogs dialogs;
+  ScriptedRadio radio;
+  ScriptedPort port{radio};
+  platform::Timer poll{25};
+  link::ScannerLink link{state, dialogs};
+  platform::CheckBox chkKeyBeep{{}, true};
+  Panel panel;
+  int lockouts = 0;
+  std::map<std::string, std::string> replies;
+
+  KeypadRig() {
+    link.attachBc895({&port, &poll});
+    link.attachBc245({&port, &poll});
+    port.open();
+    radio.log.clear();
+    radio.answer = [this](std::string_view command) {
+      const auto found = replies.find(std::string(command));
+      std::vector<Piece> pieces{{(found == replies.end() ? "OK" : found->second) + "\r"}};
+      if (command.ends_with('\r')) {
+        pieces.push_back({"ERR\r", 40});
+      }
+      return pieces;
+    };
+  }
+
+  monitor::KeypadOutside outside() {
+    return {link, state, dialogs, chkKeyBeep, [this] { ++lockouts; }};
+  }
+  void setMode(const std::string& mode) {
+    state.CurrentMode = mode;
+    panel.mode.setCaption(mode);
+  }
+  /// What was sent since the last call, a doubled line end as "|".
+  std::string sent() {
+    std::string log = radio.takeLog();
+    std::replace(log.begin(), log.end(), '\r', '|');
+    return log;
+  }
+  int beeps() { return std::exchange(dialogs.beeps, 0); }
+};
+
+}  // namespace tarnvex::test

@@ -1,0 +1,178 @@
+#include "search/lockouts.h"
+
+#include <gmock/gmock.h>
+
+#include "platform/convert.h"
+#include "support/world.h"
+
+namespace tarnvex::search {
+namespace {
+
+using test::Exchange;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct LockoutsTest : testing::Test, test::World {
+  std::unique_ptr<platform::SerialPort> port = ports.create();
+  platform::Timer poll{25};
+  platform::Label mode;
+  std::unique_ptr<frmLockouts> form;
+  int closings = 0;
+  platform::Connection closed;
+
+  LockoutsTest() {
+    link.attachBc895({port.get(), &poll});
+    link.attachBc245({port.get(), &poll});
+    port->open();
+    radio.log.clear();
+  }
+  void open(const LockoutTraits& traits, const std::string& inMode,
+            const std::vector<Exchange>& exchanges) {
+    mode.setCaption(inMode);
+    form = std::make_unique<frmLockouts>(traits, mode, link);
+    closed = form->closed.connect([this] { ++closings; });
+    radio.expect(exchanges);
+    form->load();
+    radio.expectSpent();
+    for (int i = 0; i < form->List1.count(); ++i) {
+      EXPECT_TRUE(form->List1.selected(i));
+    }
+    EXPECT_EQ(form->List1.listIndex(), form->List1.count() > 0 ? 0 : -1);
+    radio.log.clear();
+  }
+  /// What Done sends.
+  std::string done() {
+    radio.answer = [](std::string_view) { return std::vector<test::Piece>{{"ERR\r"}}; };
+    const int before = closings;
+    form->Command1.userClick();
+    EXPECT_EQ(closings, before + 1);
+    radio.answer = nullptr;
+    return radio.takeLog();
+  }
+};
+
+Exchange query(const std::string& word, const std::string& lines) {
+  return {word, std::vector<test::Piece>{{lines}}};
+}
+
+/// The answers to the numbered queries of a BC245XLT, up to and with the one that ends them.
+std::vector<Exchange> numbered(const std::string& word, std::string_view mask,
+                               const std::vector<std::string>& replies) {
+  std::vector<Exchange> all;
+  for (const std::string& reply : replies) {
+    const int number = static_cast<int>(all.size()) + 1;
+    all.emplace_back(word + platform::format(number, mask), reply);
+  }
+  return all;
+}
+
+TEST_F(LockoutsTest, Bc895FrequenciesGoBackAsTheyCame) {
+  open(bc895LockoutTraits(), "MD02", {query("SS", "SS08510125\rSS 0290000\rSS00460125\rEND\r")});
+  EXPECT_THAT(form->List1.items(), ElementsAre("851.0125", "29.0000", "46.0125"));
+  form->List1.userSelect({true, false, true});
+  EXPECT_EQ(done(), "KEY09; KEY07; KEY06H; SS08510125; SS00460125");
+  form->Command2.userClick();
+  EXPECT_EQ(radio.takeLog(), "");
+  EXPECT_EQ(done(), "KEY09; KEY07; KEY06H") << "the skip list is emptied";
+
+  open(bc895LockoutTraits(), "MD03", {query("SS", "END\r")});
+  EXPECT_THAT(form->List1.items(), IsEmpty());
+  EXPECT_EQ(done(), "KEY09; KEY07; KEY06H");
+}
+
+TEST_F(LockoutsTest, Bc895IdsGoBackByTheModeAtDone) {
+  struct Case {
+    const char* opened;
+    const char* atDone;
+    const char* back;
+  };
+  for (const auto& [opened, atDone, back] :
+       {Case{"MD07", "MD07", "KEY09"}, Case{"MD08", "MD08", "KEY09"}, Case{"MD09", "MD09", "KEY00"},
+        Case{"MD10", "MD10", "KEY00"}, Case{"MD07", "MD11", "KEY00"},
+        Case{"MD09", "MD07", "KEY09"}}) {
+    SCOPED_TRACE(std::string(opened) + " " + atDone);
+    open(bc895LockoutTraits(), opened, {query("IL", "IL001234\rIL12-345\rEND\r")});
+    EXPECT_THAT(form->List1.items(), ElementsAre("001234", "12-345"));
+    form->List1.userSelect({false, true});
+    mode.setCaption(atDone);
+    EXPECT_EQ(done(), std::string("KEY07; KEY06H; ILD 001234; ILR 12-345; ") + back);
+  }
+  open(bc895LockoutTraits(), "MD11", {query("SS", "SS08510125\rEND\r")});
+  EXPECT_EQ(done(), "KEY07; KEY06H; ILR 851.0125; KEY00")
+      << "read as frequencies, given back as IDs";
+  open(bc895LockoutTraits(), "MD07", {query("IL", "IL001234\rEND\r")});
+  mode.setCaption("MD00");
+  EXPECT_EQ(done(), "KEY09; KEY07; KEY06H; SS12340000") << "the other way round";
+}
+
+TEST_F(LockoutsTest, ReadsTheModeBehindTheKeysOnTheBc895Only) {
+  for (const bool small : {false, true}) {
+    const auto& traits = small ? bc245LockoutTraits() : bc895LockoutTraits();
+    state.ModelKey = small ? "BC245" : "BC895";
+    small ? open(traits, "MD09", {{"IL001", "IL ------"}})
+          : open(traits, "MD07", {query("IL", "END\r")});
+    radio.whileWaiting = [this] { mode.setCaption("MD12"); };
+    EXPECT_EQ(done(), small ? "KEY07; KEY06H; KEY09" : "KEY07; KEY06H; KEY00");
+    radio.whileWaiting = nullptr;
+  }
+}
+
+TEST_F(LockoutsTest, Bc245ListsAreReadPlaceByPlace) {
+  state.ModelKey = "BC245";
+  open(bc245LockoutTraits(), "MD02",
+       numbered("SS", "00", {"SS 08510125", "SS00290000", "SS 00000000"}));
+  EXPECT_THAT(form->List1.items(), ElementsAre("851.0125", "29.0000"));
+  form->List1.userSelect({false, true});
+  EXPECT_EQ(done(), "KEY09; KEY07; KEY06H; SS00290000");
+
+  open(bc245LockoutTraits(), "MD04", numbered("SS", "00", {"SS 00000000"}));
+  EXPECT_THAT(form->List1.items(), IsEmpty());
+  open(bc245LockoutTraits(), "MD05",
+       numbered("SS", "00", std::vector<std::string>(50, "SS 08510125")));
+  EXPECT_EQ(form->List1.count(), 50);
+  open(bc245LockoutTraits(), "MD09", numbered("IL", "000", {"IL ------"}));
+  EXPECT_THAT(form->List1.items(), IsEmpty());
+  open(bc245LockoutTraits(), "MD09",
+       numbered("IL", "000", std::vector<std::string>(100, "IL 001234")));
+  EXPECT_EQ(form->List1.count(), 100);
+}
+
+TEST_F(LockoutsTest, Bc245IdsGoBackByTheMode) {
+  state.ModelKey = "BC245";
+  for (int code = 2; code <= 20; ++code) {
+    const std::string digits = platform::format(code, "00");
+    SCOPED_TRACE(digits);
+    const bool ids = std::string("09 10 11 12 14 15 16 17 18").find(digits) != std::string::npos;
+    const bool search = std::string("09 10 14 15").find(digits) != std::string::npos;
+    open(bc245LockoutTraits(), "MD" + digits,
+         ids ? numbered("IL", "000", {"IL 001234", "IL 12-345", "IL ------"})
+             : numbered("SS", "00", {"SS 08510125", ""}));
+    form->List1.userSelect({true});
+    EXPECT_EQ(done(), ids ? std::string("KEY07; KEY06H; ILR 001234; ILD 12-345; ") +
+                                (search ? "KEY09" : "KEY00")
+                          : "KEY09; KEY07; KEY06H; SS08510125");
+  }
+}
+
+TEST_F(LockoutsTest, ASilentRadioGivesAnEmptyListAndOneMessage) {
+  for (const bool small : {false, true}) {
+    for (const char* inMode : {"MD02", "MD09"}) {
+      state.ModelKey = small ? "BC245" : "BC895";
+      port->open();
+      const std::string word = std::string_view(inMode) == "MD09" ? "IL" : "SS";
+      const std::string number = !small ? "" : word == "IL" ? "001" : "01";
+      dialogs.boxes.clear();
+      open(small ? bc245LockoutTraits() : bc895LockoutTraits(), inMode,
+           {test::silent(word + number)});
+      EXPECT_THAT(form->List1.items(), IsEmpty());
+      EXPECT_EQ(dialogs.boxes.size(), 1U);
+      EXPECT_EQ(done(), "") << "the port is closed";
+    }
+  }
+  const int before = closings;
+  form->userClose();
+  EXPECT_EQ(closings, before + 1);
+}
+
+}  // namespace
+}  // namespace tarnvex::search

@@ -1,0 +1,147 @@
+#include <gmock/gmock.h>
+
+#include "shell/bc245_form.h"
+#include "shell/bc895_form.h"
+#include "support/world.h"
+
+namespace tarnvex::search {
+namespace {
+
+using platform::Answer;
+using test::Box;
+using testing::ElementsAre;
+
+const Box kQuestion{"Start searching now?", "Confirm Search", 36};
+
+/// The searches of a main window, on a radio that answers everything.
+template <class Form>
+struct Searches : test::World {
+  Form form{services, outside()};
+
+  explicit Searches(const char* modelKey) {
+    state.ModelKey = modelKey;
+    store.files["/program/Searchlist.txt"] =
+        "0,851.0125,869.9875,\"Police\"\r\n5,20,1300,\"Wide\"\r\n1,29.5,54,\"Low\"\r\n";
+    radio.answer = [](std::string_view command) {
+      return std::vector<test::Piece>{{command == "MD"   ? "MD02\r"
+                                       : command == "SS" ? "SS08510125\rEND\r"
+                                                         : "OK\r"}};
+    };
+    form.load();
+    radio.log.clear();
+    dialogs.boxes.clear();
+  }
+  std::string choose(int index, Answer answer) {
+    dialogs.answers.push_back(answer);
+    form.List3.userClick(index);
+    return radio.takeLog();
+  }
+};
+
+template <class Form>
+void choosesSearches(const char* modelKey, const std::string& afterNo) {
+  Searches<Form> searches(modelKey);
+  auto& form = searches.form;
+  EXPECT_THAT(form.List3.items(), ElementsAre("Police", "Wide", "Low"));
+  EXPECT_EQ(searches.choose(0, Answer::Yes), "KEY00; MD; LL08510125; LU08699875; KEY09");
+  EXPECT_EQ(form.LLimit.text() + "-" + form.Ulimit.text(), "851.0125-869.9875");
+  EXPECT_EQ(form.panel.mode.caption(), "MD02");
+  // The second line has the id of another place, the third the id of the second place.
+  EXPECT_EQ(searches.choose(1, Answer::No), "KEY00; MD; LL00295000; LU00540000" + afterNo);
+  EXPECT_EQ(form.LLimit.text() + "-" + form.Ulimit.text(), "29.5-54");
+  EXPECT_EQ(searches.choose(2, Answer::No), "KEY00; MD" + afterNo);
+  EXPECT_THAT(searches.dialogs.takeBoxes(), ElementsAre(kQuestion, kQuestion, kQuestion));
+
+  searches.store.files.erase("/program/Searchlist.txt");
+  EXPECT_EQ(searches.choose(0, Answer::Yes), "KEY00; MD; KEY09");
+  EXPECT_EQ(searches.dialogs.boxes.size(), 2U);
+  EXPECT_EQ(searches.dialogs.boxes[0].title, "Search List Not Found");
+  EXPECT_EQ(searches.dialogs.boxes[1], kQuestion) << "asked all the same";
+}
+
+TEST(SearchChoice, SendsTheLimitsAndAsks) {
+  choosesSearches<shell::Form4>("BC895", "; KEY00");
+  choosesSearches<shell::Form2>("BC245", "");
+}
+
+TEST(SearchChoice, SendsLimitsUncheckedFromAFile) {
+  Searches<shell::Form4> searches("BC895");
+  searches.store.files["/program/Searchlist.txt"] = "0,20,1300,\"Wide\"\r\n";
+  EXPECT_EQ(searches.choose(0, Answer::No), "KEY00; MD; LL00200000; LU13000000; KEY00");
+}
+
+TEST(SearchChoice, PopsUpOverASelectedSearch) {
+  Searches<shell::Form4> searches("BC895");
+  auto& form = searches.form;
+  int shown = 0;
+  const auto connection = form.mnuSearchlist.shown.connect([&] { ++shown; });
+  form.List3.userRightPress();
+  EXPECT_EQ(shown, 0);
+  EXPECT_EQ(searches.dialogs.beeps, 1);
+  form.List3.setListIndex(0);
+  form.List3.userRightPress();
+  EXPECT_EQ(shown, 1);
+  EXPECT_EQ(searches.dialogs.beeps, 1);
+  EXPECT_EQ(form.mnuSearchlist.mnuSLSearch.caption, "&Search Police");
+  EXPECT_EQ(form.mnuSearchlist.mnuSLDelete.caption, "&Delete Search");
+
+  searches.dialogs.answers = {Answer::Yes, Answer::Yes};
+  form.mnuSearchlist.mnuSLSearch.onClick();
+  EXPECT_EQ(searches.radio.takeLog(), "KEY00; MD; LL08510125; LU08699875; KEY09");
+  form.mnuSearchlist.mnuSLDelete.onClick();
+  EXPECT_THAT(form.List3.items(), ElementsAre("Wide", "Low"));
+  searches.dialogs.lines = {"Mine"};
+  form.Command4.userClick();
+  EXPECT_THAT(form.List3.items(), ElementsAre("Wide", "Low", "Mine"));
+}
+
+TEST(SearchChoice, FormsPassKeysOnAndShowTheLockouts) {
+  Searches<shell::Form4> desk("BC895");
+  desk.form.pressKey(10, monitor::MouseButton::Left);
+  desk.form.typeKey('r');
+  desk.form.panel.mode.setCaption("MD02");
+  for (int i = 0; i < 2; ++i) {
+    desk.windows.calls.clear();
+    desk.form.pressKey(15, monitor::MouseButton::Right);
+    EXPECT_THAT(desk.windows.calls, ElementsAre(i == 0 ? "openDialog" : "raiseDialog"));
+  }
+  EXPECT_EQ(desk.radio.takeLog(), "KEY00; KEY09; SS") << "the list is read once";
+  desk.dialogs.answers = {Answer::No};
+  desk.form.pressKey(4, monitor::MouseButton::Left);
+  EXPECT_EQ(desk.dialogs.boxes.back().text, "Exit Tarnvex?");
+
+  Searches<shell::Form2> small("BC245");
+  small.form.panel.mode.setCaption("MD10");
+  small.form.pressKey("Label6", monitor::MouseButton::Right);
+  small.form.clickKey("Label2");
+  small.form.typeKey('L');
+  EXPECT_THAT(small.windows.dialogs, testing::SizeIs(1));
+  EXPECT_TRUE(small.radio.takeLog().starts_with("KEY05H\r; KEY00\r; IL001; IL002"));
+}
+
+TEST(SearchChoice, LimitBoxesComeIntoFocusSelected) {
+  Searches<shell::Form4> searches("BC895");
+  for (auto* box : {&searches.form.LLimit, &searches.form.Ulimit}) {
+    int selections = 0;
+    const auto connection = box->selectAllRequested.connect([&] { ++selections; });
+    box->userFocus();
+    EXPECT_EQ(selections, 1);
+  }
+}
+
+TEST(SearchChoice, KeepsTheDisplaysColour) {
+  Searches<shell::Form4> searches("BC895");
+  auto& label = searches.form.panel.Label1;
+  searches.dialogs.colours = {0x123456, std::nullopt, 0};
+  for (int i = 0; i < 3; ++i) {
+    searches.settings.saved.clear();
+    searches.form.chooseDisplayColour();
+    EXPECT_EQ(label.backColor(), 0x123456U);
+    EXPECT_THAT(searches.settings.saved,
+                ElementsAre(test::SavedSetting{"Colors", "Backcolor", "1193046"}));
+  }
+  EXPECT_THAT(searches.dialogs.presetColours, ElementsAre(8454143, 0x123456, 0x123456));
+}
+
+}  // namespace
+}  // namespace tarnvex::search
