@@ -7,6 +7,7 @@
 #include "memory/download_dialog.h"
 #include "memory/scanner_reset.h"
 #include "memory/upload_dialog.h"
+#include "shell/about_form.h"
 
 namespace tarnvex::shell {
 
@@ -130,6 +131,11 @@ void MainForm::mnuDownload() {
 
 void MainForm::mnuReset() {
   memory::resetScanner(services_.dialogs, services_.link);
+}
+
+void MainForm::mnuAbout() {
+  dialogHost_.show<frmAbout>([this] { return std::make_shared<frmAbout>(services_.state); },
+                             transferWindow().traits.modal);
 }
 
 void MainForm::showLockouts() {

@@ -64,6 +64,10 @@ class MainForm {
   void mnuUpload();
   void mnuDownload();
   void mnuReset();
+  /// The Help menu's.
+  void mnuContents() { outside_.windows.showHelp(HelpView::Contents); }
+  void mnuSearch() { outside_.windows.showHelp(HelpView::Search); }
+  void mnuAbout();
 
   /// A character was typed with the tab strip in focus, or with a control that has no use for it.
   virtual void typeKey(char character) = 0;

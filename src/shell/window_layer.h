@@ -20,6 +20,10 @@ namespace tarnvex::shell {
 class Form1;
 class Form2;
 class Form4;
+class frmAbout;
+
+/// How the help comes up: at its contents, or ready to search for a word.
+enum class HelpView { Contents, Search };
 
 /// What the program asks of the layer that draws its windows. A window is bound to its form from
 /// `open` to `close`; the form lives longer than that.
@@ -45,10 +49,13 @@ class WindowLayer {
   virtual void openDialog(memory::BankDialog& form, bool modal) = 0;
   virtual void openDialog(search::frmLockouts& form, bool modal) = 0;
   virtual void openDialog(trunking::Form3& form, bool modal) = 0;
+  virtual void openDialog(frmAbout& form, bool modal) = 0;
   /// Closes the dialog of a form, or brings it to the front. A form without a dialog is passed
   /// over.
   virtual void closeDialog(const void* form) = 0;
   virtual void raiseDialog(const void* form) = 0;
+  /// Shows the program's manual; says so where it is missing.
+  virtual void showHelp(HelpView view) = 0;
   /// The program has ended: close all windows and leave the event loop.
   virtual void quit() = 0;
 };

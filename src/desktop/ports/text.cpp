@@ -1,5 +1,6 @@
 #include "desktop/ports/text.h"
 
+#include <QStringDecoder>
 #include <algorithm>
 #include <array>
 
@@ -8,11 +9,12 @@ namespace {
 
 /// Windows-1252 from 0x80 to 0x9F, after the Unicode consortium's table; the rest of the page is
 /// Latin-1.
-constexpr char16_t kNone = 0xFFFD;
+/// The five bytes that the page gives no character keep their number, so that every text comes back
+/// as it was.
 constexpr std::array<char16_t, 32> kHigh = {
-    0x20AC, kNone,  0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, kNone,  0x017D, kNone,  kNone,  0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, kNone,  0x017E, 0x0178};
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 constexpr unsigned char kHighStart = 0x80;
 
 }  // namespace
@@ -36,7 +38,7 @@ std::string fromScreen(const QString& text, bool* dropped) {
     const auto* high = std::ranges::find(kHigh, code);
     if (code < kHighStart || (code >= kHighStart + kHigh.size() && code <= 0xFF)) {
       bytes += static_cast<char>(code);
-    } else if (high != kHigh.end() && code != kNone) {
+    } else if (high != kHigh.end()) {
       bytes += static_cast<char>(kHighStart + (high - kHigh.begin()));
     } else {
       lost = true;
@@ -46,6 +48,13 @@ std::string fromScreen(const QString& text, bool* dropped) {
     *dropped = lost;
   }
   return bytes;
+}
+
+QString titleToScreen(std::string_view text) {
+  const QByteArray bytes(text.data(), static_cast<qsizetype>(text.size()));
+  QStringDecoder fileName(QStringDecoder::Utf8);
+  const QString decoded = fileName(bytes);
+  return fileName.hasError() ? toScreen(text) : decoded;
 }
 
 }  // namespace tarnvex::desktop

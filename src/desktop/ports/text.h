@@ -6,11 +6,14 @@
 
 namespace tarnvex::desktop {
 
-/// Core text (Windows-1252, one byte a character) for the screen. The five bytes without a
-/// character show as U+FFFD.
+/// Core text (Windows-1252, one byte a character) for the screen.
 QString toScreen(std::string_view text);
 /// Text of the screen for the core. Characters that the code page doesn't have are dropped;
 /// `dropped` tells whether any were.
 std::string fromScreen(const QString& text, bool* dropped = nullptr);
+
+/// A window's title, which may hold the name of a file: bytes as the file system has them, so UTF-8
+/// as a rule.
+QString titleToScreen(std::string_view text);
 
 }  // namespace tarnvex::desktop

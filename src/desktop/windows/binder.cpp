@@ -190,6 +190,9 @@ void Binder::bind(QListWidget* widget, platform::ListBox& model, const char* nam
                    [this, widget, &model](QListWidgetItem* item) {
                      gate_.enter([&model, row = widget->row(item)] { model.userClick(row); });
                    });
+  widget->setContextMenuPolicy(Qt::CustomContextMenu);
+  QObject::connect(widget, &QListWidget::customContextMenuRequested, widget,
+                   [this, &model] { gate_.enter([&model] { model.userRightPress(); }); });
 }
 
 void Binder::bindSelection(QListWidget* widget, platform::ListBox& model, const char* name) {
@@ -250,6 +253,7 @@ void Binder::bind(QLineEdit* widget, platform::TextBox& model, const char* name)
   };
   show();
   keep(model.changed.connect(show));
+  keep(model.selectAllRequested.connect([widget] { widget->selectAll(); }));
   keep(model.selectAllRequested.connect([widget] { widget->selectAll(); }));
   new KeyFilter(widget, model, gate_);
   QObject::connect(widget, &QLineEdit::textEdited, widget,

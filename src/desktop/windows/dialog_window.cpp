@@ -1,6 +1,7 @@
 #include "desktop/windows/dialog_window.h"
 
 #include <QGridLayout>
+#include <QIcon>
 #include <QProgressBar>
 #include <QVBoxLayout>
 
@@ -48,7 +49,7 @@ DialogWindow::DialogWindow(platform::EventGate& gate, const platform::Window& fo
                            const char* name, std::function<void()> askToClose, QWidget* parent)
     : QDialog(parent), binder_(gate), askToClose_(std::move(askToClose)) {
   setObjectName(QLatin1String(name));
-  const auto showTitle = [this, &form] { setWindowTitle(toScreen(form.caption())); };
+  const auto showTitle = [this, &form] { setWindowTitle(titleToScreen(form.caption())); };
   showTitle();
   binder_.keep(form.changed.connect(showTitle));
 }
@@ -117,6 +118,37 @@ DialogWindow* makeBankDialog(memory::BankDialog& form, platform::EventGate& gate
   grid->setRowStretch(3, 1);
   grid->addWidget(addButton(binder, form.Command2, "Command2"), 4, 1);
   grid->addWidget(bar, 5, 0, 1, 2);
+  return dialog;
+}
+
+DialogWindow* makeAboutDialog(shell::frmAbout& form, platform::EventGate& gate, QWidget* parent) {
+  auto* dialog = new DialogWindow(
+      gate, form.window, "frmAbout", [&form] { form.Command1.userClick(); }, parent);
+  Binder& binder = dialog->binder();
+  auto* picture = new QLabel;
+  const int side = picture->fontMetrics().height() * 4;
+  picture->setPixmap(QIcon(QStringLiteral(":/tarnvex.svg")).pixmap(side, side));
+  auto* name = new QLabel(QStringLiteral("Tarnvex"));
+  QFont strong = name->font();
+  strong.setBold(true);
+  strong.setPointSizeF(strong.pointSizeF() * 1.6);
+  name->setFont(strong);
+  auto* grid = new QGridLayout(dialog);
+  grid->setHorizontalSpacing(side / 3);
+  grid->addWidget(picture, 0, 0, 7, 1, Qt::AlignTop);
+  grid->addWidget(name, 0, 1);
+  int row = 1;
+  for (const auto& [label, control] :
+       {std::pair{&form.Label2, "Label2"}, std::pair{&form.Label1, "Label1"},
+        std::pair{&form.lblScanner, "lblScanner"}, std::pair{&form.lblSerial, "lblSerial"},
+        std::pair{&form.lblFirmware, "lblFirmware"}}) {
+    auto* line = addLabel(binder, *label, control);
+    line->setWordWrap(false);
+    grid->addWidget(line, row++, 1);
+  }
+  auto* close = addButton(binder, form.Command1, "Command1");
+  close->setDefault(true);
+  grid->addWidget(close, row, 1, Qt::AlignRight);
   return dialog;
 }
 

@@ -7,6 +7,7 @@
 #include "memory/apf_file.h"
 #include "memory/bank_list.h"
 #include "search/lockouts.h"
+#include "shell/about_form.h"
 #include "trunking/system_type_form.h"
 
 namespace tarnvex::desktop {
@@ -30,8 +31,10 @@ class DialogWindow : public QDialog {
 
 DialogWindow* makeApfDialog(memory::ApfForm& form, platform::EventGate& gate, QWidget* parent);
 DialogWindow* makeBankDialog(memory::BankDialog& form, platform::EventGate& gate, QWidget* parent);
+DialogWindow* makeAboutDialog(shell::frmAbout& form, platform::EventGate& gate, QWidget* parent);
 DialogWindow* makeLockoutsDialog(search::frmLockouts& form, platform::EventGate& gate,
                                  QWidget* parent);
+DialogWindow* makeAboutDialog(shell::frmAbout& form, platform::EventGate& gate, QWidget* parent);
 DialogWindow* makeSystemTypeDialog(trunking::Form3& form, platform::EventGate& gate,
                                    QWidget* parent);
 

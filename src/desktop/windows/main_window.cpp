@@ -10,17 +10,19 @@
 namespace tarnvex::desktop {
 
 MainWindow::MainWindow(shell::MainForm& form, platform::EventGate& gate, const char* name)
-    : form_(form), binder_(gate), tabs_(new QTabWidget) {
+    : form_(form), binder_(gate), tabs_(new QTabWidget), keys_(new KeyForwarder(form, gate, this)) {
   setObjectName(QLatin1String(name));
   setCentralWidget(new QWidget);
   auto* layout = new QBoxLayout(QBoxLayout::TopToBottom, centralWidget());
   layout->addWidget(tabs_);
   tabs_->setObjectName(QStringLiteral("SSTab1"));
   addMenus();
-  const auto showTitle = [this] { setWindowTitle(toScreen(form_.window.caption())); };
+  const auto showTitle = [this] { setWindowTitle(titleToScreen(form_.window.caption())); };
   showTitle();
   binder_.keep(form_.window.changed.connect(showTitle));
 }
+
+// The controls that forward their keys are not the same on both windows.
 
 MainWindow::MainWindow(shell::Form4& form, platform::EventGate& gate, DeviceSlots& devices)
     : MainWindow(form, gate, "Form4") {
@@ -33,6 +35,9 @@ MainWindow::MainWindow(shell::Form4& form, platform::EventGate& gate, DeviceSlot
                             {makeMultiscanFrame(form, binder_)},
                             {makeSwitchesFrame(form, binder_, true)},
                             {makeLimitsFrame(form, binder_)}}));
+  keys_->watch(this, {"panel", "Combo1", "Combo2", "Combo3", "Command1", "Command2", "Command3",
+                      "List1", "List2", "List3", "MSBank", "Option1", "Option2", "Option3",
+                      "Option4", "Option5", "Option6"});
   // All pages fit without scrolling at a usual font size.
   const QFontMetrics metrics(font());
   const int width = metrics.averageCharWidth() * 168;
@@ -50,6 +55,10 @@ MainWindow::MainWindow(shell::Form2& form, platform::EventGate& gate, DeviceSlot
                              makeSwitchesFrame(form, binder_, false)},
                             {makeSpeedFrame(form, binder_), makeLimitsFrame(form, binder_)},
                             {makeReceiverFrame(form, binder_)}}));
+  keys_->watch(this, {"panel",    "Check1",   "Check2",     "Check3",    "Check4",  "Check5",
+                      "Check6",   "Check7",   "chkKeyBeep", "chkRecord", "chkSkip", "Command2",
+                      "Command3", "Command4", "MSBank",     "Option1",   "Option2", "Option3",
+                      "Option4",  "Option5",  "Option6",    "Option7",   "Option8"});
   const QFontMetrics metrics(font());
   resize(metrics.averageCharWidth() * 168, metrics.height() * 40);
 }
@@ -82,14 +91,22 @@ void MainWindow::addMenus() {
              &shell::MainForm::mnuDownload);
   conventional->addSeparator();
   addCommand(conventional, "mnuReset", tr("&Reset Scanner"), &shell::MainForm::mnuReset);
+  auto* help = menuBar()->addMenu(tr("&Help"));
+  help->setObjectName(QStringLiteral("mnuHelp"));
+  addCommand(help, "mnuContents", tr("&Contents"), &shell::MainForm::mnuContents)
+      ->setShortcut(QKeySequence::HelpContents);
+  addCommand(help, "mnuSearch", tr("&Search"), &shell::MainForm::mnuSearch);
+  help->addSeparator();
+  addCommand(help, "mnuAbout", tr("&About..."), &shell::MainForm::mnuAbout);
 }
 
-void MainWindow::addCommand(QMenu* menu, const char* name, const QString& caption,
-                            void (shell::MainForm::*command)()) {
+QAction* MainWindow::addCommand(QMenu* menu, const char* name, const QString& caption,
+                                void (shell::MainForm::*command)()) {
   auto* action = menu->addAction(caption, this, [this, command] {
     binder_.gate().enter([&form = form_, command] { (form.*command)(); });
   });
   action->setObjectName(QLatin1String(name));
+  return action;
 }
 
 void MainWindow::place(RadioPanel* panel, QBoxLayout::Direction direction) {

@@ -9,6 +9,7 @@
 #include "desktop/panel/radio_panel.h"
 #include "desktop/ports/device_slots.h"
 #include "desktop/windows/binder.h"
+#include "desktop/windows/key_forwarder.h"
 #include "desktop/windows/panel_binding.h"
 #include "shell/bc245_form.h"
 #include "shell/bc895_form.h"
@@ -32,8 +33,8 @@ class MainWindow : public QMainWindow {
  private:
   MainWindow(shell::MainForm& form, platform::EventGate& gate, const char* name);
   void addMenus();
-  void addCommand(QMenu* menu, const char* name, const QString& caption,
-                  void (shell::MainForm::*command)());
+  QAction* addCommand(QMenu* menu, const char* name, const QString& caption,
+                      void (shell::MainForm::*command)());
   void place(RadioPanel* panel, QBoxLayout::Direction direction);
   /// `trunkBank` is the box that picks the bank of the talkgroup table, with its control name.
   void addPages(platform::ComboBox& trunkBank, const char* name, QWidget* options);
@@ -42,6 +43,7 @@ class MainWindow : public QMainWindow {
   shell::MainForm& form_;
   Binder binder_;
   QTabWidget* tabs_;
+  KeyForwarder* keys_;
   std::unique_ptr<PanelBinding> panelBinding_;
 };
 

@@ -2,6 +2,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QMenu>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -59,6 +60,28 @@ void addCheckBoxes(QVBoxLayout* column,
     binder.bind(box, *model, QLatin1String(name));
     column->addWidget(box);
   }
+}
+
+/// The popup menu of the saved searches, shown where the pointer is.
+void bindSearchMenu(QListWidget* list, search::SearchlistMenu& model, Binder& binder) {
+  auto* menu = new QMenu(list);
+  menu->setObjectName(QStringLiteral("mnuSearchlist"));
+  for (const auto& [item, name] : {std::pair{&model.mnuSLSearch, "mnuSLSearch"},
+                                   std::pair{&model.mnuSLDelete, "mnuSLDelete"}}) {
+    auto* action = menu->addAction(toScreen(item->caption), list, [&binder, item = item] {
+      binder.gate().enter([item] {
+        if (item->onClick) {
+          item->onClick();
+        }
+      });
+    });
+    action->setObjectName(QLatin1String(name));
+  }
+  menu->setDefaultAction(menu->actions().first());
+  binder.keep(model.shown.connect([menu, &model] {
+    menu->actions().first()->setText(toScreen(model.mnuSLSearch.caption));
+    menu->popup(QCursor::pos());
+  }));
 }
 
 }  // namespace
@@ -134,14 +157,13 @@ QWidget* makeReceiverFrame(shell::Form2& form, Binder& binder) {
   auto* heading = new QLabel(toScreen(form.Label48.caption()));
   heading->setObjectName(QStringLiteral("Label48"));
   column->addWidget(heading);
-  auto* views = new QHBoxLayout;
+  auto* views = new QVBoxLayout;
   for (const auto& [model, name] :
        {std::pair{&form.Option8, "Option8"}, std::pair{&form.Option7, "Option7"}}) {
     auto* option = new QRadioButton;
     binder.bind(option, *model, name);
     views->addWidget(option);
   }
-  views->addStretch();
   column->addLayout(views);
   column->addStretch();
   return frame;
@@ -160,9 +182,17 @@ QWidget* makeLimitsFrame(shell::MainForm& form, Binder& binder) {
     box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("0000.00000")));
     rows->addRow(caption, box);
   }
+  auto* searches = new QListWidget;
+  binder.bind(searches, form.List3, "List3");
+  searches->setAccessibleName(QObject::tr("Saved searches"));
+  searches->setMinimumHeight(searches->fontMetrics().lineSpacing() * 4);
+  bindSearchMenu(searches, form.mnuSearchlist, binder);
+  auto* save = new QPushButton;
+  binder.bind(save, form.Command4, "Command4");
   auto* column = new QVBoxLayout(frame);
   column->addLayout(rows);
-  column->addStretch();
+  column->addWidget(searches);
+  column->addWidget(save);
   return frame;
 }
 

@@ -4,6 +4,20 @@
 #include "desktop/ports/text.h"
 
 namespace tarnvex::desktop {
+namespace {
+
+monitor::MouseButton buttonOf(Qt::MouseButton button) {
+  switch (button) {
+    case Qt::LeftButton:
+      return monitor::MouseButton::Left;
+    case Qt::RightButton:
+      return monitor::MouseButton::Right;
+    default:
+      return monitor::MouseButton::Other;
+  }
+}
+
+}  // namespace
 
 PanelBinding::PanelBinding(RadioPanel& view, const std::vector<monitor::PanelElement>& elements,
                            const platform::Label& background)
@@ -21,6 +35,12 @@ PanelBinding::PanelBinding(RadioPanel& view, const std::vector<monitor::PanelEle
 
 PanelBinding::PanelBinding(RadioPanel& view, shell::Form4& form, platform::EventGate& gate)
     : PanelBinding(view, form.panel.elements(), form.panel.Label1) {
+  QObject::connect(
+      &view, &RadioPanel::keyPressed, &view, [&gate, &form](int key, Qt::MouseButton button) {
+        gate.enter([&form, key, which = buttonOf(button)] { form.pressKey(key, which); });
+      });
+  QObject::connect(&view, &RadioPanel::displayDoubleClicked, &view,
+                   [&gate, &form] { gate.enter([&form] { form.chooseDisplayColour(); }); });
   const auto knob = [&gate, &form](Qt::MouseButton button, void (shell::Form4::*act)(bool)) {
     if (button == Qt::LeftButton || button == Qt::RightButton) {
       gate.enter([&form, act, up = button == Qt::RightButton] { (form.*act)(up); });
@@ -32,8 +52,22 @@ PanelBinding::PanelBinding(RadioPanel& view, shell::Form4& form, platform::Event
                    [knob](Qt::MouseButton button) { knob(button, &shell::Form4::releaseKnob); });
 }
 
-PanelBinding::PanelBinding(RadioPanel& view, shell::Form2& form, platform::EventGate& /*gate*/)
-    : PanelBinding(view, form.panel.elements(), form.panel.Display) {}
+PanelBinding::PanelBinding(RadioPanel& view, shell::Form2& form, platform::EventGate& gate)
+    : PanelBinding(view, form.panel.elements(), form.panel.Display) {
+  const auto label = [&view](int key) { return view.layoutData().keys[key].control.toStdString(); };
+  QObject::connect(&view, &RadioPanel::keyPressed, &view,
+                   [&gate, &form, label](int key, Qt::MouseButton button) {
+                     gate.enter([&form, name = label(key), which = buttonOf(button)] {
+                       form.pressKey(name, which);
+                     });
+                   });
+  QObject::connect(&view, &RadioPanel::keyClicked, &view,
+                   [&gate, &form, label](int key, Qt::MouseButton button) {
+                     if (button == Qt::LeftButton) {
+                       gate.enter([&form, name = label(key)] { form.clickKey(name); });
+                     }
+                   });
+}
 
 void PanelBinding::show(const monitor::PanelElement& element) {
   view_.setElement(QString::fromStdString(element.name), toScreen(element.label->caption()),

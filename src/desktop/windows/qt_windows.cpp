@@ -9,6 +9,7 @@ QtWindows::~QtWindows() {
   delete splash_;
   delete notice_;
   delete main_;
+  delete help_;
 }
 
 void QtWindows::openSplash(shell::Form1& form) {
@@ -81,6 +82,10 @@ void QtWindows::openDialog(trunking::Form3& form, bool modal) {
   presentDialog(&form, makeSystemTypeDialog(form, gate_, dialogParent()), modal);
 }
 
+void QtWindows::openDialog(shell::frmAbout& form, bool modal) {
+  presentDialog(&form, makeAboutDialog(form, gate_, dialogParent()), modal);
+}
+
 QWidget* QtWindows::dialogParent() const {
   for (const auto& [form, dialog] : dialogs_) {
     if (dialog && dialog->isModal()) {
@@ -114,7 +119,16 @@ void QtWindows::raiseDialog(const void* form) {
   }
 }
 
+void QtWindows::showHelp(shell::HelpView view) {
+  if (!help_) {
+    help_ = new HelpWindow;
+    help_->setAttribute(Qt::WA_DeleteOnClose);
+  }
+  help_->present(view);
+}
+
 void QtWindows::quit() {
+  delete help_;
   if (main_) {
     main_->hide();
   }

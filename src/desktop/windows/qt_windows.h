@@ -9,6 +9,7 @@
 #include "desktop/ports/qt_event_loop.h"
 #include "desktop/ports/timer_driver.h"
 #include "desktop/windows/dialog_window.h"
+#include "desktop/windows/help_window.h"
 #include "desktop/windows/main_window.h"
 #include "shell/splash_form.h"
 #include "shell/window_layer.h"
@@ -37,8 +38,10 @@ class QtWindows : public shell::WindowLayer {
   void openDialog(memory::BankDialog& form, bool modal) override;
   void openDialog(search::frmLockouts& form, bool modal) override;
   void openDialog(trunking::Form3& form, bool modal) override;
+  void openDialog(shell::frmAbout& form, bool modal) override;
   void closeDialog(const void* form) override;
   void raiseDialog(const void* form) override;
+  void showHelp(shell::HelpView view) override;
   void quit() override;
 
   /// The main window on the screen, if there is one.
@@ -57,6 +60,7 @@ class QtWindows : public shell::WindowLayer {
   QPointer<QWidget> splash_;
   QPointer<QWidget> notice_;
   QPointer<MainWindow> main_;
+  QPointer<HelpWindow> help_;
   std::map<const void*, QPointer<DialogWindow>> dialogs_;
   std::unique_ptr<TimerDriver> splashTimer_;
   std::vector<std::unique_ptr<TimerDriver>> timers_;

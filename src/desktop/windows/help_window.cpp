@@ -1,0 +1,119 @@
+#include "desktop/windows/help_window.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QRegularExpression>
+#include <QSplitter>
+#include <QTextDocument>
+#include <QVBoxLayout>
+
+namespace tarnvex::desktop {
+namespace {
+
+QString readFile(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+bool holdsAll(const QString& text, const QStringList& words) {
+  return std::ranges::all_of(
+      words, [&](const QString& word) { return text.contains(word, Qt::CaseInsensitive); });
+}
+
+}  // namespace
+
+QString HelpWindow::helpFolder() {
+  const QDir program(QCoreApplication::applicationDirPath());
+  for (const char* place : {"help", "../share/tarnvex/help"}) {
+    if (program.exists(QLatin1String(place) + QLatin1String("/index.html"))) {
+      return program.filePath(QLatin1String(place));
+    }
+  }
+  return {};
+}
+
+HelpWindow::HelpWindow(const QString& folder)
+    : folder_(folder), search_(new QLineEdit), list_(new QListWidget), text_(new QTextBrowser) {
+  setObjectName(QStringLiteral("help"));
+  setWindowTitle(tr("Tarnvex Help"));
+  search_->setObjectName(QStringLiteral("helpSearch"));
+  search_->setPlaceholderText(tr("Search"));
+  search_->setAccessibleName(tr("Search"));
+  search_->setClearButtonEnabled(true);
+  list_->setObjectName(QStringLiteral("helpPages"));
+  list_->setAccessibleName(tr("Pages"));
+  text_->setObjectName(QStringLiteral("helpText"));
+  text_->setOpenExternalLinks(false);
+  text_->setSearchPaths({folder_});
+  auto* side = new QWidget;
+  auto* column = new QVBoxLayout(side);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(search_);
+  column->addWidget(list_);
+  auto* splitter = new QSplitter;
+  splitter->addWidget(side);
+  splitter->addWidget(text_);
+  splitter->setStretchFactor(1, 1);
+  (new QVBoxLayout(this))->addWidget(splitter);
+  const QFontMetrics metrics(font());
+  resize(metrics.averageCharWidth() * 150, metrics.height() * 40);
+  splitter->setSizes({metrics.averageCharWidth() * 40, metrics.averageCharWidth() * 110});
+  readPages();
+  listPages();
+  connect(search_, &QLineEdit::textChanged, this, [this] { listPages(); });
+  connect(list_, &QListWidget::currentItemChanged, this,
+          [this](const QListWidgetItem* item) { open(item); });
+}
+
+void HelpWindow::readPages() {
+  static const QRegularExpression kLink(QStringLiteral("<a href=\"([^\"]+)\">([^<]+)</a>"));
+  auto links = kLink.globalMatch(readFile(folder_ + QStringLiteral("/index.html")));
+  while (links.hasNext()) {
+    const auto link = links.next();
+    QTextDocument page;
+    page.setHtml(readFile(folder_ + QLatin1Char('/') + link.captured(1)));
+    pages_.push_back({link.captured(1), link.captured(2), page.toPlainText()});
+  }
+}
+
+void HelpWindow::listPages() {
+  const QStringList words = search_->text().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+  list_->clear();
+  for (const Page& page : pages_) {
+    if (holdsAll(page.title + QLatin1Char('\n') + page.words, words)) {
+      auto* item = new QListWidgetItem(page.title, list_);
+      item->setData(Qt::UserRole, page.file);
+    }
+  }
+  if (pages_.isEmpty()) {
+    text_->setPlainText(tr("The manual is missing. Installing Tarnvex again brings it back."));
+  }
+}
+
+void HelpWindow::open(const QListWidgetItem* item) {
+  if (item == nullptr) {
+    return;
+  }
+  text_->setSource(QUrl(item->data(Qt::UserRole).toString()));
+  if (const QString words = search_->text().trimmed(); !words.isEmpty()) {
+    text_->find(words.section(QLatin1Char(' '), 0, 0));
+  }
+}
+
+void HelpWindow::present(shell::HelpView view) {
+  show();
+  raise();
+  activateWindow();
+  if (view == shell::HelpView::Contents) {
+    search_->clear();
+    if (!pages_.isEmpty()) {
+      text_->setSource(QUrl(QStringLiteral("index.html")));
+    }
+    list_->setFocus();
+  } else {
+    search_->selectAll();
+    search_->setFocus();
+  }
+}
+
+}  // namespace tarnvex::desktop

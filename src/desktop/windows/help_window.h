@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QListWidget>
+#include <QTextBrowser>
+#include <QWidget>
+
+#include "shell/window_layer.h"
+
+namespace tarnvex::desktop {
+
+/// The manual: its pages, with the contents at the left, or those pages that hold the searched
+/// words. The pages are the HTML files of the help folder, in the order of its `index.html`.
+class HelpWindow : public QWidget {
+ public:
+  /// The pages stand in `folder`; by default in the program's own.
+  explicit HelpWindow(const QString& folder = helpFolder());
+
+  /// Beside the program in a build tree, else where it was installed.
+  static QString helpFolder();
+
+  void present(shell::HelpView view);
+
+ private:
+  struct Page {
+    QString file;
+    QString title;
+    QString words;
+  };
+
+  void readPages();
+  void listPages();
+  void open(const QListWidgetItem* item);
+
+  QString folder_;
+  QVector<Page> pages_;
+  QLineEdit* search_;
+  QListWidget* list_;
+  QTextBrowser* text_;
+};
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,45 @@
+#include "desktop/windows/key_forwarder.h"
+
+#include <QKeyEvent>
+#include <QTabBar>
+#include <QWidget>
+
+#include "desktop/ports/text.h"
+
+namespace tarnvex::desktop {
+
+void KeyForwarder::watch(QWidget* window, const QStringList& names) {
+  for (QWidget* widget : window->findChildren<QWidget*>()) {
+    const QString name = widget->objectName().section(QLatin1Char('('), 0, 0);
+    if (!name.isEmpty() && names.contains(name)) {
+      widget->installEventFilter(this);
+    }
+  }
+  // The focus of the tab strip lies on its bar.
+  for (QTabBar* bar : window->findChildren<QTabBar*>()) {
+    bar->installEventFilter(this);
+  }
+}
+
+bool KeyForwarder::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) {
+    return QObject::eventFilter(watched, event);
+  }
+  const auto* key = static_cast<QKeyEvent*>(event);
+  if ((key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0) {
+    return false;
+  }
+  // On the panel Enter presses the key that has the focus.
+  const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+  if (enter && watched->objectName() == QLatin1String("panel")) {
+    return false;
+  }
+  const std::string typed = enter ? "\r" : fromScreen(key->text());
+  if (typed.size() != 1 || (!enter && static_cast<unsigned char>(typed[0]) <= ' ')) {
+    return false;
+  }
+  gate_.enter([&form = form_, character = typed[0]] { form.typeKey(character); });
+  return true;
+}
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/controls.h"
+#include "platform/notifier.h"
+#include "platform/shared_state.h"
+#include "platform/window.h"
+
+namespace tarnvex::shell {
+
+/// The about box: the program, and the radio as it was read when it was connected.
+class frmAbout {
+ public:
+  explicit frmAbout(const platform::SharedState& state)
+      : lblScanner("Scanner: " + state.ScannerName),
+        lblSerial("Serial No. " + state.SerialNumberText),
+        lblFirmware("Firmware Ver. " + state.FirmwareText) {
+    Command1.onClick = [this] { closed.notify(); };
+  }
+
+  platform::Window window{"About Tarnvex"};
+  platform::Label lblScanner;
+  platform::Label lblSerial;
+  platform::Label lblFirmware;
+  platform::Label Label1{"Computer Control Software for Uniden Bearcat Trunking Scanners"};
+  platform::Label Label2{"Version: 1.00"};
+  platform::Button Command1{"OK"};
+
+  platform::Notifier<> closed;
+};
+
+}  // namespace tarnvex::shell
