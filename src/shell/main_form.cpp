@@ -65,6 +65,8 @@ void MainForm::requestUnload() {
 }
 
 void MainForm::unload() {
+  // The window goes from here on: a request while the next question stands adds nothing either.
+  asking_ = true;
   frequencyFile_.offerToSave();
   dialogHost_.closeAll();
   MSComm1->close();
