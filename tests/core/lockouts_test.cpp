@@ -122,19 +122,21 @@ TEST_F(LockoutsTest, Bc245ListsAreReadPlaceByPlace) {
   open(bc245LockoutTraits(), "MD02",
        numbered("SS", "00", {"SS 08510125", "SS00290000", "SS 00000000"}));
   EXPECT_THAT(form->List1.items(), ElementsAre("851.0125", "29.0000"));
-  form->List1.userSelect({false, true});
-  EXPECT_EQ(done(), "KEY09; KEY07; KEY06H; SS00290000");
-
-  open(bc245LockoutTraits(), "MD04", numbered("SS", "00", {"SS 00000000"}));
-  EXPECT_THAT(form->List1.items(), IsEmpty());
-  open(bc245LockoutTraits(), "MD05",
-       numbered("SS", "00", std::vector<std::string>(50, "SS 08510125")));
-  EXPECT_EQ(form->List1.count(), 50);
-  open(bc245LockoutTraits(), "MD09", numbered("IL", "000", {"IL ------"}));
-  EXPECT_THAT(form->List1.items(), IsEmpty());
-  open(bc245LockoutTraits(), "MD09",
-       numbered("IL", "000", std::vector<std::string>(100, "IL 001234")));
-  EXPECT_EQ(form->List1.count(), 100);
+  struct Case {
+    const char* mode;
+    int places;
+    const char* reply;
+    int entries;
+  };
+  for (const auto& [inMode, places, reply, entries] :
+       {Case{"MD04", 1, "SS 00000000", 0}, Case{"MD05", 50, "SS 08510125", 50},
+        Case{"MD09", 1, "IL ------", 0}, Case{"MD09", 100, "IL 001234", 100}}) {
+    const bool ids = *reply == 'I';
+    open(bc245LockoutTraits(), inMode,
+         numbered(ids ? "IL" : "SS", ids ? "000" : "00",
+                  std::vector<std::string>(static_cast<std::size_t>(places), reply)));
+    EXPECT_EQ(form->List1.count(), entries);
+  }
 }
 
 TEST_F(LockoutsTest, Bc245IdsGoBackByTheMode) {

@@ -21,7 +21,7 @@ struct Searches : test::World {
   explicit Searches(const char* modelKey) {
     state.ModelKey = modelKey;
     store.files["/program/Searchlist.txt"] =
-        "0,851.0125,869.9875,\"Police\"\r\n5,20,1300,\"Wide\"\r\n1,29.5,54,\"Low\"\r\n";
+        "0,851.0125,869.9875,\"Police\"\r\n7,29.5,54,\"Low\"\r\n1,20,1300,\"Wide\"\r\n";
     radio.answer = [](std::string_view command) {
       return std::vector<test::Piece>{{command == "MD"   ? "MD02\r"
                                        : command == "SS" ? "SS08510125\rEND\r"
@@ -42,15 +42,20 @@ template <class Form>
 void choosesSearches(const char* modelKey, const std::string& afterNo) {
   Searches<Form> searches(modelKey);
   auto& form = searches.form;
-  EXPECT_THAT(form.List3.items(), ElementsAre("Police", "Wide", "Low"));
+  EXPECT_THAT(form.List3.items(), ElementsAre("Police", "Low", "Wide"));
   EXPECT_EQ(searches.choose(0, Answer::Yes), "KEY00; MD; LL08510125; LU08699875; KEY09");
   EXPECT_EQ(form.LLimit.text() + "-" + form.Ulimit.text(), "851.0125-869.9875");
   EXPECT_EQ(form.panel.mode.caption(), "MD02");
-  // The second line has the id of another place, the third the id of the second place.
-  EXPECT_EQ(searches.choose(1, Answer::No), "KEY00; MD; LL00295000; LU00540000" + afterNo);
-  EXPECT_EQ(form.LLimit.text() + "-" + form.Ulimit.text(), "29.5-54");
+  // The third line has the id of the second place, and limits beyond the radio's range.
+  EXPECT_EQ(searches.choose(1, Answer::No), "KEY00; MD; LL00200000; LU13000000" + afterNo);
+  EXPECT_EQ(form.LLimit.text() + "-" + form.Ulimit.text(), "20-1300");
   EXPECT_EQ(searches.choose(2, Answer::No), "KEY00; MD" + afterNo);
   EXPECT_THAT(searches.dialogs.takeBoxes(), ElementsAre(kQuestion, kQuestion, kQuestion));
+
+  int selections = 0;
+  const auto connection = form.LLimit.selectAllRequested.connect([&] { ++selections; });
+  form.LLimit.userFocus();
+  EXPECT_EQ(selections, 1);
 
   searches.store.files.erase("/program/Searchlist.txt");
   EXPECT_EQ(searches.choose(0, Answer::Yes), "KEY00; MD; KEY09");
@@ -62,12 +67,6 @@ void choosesSearches(const char* modelKey, const std::string& afterNo) {
 TEST(SearchChoice, SendsTheLimitsAndAsks) {
   choosesSearches<shell::Form4>("BC895", "; KEY00");
   choosesSearches<shell::Form2>("BC245", "");
-}
-
-TEST(SearchChoice, SendsLimitsUncheckedFromAFile) {
-  Searches<shell::Form4> searches("BC895");
-  searches.store.files["/program/Searchlist.txt"] = "0,20,1300,\"Wide\"\r\n";
-  EXPECT_EQ(searches.choose(0, Answer::No), "KEY00; MD; LL00200000; LU13000000; KEY00");
 }
 
 TEST(SearchChoice, PopsUpOverASelectedSearch) {
@@ -89,10 +88,10 @@ TEST(SearchChoice, PopsUpOverASelectedSearch) {
   form.mnuSearchlist.mnuSLSearch.onClick();
   EXPECT_EQ(searches.radio.takeLog(), "KEY00; MD; LL08510125; LU08699875; KEY09");
   form.mnuSearchlist.mnuSLDelete.onClick();
-  EXPECT_THAT(form.List3.items(), ElementsAre("Wide", "Low"));
+  EXPECT_THAT(form.List3.items(), ElementsAre("Low", "Wide"));
   searches.dialogs.lines = {"Mine"};
   form.Command4.userClick();
-  EXPECT_THAT(form.List3.items(), ElementsAre("Wide", "Low", "Mine"));
+  EXPECT_THAT(form.List3.items(), ElementsAre("Low", "Wide", "Mine"));
 }
 
 TEST(SearchChoice, FormsPassKeysOnAndShowTheLockouts) {
@@ -117,16 +116,6 @@ TEST(SearchChoice, FormsPassKeysOnAndShowTheLockouts) {
   small.form.typeKey('L');
   EXPECT_THAT(small.windows.dialogs, testing::SizeIs(1));
   EXPECT_TRUE(small.radio.takeLog().starts_with("KEY05H\r; KEY00\r; IL001; IL002"));
-}
-
-TEST(SearchChoice, LimitBoxesComeIntoFocusSelected) {
-  Searches<shell::Form4> searches("BC895");
-  for (auto* box : {&searches.form.LLimit, &searches.form.Ulimit}) {
-    int selections = 0;
-    const auto connection = box->selectAllRequested.connect([&] { ++selections; });
-    box->userFocus();
-    EXPECT_EQ(selections, 1);
-  }
 }
 
 TEST(SearchChoice, KeepsTheDisplaysColour) {
