@@ -4,6 +4,8 @@
 #include <QTimer>
 #include <cstdio>
 #include <map>
+#include <string>
+#include <vector>
 
 #include "desktop/program.h"
 
@@ -32,16 +34,21 @@ class Demo {
   [[nodiscard]] bool cameAlive() const { return alive_; }
 
  private:
-  [[nodiscard]] tarnvex::shell::Form4* form() const {
-    return dynamic_cast<tarnvex::shell::Form4*>(program_.application.mainForm());
+  [[nodiscard]] tarnvex::shell::MainForm* form() const { return program_.application.mainForm(); }
+
+  [[nodiscard]] std::vector<std::string> panelLines() const {
+    if (const auto* desk = dynamic_cast<tarnvex::shell::Form4*>(form())) {
+      return describe(desk->panel);
+    }
+    if (const auto* handheld = dynamic_cast<tarnvex::shell::Form2*>(form())) {
+      return describe(handheld->panel);
+    }
+    return {};
   }
 
   void printChanges() {
-    if (form() == nullptr) {
-      return;
-    }
     std::map<std::string, std::string> now;
-    for (const auto& line : tarnvex::monitor::describe(form()->panel)) {
+    for (const auto& line : panelLines()) {
       const std::size_t colon = line.find(':');
       now[line.substr(0, colon)] = line.substr(colon + 1);
     }

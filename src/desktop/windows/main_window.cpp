@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QMenuBar>
+#include <QTabBar>
 #include <QVBoxLayout>
 
 #include "desktop/ports/text.h"
@@ -16,6 +17,9 @@ MainWindow::MainWindow(shell::MainForm& form, platform::EventGate& gate, const c
   auto* layout = new QBoxLayout(QBoxLayout::TopToBottom, centralWidget());
   layout->addWidget(tabs_);
   tabs_->setObjectName(QStringLiteral("SSTab1"));
+  // The keyboard drives the radio from the tab strip, so that is where the focus begins.
+  tabs_->tabBar()->setFocusPolicy(Qt::StrongFocus);
+  tabs_->tabBar()->setFocus();
   addMenus();
   const auto showTitle = [this] { setWindowTitle(titleToScreen(form_.window.caption())); };
   showTitle();
