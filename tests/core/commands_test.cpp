@@ -1,0 +1,135 @@
+#include <gtest/gtest.h>
+
+#include "link/scanner_commands.h"
+
+namespace tarnvex::link {
+namespace {
+
+/// A reply with its positions written down: every character between the fields is an 'x', which no
+/// view may look at.
+constexpr const char* kChannel = "x012xxx1551150xTNxDNxLNxxxxRNxx05";
+constexpr const char* kSignal = "x018xxx1551150";
+constexpr const char* kTrunkId = "xxxB7x001234";
+constexpr const char* kIdentity = "xxBC245XLTx0123456789xx215";
+
+TEST(Commands, BuildsRequests) {
+  EXPECT_EQ(command::scanBanks("ACJ"), "SB ACJ");
+  EXPECT_EQ(command::priorityChannel('B'), "PC B");
+  EXPECT_EQ(key::bank('J'), "KEY21 J");
+  EXPECT_EQ(command::setLimit(command::kLowerLimit, 29), "LL00290000");
+  EXPECT_EQ(command::setLimit(command::kUpperLimit, 956), "LU09560000");
+  EXPECT_EQ(command::setLimit(command::kLowerLimit, 155.115), "LL01551150");
+  EXPECT_EQ(bankLetter(0), 'A');
+  EXPECT_EQ(bankLetter(9), 'J');
+}
+
+TEST(Commands, TellsTheModelsApart) {
+  struct Case {
+    const char* reply;
+    bool error;
+    bool other;
+  };
+  for (const auto& [reply, error, other] : {Case{"ERR", true, false},
+                                            {"FER", false, false},
+                                            {"", false, false},
+                                            {kIdentity, false, true},
+                                            {"ERR ", false, true},
+                                            {"err", false, true}}) {
+    EXPECT_EQ(IdentityReply(reply).isError(), error) << reply;
+    EXPECT_EQ(IdentityReply(reply).isOtherModel(), other) << reply;
+  }
+  const IdentityReply identity(kIdentity);
+  EXPECT_EQ(identity.model(), "BC245XLT");
+  EXPECT_EQ(identity.serialNumber(), "0123456789");
+  EXPECT_EQ(identity.firmware(), "215");
+}
+
+TEST(Commands, ReadsTheSignal) {
+  const SignalReply signal(kSignal);
+  EXPECT_EQ(signal.level(), 18);
+  EXPECT_EQ(signal.tableFrequency(), "155.1150");
+  EXPECT_EQ(signal.shownFrequency(), "155.1150");
+  // The table's form is converted, the shown one only put together.
+  EXPECT_EQ(SignalReply("x018xxx0290000").tableFrequency(), "29.0000");
+  EXPECT_EQ(SignalReply("x018xxx0290000").shownFrequency(), "29.0000");
+  EXPECT_EQ(SignalReply("x018xxx0000000").shownFrequency(), ".0000");
+  EXPECT_EQ(SignalReply("x018xxx155").tableFrequency(), "0.0155");
+  EXPECT_EQ(SignalReply("x018xxx15511").shownFrequency(), "155.11");
+  EXPECT_EQ(SignalReply("xABCxxx15x1150").level(), std::nullopt);
+  EXPECT_EQ(SignalReply("xABCxxx15x1150").tableFrequency(), std::nullopt);
+}
+
+TEST(Commands, ReadsTheChannel) {
+  const ChannelReply channel(kChannel);
+  EXPECT_FALSE(channel.isNothing());
+  EXPECT_EQ(channel.number(), "12");
+  EXPECT_EQ(channel.shownFrequency(), "155.1150");
+  EXPECT_TRUE(channel.trunked() && channel.delay() && channel.lockout());
+  EXPECT_EQ(channel.tone(), 5);
+  const ChannelReply off("x300xxx0290000xTFxDFxLFxxxxRFxxNG");
+  EXPECT_EQ(off.number(), "300");
+  EXPECT_EQ(off.shownFrequency(), "29.0000");
+  EXPECT_FALSE(off.trunked() || off.delay() || off.lockout());
+  EXPECT_EQ(off.tone(), std::nullopt);
+  EXPECT_EQ(ChannelReply("x000xxx0000000").shownFrequency(), "0.0000");
+  EXPECT_TRUE(ChannelReply("NG").isNothing());
+}
+
+TEST(Commands, ReadsTheTrunkedId) {
+  const TrunkIdReply id(kTrunkId);
+  EXPECT_EQ(id.bank() + "/" + id.slot() + "/" + id.id(), "B/7/001234");
+  EXPECT_EQ(TrunkIdReply("xxxB0x1234-5").slot(), "10");
+  EXPECT_EQ(TrunkIdReply("xxxB0x1234-5").id(), "1234-5");
+  EXPECT_TRUE(TrunkIdReply("NG").isNothing());
+}
+
+TEST(Commands, ReadsTheShortReplies) {
+  EXPECT_EQ(bankLetters("xxxACJ"), "ACJ");
+  EXPECT_EQ(bankLetters("NG"), "");
+  EXPECT_EQ(priorityChannelOf("xxxx012"), 12);
+  EXPECT_EQ(priorityChannelOf("xxxxNG"), std::nullopt);
+  EXPECT_EQ(searchLimit("xxx0290000"), "29.0000");
+  EXPECT_EQ(searchLimit("xxx9560000x"), "956.0000");
+  EXPECT_EQ(searchLimit("ERR"), std::nullopt);
+  EXPECT_EQ(modeOf("MD07MD08"), "MD07");
+  EXPECT_EQ(modeOf("MD"), "MD");
+}
+
+TEST(Commands, ReadsStreamedIds) {
+  EXPECT_EQ(searchedId("xxxxxxxx001234x"), "001234");
+  EXPECT_FALSE(saysNoId("xxxxxxxx001234"));
+  EXPECT_TRUE(saysNoId("xxxxxxxx001234 E")) << "the letter stands anywhere";
+  EXPECT_TRUE(saysNoId("ExxxxxxX001234"));
+  EXPECT_TRUE(saysNoId("xxxxxxxx"));
+  EXPECT_TRUE(saysNoId(""));
+  EXPECT_EQ(heldId("xxxSx001234"), "001234");
+  EXPECT_EQ(heldId("xxxSx0012"), "0012");
+  EXPECT_EQ(heldId("xxxS"), "");
+  EXPECT_EQ(heldId("xxxxS001234"), std::nullopt);
+  EXPECT_EQ(heldId(""), std::nullopt);
+}
+
+/// The line can cut a reply anywhere.
+TEST(Commands, SurvivesEveryCut) {
+  for (const std::string whole : {kChannel, kSignal, kTrunkId, kIdentity}) {
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+      const std::string cut = whole.substr(0, length);
+      const ChannelReply channel(cut);
+      EXPECT_EQ(channel.tone().has_value(), length >= 32 && whole == kChannel) << cut;
+      EXPECT_EQ(channel.trunked(), length >= 17 && whole == kChannel) << cut;
+      EXPECT_LE(channel.number().size(), 3U);
+      EXPECT_LE(channel.shownFrequency().size(), 8U);
+      EXPECT_EQ(SignalReply(cut).level().has_value(),
+                length >= 2 && (whole == kChannel || whole == kSignal))
+          << cut;
+      EXPECT_EQ(TrunkIdReply(cut).slot().empty(), length < 5) << cut;
+      EXPECT_EQ(TrunkIdReply(cut).id().size(),
+                length < 7 ? 0 : std::min<std::size_t>(length - 6, 6));
+      EXPECT_EQ(IdentityReply(cut).firmware().size(),
+                length < 24 ? 0 : std::min<std::size_t>(length - 23, 3));
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tarnvex::link

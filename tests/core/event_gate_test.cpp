@@ -1,0 +1,178 @@
+#include "platform/event_gate.h"
+
+#include <gtest/gtest.h>
+
+#include "support/fake_loop.h"
+
+namespace tarnvex::platform {
+namespace {
+
+/// A gate whose handlers leave their names in `course`.
+struct EventGateTest : testing::Test {
+  test::FakeLoop loop;
+  EventGate gate{loop};
+  Timer poll{25};
+  std::string course;
+
+  EventGateTest() {
+    poll.setEnabled(true);
+    poll.onTick = [this] { course += "tick "; };
+  }
+  EventGate::Handler says(const std::string& word) {
+    return [this, word] { course += word + ' '; };
+  }
+};
+
+TEST_F(EventGateTest, RunsAtOnceWhileIdle) {
+  gate.enter(says("a"));
+  gate.enterTimer(poll);
+  EXPECT_EQ(course, "a tick ");
+  EXPECT_FALSE(gate.busy());
+}
+
+TEST_F(EventGateTest, QueuesWhatArrivesInAHandlerUntilItYields) {
+  gate.enter([&] {
+    EXPECT_TRUE(gate.busy());
+    gate.enter(says("a"));
+    gate.enter(says("b"));
+    course += "exchange ";
+    gate.yield();
+    gate.enter(says("c"));
+    course += "end ";
+  });
+  EXPECT_EQ(course, "exchange a b end c ");
+}
+
+TEST_F(EventGateTest, RunsOneAtATime) {
+  gate.enter([&] {
+    gate.enter([&] {
+      course += "a( ";
+      gate.enter(says("c"));
+      course += ") ";
+    });
+    gate.enter(says("b"));
+    gate.yield();
+  });
+  EXPECT_EQ(course, "a( ) b c ");
+}
+
+TEST_F(EventGateTest, DeliversWhatIsPendingBeforeATickAndOutsideIt) {
+  loop.onTurn(1, [&] {
+    gate.enter([&] { course += poll.running() ? "inside " : "outside "; });
+    gate.enter(says("b"));
+  });
+  gate.enterTimer(poll);
+  EXPECT_EQ(course, "outside b tick ");
+}
+
+TEST_F(EventGateTest, QueuesATimerOnceAndBehindTheUser) {
+  gate.enter([&] {
+    gate.enterTimer(poll);
+    gate.enterTimer(poll);
+    gate.enter(says("user"));
+    gate.enterTimer(poll);
+  });
+  EXPECT_EQ(course, "user tick ");
+}
+
+TEST_F(EventGateTest, NeverNestsATickButLetsOthersRunInIt) {
+  Timer other(1000);
+  other.setEnabled(true);
+  other.onTick = says("other");
+  poll.onTick = [&] {
+    course += "tick( ";
+    loop.onTurn(1, [&] {
+      gate.enterTimer(poll);
+      gate.enterTimer(other);
+      gate.enter(says("key"));
+    });
+    gate.yield();
+    course += ") ";
+  };
+  gate.enterTimer(poll);
+  EXPECT_EQ(course, "tick( key other ) ");
+}
+
+TEST_F(EventGateTest, KeepsThePollAliveBehindAMessageBox) {
+  for (const bool beforeTick : {false, true}) {
+    course.clear();
+    const auto box = [&] {
+      course += "box( ";
+      gate.enterTimer(poll);
+      gate.yield();
+      gate.enterTimer(poll);
+      gate.yield();
+      course += ") ";
+    };
+    if (beforeTick) {
+      loop.onTurn(1, [&] { gate.enter(box); });
+      gate.enterTimer(poll);
+      EXPECT_EQ(course, "box( tick tick ) ") << "the tick that was due ran behind the box";
+    } else {
+      gate.enter(box);
+      EXPECT_EQ(course, "box( tick tick ) ");
+    }
+  }
+}
+
+TEST_F(EventGateTest, WaitsByTheClockWhileOthersRun) {
+  loop.at(300, [&] { gate.enter(says("key")); });
+  gate.enter([&] {
+    gate.waitUntil([&] { return loop.now() >= 1000; });
+    course += "done";
+  });
+  EXPECT_EQ(course, "key done");
+  EXPECT_LE(loop.turns(), 60) << "sleeps rather than spins";
+}
+
+TEST_F(EventGateTest, SaysThatTheUserLeavesUntilThatHasRun) {
+  gate.enter([&] {
+    gate.enterLeaving([&] { course += gate.leaving() ? "leaving " : "left "; });
+    EXPECT_TRUE(gate.leaving());
+    gate.yield();
+    EXPECT_FALSE(gate.leaving());
+  });
+  EXPECT_EQ(course, "left ");
+}
+
+TEST_F(EventGateTest, ForgetsATimerThatGoes) {
+  gate.enter([&] {
+    gate.enterTimer(poll);
+    gate.forget(poll);
+  });
+  EXPECT_EQ(course, "");
+}
+
+TEST_F(EventGateTest, RunsIdleWorkOnceTheStackHasUnwound) {
+  gate.enter([&] {
+    gate.whenIdle([&] { course += gate.busy() ? "busy " : "idle "; });
+    gate.enter(says("later"));
+    gate.yield();
+    course += "end ";
+  });
+  EXPECT_EQ(course, "later end idle ");
+}
+
+TEST_F(EventGateTest, EndsWithinATickAndLetsNothingInAnyMore) {
+  bool cleaned = false;
+  poll.onTick = [&] {
+    gate.enter(says("dropped"));
+    gate.end();
+    gate.whenIdle([&] { cleaned = true; });
+    EXPECT_TRUE(gate.ended() && gate.leaving());
+    const int turns = loop.turns();
+    gate.yield();
+    gate.waitUntil([] { return false; });
+    EXPECT_EQ(loop.turns(), turns);
+    gate.enter(says("late"));
+    course += "unwound ";
+  };
+  gate.enterTimer(poll);
+  gate.enterTimer(poll);
+  gate.enter(says("late"));
+  EXPECT_EQ(course, "unwound ");
+  EXPECT_TRUE(cleaned) << "retired windows still go";
+}
+
+}  // namespace
+}  // namespace tarnvex::platform

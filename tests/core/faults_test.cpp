@@ -1,0 +1,192 @@
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "bc895_rig.h"
+
+namespace tarnvex::monitor {
+namespace {
+
+using test::Piece;
+
+constexpr std::array<const char*, 17> kModes = {"MD00", "MD01", "MD02", "MD03", "MD04", "MD05",
+                                                "MD06", "MD07", "MD08", "MD09", "MD10", "MD11",
+                                                "MD12", "MD13", "MD14", "MD15", "MD16"};
+
+/// What a radio in order answers.
+std::string healthy(std::string_view command, std::string_view mode) {
+  static const std::map<std::string, std::string, std::less<>> kReplies = {
+      {"SI", "ERR"},
+      {"MU", "MUA"},
+      {"SG", "S018 F01551150"},
+      {"LO", "LOF"},
+      {"LL", "LL 0290000"},
+      {"LU", "LU 9560000"},
+      {"CT", "CTN"},
+      {"SB", "SB ABC"},
+      {"PR", "PRN"},
+      {"MA", "C012 F01551150 TN DN LN AF RF N05"},
+      {"PC A", "PC A012"},
+      {"SQ", "+"},
+      {"IS", "IS ABC"},
+      {"DL", "DLN"},
+      {"IC", "IC B3 005678"},
+      {"IDN", "IDN SB1 005678"}};
+  if (command == "MD") {
+    return std::string(mode);
+  }
+  const auto found = kReplies.find(command);
+  return found == kReplies.end() ? "OK" : found->second;
+}
+
+/// A radio whose line can be disturbed.
+struct FaultsTest : testing::Test, test::Bc895Rig {
+  std::string mode = "MD00";
+  /// How many rounds an ID mode lasts.
+  int rounds = 3;
+
+  FaultsTest() {
+    radio.userLeaves = true;
+    answerHealthily();
+  }
+  std::string reply(std::string_view command) {
+    const bool left = command == "MD" && --rounds < 0;
+    return healthy(command, left ? "MD15" : mode);
+  }
+  void answerHealthily() {
+    radio.answer = [this](std::string_view command) {
+      return std::vector<Piece>{{reply(command) + "\r"}};
+    };
+  }
+  void tickOnce() {
+    rounds = 3;
+    gate.enterTimer(form.Scantimer);
+  }
+  /// Whatever happened: a new connection and one healthy tick bring the whole panel back.
+  void expectRecovery() {
+    answerHealthily();
+    mode = "MD00";
+    state.KnobUpHeld = state.KnobDownHeld = state.EntryActive = false;
+    state.LowerLimitEditing = state.UpperLimitEditing = false;
+    form.panel.Auto.setVisible(false);
+    form.Command3.userClick();
+    tickOnce();
+    ASSERT_EQ(picture(),
+              "Frequency: 155.1150, Alpha: Fire, Channel: P  12, CTCSS: 79.7, Scan, Trunk, "
+              "Priority, Delay, LO, MHZ, CtcssStat, Bank, Bankltr: A B C, Sig: 2"
+              " / 79.7 MD00 29.0000-956.0000");
+    ASSERT_EQ(form.window.caption(), "Tarnvex - Untitled");
+  }
+};
+
+TEST_F(FaultsTest, SilenceAtAnyPointOfATickIsReportedOnce) {
+  for (const char* tried : kModes) {
+    for (std::size_t silentAt = 1;; ++silentAt) {
+      SCOPED_TRACE(std::string(tried) + " command " + std::to_string(silentAt));
+      mode = tried;
+      state.KnobUpHeld = true;
+      radio.log.clear();
+      radio.answer = [&](std::string_view command) {
+        return radio.log.size() == silentAt ? std::vector<Piece>{}
+                                            : std::vector<Piece>{{reply(command) + "\r"}};
+      };
+      tickOnce();
+      if (radio.log.size() < silentAt) {
+        EXPECT_TRUE(dialogs.boxes.empty());
+        EXPECT_GE(silentAt, 8U);
+        break;
+      }
+      ASSERT_EQ(dialogs.takeBoxes().size(), 1U);
+      ASSERT_EQ(radio.log.size(), silentAt + 1) << "nothing but the close behind it";
+      ASSERT_EQ(radio.log.back(), "close");
+      ASSERT_FALSE(form.Scantimer.enabled() || form.MSComm1->portOpen());
+      ASSERT_EQ(form.panel.mode.caption().substr(0, 2), silentAt <= 4 ? "" : "MD");
+      expectRecovery();
+    }
+  }
+}
+
+TEST_F(FaultsTest, CutRepliesLeaveWhatTheyDoNotReach) {
+  for (const char* tried : kModes) {
+    for (std::size_t length = 0; length < 34; ++length) {
+      SCOPED_TRACE(std::string(tried) + " cut to " + std::to_string(length));
+      mode = tried;
+      radio.answer = [&](std::string_view command) {
+        const std::string whole = reply(command);
+        const bool kept = command == "SI" || command == "MD";
+        return std::vector<Piece>{{(kept ? whole : whole.substr(0, length)) + "\r"}};
+      };
+      tickOnce();
+      ASSERT_TRUE(dialogs.boxes.empty());
+      expectRecovery();
+    }
+  }
+}
+
+/// What can happen to a reply on a bad line.
+std::vector<Piece> disturbed(const std::string& reply, std::mt19937& random) {
+  const auto below = [&](int limit) {
+    return static_cast<int>(random() % static_cast<unsigned>(limit));
+  };
+  std::string garbled = reply;
+  for (int i = below(4); i > 0 && !garbled.empty(); --i) {
+    garbled[random() % garbled.size()] = static_cast<char>(below(256));
+  }
+  switch (below(10)) {
+    case 0:
+      return {{reply.substr(0, random() % (reply.size() + 1)) + "\r"}};
+    case 1:
+      return {{reply + "\r" + garbled + "\r"}};
+    case 2:
+      return {{reply, 1 + below(90000)}, {"\r", 1 + below(90000)}};
+    case 3:
+      return {{garbled + "\r"}};
+    case 4: {
+      std::string noise(static_cast<std::size_t>(below(60)), '\0');
+      for (char& byte : noise) {
+        byte = static_cast<char>(below(256));
+      }
+      return {{noise + "\r"}};
+    }
+    case 5:
+      return {{reply + "\r"}, {garbled + "\r", 1 + below(3000)}};
+    case 6:
+      return {{below(8) == 0 ? garbled : reply + "\r", 1, below(8) == 0}};
+    default:
+      return {{reply + "\r"}};
+  }
+}
+
+TEST_F(FaultsTest, SurvivesThousandsOfTicksOnABadLine) {
+  for (const unsigned seed : {1U, 2U, 3U}) {
+    SCOPED_TRACE(seed);
+    std::mt19937 random(seed);
+    form.chkSkip.setValue(true);
+    radio.answer = [&](std::string_view command) { return disturbed(reply(command), random); };
+    for (int i = 0; i < 2000; ++i) {
+      mode = kModes[random() % kModes.size()];
+      state.KnobUpHeld = random() % 4 == 0;
+      state.KnobDownHeld = random() % 4 == 0;
+      state.EntryActive = random() % 4 == 0;
+      state.LowerLimitEditing = random() % 4 == 0;
+      form.window.setMinimised(random() % 2 == 0);
+      const std::size_t boxes = dialogs.boxes.size();
+      tickOnce();
+      ASSERT_FALSE(form.Scantimer.running());
+      ASSERT_LE(dialogs.boxes.size(), boxes + 1) << "one notice a loss";
+      if (!form.Scantimer.enabled() || !form.MSComm1->portOpen()) {
+        form.Command3.userClick();
+      }
+    }
+    EXPECT_GT(dialogs.takeBoxes().size(), 0U);
+    form.window.setMinimised(false);
+    form.window.setCaption("Tarnvex - Untitled");
+    radio.answer = nullptr;
+    form.chkSkip.onClick = nullptr;
+    form.chkSkip.setValue(false);
+    expectRecovery();
+  }
+}
+
+}  // namespace
+}  // namespace tarnvex::monitor

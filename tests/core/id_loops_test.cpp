@@ -1,0 +1,149 @@
+#include <gmock/gmock.h>
+
+#include "bc895_rig.h"
+
+namespace tarnvex::monitor {
+namespace {
+
+using test::Exchange;
+using test::kSignal851;
+using test::opening;
+using test::operator+;
+using test::streaming;
+using testing::ElementsAre;
+
+using Exchanges = std::vector<Exchange>;
+
+struct IdLoopsTest : testing::Test, test::Bc895Rig {
+  std::string shown;
+  platform::Connection watching = form.panel.Frequency.changed.connect(
+      [this] { shown += form.panel.Frequency.caption() + "; "; });
+
+  static Exchanges searching() { return opening("MD07") + Exchanges{{"IDN", "OK"}, {"KEY09", ""}}; }
+  /// A round of the ID search: with an ID the frequency is asked for.
+  static Exchanges searched(const std::string& reply, const std::string& mode = "MD07",
+                            bool skips = false) {
+    Exchanges round{{"IDN", reply}};
+    if (reply.find('E') == std::string::npos && reply.size() > 8) {
+      round.push_back({"SG", kSignal851});
+    }
+    if (skips) {
+      round.push_back({"KEY09", "OK"});
+    }
+    return round + Exchanges{{"IDF", "OK"}, {"MD", mode}};
+  }
+  static Exchanges ended() { return {{"IDF", "OK"}}; }
+};
+
+TEST_F(IdLoopsTest, SearchShowsAndListsEachId) {
+  tick(searching() + searched("NO ID HERE") + searched("IDN SB1 005678") +
+       searched("IDN SB1 005678") + searched("IDN SB1 12-345") + searched("IDN SB1 000000") +
+       searched("IDN SB1") + searched("IDN SB1 000042", "MD09more") + ended());
+  EXPECT_EQ(shown, "- -   - - -; 5678; 12-345; 0; - -   - - -; 42; ");
+  EXPECT_THAT(form.List2.items(),
+              ElementsAre("005678 - 2031-05-06 07:08:09 (Detectives)",
+                          "12-345 - 2031-05-06 07:08:09 (Schools)", "000000 - 2031-05-06 07:08:09 ",
+                          "000042 - 2031-05-06 07:08:09 "));
+  EXPECT_EQ(state.CurrentMode, "MD09") << "four characters of the answer";
+  EXPECT_EQ(form.panel.mode.caption(), "MD07");
+  EXPECT_EQ(form.panel.Alpha.caption(), "");
+}
+
+TEST_F(IdLoopsTest, SearchSkipsWhatIsListedAndGoesOnWhileNothingIsActive) {
+  radio.expect({{"KEY09", "OK"}});
+  form.chkSkip.userClick();
+  tick(searching() + searched("NO ID HERE") + searched("IDN SB1 005678") +
+       searched("IDN SB1 005678", "MD07", true) + searched("NO ID HERE", "MD07", true) +
+       searched("IDN SB1 000042") + searched("NO ID HERE", "MD00") + ended());
+  EXPECT_EQ(form.List2.count(), 2);
+}
+
+TEST_F(IdLoopsTest, SearchMirrorsTheDisplayInTheTitleWhileMinimised) {
+  std::vector<std::string> titles;
+  const auto watchTitle =
+      form.window.changed.connect([&] { titles.push_back(form.window.caption()); });
+  form.Dlg1->FileName = "/plans/county.tvf";
+  // Each round yields twice; what the user does there shows in the next round's title.
+  loop.onTurn(4, [&] { form.window.setMinimised(true); });
+  loop.onTurn(10, [&] { form.window.setMinimised(false); });
+  tick(searching() + searched("NO ID HERE") + searched("IDN SB1 005678") +
+       searched("IDN SB1 000042") + searched("IDN SB1 000042") + searched("NO", "MD00") + ended());
+  EXPECT_THAT(titles, ElementsAre("Tarnvex - /plans/county.tvf", "- -   - - -", "Detectives", "42",
+                                  "Tarnvex - /plans/county.tvf"));
+}
+
+TEST_F(IdLoopsTest, HoldFollowsTheStreamLineByLine) {
+  tick(opening("MD08") + Exchanges{streaming("IDN", "OK", "IDN- 000000"),
+                                   streaming("MD", "MD08", "IDNS 005678"),
+                                   {"SG", kSignal851},
+                                   // Nothing came in time.
+                                   {"MD", "MD08"},
+                                   // Of two lines that came together, the first one counts.
+                                   streaming("MD", "MD08", "IDNS 12-345\rIDNS 000042"),
+                                   {"SG", kSignal851},
+                                   streaming("MD", "MD08", "IDNS 000042"),
+                                   {"SG", "S020 F08520125"},
+                                   {"MD", "MD08 and more"},
+                                   {"IDF", "OK"}});
+  EXPECT_EQ(shown, "Non-Active ID; 005678; 12-345; 000042; ");
+  EXPECT_EQ(form.panel.Alpha.caption(), "") << "its frequency isn't in the plan";
+  EXPECT_EQ(form.List2.count(), 0);
+  EXPECT_EQ(state.CurrentMode, "MD08 and more");
+}
+
+TEST_F(IdLoopsTest, LetHandlersTalkToTheRadioBetweenTheirExchanges) {
+  struct Case {
+    const char* mode;
+    Exchanges before;
+    Exchanges after;
+  };
+  for (const auto& [mode, before, after] :
+       {Case{"MD07", {{"IDN", ""}, {"KEY09", ""}}, searched("NO", "MD00") + ended()},
+        Case{"MD08", {{"IDN", ""}}, {{"MD", "MD00"}, {"IDF", ""}}}}) {
+    SCOPED_TRACE(mode);
+    bool ran = false;
+    // The first turn comes before the tick, the second is the loop's own.
+    loop.onTurn(2, [&] {
+      gate.enterTimer(form.Scantimer);
+      gate.enter([&] {
+        ran = true;
+        EXPECT_TRUE(form.Scantimer.running());
+        link.SendCommand("KEY00");
+      });
+    });
+    tick(opening(mode) + before + Exchanges{{"KEY00", "OK"}} + after);
+    EXPECT_TRUE(ran);
+  }
+}
+
+TEST_F(IdLoopsTest, HoldBackWhatArrivesInAnExchangeUntilTheyYield) {
+  std::string course;
+  radio.whileWaiting = [&] {
+    if (radio.log.back() == "MU") {
+      gate.enter([&] { course += radio.log.back(); });
+    }
+  };
+  tick(opening("MD08") + Exchanges{{"IDN", "OK"}, {"MD", "MD00"}, {"IDF", "OK"}});
+  EXPECT_EQ(course, "IDN") << "the tick's first yield comes behind that command";
+}
+
+TEST_F(IdLoopsTest, EndWithSilenceAndWithTheProgram) {
+  tick(opening("MD07") + Exchanges{{"IDN", ""}, {"KEY09", ""}, test::silent("IDN")});
+  EXPECT_EQ(dialogs.takeBoxes().size(), 1U);
+  EXPECT_FALSE(form.MSComm1->portOpen() || form.Scantimer.enabled());
+  EXPECT_EQ(state.CurrentMode, "");
+  EXPECT_EQ(form.panel.Frequency.caption(), "- -   - - -");
+  form.Command3.userClick();
+  loop.onTurn(2, [&] {
+    gate.enter([&] {
+      dialogs.answers = {platform::Answer::Yes};
+      form.requestUnload();
+    });
+  });
+  tick(opening("MD08") + Exchanges{{"IDN", ""}});
+  EXPECT_TRUE(gate.ended());
+  EXPECT_FALSE(form.Scantimer.running());
+}
+
+}  // namespace
+}  // namespace tarnvex::monitor

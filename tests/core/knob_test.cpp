@@ -1,0 +1,75 @@
+#include "monitor/knob.h"
+
+#include <gtest/gtest.h>
+
+#include "bc895_rig.h"
+
+namespace tarnvex::monitor {
+namespace {
+
+using test::Exchange;
+using test::opening;
+using test::operator+;
+
+struct KnobTest : testing::Test, test::Bc895Rig {
+  /// The index of the one mark that is visible, the same in both arrays.
+  [[nodiscard]] int mark() const {
+    int found = -1;
+    for (int i = 0; i < PanelState::kKnobMarks; ++i) {
+      const auto at = static_cast<std::size_t>(i);
+      EXPECT_EQ(form.panel.KnobMark[at].visible(), form.panel.KnobShadow[at].visible());
+      if (form.panel.KnobMark[at].visible()) {
+        EXPECT_EQ(found, -1) << "two marks";
+        found = i;
+      }
+    }
+    return found;
+  }
+  void tickWith(const std::vector<Exchange>& knob, const char* mode = "MD15") {
+    tick(opening(mode) + knob);
+  }
+};
+
+TEST_F(KnobTest, TurnsAStepATickWhileItIsHeld) {
+  EXPECT_EQ(mark(), 0);
+  form.pressKnob(true);
+  for (int step = 1; step <= 14; ++step) {
+    const int turns = loop.turns();
+    tickWith({{"KEY07", "OK"}});
+    EXPECT_EQ(mark(), step % 13);
+    EXPECT_EQ(loop.turns() - turns, 1 + (step - 1) % 13) << "a yield for each mark that is dark";
+  }
+  form.releaseKnob(true);
+  tickWith({});
+  form.pressKnob(false);
+  for (int step = 0; step >= -3; --step) {
+    tickWith({{"KEY08", "OK"}});
+    EXPECT_EQ(mark(), (step + 13) % 13);
+  }
+  form.pressKnob(true);
+  const int before = mark();
+  tickWith({{"KEY07", "OK"}, {"KEY08", "OK"}});
+  EXPECT_EQ(mark(), before) << "up first, then down";
+}
+
+TEST_F(KnobTest, LeavesScanningFirstInEveryTick) {
+  const std::vector<Exchange> scan{{"CT", "CTF"}, {"SB", "SB A"}, {"PR", "PRF"}, {"MA", "NG"}};
+  form.pressKnob(true);
+  form.pressKnob(false);
+  for (int i = 0; i < 2; ++i) {
+    tickWith(
+        scan + std::vector<Exchange>{{"KEY01", ""}, {"KEY07", ""}, {"KEY01", ""}, {"KEY08", ""}},
+        "MD00");
+  }
+}
+
+TEST_F(KnobTest, TurnsInUnknownModesAndBehindTheIdLoops) {
+  form.pressKnob(false);
+  tickWith({{"KEY08", ""}}, "MD14");
+  tickWith({{"KEY08", ""}}, "");
+  tickWith({{"IDN", ""}, {"MD", "MD00"}, {"IDF", ""}, {"KEY01", ""}, {"KEY08", ""}}, "MD08");
+  EXPECT_EQ(mark(), 10);
+}
+
+}  // namespace
+}  // namespace tarnvex::monitor

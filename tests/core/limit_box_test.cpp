@@ -1,0 +1,68 @@
+#include "search/limit_box.h"
+
+#include <gtest/gtest.h>
+
+#include "bc895_rig.h"
+
+namespace tarnvex::search {
+namespace {
+
+struct LimitBoxTest : testing::Test, test::Bc895Rig {
+  std::string focused;
+  platform::Connection upper = form.Ulimit.focusRequested.connect([this] { focused += "Ulimit"; });
+  platform::Connection next =
+      form.Command4.focusRequested.connect([this] { focused += "Command4"; });
+};
+
+TEST_F(LimitBoxTest, SendsALimitWithinTheRadiosRange) {
+  struct Case {
+    bool lower;
+    const char* text;
+    const char* sent;
+  };
+  for (const auto& [lower, text, sent] : {Case{true, "29", "LL00290000"},
+                                          {true, "155.115", "LL01551150"},
+                                          {true, "28.9", nullptr},
+                                          {true, "", nullptr},
+                                          {true, "1.2.3", nullptr},
+                                          {false, "956", "LU09560000"},
+                                          {false, "956.1", nullptr},
+                                          {false, "29.00005", "LU00290001"}}) {
+    SCOPED_TRACE(text);
+    auto& box = lower ? form.LLimit : form.Ulimit;
+    auto& editing = lower ? state.LowerLimitEditing : state.UpperLimitEditing;
+    focused.clear();
+    dialogs.beeps = 0;
+    editing = true;
+    box.setText(text);
+    if (sent != nullptr) {
+      radio.expect({{sent, "OK"}, {"KEY00", "OK"}});
+    }
+    EXPECT_FALSE(box.userKey('\r')) << "the key is swallowed";
+    radio.expectSpent();
+    EXPECT_FALSE(editing) << "the poll has its box again";
+    EXPECT_EQ(dialogs.beeps, sent == nullptr ? 1 : 0);
+    EXPECT_EQ(focused, sent == nullptr ? "" : lower ? "Ulimit" : "Command4");
+  }
+}
+
+TEST_F(LimitBoxTest, HoldsThePollBackOnlyForKeysThatItTakes) {
+  for (const char key : std::string("0159.\b")) {
+    state.LowerLimitEditing = false;
+    EXPECT_TRUE(form.LLimit.userKey(key)) << key;
+    EXPECT_TRUE(state.LowerLimitEditing);
+  }
+  EXPECT_FALSE(state.UpperLimitEditing);
+  for (const char key : std::string("a-, \t\xE4")) {
+    for (const bool editing : {false, true}) {
+      dialogs.beeps = 0;
+      state.UpperLimitEditing = editing;
+      EXPECT_FALSE(form.Ulimit.userKey(key)) << key;
+      EXPECT_EQ(dialogs.beeps, 1);
+      EXPECT_EQ(state.UpperLimitEditing, editing);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tarnvex::search

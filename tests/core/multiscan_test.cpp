@@ -1,0 +1,144 @@
+#include "monitor/multiscan.h"
+
+#include <gmock/gmock.h>
+
+#include "bc895_rig.h"
+
+namespace tarnvex::monitor {
+namespace {
+
+using test::Exchange;
+using test::operator+;
+using test::SavedSetting;
+using testing::ElementsAre;
+using Exchanges = std::vector<Exchange>;
+
+/// The question before each place, with its answer.
+Exchanges modes(int count, const std::string& mode = "MD00") {
+  return {static_cast<std::size_t>(count), Exchange("MD", mode)};
+}
+Exchanges trunked(const std::string& bank, const std::string& list) {
+  return {{"KEY13", ""}, {"KEY21 " + bank, ""}, {"KEY00", ""}, {"IS", list}};
+}
+Exchanges conventional(const std::string& banks) {
+  return {{"SB " + banks, ""}, {"KEY00", ""}};
+}
+
+struct MultiscanTest : testing::Test, test::Bc895Rig {
+  void tickBoxes(std::initializer_list<int> banks) {
+    for (const int bank : banks) {
+      form.MSBank[static_cast<std::size_t>(bank)].userClick();
+    }
+  }
+  /// Boxes ticked, switched on, on a quiet radio.
+  void start(std::initializer_list<int> banks) {
+    tickBoxes(banks);
+    radio.expect({{"KEY00", ""}});
+    form.Option5.userClick();
+    radio.expectSpent();
+    form.panel.Frequency.setCaption("Scanning");
+  }
+  void scan(const Exchanges& exchanges) {
+    radio.expect(exchanges);
+    gate.enterTimer(form.Timer1);
+    radio.expectSpent();
+  }
+  /// Cursor and interval.
+  [[nodiscard]] std::pair<int, int> place() const {
+    return {state.BankCursor, form.Timer1.interval()};
+  }
+};
+
+TEST_F(MultiscanTest, WaitsWhileSomethingIsOnTheDisplay) {
+  start({0});
+  for (const char* text : {"155.1150", "", "Error", "scanning", "Scanning "}) {
+    form.panel.Frequency.setCaption(text);
+    scan({});
+  }
+}
+
+TEST_F(MultiscanTest, AlternatesConventionalBanksWithEachTrunkedOne) {
+  start({9, 0, 2, 11, 19});
+  scan(modes(1) + conventional("ACJ"));
+  EXPECT_EQ(place(), std::pair(9, 1000));
+  scan(modes(2) + trunked("B", "IS B"));
+  EXPECT_EQ(place(), std::pair(11, 1750));
+  // On the way it leaves trunking wherever it meets it.
+  scan(Exchanges{{"MD", "MD09"}, {"KEY13", ""}} + modes(7) + trunked("J", "IS J"));
+  EXPECT_EQ(place(), std::pair(19, 1750));
+  scan(modes(1, "MD10") + conventional("ACJ"));
+  EXPECT_EQ(place(), std::pair(9, 1000));
+}
+
+TEST_F(MultiscanTest, ReturnsToTheConventionalBanksThroughTenBlankPlaces) {
+  start({4});
+  scan(modes(1) + conventional("E"));
+  scan(modes(11) + conventional("E"));
+  EXPECT_EQ(place(), std::pair(9, 1000));
+}
+
+TEST_F(MultiscanTest, GoesRoundTheTrunkedBanksAlone) {
+  start({12});
+  scan(modes(12) + trunked("C", "IS C"));
+  scan(modes(20) + trunked("C", "IS C"));
+  EXPECT_EQ(place(), std::pair(12, 1750));
+}
+
+TEST_F(MultiscanTest, SwitchesItselfOffOnABankWithoutIds) {
+  start({10});
+  clock.offsetMilliseconds = 400;
+  std::string course;
+  const auto watching = form.panel.Frequency.changed.connect([&] {
+    course += form.panel.Frequency.caption() + "@" + std::to_string(loop.now());
+    course += state.EntryActive ? " " : "! ";
+  });
+  bool polled = false;
+  loop.at(700, [&] { gate.enter([&] { polled = true; }); });
+  scan(modes(10) + trunked("A", "NG") + Exchanges{{"KEY13", ""}, {"KEY00", ""}});
+  // Each wait lasts until the second changes.
+  EXPECT_EQ(course, "Error@0 @600 Error@1600 @2600 ");
+  EXPECT_EQ(loop.now(), 3600);
+  EXPECT_TRUE(polled);
+  EXPECT_EQ(dialogs.beeps, 1);
+  EXPECT_FALSE(state.EntryActive || form.Option5.value() || form.Timer1.enabled());
+  EXPECT_TRUE(form.Option6.value() && form.Option5.enabled());
+  EXPECT_EQ(place(), std::pair(10, 1750));
+}
+
+TEST_F(MultiscanTest, TakesAClickedBoxUpAtOnce) {
+  start({10});
+  form.panel.Frequency.setCaption("155.1150");
+  form.panel.Alpha.setCaption("Fire");
+  radio.expect(modes(1) + conventional("A"));
+  form.MSBank[0].userClick();
+  radio.expectSpent();
+  EXPECT_EQ(form.panel.Frequency.caption() + form.panel.Alpha.caption(), "Scanning");
+  EXPECT_THAT(settings.saved, ElementsAre(SavedSetting{"Multiscan", "10", "1"},
+                                          SavedSetting{"Multiscan", "0", "1"}));
+}
+
+TEST_F(MultiscanTest, CannotBeOnWithoutABank) {
+  EXPECT_FALSE(form.Option5.enabled());
+  form.Option5.userClick();
+  EXPECT_FALSE(form.Timer1.enabled());
+  start({0});
+  // Off the line: the last look round mustn't go round for ever.
+  form.MSComm1->close();
+  form.MSBank[0].userClick();
+  EXPECT_FALSE(form.Option5.value() || form.Option5.enabled() || form.Timer1.enabled());
+  EXPECT_TRUE(form.Option6.value());
+  EXPECT_THAT(settings.saved, ElementsAre(SavedSetting{"Multiscan", "0", "1"},
+                                          SavedSetting{"Multiscan", "0", "0"}));
+}
+
+TEST_F(MultiscanTest, RunsOutOnALostLinkWithOneMessage) {
+  start({10});
+  scan({test::silent("MD")});
+  EXPECT_EQ(dialogs.takeBoxes().size(), 1U);
+  EXPECT_EQ(state.BankCursor, 10);
+  form.Option6.userClick();
+  EXPECT_FALSE(form.Timer1.enabled());
+}
+
+}  // namespace
+}  // namespace tarnvex::monitor

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <memory>
+
+#include "memory/memory_store.h"
+#include "platform/event_gate.h"
+#include "platform/sequential_files.h"
+#include "shell/main_form.h"
+#include "shell/services.h"
+#include "support/fake_clock.h"
+#include "support/fake_common_dialog.h"
+#include "support/fake_dialogs.h"
+#include "support/fake_loop.h"
+#include "support/fake_settings.h"
+#include "support/recording_windows.h"
+#include "support/scripted_port.h"
+
+namespace tarnvex::test {
+
+class FakeCommonDialogs : public platform::CommonDialogs {
+ public:
+  std::unique_ptr<platform::CommonDialog> create() override {
+    return std::make_unique<FakeCommonDialog>();
+  }
+};
+
+/// All that the program's windows work with, as fakes. Windows of a test must go before it.
+struct World {
+  FakeLoop loop;
+  platform::EventGate gate{loop};
+  FakeClock clock{loop};
+  platform::SharedState state;
+  FakeDialogs dialogs;
+  FakeSettings settings;
+  MemoryStore store;
+  platform::SequentialFiles files{store};
+  FakeCommonDialogs commonDialogs;
+  ScriptedRadio radio;
+  ScriptedPorts ports{radio};
+  link::ScannerLink link{state, dialogs};
+  shell::Services services{state, gate, ports, dialogs,       settings,
+                           clock, link, files, commonDialogs, "/program"};
+  RecordingWindows windows;
+  int switches = 0;
+
+  /// The list of saved searches is there and empty, so that windows load without a word.
+  World() { store.files["/program/Searchlist.txt"] = ""; }
+
+  /// What a window that is tested without an `Application` has around it.
+  shell::MainFormOutside outside() {
+    return {[this] { ++switches; }, [this] { gate.end(); }, windows};
+  }
+};
+
+}  // namespace tarnvex::test
