@@ -1,0 +1,278 @@
+#include <gmock/gmock.h>
+
+#include "bc245_rig.h"
+#include "shell/application.h"
+
+namespace tarnvex::shell {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// A window that loads, on a radio with these switches on.
+struct Loading : test::World {
+  Form2 form{services, outside()};
+
+  explicit Loading(const std::string& switchesOn = "") {
+    state.ModelKey = "BC245";
+    store.files["/program/Searchlist.txt"] = "";
+    radio.answer = [switchesOn](std::string_view command) {
+      const bool on =
+          (" " + switchesOn + " ").find(" " + std::string(command) + " ") != std::string::npos;
+      return std::vector<test::Piece>{{std::string(command) + (on ? "N" : "F") + "\r"}};
+    };
+  }
+};
+
+TEST(Bc245Load, AsksForTheSwitchesAndEchoesThoseThatAreOn) {
+  const std::string opened = "open COM 1 at 9600,n,8,1; ";
+  for (const auto& [on, log] :
+       {std::pair{"", "FI; BT; AT; AL; AF; MU; TD"},
+        {"FI BT AT AL AF MU TD", "FI; FIN; BT; BTN; AT; ATN; AL; ALN; AF; AFN; MU; MUN; TD; TDN"},
+        {"AT", "FI; BT; AT; ATN; AL; AF; MU; TD"},
+        {"AF TD", "FI; BT; AT; AL; AF; AFN; MU; TD; TDN"},
+        {"FI MU", "FI; FIN; BT; AT; AL; AF; MU; MUN; TD"}}) {
+    SCOPED_TRACE(on);
+    Loading world(on);
+    world.form.load();
+    EXPECT_EQ(world.radio.takeLog(), opened + log);
+    const std::string all = std::string(on) + " ";
+    const auto ticked = [&](const char* word) { return all.find(word) != std::string::npos; };
+    EXPECT_EQ(world.form.Check1.value(), ticked("AF "));
+    EXPECT_EQ(world.form.Check2.value(), ticked("AL "));
+    EXPECT_EQ(world.form.Check3.value(), ticked("AT "));
+    EXPECT_EQ(world.form.Check4.value(), ticked("BT "));
+    EXPECT_EQ(world.form.Check5.value(), ticked("FI "));
+    EXPECT_EQ(world.form.Check6.value(), ticked("MU "));
+    EXPECT_EQ(world.form.Check7.value(), ticked("TD "));
+    EXPECT_EQ(world.form.panel.Att.visible(), ticked("AT "));
+    EXPECT_THAT(world.settings.saved, IsEmpty());
+    EXPECT_TRUE(world.form.Scantimer.enabled());
+    EXPECT_EQ(world.form.SSTab1.tab(), 2);
+    EXPECT_EQ(world.form.window.caption(), "Tarnvex - Untitled");
+  }
+}
+
+TEST(Bc245Load, TakesTheStoredValues) {
+  Loading world;
+  world.settings.values = {{{"BC245", "TrunkedView"}, "False"},
+                           {{"SpeedE", "0"}, "1"},
+                           {{"SpeedE", "9"}, "1"},
+                           {{"SpeedE", "10"}, "1"},
+                           {{"SpeedE", "3"}, "x"},
+                           {{"BC245", "Baudrate"}, "19200"},
+                           {{"Options", "COM"}, "2"},
+                           {{"Options", "Keybeep"}, "0"}};
+  world.form.load();
+  EXPECT_TRUE(world.form.Option7.value());
+  EXPECT_FALSE(world.form.Option8.value());
+  for (int bank = 0; bank < 10; ++bank) {
+    EXPECT_EQ(world.form.MSBank[static_cast<std::size_t>(bank)].value(), bank == 0 || bank == 9);
+  }
+  EXPECT_TRUE(world.form.Option5.enabled());
+  EXPECT_FALSE(world.form.chkKeyBeep.value());
+  EXPECT_EQ(world.form.Combo1.text(), "19200");
+  EXPECT_TRUE(world.form.Option2.value());
+  EXPECT_THAT(world.dialogs.boxes, IsEmpty()) << "the rate is shown before the poll is on";
+  EXPECT_EQ(world.radio.takeLog(), "open COM 2 at 9600,n,8,1; FI; BT; AT; AL; AF; MU; TD");
+  EXPECT_EQ(world.form.MSComm1->settings(), "19200,n,8,1");
+}
+
+TEST(Bc245Load, LeavesTheViewThatCannotBeRead) {
+  for (const auto& [stored, activeBanks] : {std::pair{"True", true},
+                                            {"False", false},
+                                            {"1", true},
+                                            {"-1", true},
+                                            {"0", false},
+                                            {"", true},
+                                            {"maybe", true}}) {
+    Loading world;
+    world.settings.values[{"BC245", "TrunkedView"}] = stored;
+    world.form.load();
+    EXPECT_EQ(world.form.Option8.value(), activeBanks) << stored;
+    EXPECT_EQ(world.form.Option7.value(), !activeBanks) << stored;
+  }
+}
+
+TEST(Bc245Load, SurvivesASilentRadio) {
+  Loading world;
+  world.radio.answer = [](std::string_view) { return std::vector<test::Piece>{}; };
+  // Behind the message the user ticks a box that is read later.
+  world.dialogs.whileOpen = [&] { world.form.Check1.userClick(); };
+  world.form.load();
+  EXPECT_EQ(world.radio.takeLog(), "open COM 1 at 9600,n,8,1; FI; close");
+  EXPECT_EQ(world.dialogs.takeBoxes().size(), 1U);
+  EXPECT_TRUE(world.form.Check1.value());
+  EXPECT_TRUE(world.form.Scantimer.enabled()) << "the poll starts all the same, on a closed port";
+}
+
+TEST(Bc245Options, WriteASwitchAtOnce) {
+  Loading world;
+  world.form.MSComm1->open();
+  world.radio.log.clear();
+  struct Case {
+    platform::CheckBox& box;
+    const char* on;
+    const char* off;
+  };
+  for (const auto& [box, on, off] :
+       {Case{world.form.Check1, "AFN", "AFF"}, Case{world.form.Check2, "ALN", "ALF"},
+        Case{world.form.Check3, "ATN", "ATF"}, Case{world.form.Check4, "BTN", "BTF"},
+        Case{world.form.Check5, "FIN", "FIF"}, Case{world.form.Check6, "MUN", "MUA"},
+        Case{world.form.Check7, "TDN", "TDF"}}) {
+    for (const char* command : {on, off}) {
+      box.userClick();
+      EXPECT_EQ(world.radio.takeLog(), command);
+      EXPECT_EQ(world.form.panel.Att.visible(), std::string_view(command) == "ATN");
+    }
+  }
+  world.form.Option7.userClick();
+  world.form.Option8.userClick();
+  EXPECT_EQ(world.radio.takeLog(), "") << "the pair is the window's own";
+  EXPECT_THAT(world.settings.saved,
+              ElementsAre(test::SavedSetting{"BC245", "TrunkedView", "False"},
+                          test::SavedSetting{"BC245", "TrunkedView", "True"}));
+}
+
+struct Bc245Speed : testing::Test, Loading {
+  Bc245Speed() {
+    form.MSComm1->open();
+    form.panel.Frequency.setCaption("Scanning");
+    radio.log.clear();
+  }
+  std::string tick() {
+    gate.enterTimer(form.Timer2);
+    return radio.takeLog();
+  }
+  platform::CheckBox& bank(int index) { return form.MSBank[static_cast<std::size_t>(index)]; }
+};
+
+TEST_F(Bc245Speed, GoesRoundTheChosenBanks) {
+  for (const int chosen : {1, 4, 9}) {
+    bank(chosen).userClick();
+    EXPECT_EQ(radio.takeLog(), "KEY00");
+  }
+  EXPECT_EQ(tick(), "") << "off";
+  form.Option5.userClick();
+  EXPECT_EQ(radio.takeLog(), "");
+  EXPECT_TRUE(form.Timer2.enabled());
+  EXPECT_EQ(form.Timer2.interval(), 2000);
+  // Where Multiscan of the other window has left off.
+  state.BankCursor = 17;
+  for (const char* letter : {"B", "E", "J", "B"}) {
+    EXPECT_EQ(tick(), std::string("SB ") + letter + "; KEY00");
+  }
+  for (const char* mode : {"MD11", "MD17"}) {
+    form.panel.mode.setCaption(mode);
+    EXPECT_THAT(tick(), testing::EndsWith("; KEY00; KEY13; KEY13"));
+  }
+  for (const char* shown : {"155.1150", "Searching", "- -   - - -", ""}) {
+    form.panel.Frequency.setCaption(shown);
+    EXPECT_EQ(tick(), "") << "held by what is shown";
+  }
+  form.Option6.userClick();
+  EXPECT_FALSE(form.Timer2.enabled());
+  EXPECT_EQ(radio.takeLog(), "");
+}
+
+TEST_F(Bc245Speed, IsOffWithoutBanks) {
+  form.Option5.userClick();
+  EXPECT_FALSE(form.Option5.value()) << "nothing to scan yet";
+  bank(3).userClick();
+  form.Option5.userClick();
+  bank(3).userClick();
+  EXPECT_EQ(radio.takeLog(), "KEY00; KEY00");
+  EXPECT_FALSE(form.Option5.value() || form.Option5.enabled() || form.Timer2.enabled());
+  EXPECT_TRUE(form.Option6.value());
+  EXPECT_THAT(settings.saved, ElementsAre(test::SavedSetting{"SpeedE", "3", "1"},
+                                          test::SavedSetting{"SpeedE", "3", "0"}));
+  form.Timer2.setEnabled(true);
+  EXPECT_EQ(tick(), "") << "ends";
+}
+
+/// A port that is counted while it lives.
+struct CountedPort : test::ScriptedPort {
+  CountedPort(test::ScriptedRadio& line, int& alive) : ScriptedPort(line), alive_(alive) {
+    ++alive_;
+  }
+  CountedPort(const CountedPort&) = delete;
+  CountedPort& operator=(const CountedPort&) = delete;
+  CountedPort(CountedPort&&) = delete;
+  CountedPort& operator=(CountedPort&&) = delete;
+  ~CountedPort() override { --alive_; }
+
+ private:
+  int& alive_;
+};
+struct CountedPorts : platform::SerialPorts {
+  CountedPorts(test::ScriptedRadio& line, int& living) : radio(line), alive(living) {}
+  std::unique_ptr<platform::SerialPort> create() override {
+    return std::make_unique<CountedPort>(radio, alive);
+  }
+  test::ScriptedRadio& radio;
+  int& alive;
+};
+
+/// Both radios at one line, one of them plugged in.
+struct Bc245Switch : testing::Test, test::World {
+  int portsAlive = 0;
+  CountedPorts countedPorts{radio, portsAlive};
+  Services counted{state, gate, countedPorts, dialogs,       settings,
+                   clock, link, files,        commonDialogs, "/program"};
+  std::unique_ptr<Application> application = std::make_unique<Application>(counted, windows);
+  bool bc245 = false;
+
+  Bc245Switch() {
+    store.files["/program/Searchlist.txt"] = "";
+    radio.answer = [this](std::string_view command) {
+      const std::string reply = command == "SI"   ? (bc245 ? test::kBc245Identity : "ERR")
+                                : command == "MD" ? "MD13"
+                                : command == "MA" ? "NG"
+                                                  : "OK";
+      return std::vector<test::Piece>{{reply + "\r"}};
+    };
+    application->start();
+    gate.enterTimer(windows.splash->Timer1);
+  }
+  void tick() { gate.enterTimer(application->mainForm()->Scantimer); }
+};
+
+TEST_F(Bc245Switch, LeavesNothingBehindInTwoHundredRounds) {
+  for (int round = 0; round < 200; ++round) {
+    bc245 = !bc245;
+    radio.log.clear();
+    windows.calls.clear();
+    tick();
+    ASSERT_EQ(windows.form2 != nullptr, bc245) << round;
+    ASSERT_EQ(windows.form4 != nullptr, !bc245) << round;
+    ASSERT_TRUE(state.SwitchingScanners);
+    ASSERT_EQ(windows.calls.size(), 4U) << "notice, close, open, notice gone";
+    // The splash's, which stays to the end, and the window's.
+    ASSERT_EQ(portsAlive, 2) << round;
+    tick();
+    ASSERT_FALSE(state.SwitchingScanners);
+    ASSERT_EQ(state.ScannerName, bc245 ? "BC245XLT " : "BC895XLT");
+    ASSERT_TRUE(application->mainForm()->MSComm1->portOpen());
+    ASSERT_TRUE(application->mainForm()->Scantimer.enabled());
+  }
+  EXPECT_THAT(dialogs.boxes, IsEmpty());
+  EXPECT_EQ(dialogs.busyPointer.size(), 400U);
+  application.reset();
+  EXPECT_EQ(portsAlive, 0);
+}
+
+TEST_F(Bc245Switch, AsksForTheUnsavedPlanAndNothingElse) {
+  bc245 = true;
+  tick();
+  tick();
+  bc245 = false;
+  state.MemoryModified = true;
+  dialogs.answers = {platform::Answer::No};
+  tick();
+  EXPECT_THAT(dialogs.takeBoxes(),
+              ElementsAre(test::Box{"Save Changes to Scanlist File?", "Save Changes", 36}));
+  EXPECT_NE(windows.form4, nullptr);
+}
+
+}  // namespace
+}  // namespace tarnvex::shell
