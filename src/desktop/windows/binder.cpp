@@ -97,9 +97,15 @@ void showIf(QWidget* widget, bool visible) {
   }
 }
 
+void focusIfShown(QWidget* widget) {
+  if (widget->isVisible()) {
+    widget->setFocus();
+  }
+}
+
 void Binder::bindControl(QWidget* widget, platform::Control& model, const QString& name) {
   widget->setObjectName(name);
-  keep(model.focusRequested.connect([widget] { widget->setFocus(); }));
+  keep(model.focusRequested.connect([widget] { focusIfShown(widget); }));
 }
 
 void Binder::enter(Urgency urgency, platform::EventGate::Handler handler) {

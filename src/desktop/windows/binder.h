@@ -17,6 +17,9 @@ namespace tarnvex::desktop {
 
 /// Shows or hides a widget; one that isn't in a window yet stays off the screen either way.
 void showIf(QWidget* widget, bool visible);
+/// Gives a widget the focus. One on a page that isn't in front can't take it, and must not when its
+/// page comes to the front.
+void focusIfShown(QWidget* widget);
 
 /// Binds widgets to the core's control models: a widget shows its model's state and passes the
 /// user's events on, through the event gate. It takes no decision. The widget's object name is the

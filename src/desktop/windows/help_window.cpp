@@ -42,6 +42,8 @@ HelpWindow::HelpWindow(const QString& folder)
   search_->setClearButtonEnabled(true);
   list_->setObjectName(QStringLiteral("helpPages"));
   list_->setAccessibleName(tr("Pages"));
+  list_->setWordWrap(true);
+  list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   text_->setObjectName(QStringLiteral("helpText"));
   text_->setOpenExternalLinks(false);
   text_->setSearchPaths({folder_});

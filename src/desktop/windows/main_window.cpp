@@ -122,7 +122,13 @@ void MainWindow::place(RadioPanel* panel, QBoxLayout::Direction direction) {
 }
 
 void MainWindow::showTab() {
-  const auto show = [this] { tabs_->setCurrentIndex(form_.SSTab1.tab()); };
+  const auto show = [this] {
+    if (tabs_->currentIndex() != form_.SSTab1.tab()) {
+      // Not into whatever control stands first on the page.
+      tabs_->tabBar()->setFocus();
+      tabs_->setCurrentIndex(form_.SSTab1.tab());
+    }
+  };
   show();
   binder_.keep(form_.SSTab1.changed.connect(show));
   connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) { form_.SSTab1.setTab(tab); });

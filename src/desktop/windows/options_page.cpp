@@ -210,6 +210,7 @@ QWidget* makeOptionsPage(const QVector<QVector<QWidget*>>& columns) {
   page->setWidget(content);
   page->setWidgetResizable(true);
   page->setFrameShape(QFrame::NoFrame);
+  page->setFocusPolicy(Qt::NoFocus);
   return page;
 }
 

@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "desktop/ports/text.h"
+#include "desktop/windows/binder.h"
 
 namespace tarnvex::desktop {
 namespace {
@@ -89,7 +90,7 @@ PlanTable::PlanTable(platform::Table& table, platform::EventGate& gate, int stre
   columns_ = table_.changed.connect([this] { showColumns(); });
   scroll_ = table_.scrollRequested.connect(
       [this](int row) { scrollTo(model()->index(row - 1, 1), PositionAtTop); });
-  focus_ = table_.focusRequested.connect([this] { setFocus(); });
+  focus_ = table_.focusRequested.connect([this] { focusIfShown(this); });
   addEditActions();
   showColumns();
   showCursor();
