@@ -19,6 +19,18 @@ TEST(Commands, BuildsRequests) {
   EXPECT_EQ(command::setLimit(command::kLowerLimit, 29), "LL00290000");
   EXPECT_EQ(command::setLimit(command::kUpperLimit, 956), "LU09560000");
   EXPECT_EQ(command::setLimit(command::kLowerLimit, 155.115), "LL01551150");
+  EXPECT_EQ(command::selectChannel(7), "MA007");
+  EXPECT_EQ(command::readChannel(300), "PM300");
+  EXPECT_EQ(command::writeChannel(12, 155.115), "PM012 01551150");
+  EXPECT_EQ(command::writeChannel(300, 0), "PM300 00000000");
+  EXPECT_EQ(command::setTone(5), "CS05");
+  EXPECT_EQ(command::setTrunkType("A", 2), "TR A 2");
+  EXPECT_EQ(command::setTrunkType("J", 5, "08510125", "0025"), "TR J 5 08510125 0025");
+  EXPECT_EQ(command::lockId(kLockout895.lock, "001234"), "ILR 001234");
+  EXPECT_EQ(command::lockId(kLockout245.unlock, " 001234"), "ILD 001234");
+  EXPECT_EQ(command::readSkip(7), "SS07");
+  EXPECT_EQ(command::readLockout(7), "IL007");
+  EXPECT_EQ(command::skipFrequency(29.0), "SS00290000");
   EXPECT_EQ(bankLetter(0), 'A');
   EXPECT_EQ(bankLetter(9), 'J');
 }
@@ -93,6 +105,21 @@ TEST(Commands, ReadsTheShortReplies) {
   EXPECT_EQ(searchLimit("ERR"), std::nullopt);
   EXPECT_EQ(modeOf("MD07MD08"), "MD07");
   EXPECT_EQ(modeOf("MD"), "MD");
+}
+
+TEST(Commands, ReadsWhatOnlyTheHandHeldSends) {
+  EXPECT_EQ(IdentityReply("xxBC245XLTxx0123456789x215").polledModel(), "BC245XLTx");
+  EXPECT_EQ(IdentityReply("xxBC245XLTxx0123456789x215").polledSerialNumber(), "0123456789");
+  EXPECT_EQ(withDashes("IC A1 12\xFE"
+                       "345"),
+            "IC A1 12-345");
+  EXPECT_EQ(TrunkIdReply("xxxB7x001234").place(), "B7");
+  EXPECT_EQ(priorityPlace("xxxB7"), "B7");
+  EXPECT_EQ(priorityPlace("NG"), "");
+  EXPECT_EQ(TrunkTypeReply("xxxAxE2-800").bank() + TrunkTypeReply("xxxAxE2-800").word(), "AE2-800");
+  EXPECT_TRUE(IdLine("ID   001234").isId() && !IdLine("MD09").isId());
+  EXPECT_EQ(IdLine("IDxx 001234x").id(), " 001234");
+  EXPECT_TRUE(IdLine("IDxx NONE").saysNoId());
 }
 
 TEST(Commands, ReadsStreamedIds) {

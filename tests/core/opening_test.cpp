@@ -1,0 +1,123 @@
+#include <gtest/gtest.h>
+
+#include "bc895_rig.h"
+
+/// What every tick asks before it turns to its mode.
+namespace tarnvex::monitor {
+namespace {
+
+using test::Exchange;
+using test::opening;
+
+TEST(Opening, ShowASignalByFourBars) {
+  struct Case {
+    const char* signal;
+    int bars;
+  };
+  // From two bars lit; levels outside the meter's range leave them.
+  for (const auto& [signal, bars] : {Case{"S000", 2},
+                                     {"S012", 2},
+                                     {"S013", 0},
+                                     {"S015", 0},
+                                     {"S016", 1},
+                                     {"S017", 1},
+                                     {"S018", 2},
+                                     {"S020", 2},
+                                     {"S021", 3},
+                                     {"S023", 3},
+                                     {"S024", 4},
+                                     {"S026", 4},
+                                     {"S027", 2},
+                                     {"S099", 2},
+                                     {"S-15", 2},
+                                     {"SABC", 2},
+                                     {"S", 2},
+                                     {"", 2}}) {
+    test::Bc895Rig rig;
+    rig.tick(opening("MD15", "S019"));
+    rig.tick(opening("MD15", signal));
+    int lit = 0;
+    for (int bar = 0; bar < 5; ++bar) {
+      const bool on = rig.form.panel.Sig[static_cast<std::size_t>(bar)].visible();
+      EXPECT_EQ(on, bar < bars) << signal << " bar " << bar;
+      lit += on ? 1 : 0;
+    }
+    EXPECT_EQ(lit, bars) << signal;
+    rig.form.panel.Sig[4].setVisible(true);
+    rig.tick(opening("MD15", "S026"));
+    EXPECT_FALSE(rig.form.panel.Sig[4].visible());
+  }
+}
+
+TEST(Opening, MirrorMuteAndEchoItsChange) {
+  test::Bc895Rig rig;
+  const auto tick = [&](const char* answer, const char* echo) {
+    std::vector<Exchange> exchanges = opening("MD15");
+    exchanges[1] = {"MU", answer};
+    if (echo != nullptr) {
+      exchanges.insert(exchanges.begin() + 2, {echo, "OK"});
+    }
+    rig.tick(exchanges);
+    return rig.form.Check6.value();
+  };
+  EXPECT_TRUE(tick("MUN", "MUN"));
+  EXPECT_TRUE(tick("MUN", nullptr));
+  EXPECT_FALSE(tick("ERR", "MUA"));
+  EXPECT_FALSE(tick("MUA", nullptr));
+}
+
+TEST(Opening, AskNoLimitThatTheUserEdits) {
+  for (const bool lower : {false, true}) {
+    for (const bool upper : {false, true}) {
+      test::Bc895Rig rig;
+      rig.form.LLimit.setText("30");
+      rig.form.Ulimit.setText("900");
+      rig.state.LowerLimitEditing = lower;
+      rig.state.UpperLimitEditing = upper;
+      std::vector<Exchange> exchanges = opening("MD15");
+      std::erase_if(exchanges, [&](const Exchange& exchange) {
+        return (lower && exchange.command == "LL") || (upper && exchange.command == "LU");
+      });
+      rig.tick(exchanges);
+      EXPECT_EQ(rig.form.LLimit.text(), lower ? "30" : "29.0000");
+      EXPECT_EQ(rig.form.Ulimit.text(), upper ? "900" : "956.0000");
+    }
+  }
+  test::Bc895Rig rig;
+  std::vector<Exchange> exchanges = opening("MD15");
+  exchanges[5] = {"LL", "LL ERROR"};
+  rig.form.LLimit.setText("30.0000");
+  rig.tick(exchanges);
+  EXPECT_EQ(rig.form.LLimit.text(), "30.0000") << "what is no number leaves the box";
+}
+
+TEST(Opening, KnowTheirOwnRadio) {
+  struct Case {
+    const char* answer;
+    bool switched;
+  };
+  for (const auto& [answer, switched] : {Case{"ERR", false},
+                                         {"FER", false},
+                                         {"", false},
+                                         {"SIBC245XLT 0123456789 215", true},
+                                         {"NG", true}}) {
+    SCOPED_TRACE(answer);
+    test::Bc895Rig rig;
+    rig.state.ModelKey = "BC895";
+    rig.state.SwitchingScanners = true;
+    std::vector<Exchange> exchanges = opening("MD15");
+    exchanges[0] = {"SI", answer};
+    if (switched) {
+      exchanges.erase(exchanges.begin() + 1, exchanges.end());
+    }
+    rig.tick(exchanges);
+    EXPECT_EQ(rig.switches, switched ? 1 : 0);
+    EXPECT_EQ(rig.state.ModelKey, switched ? "BC245" : "BC895");
+    EXPECT_EQ(rig.state.ScannerName, switched ? "BC245XLT" : "BC895XLT");
+    EXPECT_EQ(rig.state.FirmwareText + rig.state.SerialNumberText, switched ? "" : "N/AN/A");
+    EXPECT_EQ(rig.state.SwitchingScanners, switched);
+  }
+}
+
+}  // namespace
+}  // namespace tarnvex::monitor
