@@ -36,6 +36,10 @@ void Application::switchScanner() {
                                              services_.state.ScannerName + ". Please Wait");
   services_.dialogs.setBusyPointer(true);
   services_.gate.yield();
+  // The user may have left meanwhile.
+  if (services_.gate.ended()) {
+    return;
+  }
   main_->unload();
   windows_.closeMain();
   retireMain();

@@ -52,15 +52,16 @@ void MainForm::requestUnload() {
   if (asking_) {
     return;
   }
-  if (!services_.state.SwitchingScanners) {
-    asking_ = true;
-    const auto answer =
-        services_.dialogs.messageBox("Exit Tarnvex?", "Confirm Exit", platform::kYesNoQuestion);
-    asking_ = false;
-    if (answer != platform::Answer::Yes) {
-      return;
-    }
+  asking_ = true;
+  const auto answer =
+      services_.dialogs.messageBox("Exit Tarnvex?", "Confirm Exit", platform::kYesNoQuestion);
+  asking_ = false;
+  if (answer != platform::Answer::Yes) {
+    return;
   }
+  // The flag still stands in the moment behind an exchange of the windows. It spares the window
+  // that was exchanged; left standing, it would take this one apart and not end the program.
+  services_.state.SwitchingScanners = false;
   unload();
 }
 
