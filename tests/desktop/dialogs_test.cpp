@@ -1,0 +1,145 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include "desktop/ports/qt_dialogs.h"
+#include "desktop/ports/qt_event_loop.h"
+
+namespace tarnvex::test {
+namespace {
+
+using platform::Answer;
+using platform::MessageFlags;
+
+/// Message boxes answered by a user who acts once the box shows.
+class DialogsTest : public testing::Test {
+ protected:
+  Answer ask(MessageFlags flags, const std::function<void(QMessageBox&)>& act) {
+    QTimer user;
+    QObject::connect(&user, &QTimer::timeout, [&] {
+      if (auto* box = shown()) {
+        user.stop();
+        act(*box);
+      }
+    });
+    user.start(1);
+    return dialogs.messageBox("Exit <b>Tarnvex</b>?", "Confirm Exit", flags);
+  }
+  static QMessageBox* shown() {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      auto* box = qobject_cast<QMessageBox*>(widget);
+      if (box != nullptr && box->isVisible()) {
+        return box;
+      }
+    }
+    return nullptr;
+  }
+
+  desktop::QtEventLoop loop;
+  platform::EventGate gate{loop};
+  desktop::QtDialogs dialogs{gate};
+};
+
+TEST_F(DialogsTest, ShowsTheWordsAndReturnsTheButton) {
+  struct Case {
+    MessageFlags flags;
+    QMessageBox::Icon icon;
+    std::vector<std::pair<QMessageBox::StandardButton, Answer>> buttons;
+    Answer escaped;
+  };
+  const auto yesNo = std::vector<std::pair<QMessageBox::StandardButton, Answer>>{
+      {QMessageBox::Yes, Answer::Yes}, {QMessageBox::No, Answer::No}};
+  const std::vector<Case> cases = {
+      {platform::kErrorIcon, QMessageBox::Critical, {{QMessageBox::Ok, Answer::Ok}}, Answer::Ok},
+      {platform::kYesNoQuestion, QMessageBox::Question, yesNo, Answer::No},
+      {platform::kWarning, QMessageBox::Warning, {{QMessageBox::Ok, Answer::Ok}}, Answer::Ok},
+      {platform::kOkCancelWarning,
+       QMessageBox::Warning,
+       {{QMessageBox::Ok, Answer::Ok}, {QMessageBox::Cancel, Answer::Cancel}},
+       Answer::Cancel},
+      {platform::kYesNoWarning, QMessageBox::Warning, yesNo, Answer::No},
+      {platform::kInformation,
+       QMessageBox::Information,
+       {{QMessageBox::Ok, Answer::Ok}},
+       Answer::Ok},
+  };
+  for (const auto& [flags, icon, buttons, escaped] : cases) {
+    SCOPED_TRACE(flags);
+    for (const auto& [button, answer] : buttons) {
+      EXPECT_EQ(ask(flags,
+                    [&, button = button](QMessageBox& box) {
+                      EXPECT_EQ(box.text(), "Exit <b>Tarnvex</b>?");
+                      EXPECT_EQ(box.textFormat(), Qt::PlainText);
+                      EXPECT_EQ(box.windowTitle(), "Confirm Exit");
+                      EXPECT_EQ(box.icon(), icon);
+                      EXPECT_EQ(box.buttons().size(), static_cast<qsizetype>(buttons.size()));
+                      box.button(button)->click();
+                    }),
+                answer);
+    }
+    EXPECT_EQ(ask(flags, [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); }), escaped);
+    EXPECT_EQ(ask(flags, [](QMessageBox& box) { box.close(); }), escaped);
+    EXPECT_EQ(shown(), nullptr);
+  }
+}
+
+TEST_F(DialogsTest, SurvivesTheEndOfTheWindowBelow) {
+  auto* window = new QWidget;
+  window->show();
+  QApplication::setActiveWindow(window);
+  EXPECT_EQ(ask(platform::kYesNoWarning,
+                [&](QMessageBox& box) {
+                  EXPECT_EQ(box.parentWidget(), window);
+                  delete window;
+                }),
+            Answer::No);
+}
+
+TEST_F(DialogsTest, KeepsTheCoreAliveBehindABoxAndEndsWithTheProgram) {
+  platform::Timer poll{1};
+  int ticks = 0;
+  poll.onTick = [&] { ++ticks; };
+  poll.setEnabled(true);
+  Answer answer = Answer::Ok;
+  gate.enter([&] {
+    answer = ask(platform::kYesNoQuestion, [&](QMessageBox& box) {
+      gate.enterTimer(poll);
+      gate.enter([&] {
+        EXPECT_EQ(ticks, 0) << "user events come before the poll";
+        // A second box over the first, which is answered first.
+        EXPECT_EQ(dialogs.messageBox("", "", platform::kYesNoQuestion), Answer::No);
+        box.button(QMessageBox::Yes)->click();
+      });
+      QTimer::singleShot(0, &box, [&] {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+          if (widget != &box && widget->isVisible()) {
+            widget->close();
+          }
+        }
+      });
+    });
+  });
+  EXPECT_EQ(answer, Answer::Yes);
+  EXPECT_EQ(ticks, 1);
+
+  EXPECT_EQ(ask(platform::kYesNoQuestion, [&](QMessageBox&) { gate.end(); }), Answer::No);
+  EXPECT_EQ(dialogs.messageBox("", "", platform::kOkCancelWarning), Answer::Cancel);
+  EXPECT_EQ(shown(), nullptr) << "no box once the program has ended";
+}
+
+TEST_F(DialogsTest, TheHourglassIsSetAndTakenOnce) {
+  for (int i = 0; i < 2; ++i) {
+    dialogs.setBusyPointer(true);
+  }
+  ASSERT_NE(QApplication::overrideCursor(), nullptr);
+  EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+  dialogs.setBusyPointer(false);
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+  dialogs.setBusyPointer(false);
+}
+
+}  // namespace
+}  // namespace tarnvex::test

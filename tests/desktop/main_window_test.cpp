@@ -1,0 +1,224 @@
+#include "desktop/windows/main_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QInputDialog>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTest>
+
+#include "desktop/window_fixture.h"
+
+namespace tarnvex::test {
+namespace {
+
+using platform::Answer;
+
+TEST_F(Bc895Window, OpensOnOptionsWithItsTabsAndMenus) {
+  EXPECT_EQ(window.objectName(), "Form4");
+  EXPECT_EQ(window.windowTitle(), "Tarnvex - Untitled");
+  auto& tabs = find<QTabWidget>("SSTab1");
+  QStringList captions;
+  for (int tab = 0; tab < tabs.count(); ++tab) {
+    captions << tabs.tabText(tab);
+  }
+  EXPECT_EQ(captions,
+            (QStringList{"Station Program", "Trunked Data", "Options", "Search Results"}));
+  EXPECT_EQ(tabs.currentIndex(), 2);
+  form.SSTab1.setTab(0);
+  EXPECT_EQ(tabs.currentIndex(), 0);
+  tabs.setCurrentIndex(3);
+  EXPECT_EQ(form.SSTab1.tab(), 3);
+  form.window.setCaption("155.1150 \x93");
+  EXPECT_EQ(window.windowTitle(), QStringLiteral("155.1150 \u201C"));
+  ASSERT_FALSE(window.menuBar()->actions().isEmpty());
+  EXPECT_EQ(window.menuBar()->actions().first()->text(), "&File");
+  dialogs.answers = {Answer::No};
+  find<QAction>("mnuExit").trigger();
+  EXPECT_EQ(dialogs.takeBoxes(), (std::vector<Box>{{"Exit Tarnvex?", "Confirm Exit", 36}}));
+}
+
+TEST_F(Bc895Window, ShowsAndPassesOnEverySwitch) {
+  std::vector<std::pair<QString, platform::CheckBox*>> boxes = {{"chkKeyBeep", &form.chkKeyBeep},
+                                                                {"chkRecord", &form.chkRecord},
+                                                                {"Check6", &form.Check6},
+                                                                {"chkSkip", &form.chkSkip}};
+  for (int i = 0; i < 20; ++i) {
+    boxes.emplace_back(QStringLiteral("MSBank(%1)").arg(i),
+                       &form.MSBank[static_cast<std::size_t>(i)]);
+  }
+  for (const auto& [name, model] : boxes) {
+    SCOPED_TRACE(name.toStdString());
+    auto& widget = find<QCheckBox>(name);
+    EXPECT_TRUE(!widget.text().isEmpty() || !widget.accessibleName().isEmpty());
+    const bool before = model->value();
+    EXPECT_EQ(widget.isChecked(), before);
+    widget.click();
+    EXPECT_EQ(model->value(), !before);
+    EXPECT_EQ(widget.isChecked(), !before);
+    model->setValue(before);
+    EXPECT_EQ(widget.isChecked(), before);
+    // A click while the core is busy waits at the gate.
+    gate.enter([&, model = model] {
+      widget.click();
+      EXPECT_EQ(model->value(), before);
+    });
+    EXPECT_EQ(model->value(), !before);
+    model->setEnabled(false);
+    EXPECT_FALSE(widget.isEnabled());
+  }
+}
+
+TEST_F(Bc895Window, ShowsAndPassesOnEveryChoice) {
+  const std::vector<std::pair<QString, platform::ComboBox*>> combos = {{"Combo1", &form.Combo1},
+                                                                       {"Combo2", &form.Combo2},
+                                                                       {"Combo3", &form.Combo3},
+                                                                       {"Combo4", &form.Combo4}};
+  form.Scantimer.setEnabled(false);
+  for (const auto& [name, model] : combos) {
+    SCOPED_TRACE(name.toStdString());
+    auto& widget = find<QComboBox>(name);
+    ASSERT_EQ(widget.count(), static_cast<int>(model->items().size()));
+    EXPECT_EQ(widget.currentText().toStdString(), model->text());
+    model->setListIndex(0);
+    EXPECT_EQ(widget.currentIndex(), 0);
+    QTest::keyClick(&widget, Qt::Key_Down);
+    EXPECT_EQ(model->listIndex(), 1);
+  }
+  const std::vector<std::pair<QString, platform::OptionButton*>> options = {
+      {"Option2", &form.Option2}, {"Option3", &form.Option3}, {"Option4", &form.Option4},
+      {"Option1", &form.Option1}, {"Option5", &form.Option5}, {"Option6", &form.Option6}};
+  form.MSBank[0].setValue(true);
+  for (const auto& [name, model] : options) {
+    SCOPED_TRACE(name.toStdString());
+    auto& widget = find<QRadioButton>(name);
+    EXPECT_EQ(widget.text().toStdString(), model->caption());
+    widget.click();
+    for (const auto& [otherName, other] : options) {
+      EXPECT_EQ(find<QRadioButton>(otherName).isChecked(), other->value());
+    }
+    EXPECT_TRUE(model->value());
+    if (model == &form.Option4) {
+      EXPECT_EQ(form.MSComm1->commPort(), 4);
+    }
+  }
+}
+
+TEST_F(Bc895Window, ConnectsAndKeepsHitListsAndLimits) {
+  form.MSComm1->close();
+  form.Scantimer.setEnabled(false);
+  find<QPushButton>("Command3").click();
+  EXPECT_TRUE(form.MSComm1->portOpen() && form.Scantimer.enabled());
+
+  openTab(3);
+  const std::vector<std::tuple<QString, platform::ListBox*, QString>> lists = {
+      {"List1", &form.List1, "Command1"}, {"List2", &form.List2, "Command2"}};
+  for (const auto& [name, model, clear] : lists) {
+    auto& widget = find<QListWidget>(name);
+    model->add("155.1150 one");
+    model->add("two");
+    model->replace(1, "3");
+    ASSERT_EQ(widget.count(), 2);
+    EXPECT_EQ(widget.item(1)->text(), "3");
+    find<QPushButton>(clear).click();
+    EXPECT_EQ(widget.count(), 0);
+    EXPECT_EQ(model->count(), 0);
+  }
+  form.List1.add("155.1150 one");
+  auto& hits = find<QListWidget>("List1");
+  QTest::mouseClick(hits.viewport(), Qt::LeftButton, {},
+                    hits.visualItemRect(hits.item(0)).center());
+  EXPECT_EQ(form.MSFlexGrid1.textMatrix(1, 1), "155.1150");
+
+  openTab(2);
+  auto& limit = find<QLineEdit>("LLimit");
+  form.LLimit.setText("29.0");
+  EXPECT_EQ(limit.text(), "29.0");
+  limit.setFocus();
+  limit.selectAll();
+  QTest::keyClicks(&limit, "15x1.5");
+  EXPECT_EQ(form.LLimit.text(), "151.5");
+  EXPECT_EQ(limit.text(), "151.5");
+  EXPECT_EQ(dialogs.beeps, 1);
+  radio.log.clear();
+  QTest::keyClick(&limit, Qt::Key_Return);
+  EXPECT_EQ(radio.takeLog(), "LL01515000; KEY00");
+}
+
+TEST_F(Bc895Window, TheComMenuNamesADevice) {
+  auto& option = find<QRadioButton>("Option1");
+  const auto openMenu = [&]() -> QMenu* {
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, option.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&option, &event);
+    return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  };
+  const auto choose = [&](const QString& entry) {
+    auto* menu = openMenu();
+    ASSERT_NE(menu, nullptr);
+    for (QAction* action : menu->actions()) {
+      if (action->text() == entry) {
+        EXPECT_TRUE(action->isEnabled()) << entry.toStdString();
+        action->trigger();
+      }
+    }
+    menu->close();
+    loop.turn();
+  };
+  choose("Other device...");
+  auto* input = option.findChild<QInputDialog*>();
+  ASSERT_NE(input, nullptr);
+  input->setTextValue(" /dev/serial/by-id/usb-7 ");
+  form.MSComm1->close();
+  input->accept();
+  loop.turn();
+  EXPECT_EQ(settings.values[std::pair("Ports", "COM1")], "/dev/serial/by-id/usb-7");
+  EXPECT_TRUE(form.MSComm1->portOpen()) << "the port in use moves at once";
+  const auto labels = window.findChildren<QLabel*>();
+  EXPECT_TRUE(std::ranges::any_of(labels, [](auto* label) { return label->text() == "usb-7"; }));
+  choose("Any device found");
+  EXPECT_EQ(settings.values[std::pair("Ports", "COM1")], "");
+}
+
+TEST_F(Bc895Window, ClosingAsks) {
+  const std::vector<Box> question = {{"Exit Tarnvex?", "Confirm Exit", 36}};
+  dialogs.answers = {Answer::No};
+  window.close();
+  EXPECT_EQ(dialogs.takeBoxes(), question);
+  EXPECT_TRUE(window.isVisible() && form.MSComm1->portOpen() && form.Scantimer.enabled() && !ended);
+  // A second wish to close while the question stands asks nothing more.
+  dialogs.answers = {Answer::Yes};
+  dialogs.whileOpen = [&] {
+    window.close();
+    gate.yield();
+  };
+  window.close();
+  EXPECT_EQ(dialogs.takeBoxes(), question);
+  EXPECT_TRUE(ended && !form.MSComm1->portOpen());
+}
+
+TEST_F(Bc895Window, ThePanelFollowsItsLabelsAndTurnsItsKnob) {
+  auto& panel = find<desktop::RadioPanel>("panel");
+  form.panel.Frequency.setCaption("155.1150");
+  form.panel.Alpha.setCaption("Fire dispatch");
+  form.panel.Wx.setVisible(true);
+  const QString words = panel.displayText();
+  for (const char* part : {"155.1150", "Fire dispatch", "WX"}) {
+    EXPECT_TRUE(words.contains(QLatin1String(part), Qt::CaseInsensitive)) << words.toStdString();
+  }
+  form.panel.Label1.setBackColor(0x0000FF);
+  EXPECT_EQ(panel.displayColour(), QColor(255, 0, 0));
+  const QPoint knob = panel.knobRect().center();
+  QTest::mousePress(&panel, Qt::LeftButton, {}, knob);
+  EXPECT_TRUE(state.KnobDownHeld);
+  QTest::mousePress(&panel, Qt::RightButton, {}, knob);
+  EXPECT_TRUE(state.KnobUpHeld);
+  QTest::mouseRelease(&panel, Qt::LeftButton, {}, knob);
+  QTest::mouseRelease(&panel, Qt::RightButton, {}, knob);
+  EXPECT_FALSE(state.KnobDownHeld || state.KnobUpHeld);
+}
+
+}  // namespace
+}  // namespace tarnvex::test

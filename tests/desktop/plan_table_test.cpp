@@ -1,0 +1,125 @@
+// The plan's tables in the real windows.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QPaintEvent>
+#include <QTableView>
+#include <QTest>
+
+#include "desktop/window_fixture.h"
+
+namespace tarnvex::test {
+namespace {
+
+TEST_F(Bc895Window, LaysOutItsTables) {
+  auto& stations = find<QTableView>("MSFlexGrid1");
+  const QStringList headings = {"Ch.", "Frequency", "Trnk",  "Dly",
+                                "L/O", "Line",      "CTCSS", "Alpha Tag"};
+  EXPECT_EQ(stations.model()->rowCount(), 300);
+  ASSERT_EQ(stations.model()->columnCount(), 8);
+  openTab(0);
+  loop.turn();
+  for (int column = 0; column < 8; ++column) {
+    EXPECT_EQ(stations.model()->headerData(column, Qt::Horizontal), headings[column]);
+    EXPECT_FALSE(stations.isColumnHidden(column));
+    EXPECT_GE(stations.columnWidth(column),
+              stations.fontMetrics().horizontalAdvance(headings[column]));
+  }
+  EXPECT_EQ(stations.model()->index(299, 0).data(), "300");
+  EXPECT_EQ(find<QTableView>("MSFlexGrid2").model()->rowCount(), 1000);
+  // A bank is brought to the top.
+  find<QComboBox>("Combo3").setFocus();
+  QTest::keyClick(&find<QComboBox>("Combo3"), Qt::Key_Down);
+  EXPECT_EQ(stations.rowAt(1), 30);
+  EXPECT_EQ(stations.currentIndex(), stations.model()->index(30, 1));
+  EXPECT_TRUE(stations.hasFocus());
+}
+
+TEST_F(Bc245Window, HidesTheColumnsOfTheOtherRadio) {
+  EXPECT_EQ(window.objectName(), "Form2");
+  auto& stations = find<QTableView>("MSFlexGrid1");
+  for (int column = 0; column < 8; ++column) {
+    EXPECT_EQ(stations.isColumnHidden(column), column == 5 || column == 6) << column;
+  }
+  for (const auto& [name, model] :
+       {std::pair{"Combo1", &form.Combo1}, std::pair{"Combo4", &form.Combo4}}) {
+    EXPECT_EQ(find<QComboBox>(name).count(), static_cast<int>(model->items().size())) << name;
+  }
+}
+
+TEST_F(Bc895Window, TabLeavesTheTables) {
+  for (const auto& [tab, name] : {std::pair{0, "MSFlexGrid1"}, std::pair{1, "MSFlexGrid2"}}) {
+    openTab(tab);
+    auto& table = find<QTableView>(name);
+    table.setFocus();
+    ASSERT_TRUE(table.hasFocus());
+    QTest::keyClick(&table, Qt::Key_Tab);
+    ASSERT_NE(QApplication::focusWidget(), nullptr);
+    EXPECT_FALSE(table.hasFocus());
+    table.setFocus();
+    QTest::keyClick(&table, Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_FALSE(table.hasFocus());
+  }
+}
+
+/// Notes when a widget paints over a spot.
+class PaintWatch : public QObject {
+ public:
+  PaintWatch(QWidget* widget, QRect spot) : spot_(spot) { widget->installEventFilter(this); }
+  bool painted = false;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Paint) {
+      painted = painted || static_cast<QPaintEvent*>(event)->region().intersects(spot_);
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  QRect spot_;
+};
+
+TEST_F(Bc895Window, TypedKeysAreSeenWhileAnExchangeWaits) {
+  openTab(0);
+  auto& table = find<QTableView>("MSFlexGrid1");
+  table.setFocus();
+  table.setCurrentIndex(table.model()->index(1, 1));
+  loop.turn();
+  const QRect cell = table.visualRect(table.currentIndex());
+  const QImage before = table.viewport()->grab(cell).toImage();
+  bool waited = false;
+  radio.whileWaiting = [&] {
+    PaintWatch watch(table.viewport(), cell);
+    QTest::keyClick(&table, Qt::Key_7);
+    EXPECT_EQ(form.MSFlexGrid1.textMatrix(2, 1), "7");
+    loop.turn();
+    EXPECT_TRUE(watch.painted);
+    // The cursor moves too, and a second wish stays outside the core until the exchange is over.
+    QTest::keyClick(&table, Qt::Key_Down);
+    EXPECT_EQ(form.MSFlexGrid1.row(), 3);
+    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, cell.center());
+    waited = true;
+  };
+  gate.enter([&] {
+    EXPECT_EQ(link.SendCommand("MD"), "ERR");
+    radio.whileWaiting = nullptr;
+    radio.log.clear();
+  });
+  EXPECT_TRUE(waited);
+  EXPECT_EQ(radio.takeLog(), "MA002") << "the double click came after";
+  EXPECT_NE(table.viewport()->grab(cell).toImage(), before);
+
+  // What the table can't hold is dropped with a beep; a shortcut is no text.
+  table.setCurrentIndex(table.model()->index(4, 7));
+  for (const QString& text : {QStringLiteral("\u4E2D"), QStringLiteral("\u00FC")}) {
+    QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, text);
+    QApplication::sendEvent(&table, &key);
+  }
+  QTest::keyClick(&table, Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(form.MSFlexGrid1.textMatrix(5, 7), "\xFC");
+}
+
+}  // namespace
+}  // namespace tarnvex::test

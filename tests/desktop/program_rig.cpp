@@ -1,0 +1,186 @@
+#include "desktop/program_rig.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QPushButton>
+
+namespace tarnvex::test {
+namespace {
+
+/// Far beyond what any step takes, also on a busy machine.
+constexpr int kStepMilliseconds = 20000;
+
+}  // namespace
+
+RadioProcess::RadioProcess(const QStringList& arguments) {
+  process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+  process_.start(QStringLiteral(TARNVEX_RADIO), arguments + QStringList{"--control"});
+  EXPECT_TRUE(process_.waitForReadyRead(10000)) << "no radio";
+  EXPECT_TRUE(process_.readLine().startsWith("ready "));
+}
+
+RadioProcess::~RadioProcess() {
+  process_.write("quit\n");
+  process_.closeWriteChannel();
+  EXPECT_TRUE(process_.waitForFinished(10000));
+  const QByteArray said = process_.readAll();
+  EXPECT_FALSE(said.contains("error:")) << said.constData();
+}
+
+void RadioProcess::say(const QByteArray& line) {
+  process_.write(line + '\n');
+  process_.waitForBytesWritten(1000);
+}
+
+QByteArray RadioProcess::ask(const QByteArray& key) {
+  process_.readAll();
+  say("state");
+  QByteArray said;
+  while (!(said.contains("\nterminal=") && said.endsWith("ok\n")) &&
+         process_.waitForReadyRead(5000)) {
+    said += process_.readAll();
+  }
+  const auto at = said.indexOf('\n' + key + '=');
+  return at < 0 ? QByteArray() : said.mid(at + key.size() + 2).split('\n').first();
+}
+
+namespace {
+
+/// Names the radio's line as COM 1 before the program reads its settings.
+QString settingsIn(const QTemporaryDir& folder) {
+  const QString path = folder.filePath("Tarnvex.conf");
+  desktop::IniSettings(path).saveSetting("Ports", "COM1", folder.filePath("line").toStdString());
+  return path;
+}
+
+}  // namespace
+
+ProgramRig::ProgramRig(const QStringList& radioArguments)
+    : radio(radioArguments + QStringList{"--link", folder.filePath("line")}),
+      program(settingsIn(folder)) {}
+
+void ProgramRig::play(std::vector<Step> steps) {
+  steps_ = std::move(steps);
+  steps_.push_back({"leave", [this] { return form() != nullptr && box() == nullptr; },
+                    [this] { program.windows.mainWindow()->close(); }});
+  steps_.push_back(
+      {"the exit question", boxShows("Confirm Exit"), [this] { press(QMessageBox::Yes); }});
+  at_ = 0;
+  deadline_.setRemainingTime(kStepMilliseconds);
+  QTimer watch;
+  QObject::connect(&watch, &QTimer::timeout, [this] { look(); });
+  watch.start(lookMilliseconds);
+  EXPECT_EQ(program.run(), 0);
+  EXPECT_EQ(at_, steps_.size());
+}
+
+void ProgramRig::look() {
+  QMessageBox* shown = box();
+  if (shown != seen_ && shown != nullptr && boxStands("Scanner Not Responding")) {
+    ++silences;
+  }
+  seen_ = shown;
+  if (form() != watched_ && form() != nullptr) {
+    watched_ = form();
+    connections_.push_back(form()->Scantimer.finished.connect([this] { ++ticks_; }));
+  }
+  if (at_ >= steps_.size() || acting_) {
+    return;
+  }
+  if (!steps_[at_].when()) {
+    if (deadline_.hasExpired()) {
+      fail("waited in vain for: " + steps_[at_].name);
+    }
+    return;
+  }
+  deadline_.setRemainingTime(kStepMilliseconds);
+  // What is done may turn the loop for long, and the looks must go on meanwhile: a timer doesn't
+  // fire again within its own signal.
+  acting_ = true;
+  QMetaObject::invokeMethod(
+      &context_,
+      [this, &step = steps_[at_]] {
+        acting_ = false;
+        ++at_;
+        step.then();
+      },
+      Qt::QueuedConnection);
+}
+
+void ProgramRig::fail(const std::string& why) {
+  ADD_FAILURE() << why << "\n" << picture();
+  at_ = steps_.size();
+  program.gate.end();
+  if (form() != nullptr) {
+    form()->MSComm1->close();
+  }
+  program.loop.leave();
+}
+
+std::string ProgramRig::picture() const {
+  std::string text = "mode " + program.state.CurrentMode + "\n";
+  if (isBc895()) {
+    for (const auto& line : monitor::describe(panel())) {
+      text += line + "\n";
+    }
+  }
+  if (box() != nullptr) {
+    text += "box: " + box()->text().toStdString();
+  }
+  return text;
+}
+
+bool ProgramRig::isBc895() const {
+  return dynamic_cast<shell::Form4*>(form()) != nullptr;
+}
+
+monitor::PanelState& ProgramRig::panel() const {
+  return dynamic_cast<shell::Form4&>(*form()).panel;
+}
+
+bool ProgramRig::shows(const std::string& line) const {
+  const auto lines = monitor::describe(panel());
+  return std::ranges::find(lines, line) != lines.end();
+}
+
+QMessageBox* ProgramRig::box() const {
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    auto* box = qobject_cast<QMessageBox*>(widget);
+    if (box != nullptr && box->isVisible()) {
+      return box;
+    }
+  }
+  return nullptr;
+}
+
+bool ProgramRig::boxStands(const char* title) const {
+  return box() != nullptr && box()->windowTitle() == QLatin1String(title);
+}
+
+void ProgramRig::press(QMessageBox::StandardButton button) const {
+  box()->button(button)->click();
+}
+
+void ProgramRig::connectAgain() const {
+  program.windows.mainWindow()->findChild<QPushButton*>("Command3")->click();
+}
+
+std::function<bool()> ProgramRig::bc895(const std::string& line) {
+  return [this, line] { return isBc895() && shows(line); };
+}
+
+std::function<bool()> ProgramRig::boxShows(const char* title) {
+  return [this, title] { return boxStands(title); };
+}
+
+std::function<bool()> ProgramRig::polled() {
+  return [this, from = std::optional<int>()]() mutable {
+    if (!from) {
+      from = ticks_;
+    }
+    return ticks_ >= *from + 5;
+  };
+}
+
+}  // namespace tarnvex::test

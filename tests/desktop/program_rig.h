@@ -1,0 +1,90 @@
+#pragma once
+
+#include <QMessageBox>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "desktop/program.h"
+
+namespace tarnvex::test {
+
+/// A tarnvex-radio of its own, steered by its control lines. Fails the test if it refuses one.
+class RadioProcess {
+ public:
+  explicit RadioProcess(const QStringList& arguments);
+  ~RadioProcess();
+  RadioProcess(const RadioProcess&) = delete;
+  RadioProcess& operator=(const RadioProcess&) = delete;
+  RadioProcess(RadioProcess&&) = delete;
+  RadioProcess& operator=(RadioProcess&&) = delete;
+
+  void say(const QByteArray& line);
+  /// A value of the radio's state.
+  [[nodiscard]] QByteArray ask(const QByteArray& key);
+
+ private:
+  QProcess process_;
+};
+
+/// What the user or the radio does once something shows.
+struct Step {
+  std::string name;
+  std::function<bool()> when;
+  std::function<void()> then = [] {};
+};
+
+/// The whole program, windows and all, on a simulated radio. `play` runs it as main does and works
+/// its way through the steps; conditions are looked at every few milliseconds from outside the
+/// core, wherever the core is. It then leaves as a user does, so every test also ends the program.
+class ProgramRig {
+ public:
+  explicit ProgramRig(const QStringList& radioArguments = {"--baud", "0", "--scene", "quiet"});
+
+  void play(std::vector<Step> steps);
+
+  [[nodiscard]] shell::MainForm* form() const { return program.application.mainForm(); }
+  [[nodiscard]] monitor::PanelState& panel() const;
+  [[nodiscard]] bool isBc895() const;
+  [[nodiscard]] bool shows(const std::string& line) const;
+  [[nodiscard]] QMessageBox* box() const;
+  [[nodiscard]] bool boxStands(const char* title) const;
+  void press(QMessageBox::StandardButton button) const;
+  void connectAgain() const;
+
+  /// Conditions.
+  std::function<bool()> bc895(const std::string& line);
+  std::function<bool()> boxShows(const char* title);
+  /// Holds once the poll has run a few times more than when it was first looked at.
+  std::function<bool()> polled();
+
+  /// How often the conditions are looked at.
+  int lookMilliseconds = 2;
+  /// Notices that the link is lost, in the whole run.
+  int silences = 0;
+
+  QTemporaryDir folder;
+  RadioProcess radio;
+  desktop::Program program;
+
+ private:
+  void look();
+  void fail(const std::string& why);
+  [[nodiscard]] std::string picture() const;
+
+  std::vector<Step> steps_;
+  std::size_t at_ = 0;
+  bool acting_ = false;
+  QObject context_;
+  QDeadlineTimer deadline_;
+  QMessageBox* seen_ = nullptr;
+  int ticks_ = 0;
+  std::vector<platform::Connection> connections_;
+  const shell::MainForm* watched_ = nullptr;
+};
+
+}  // namespace tarnvex::test

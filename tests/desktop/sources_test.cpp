@@ -1,0 +1,63 @@
+// Walls that no compiler sees.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <sstream>
+#include <string>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Calls `look` with the path below src/ and the text of each source file.
+template <class Look>
+void forEachSource(Look look) {
+  int files = 0;
+  for (const auto& entry : fs::recursive_directory_iterator(TARNVEX_SOURCES)) {
+    const auto extension = entry.path().extension();
+    if (extension == ".h" || extension == ".cpp") {
+      std::ifstream file(entry.path(), std::ios::binary);
+      std::ostringstream text;
+      text << file.rdbuf();
+      look(fs::relative(entry.path(), TARNVEX_SOURCES).generic_string(), text.str());
+      ++files;
+    }
+  }
+  EXPECT_GT(files, 50) << "looked in the wrong place";
+}
+
+bool holds(const std::string& text, const std::regex& pattern) {
+  return std::regex_search(text, pattern);
+}
+
+TEST(Sources, TurnTheEventLoopInOnePlace) {
+  const std::regex turning(
+      R"(processEvents|\bexec\s*\(|QEventLoop\s+\w|\b(QThread::)?[mu]?sleep\s*\()"
+      R"(|waitFor(ReadyRead|BytesWritten|Started|Finished|Connected|Disconnected|NewConnection|Done)\b)");
+  bool foundInPlace = false;
+  forEachSource([&](const std::string& path, const std::string& text) {
+    if (path.starts_with("desktop/ports/qt_event_loop.")) {
+      foundInPlace = foundInPlace || holds(text, turning);
+    } else {
+      EXPECT_FALSE(holds(text, turning)) << path;
+    }
+  });
+  EXPECT_TRUE(foundInPlace) << "the pattern finds what it is to find";
+}
+
+TEST(Sources, KeepQtInTheDesktopRoom) {
+  const std::regex qt(R"(#\s*include\s*[<"]Q)");
+  const std::regex desktop(R"(#\s*include\s*"desktop/)");
+  forEachSource([&](const std::string& path, const std::string& text) {
+    // The programs' own files stand beside the rooms.
+    const bool program = path.find('/') == std::string::npos;
+    if (!path.starts_with("desktop/") && !program) {
+      EXPECT_FALSE(holds(text, qt)) << path;
+      EXPECT_FALSE(holds(text, desktop)) << path;
+    }
+  });
+}
+
+}  // namespace

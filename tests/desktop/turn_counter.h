@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QAbstractEventDispatcher>
+#include <QElapsedTimer>
+#include <QObject>
+
+#include "desktop/ports/qt_event_loop.h"
+
+namespace tarnvex::test {
+
+/// Counts how often the event loop wakes up. A device that reports an error without end, or a loop
+/// that doesn't sleep, makes it tens of thousands a second.
+class TurnCounter {
+ public:
+  TurnCounter() {
+    connection_ = QObject::connect(QAbstractEventDispatcher::instance(),
+                                   &QAbstractEventDispatcher::awake, [this] { ++turns_; });
+  }
+  ~TurnCounter() { QObject::disconnect(connection_); }
+  TurnCounter(const TurnCounter&) = delete;
+  TurnCounter& operator=(const TurnCounter&) = delete;
+  TurnCounter(TurnCounter&&) = delete;
+  TurnCounter& operator=(TurnCounter&&) = delete;
+
+  [[nodiscard]] int turns() const { return turns_; }
+
+ private:
+  QMetaObject::Connection connection_;
+  int turns_ = 0;
+};
+
+/// Turns in that many milliseconds in which nothing should happen.
+inline int turnsWithin(desktop::QtEventLoop& loop, int milliseconds) {
+  const TurnCounter counter;
+  loop.waitUntil([] { return false; }, QDeadlineTimer(milliseconds));
+  return counter.turns();
+}
+
+}  // namespace tarnvex::test

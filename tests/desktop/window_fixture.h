@@ -1,0 +1,84 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QFile>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <stdexcept>
+#include <vector>
+
+#include "desktop/ports/posix_files.h"
+#include "desktop/ports/qt_common_dialog.h"
+#include "desktop/ports/qt_event_loop.h"
+#include "desktop/ports/wall_clock.h"
+#include "desktop/windows/main_window.h"
+#include "desktop/windows/qt_windows.h"
+#include "support/fake_dialogs.h"
+#include "support/fake_settings.h"
+#include "support/scripted_port.h"
+
+namespace tarnvex::test {
+
+/// Everything below a main window: the machine's own files and event loop, the rest is faked.
+class Below {
+ protected:
+  Below() {
+    QFile list(folder.filePath("Searchlist.txt"));
+    EXPECT_TRUE(list.open(QIODevice::WriteOnly));
+  }
+
+  QTemporaryDir folder;
+  ScriptedRadio radio;
+  ScriptedPorts ports{radio};
+  FakeSettings settings;
+  FakeDialogs dialogs;
+  desktop::QtEventLoop loop;
+  platform::EventGate gate{loop};
+  desktop::DeviceSlots devices{settings};
+  desktop::QtCommonDialogs commonDialogs{gate};
+  desktop::FileCalls fileCalls;
+  desktop::PosixFiles fileStore{fileCalls};
+  platform::SequentialFiles files{fileStore};
+  desktop::WallClock clock;
+  platform::SharedState state;
+  link::ScannerLink link{state, dialogs};
+  bool ended = false;
+  shell::Services services{state, gate, ports, dialogs,       settings,
+                           clock, link, files, commonDialogs, folder.path().toStdString()};
+  desktop::QtWindows windows{loop, gate, devices};
+  shell::MainFormOutside outside{[] {}, [this] { ended = true; }, windows};
+};
+
+template <class Form>
+class WindowTest : public testing::Test, protected Below {
+ protected:
+  WindowTest() {
+    radio.answer = [](std::string_view) { return std::vector<Piece>{{"ERR\r"}}; };
+    window.resize(1000, 800);
+    window.show();
+    form.load();
+    QApplication::setActiveWindow(&window);
+    loop.turn();
+  }
+
+  template <class Widget>
+  Widget& find(const QString& name) {
+    const auto found = window.template findChildren<Widget*>(name);
+    if (found.size() != 1) {
+      ADD_FAILURE() << found.size() << " widgets called " << name.toStdString();
+      throw std::runtime_error("no such widget");
+    }
+    return *found.front();
+  }
+  void openTab(int tab) { find<QTabWidget>("SSTab1").setCurrentIndex(tab); }
+
+  Form form{services, outside};
+  desktop::MainWindow window{form, gate, devices};
+};
+
+using Bc895Window = WindowTest<shell::Form4>;
+using Bc245Window = WindowTest<shell::Form2>;
+
+}  // namespace tarnvex::test
