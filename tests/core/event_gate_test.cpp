@@ -93,6 +93,15 @@ TEST_F(EventGateTest, NeverNestsATickButLetsOthersRunInIt) {
   EXPECT_EQ(course, "tick( key other ) ");
 }
 
+TEST_F(EventGateTest, KeepsNoTickForATimerThatIsDueInItsOwn) {
+  poll.onTick = [&] {
+    course += "tick ";
+    gate.enterTimer(poll);
+  };
+  gate.enterTimer(poll);
+  EXPECT_EQ(course, "tick ");
+}
+
 TEST_F(EventGateTest, KeepsThePollAliveBehindAMessageBox) {
   for (const bool beforeTick : {false, true}) {
     course.clear();

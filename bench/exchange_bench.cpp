@@ -1,0 +1,122 @@
+// What an exchange costs beside the bare line. Both sides talk to the same radio, block by block in
+// turns, so that a busy machine slows both alike.
+#include <fcntl.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <array>
+#include <memory>
+
+#include "bench/measure.h"
+#include "desktop/program_rig.h"
+
+namespace tarnvex::bench {
+namespace {
+
+constexpr const char* kCommand = "MD";
+
+/// A serial line with nothing around it.
+class BareLine {
+ public:
+  explicit BareLine(const std::string& path) : file_(::open(path.c_str(), O_RDWR | O_NOCTTY)) {
+    termios settings{};
+    tcgetattr(file_, &settings);
+    cfmakeraw(&settings);
+    cfsetspeed(&settings, B9600);
+    tcsetattr(file_, TCSANOW, &settings);
+  }
+  ~BareLine() { ::close(file_); }
+  BareLine(const BareLine&) = delete;
+  BareLine& operator=(const BareLine&) = delete;
+  BareLine(BareLine&&) = delete;
+  BareLine& operator=(BareLine&&) = delete;
+
+  std::string exchange(const std::string& command) const {
+    const std::string line = command + "\r";
+    std::string reply;
+    if (::write(file_, line.data(), line.size()) != static_cast<ssize_t>(line.size())) {
+      return reply;
+    }
+    std::array<char, 256> buffer{};
+    while (!reply.ends_with('\r')) {
+      const ssize_t count = ::read(file_, buffer.data(), buffer.size());
+      if (count <= 0) {
+        break;
+      }
+      reply.append(buffer.data(), static_cast<std::size_t>(count));
+    }
+    return reply;
+  }
+
+ private:
+  int file_;
+};
+
+/// The program's link on its own port, without windows.
+class Link {
+ public:
+  explicit Link(const std::string& path) : settings_(folder_.filePath("settings")) {
+    settings_.saveSetting("Ports", "COM1", path);
+    link_.attachBc895({&port_, &timer_});
+  }
+  platform::SerialPort& port() { return port_; }
+  std::string exchange(const std::string& command) { return link_.SendCommand(command); }
+
+ private:
+  QTemporaryDir folder_;
+  desktop::QtEventLoop loop_;
+  platform::EventGate gate_{loop_};
+  desktop::IniSettings settings_;
+  desktop::DeviceSlots devices_{settings_};
+  desktop::QtSerialPort port_{loop_, gate_, devices_};
+  desktop::QtDialogs dialogs_{gate_};
+  platform::SharedState state_;
+  platform::Timer timer_{25};
+  link::ScannerLink link_{state_, dialogs_};
+};
+
+/// Milliseconds per exchange in a block of them.
+template <class Exchange>
+double block(int exchanges, Exchange exchange) {
+  exchange();
+  const auto start = Clock::now();
+  for (int i = 0; i < exchanges; ++i) {
+    if (exchange().empty()) {
+      std::fprintf(stderr, "no answer\n");
+    }
+  }
+  return millisecondsSince(start) / exchanges;
+}
+
+void compare(Table& table, const std::string& name, const QStringList& radioArguments, int blocks,
+             int exchanges, double limit) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath("line");
+  test::RadioProcess radio(radioArguments + QStringList{"--scene", "quiet", "--link", path});
+  Link link(path.toStdString());
+  std::vector<double> bare;
+  std::vector<double> own;
+  std::vector<double> ratios;
+  for (int i = 0; i < blocks; ++i) {
+    {
+      const BareLine line(path.toStdString());
+      bare.push_back(block(exchanges, [&] { return line.exchange(kCommand); }));
+    }
+    link.port().open();
+    own.push_back(block(exchanges, [&] { return link.exchange(kCommand); }));
+    link.port().close();
+    ratios.push_back(own.back() / bare.back());
+  }
+  table.note("exchange " + name + ": bare line", quantile(bare, 0.5), "ms");
+  table.note("exchange " + name + ": link", quantile(own, 0.5), "ms");
+  table.atMost("exchange " + name + ": link / bare line", quantile(ratios, 0.5), limit);
+}
+
+}  // namespace
+
+void benchExchange(Table& table) {
+  compare(table, "unpaced", {"--baud", "0"}, 101, 200, 1.5);
+  compare(table, "9600 baud", {"--baud", "9600"}, 31, 10, 1.01);
+}
+
+}  // namespace tarnvex::bench

@@ -1,0 +1,61 @@
+#include "bench/measure.h"
+
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace tarnvex::bench {
+namespace {
+
+std::string text(double value) {
+  char buffer[32];
+  std::snprintf(buffer, sizeof buffer, "%.3f", value);
+  return buffer;
+}
+
+}  // namespace
+
+double processorMilliseconds() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  const auto milliseconds = [](const timeval& time) {
+    return static_cast<double>(time.tv_sec) * 1000 + static_cast<double>(time.tv_usec) / 1000;
+  };
+  return milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
+}
+
+double quantile(std::vector<double> values, double share) {
+  if (values.empty()) {
+    return 0;
+  }
+  std::ranges::sort(values);
+  const auto at = static_cast<std::size_t>(share * static_cast<double>(values.size()));
+  return values[std::min(at, values.size() - 1)];
+}
+
+Table::Table() {
+  std::printf("%-58s %12s %-6s %10s\n", "", "measured", "", "limit");
+}
+
+void Table::atMost(const std::string& what, double value, double limit, const char* unit) {
+  row(what, value, unit, "<= " + text(limit), value <= limit ? "ok" : "MISSED");
+  missed_ = missed_ || value > limit;
+}
+
+void Table::atLeast(const std::string& what, double value, double limit, const char* unit) {
+  row(what, value, unit, ">= " + text(limit), value >= limit ? "ok" : "MISSED");
+  missed_ = missed_ || value < limit;
+}
+
+void Table::note(const std::string& what, double value, const char* unit) {
+  row(what, value, unit, "", "");
+}
+
+void Table::row(const std::string& what, double value, const char* unit, const std::string& limit,
+                const char* verdict) {
+  std::printf("%-58s %12.3f %-6s %10s %s\n", what.c_str(), value, unit, limit.c_str(), verdict);
+  std::fflush(stdout);
+}
+
+}  // namespace tarnvex::bench
