@@ -84,6 +84,8 @@ class Typist : public QObject {
  public:
   explicit Typist(QTableView& table) : table_(table) {
     table.viewport()->installEventFilter(this);
+    // The first key event makes the keyboard device, which belongs to this thread.
+    const QKeyEvent first(QEvent::KeyPress, Qt::Key_7, Qt::NoModifier);
     hand_ = std::thread([this] { type(); });
   }
   ~Typist() override {
@@ -127,9 +129,14 @@ class Typist : public QObject {
         const bool digit = i % 2 == 0;
         pressedAt_ = Clock::now();
         pressed_ = true;
-        QCoreApplication::postEvent(
-            &table_, new QKeyEvent(QEvent::KeyPress, digit ? Qt::Key_7 : Qt::Key_Backspace,
-                                   Qt::NoModifier, digit ? "7" : "\b"));
+        QMetaObject::invokeMethod(
+            &table_,
+            [this, digit] {
+              QKeyEvent key(QEvent::KeyPress, digit ? Qt::Key_7 : Qt::Key_Backspace, Qt::NoModifier,
+                            digit ? "7" : "\b");
+              QCoreApplication::sendEvent(&table_, &key);
+            },
+            Qt::QueuedConnection);
       }
     }
   }
@@ -170,6 +177,8 @@ struct Polling {
                        allGaps.insert(allGaps.end(), gaps.begin(), gaps.end());
                        delays.insert(delays.end(), typist->delays.begin(), typist->delays.end());
                        typist.reset();
+                       // Nobody wants to save what was typed here.
+                       rig.program.state.MemoryModified = false;
                      }});
   }
   void report(Table& table, const std::string& when) {
