@@ -177,9 +177,9 @@ struct Polling {
                        allGaps.insert(allGaps.end(), gaps.begin(), gaps.end());
                        delays.insert(delays.end(), typist->delays.begin(), typist->delays.end());
                        typist.reset();
-                       // Nobody wants to save what was typed here.
-                       rig.program.state.MemoryModified = false;
                      }});
+    // Nobody wants to save what was typed here, the last keys under way included.
+    steps.push_back({"calm", after(200), [this] { rig.program.state.MemoryModified = false; }});
   }
   void report(Table& table, const std::string& when) {
     table.note(when + ": keys typed", static_cast<double>(delays.size()));
