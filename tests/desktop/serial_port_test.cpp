@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTimer>
+#include <array>
 
 #include "desktop/ports/qt_serial_port.h"
 #include "desktop/test_line.h"
@@ -228,9 +229,13 @@ TEST_P(UnplugTest, GivesOneNoticeAndNoBusyLoopAndComesBack) {
   EXPECT_TRUE(dialogs.takeBoxes().empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Phases, UnplugTest,
-                         testing::Values(Phase::Idle, Phase::FirstByte, Phase::MidReply,
-                                         Phase::Unlimited));
+INSTANTIATE_TEST_SUITE_P(
+    Phases, UnplugTest,
+    testing::Values(Phase::Idle, Phase::FirstByte, Phase::MidReply, Phase::Unlimited),
+    [](const auto& info) {
+      constexpr std::array kNames = {"Idle", "FirstByte", "MidReply", "Unlimited"};
+      return std::string(kNames[static_cast<std::size_t>(info.param)]);
+    });
 
 }  // namespace
 }  // namespace tarnvex::test
