@@ -53,7 +53,7 @@ TEST_F(StartTest, SplashTellsTheRadiosApart) {
     EXPECT_THAT(world.windows.takeCalls(), ElementsAre("openSplash"));
     world.radio.expect({probe});
     bool closedInTime = false;
-    world.windows.onCall = [&](const std::string& call) {
+    world.windows.onCall = [&, key = key, texts = texts](const std::string& call) {
       if (call.starts_with("openMain")) {
         closedInTime = world.radio.log.back() == "close";
         EXPECT_EQ(world.state.ModelKey, key);
