@@ -57,7 +57,7 @@ class ByteRadio {
 
  private:
   std::string text(unsigned length) {
-    const std::string taken(bytes_.substr(0, length));
+    std::string taken(bytes_.substr(0, length));
     bytes_.remove_prefix(taken.size());
     return taken;
   }
