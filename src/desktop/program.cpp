@@ -11,7 +11,11 @@ static void initialiseResources() {
 
 namespace tarnvex::desktop {
 
-Program::Program(const QString& settingsPath) : settings(settingsPath) {
+Program::Program(const QString& settingsPath, const QString& programFolder,
+                 platform::SerialPorts* otherPorts)
+    : settings(settingsPath),
+      portsInUse(otherPorts != nullptr ? *otherPorts : ports),
+      directory(QFile::encodeName(programFolder).toStdString()) {
   initialiseResources();
   QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/tarnvex.svg")));
 }

@@ -20,7 +20,11 @@ namespace tarnvex::desktop {
 /// process; it needs a QApplication.
 class Program {
  public:
-  explicit Program(const QString& settingsPath = IniSettings::defaultPath());
+  /// `programFolder` is where the program keeps its files. `otherPorts`, if given, are used in
+  /// place of the machine's.
+  explicit Program(const QString& settingsPath = IniSettings::defaultPath(),
+                   const QString& programFolder = programDirectory(),
+                   platform::SerialPorts* otherPorts = nullptr);
 
   /// Shows the splash and runs until the user has left. Returns the exit status.
   int run();
@@ -30,6 +34,8 @@ class Program {
   IniSettings settings;
   DeviceSlots devices{settings};
   QtSerialPorts ports{loop, gate, devices};
+  platform::SerialPorts& portsInUse;
+  const std::string directory;
   QtDialogs dialogs{gate};
   QtCommonDialogs commonDialogs{gate};
   FileCalls fileCalls;
@@ -40,8 +46,7 @@ class Program {
   link::ScannerLink link{state, dialogs};
   QtWindows windows{loop, gate, devices};
   shell::Application application{
-      {state, gate, ports, dialogs, settings, clock, link, files, commonDialogs,
-       QFile::encodeName(programDirectory()).toStdString()},
+      {state, gate, portsInUse, dialogs, settings, clock, link, files, commonDialogs, directory},
       windows};
 };
 
