@@ -17,9 +17,11 @@ int showSplash();
 int main(int argc, char** argv) {
   namespace bench = tarnvex::bench;
   using Bench = std::pair<std::string_view, void (*)(bench::Table&)>;
-  constexpr std::array<Bench, 4> kBenches = {{{"exchange", bench::benchExchange},
+  constexpr std::array<Bench, 6> kBenches = {{{"exchange", bench::benchExchange},
                                               {"poll", bench::benchPoll},
                                               {"still", bench::benchStill},
+                                              {"plan", bench::benchPlan},
+                                              {"transfer", bench::benchTransfer},
                                               {"start", bench::benchStart}}};
   const std::vector<std::string_view> wanted(argv + 1, argv + argc);
   const QApplication application(argc, argv);

@@ -35,7 +35,7 @@ double quantile(std::vector<double> values, double share) {
 }
 
 Table::Table() {
-  std::printf("%-58s %12s %-6s %10s\n", "", "measured", "", "limit");
+  std::printf("%-66s %12s %-6s %10s\n", "", "measured", "", "limit");
 }
 
 void Table::atMost(const std::string& what, double value, double limit, const char* unit) {
@@ -54,7 +54,7 @@ void Table::note(const std::string& what, double value, const char* unit) {
 
 void Table::row(const std::string& what, double value, const char* unit, const std::string& limit,
                 const char* verdict) {
-  std::printf("%-58s %12.3f %-6s %10s %s\n", what.c_str(), value, unit, limit.c_str(), verdict);
+  std::printf("%-66s %12.3f %-6s %10s %s\n", what.c_str(), value, unit, limit.c_str(), verdict);
   std::fflush(stdout);
 }
 

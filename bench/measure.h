@@ -42,6 +42,8 @@ class Table {
 void benchExchange(Table& table);
 void benchPoll(Table& table);
 void benchStill(Table& table);
+void benchPlan(Table& table);
+void benchTransfer(Table& table);
 void benchStart(Table& table);
 
 }  // namespace tarnvex::bench

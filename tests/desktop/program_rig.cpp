@@ -6,12 +6,6 @@
 #include <QPushButton>
 
 namespace tarnvex::test {
-namespace {
-
-/// Far beyond what any step takes, also on a busy machine.
-constexpr int kStepMilliseconds = 20000;
-
-}  // namespace
 
 RadioProcess::RadioProcess(const QStringList& arguments) {
   process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
@@ -67,7 +61,7 @@ void ProgramRig::play(std::vector<Step> steps) {
   steps_.push_back(
       {"the exit question", boxShows("Confirm Exit"), [this] { press(QMessageBox::Yes); }});
   at_ = 0;
-  deadline_.setRemainingTime(kStepMilliseconds);
+  deadline_.setRemainingTime(stepMilliseconds);
   QTimer watch;
   QObject::connect(&watch, &QTimer::timeout, [this] { look(); });
   watch.start(lookMilliseconds);
@@ -94,7 +88,7 @@ void ProgramRig::look() {
     }
     return;
   }
-  deadline_.setRemainingTime(kStepMilliseconds);
+  deadline_.setRemainingTime(stepMilliseconds);
   // What is done may turn the loop for long, and the looks must go on meanwhile: a timer doesn't
   // fire again within its own signal.
   acting_ = true;
@@ -120,10 +114,8 @@ void ProgramRig::fail(const std::string& why) {
 
 std::string ProgramRig::picture() const {
   std::string text = "mode " + program.state.CurrentMode + "\n";
-  if (isBc895()) {
-    for (const auto& line : monitor::describe(panel())) {
-      text += line + "\n";
-    }
+  for (const auto& line : panelLines()) {
+    text += line + "\n";
   }
   if (box() != nullptr) {
     text += "box: " + box()->text().toStdString();
@@ -139,8 +131,16 @@ monitor::PanelState& ProgramRig::panel() const {
   return dynamic_cast<shell::Form4&>(*form()).panel;
 }
 
+std::vector<std::string> ProgramRig::panelLines() const {
+  if (const auto* desk = dynamic_cast<shell::Form4*>(form())) {
+    return monitor::describe(desk->panel);
+  }
+  const auto* handheld = dynamic_cast<shell::Form2*>(form());
+  return handheld != nullptr ? monitor::describe(handheld->panel) : std::vector<std::string>();
+}
+
 bool ProgramRig::shows(const std::string& line) const {
-  const auto lines = monitor::describe(panel());
+  const auto lines = panelLines();
   return std::ranges::find(lines, line) != lines.end();
 }
 
@@ -168,6 +168,10 @@ void ProgramRig::connectAgain() const {
 
 std::function<bool()> ProgramRig::bc895(const std::string& line) {
   return [this, line] { return isBc895() && shows(line); };
+}
+
+std::function<bool()> ProgramRig::panelShows(const std::string& line) {
+  return [this, line] { return shows(line); };
 }
 
 std::function<bool()> ProgramRig::boxShows(const char* title) {

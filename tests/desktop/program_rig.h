@@ -48,8 +48,10 @@ class ProgramRig {
   void play(std::vector<Step> steps);
 
   [[nodiscard]] shell::MainForm* form() const { return program.application.mainForm(); }
+  /// The panel of a BC895XLT.
   [[nodiscard]] monitor::PanelState& panel() const;
   [[nodiscard]] bool isBc895() const;
+  /// Whether the panel of either radio, as text, has that line.
   [[nodiscard]] bool shows(const std::string& line) const;
   [[nodiscard]] QMessageBox* box() const;
   [[nodiscard]] bool boxStands(const char* title) const;
@@ -58,12 +60,15 @@ class ProgramRig {
 
   /// Conditions.
   std::function<bool()> bc895(const std::string& line);
+  std::function<bool()> panelShows(const std::string& line);
   std::function<bool()> boxShows(const char* title);
   /// Holds once the poll has run a few times more than when it was first looked at.
   std::function<bool()> polled();
 
   /// How often the conditions are looked at.
   int lookMilliseconds = 2;
+  /// How long a step is waited for: far beyond what it takes, also on a busy machine.
+  int stepMilliseconds = 20000;
   /// Notices that the link is lost, in the whole run.
   int silences = 0;
 
@@ -74,6 +79,7 @@ class ProgramRig {
  private:
   void look();
   void fail(const std::string& why);
+  [[nodiscard]] std::vector<std::string> panelLines() const;
   [[nodiscard]] std::string picture() const;
 
   std::vector<Step> steps_;

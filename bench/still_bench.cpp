@@ -1,0 +1,120 @@
+// Whether the window ever stands still: somebody types into the full tables of the whole program
+// while it polls a radio at 9600 baud, and while it waits for one that has fallen silent.
+#include <QApplication>
+
+#include "bench/full_plan.h"
+#include "bench/line.h"
+#include "bench/measure.h"
+#include "bench/typing.h"
+#include "desktop/program_rig.h"
+
+namespace tarnvex::bench {
+namespace {
+
+constexpr double kSliceMilliseconds = 2000;
+
+/// A cell of the plan to type into.
+struct Spot {
+  int tab;
+  const char* table;
+  int row;
+};
+
+class TypingRun {
+ public:
+  explicit TypingRun(const RadioModel& model) : rig_(radioAt9600(model)) {
+    // Searching the panel for its text too often would count as the program's own work.
+    rig_.lookMilliseconds = 10;
+    steps_ = {{"scanning", rig_.panelShows("Frequency: Scanning"),
+               [this] { fillPlan(rig_.form()->MSFlexGrid1, rig_.form()->MSFlexGrid2); }}};
+  }
+
+  void addSlice(const Spot& spot) { addSlice(spot, after(300)); }
+  /// Within the 2.9 s in which the program waits for the radio.
+  void addSilentSlice(const Spot& spot) {
+    steps_.push_back({"falls silent", rig_.polled(), [this] { rig_.radio.say("silence on"); }});
+    addSlice(spot, after(300));
+    steps_.push_back({"notice", rig_.boxShows("Scanner Not Responding"), [this] {
+                        rig_.press(QMessageBox::Ok);
+                        rig_.radio.say("silence off");
+                      }});
+    steps_.push_back({"given up", [this] { return !rig_.form()->MSComm1->portOpen(); },
+                      [this] { rig_.connectAgain(); }});
+  }
+
+  void play(Table& table, const std::string& when) {
+    rig_.play(steps_);
+    table.note(when + ": keys typed", static_cast<double>(delays_.size()));
+    table.note(when + ": key to painted cell, median", quantile(delays_, 0.5), "ms");
+    table.atMost(when + ": key to painted cell, 99th percentile", quantile(delays_, 0.99), 16,
+                 "ms");
+    table.atMost(when + ": longest gap of a 10 ms beat, median", quantile(longestGaps_, 0.5), 16,
+                 "ms");
+    table.note(when + ": longest gap of all", quantile(longestGaps_, 1), "ms");
+  }
+
+ private:
+  void addSlice(const Spot& spot, std::function<bool()> begin) {
+    steps_.push_back({"typing", std::move(begin), [this, spot] {
+                        open(spot);
+                        heartbeat_.start();
+                        typist_ = std::make_unique<Typist>(tableOf(spot));
+                      }});
+    steps_.push_back({"typed", after(kSliceMilliseconds), [this] {
+                        longestGaps_.push_back(quantile(heartbeat_.stop(), 1));
+                        delays_.insert(delays_.end(), typist_->delays.begin(),
+                                       typist_->delays.end());
+                        typist_.reset();
+                      }});
+    // Nobody wants to save what was typed here, the last keys under way included.
+    steps_.push_back({"calm", after(200), [this] { rig_.program.state.MemoryModified = false; }});
+  }
+
+  QTableView& tableOf(const Spot& spot) {
+    return *rig_.program.windows.mainWindow()->findChild<QTableView*>(QLatin1String(spot.table));
+  }
+
+  void open(const Spot& spot) {
+    rig_.form()->SSTab1.setTab(spot.tab);
+    QTableView& table = tableOf(spot);
+    table.setFocus();
+    table.setCurrentIndex(table.model()->index(spot.row - 1, 1));
+    // The page is there before the first key.
+    table.window()->repaint();
+  }
+
+  test::ProgramRig rig_;
+  std::vector<test::Step> steps_;
+  Heartbeat heartbeat_;
+  std::unique_ptr<Typist> typist_;
+  std::vector<double> longestGaps_;
+  std::vector<double> delays_;
+};
+
+}  // namespace
+
+void benchStill(Table& table) {
+  for (const RadioModel& model : kModels) {
+    const std::string name = model.name;
+    TypingRun channels(model);
+    for (const int row : {3, 300, 151, 30, 240}) {
+      channels.addSlice({0, "MSFlexGrid1", row});
+    }
+    channels.play(table, name + " polling, 300 channels");
+
+    TypingRun talkgroups(model);
+    for (const int row : {3, 1000, 501, 299, 720}) {
+      talkgroups.addSlice({1, "MSFlexGrid2", row});
+    }
+    talkgroups.play(table, name + " polling, 1000 IDs");
+
+    TypingRun silent(model);
+    for (const Spot& spot :
+         {Spot{0, "MSFlexGrid1", 3}, Spot{1, "MSFlexGrid2", 1000}, Spot{0, "MSFlexGrid1", 300}}) {
+      silent.addSilentSlice(spot);
+    }
+    silent.play(table, name + " silent");
+  }
+}
+
+}  // namespace tarnvex::bench
