@@ -3,10 +3,12 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <set>
@@ -21,7 +23,8 @@ using testing::ElementsAre;
 using testing::Eq;
 using testing::Optional;
 
-/// The machine's calls, of which the n-th fails. Opened files are counted.
+/// The machine's calls, of which the n-th fails, or is where the process gets killed. Opened files
+/// are counted.
 class FailingCalls : public desktop::FileCalls {
  public:
   int stat(const char* path, struct stat* status) override {
@@ -60,6 +63,7 @@ class FailingCalls : public desktop::FileCalls {
   /// Counts down to the failing call.
   int failAt = 0;
   int error = ENOSPC;
+  bool kills = false;
   std::string failed;
   int opened = 0;
   std::size_t atMost = std::string::npos;
@@ -68,6 +72,9 @@ class FailingCalls : public desktop::FileCalls {
   bool fails(const char* call) {
     if (--failAt != 0) {
       return false;
+    }
+    if (kills) {
+      std::raise(SIGKILL);
     }
     failed = call;
     errno = error;
@@ -142,6 +149,40 @@ TEST_F(DiskFiles, EveryFailingCallOfASaveLeavesOneWholeFile) {
     EXPECT_THAT(kinds, testing::IsSupersetOf({"stat", "access", "open", "write", "fchmod", "fsync",
                                               "close", "rename"}));
   }
+}
+
+TEST_F(DiskFiles, AProcessKilledInASaveLeavesOneWholeFileAndNothingForGood) {
+  const std::string old(40000, 'o');
+  const std::string fresh(40000, 'n');
+  calls.atMost = 1000;
+  calls.kills = true;
+  std::set<std::string> left;
+  bool killed = true;
+  for (int n = 1; killed; ++n) {
+    put(at("plan.tvf"), old);
+    const pid_t child = ::fork();
+    if (child == 0) {
+      calls.failAt = n;
+      ::_exit(store.replace(at("plan.tvf"), fresh) ? 1 : 0);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    killed = WIFSIGNALED(status);
+    left.insert(contentOf(at("plan.tvf")));
+    EXPECT_TRUE(killed || status == 0) << n;
+  }
+  EXPECT_THAT(left, ElementsAre(fresh, old)) << "each time the one or the other";
+  // One that another process may still be writing is left alone.
+  const auto strays = names();
+  EXPECT_GT(strays.size(), 40U);
+  EXPECT_FALSE(store.replace(at("plan.tvf"), fresh));
+  EXPECT_EQ(names(), strays);
+  put(at(".tarnvex-notes"), "no temporary file");
+  for (const auto& name : names()) {
+    fs::last_write_time(at(name), fs::file_time_type::clock::now() - std::chrono::minutes(2));
+  }
+  EXPECT_FALSE(store.replace(at("other.tvf"), fresh));
+  EXPECT_THAT(names(), ElementsAre(".tarnvex-notes", "other.tvf", "plan.tvf"));
 }
 
 TEST_F(DiskFiles, WritesGoOnAfterShortAndInterruptedOnes) {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <climits>
 #include <filesystem>
 #include <map>
@@ -22,6 +23,10 @@ namespace {
 constexpr int kMostLinks = 40;
 constexpr int kMostTemporaries = 100;
 constexpr std::size_t kBlock = std::size_t{64} << 10;
+constexpr std::string_view kTemporaryStart = ".tarnvex-";
+constexpr std::string_view kTemporaryEnd = ".tmp";
+/// No save takes that long from its last write to the renaming.
+constexpr std::chrono::minutes kStrayAge{1};
 
 std::string describe(int error) {
   static const std::map<int, const char*> kDescriptions = {
@@ -64,6 +69,19 @@ std::string lowerCase(std::string name) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
   });
   return name;
+}
+
+/// Whether this is a temporary file that nobody is writing any more: its process was killed. Told
+/// by its age, since the process may have run on another machine.
+bool isStray(const std::filesystem::directory_entry& entry) {
+  const std::string name = entry.path().filename().string();
+  std::error_code error;
+  if (!name.starts_with(kTemporaryStart) || !name.ends_with(kTemporaryEnd) ||
+      entry.symlink_status(error).type() != std::filesystem::file_type::regular) {
+    return false;
+  }
+  const auto written = entry.last_write_time(error);
+  return !error && std::filesystem::file_time_type::clock::now() - written > kStrayAge;
 }
 
 /// Closes a file that the scope is done with, whatever the way out. Keeps `errno`.
@@ -119,46 +137,6 @@ struct PosixFiles::Target {
   bool exists = false;
   struct stat status = {};
 };
-
-int FileCalls::stat(const char* path, struct stat* status) {
-  return ::stat(path, status);
-}
-int FileCalls::access(const char* path, int mode) {
-  return ::access(path, mode);
-}
-ssize_t FileCalls::readlink(const char* path, char* target, std::size_t size) {
-  return ::readlink(path, target, size);
-}
-int FileCalls::open(const char* path, int flags, mode_t mode) {
-  return ::open(path, flags, mode);
-}
-int FileCalls::fstat(int file, struct stat* status) {
-  return ::fstat(file, status);
-}
-ssize_t FileCalls::read(int file, void* bytes, std::size_t size) {
-  return ::read(file, bytes, size);
-}
-ssize_t FileCalls::write(int file, const void* bytes, std::size_t size) {
-  return ::write(file, bytes, size);
-}
-int FileCalls::fchown(int file, uid_t owner, gid_t group) {
-  return ::fchown(file, owner, group);
-}
-int FileCalls::fchmod(int file, mode_t mode) {
-  return ::fchmod(file, mode);
-}
-int FileCalls::fsync(int file) {
-  return ::fsync(file);
-}
-int FileCalls::close(int file) {
-  return ::close(file);
-}
-int FileCalls::rename(const char* from, const char* to) {
-  return ::rename(from, to);
-}
-int FileCalls::unlink(const char* path) {
-  return ::unlink(path);
-}
 
 bool PosixFiles::exists(const std::string& path) {
   if (misread(path)) {
@@ -266,6 +244,7 @@ Failure PosixFiles::replace(const std::string& path, std::string_view content) {
   if (auto failure = findTarget(path, target)) {
     return failure;
   }
+  removeStrays(folderName(target.path));
   std::string temporary;
   const int file = openTemporary(folderPart(target.path), temporary);
   if (file < 0) {
@@ -282,12 +261,25 @@ Failure PosixFiles::replace(const std::string& path, std::string_view content) {
   return describe(error);
 }
 
+/// What can't be looked at or removed stays; the next save tries again.
+void PosixFiles::removeStrays(const std::string& folder) {
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    if (isStray(*entry)) {
+      calls_.unlink(entry->path().c_str());
+    }
+  }
+}
+
 /// A new file under a short name of its own, which fits wherever the target's name fits.
 int PosixFiles::openTemporary(const std::string& folder, std::string& name) {
   int file = -1;
   for (int tries = 0; tries < kMostTemporaries; ++tries) {
-    name = folder + ".tarnvex-" + std::to_string(::getpid()) + "-" +
-           std::to_string(++temporaries_) + ".tmp";
+    name = folder;
+    name += kTemporaryStart;
+    name += std::to_string(::getpid()) + "-" + std::to_string(++temporaries_);
+    name += kTemporaryEnd;
     file = calls_.open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
     if (file >= 0 || errno != EEXIST) {
       break;

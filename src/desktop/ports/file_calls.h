@@ -1,0 +1,36 @@
+#pragma once
+
+#include <sys/stat.h>
+#include <sys/types.h>
+
+#include <cstddef>
+
+namespace tarnvex::desktop {
+
+/// The system calls that files are read and written with, each as its manual page tells: a negative
+/// result is a failure, and `errno` says which. Replaced by tests, so that any one can fail.
+class FileCalls {
+ public:
+  FileCalls() = default;
+  virtual ~FileCalls() = default;
+  FileCalls(const FileCalls&) = delete;
+  FileCalls& operator=(const FileCalls&) = delete;
+  FileCalls(FileCalls&&) = delete;
+  FileCalls& operator=(FileCalls&&) = delete;
+
+  virtual int stat(const char* path, struct stat* status);
+  virtual int access(const char* path, int mode);
+  virtual ssize_t readlink(const char* path, char* target, std::size_t size);
+  virtual int open(const char* path, int flags, mode_t mode);
+  virtual int fstat(int file, struct stat* status);
+  virtual ssize_t read(int file, void* bytes, std::size_t size);
+  virtual ssize_t write(int file, const void* bytes, std::size_t size);
+  virtual int fchown(int file, uid_t owner, gid_t group);
+  virtual int fchmod(int file, mode_t mode);
+  virtual int fsync(int file);
+  virtual int close(int file);
+  virtual int rename(const char* from, const char* to);
+  virtual int unlink(const char* path);
+};
+
+}  // namespace tarnvex::desktop
