@@ -2,33 +2,17 @@
 
 #include "memory/download_dialog.h"
 #include "memory/scanner_reset.h"
-#include "memory/tone_table.h"
 #include "memory/upload_dialog.h"
-#include "platform/convert.h"
 #include "support/radio_port.h"
+#include "support/sample_plan.h"
 #include "transfer_rig.h"
 
 namespace tarnvex::memory {
 namespace {
 
+using test::channelOf;
 using test::Lines;
 using test::TransferRig;
-
-/// A plan in which every field takes all its values, with empty channels in between.
-Lines channelOf(int number) {
-  const auto flag = [&](int divisor) { return std::string(number % divisor == 0 ? "X" : " "); };
-  if (number % 11 == 0) {
-    return {"0.0000", " ", flag(2), flag(3), flag(5), "", "tag " + std::to_string(number)};
-  }
-  const double megahertz = number % 7 == 0 ? 851.0 : 155.0;
-  return {platform::format(megahertz + number * 0.0125, "0.0000"),
-          flag(7),
-          flag(2),
-          flag(3),
-          flag(5),
-          ToneTable()[static_cast<std::size_t>(number % 39)],
-          "tag " + std::to_string(number)};
-}
 
 class RoundTrip : public testing::TestWithParam<TransferRig::Model> {};
 
