@@ -10,6 +10,7 @@
 #include "desktop/ports/qt_dialogs.h"
 #include "desktop/ports/qt_event_loop.h"
 #include "desktop/ports/qt_serial_port.h"
+#include "desktop/ports/sound_recorder.h"
 #include "desktop/ports/wall_clock.h"
 #include "desktop/windows/qt_windows.h"
 #include "shell/application.h"
@@ -40,14 +41,15 @@ class Program {
   QtCommonDialogs commonDialogs{gate};
   FileCalls fileCalls;
   PosixFiles fileStore{fileCalls};
+  SoundRecorders recorders;
   platform::SequentialFiles files{fileStore};
   WallClock clock;
   platform::SharedState state;
   link::ScannerLink link{state, dialogs};
   QtWindows windows{loop, gate, devices};
-  shell::Application application{
-      {state, gate, portsInUse, dialogs, settings, clock, link, files, commonDialogs, directory},
-      windows};
+  shell::Application application{{state, gate, portsInUse, dialogs, settings, clock, link, files,
+                                  commonDialogs, recorders, directory},
+                                 windows};
 };
 
 }  // namespace tarnvex::desktop

@@ -30,6 +30,11 @@ std::string aroundPoint(std::string_view text, std::string_view mask) {
   return format(mid(text, 8, 3), mask) + "." + mid(text, 11, 4);
 }
 
+/// A slot of trunked IDs: the group's letter and a digit, 0 being the tenth.
+std::string idPlace(int group, int slot) {
+  return bankLetter(group) + std::to_string(slot % 10);
+}
+
 }  // namespace
 
 std::string command::scanBanks(std::string_view letters) {
@@ -69,6 +74,23 @@ std::string command::setTrunkType(std::string_view bank, int type, std::string_v
   return setTrunkType(bank, type) + " " + std::string(base) + " " + std::string(step);
 }
 
+std::string command::readId(int group, int slot) {
+  return "IC " + idPlace(group, slot);
+}
+
+std::string command::writeId(int group, int slot, std::string_view id) {
+  return readId(group, slot) + " " + std::string(id);
+}
+
+std::string command::setPriorityId(int group, int slot) {
+  return "PI " + idPlace(group, slot);
+}
+
+std::string command::setFleetBlock(char bankLetter, int block, int sizeCode) {
+  return std::string("FB ") + bankLetter + " " + std::to_string(block) + " " +
+         format(sizeCode, "00");
+}
+
 std::string command::setBankList(std::string_view word, std::string_view list) {
   return std::string(word) + std::string(list);
 }
@@ -101,12 +123,20 @@ std::string key::number(int digit) {
   return "KEY02 " + std::to_string(digit);
 }
 
+std::string key::idCharacter(char character) {
+  return character == '-' ? std::string(kPoint) : std::string("KEY02 ") + character;
+}
+
 std::string key::bank(char letter) {
   return std::string("KEY21 ") + letter;
 }
 
 std::string key::withLineEnd(std::string_view command) {
   return std::string(command) + "\r";
+}
+
+bool mode245::holdsTrunkedBank(std::string_view mode) {
+  return mode.ends_with("12") || mode.ends_with("18");
 }
 
 bool IdentityReply::isOtherModel() const {
@@ -242,6 +272,11 @@ std::string withDashes(std::string reply) {
 
 std::string priorityPlace(std::string_view reply) {
   return mid(reply, 4, 2);
+}
+
+bool isPriorityId(std::string_view reply, int group, int slot) {
+  // The answer is the request that sets it.
+  return reply.starts_with(command::setPriorityId(group, slot));
 }
 
 std::optional<int> priorityChannelOf(std::string_view reply) {

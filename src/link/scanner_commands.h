@@ -88,6 +88,14 @@ std::string setTrunkType(std::string_view bank, int type);
 /// digits.
 std::string setTrunkType(std::string_view bank, int type, std::string_view base,
                          std::string_view step);
+/// Read a slot (1 to 10) of a group (0 to 9) of trunked IDs: see `TrunkIdReply`.
+std::string readId(int group, int slot);
+/// Write it, on a BC245XLT. The ID goes out as it stands; an empty one leaves the blank before it.
+std::string writeId(int group, int slot, std::string_view id);
+/// Make a slot its group's priority ID.
+std::string setPriorityId(int group, int slot);
+/// Give a block (0 to 7) of a bank's fleet map a size code.
+std::string setFleetBlock(char bankLetter, int block, int sizeCode);
 /// Set the list of banks that a word of the BC245XLT (`kScanBanks` or `kTrunkScanBanks`) names: as
 /// `bankList` cuts it out of the word's answer, with the blank before it.
 std::string setBankList(std::string_view word, std::string_view list);
@@ -175,6 +183,8 @@ inline constexpr std::string_view kTone = "KEY20";
 inline constexpr std::string_view kToneHeld = "KEY20H";
 /// A digit; on the BC245XLT also 10 for its tenth bank.
 std::string number(int digit);
+/// A character of an ID as it is typed: "-" is the point key, and any other goes to the digit keys.
+std::string idCharacter(char character);
 std::string bank(char letter);
 /// The command with a line end of its own, so that the radio gets two. It answers both; the next
 /// exchange throws the second answer away.
@@ -233,6 +243,8 @@ inline constexpr std::string_view kTrunkIdle = "MD13";
 inline constexpr std::string_view kTrunkIdleEdacs = "MD19";
 inline constexpr std::string_view kTrunkSearch = "MD14";
 inline constexpr std::string_view kTrunkSearchEdacs = "MD20";
+/// Whether a mode shows that the radio trunks in manual mode: it then takes and tells IDs.
+bool holdsTrunkedBank(std::string_view mode);
 }  // namespace mode245
 
 /// What the BC245XLT answers to "SI".
@@ -353,6 +365,8 @@ std::string bankLetters(std::string_view reply);
 std::string withDashes(std::string reply);
 /// Group letter and slot digit of the priority ID in the answer to "PI ", empty if there is none.
 std::string priorityPlace(std::string_view reply);
+/// Whether the answer to "PI " names that slot.
+bool isPriorityId(std::string_view reply, int group, int slot);
 /// The priority channel in the answer to "PC ".
 std::optional<int> priorityChannelOf(std::string_view reply);
 /// The limit in the answer to "LL" or "LU", as "0.0000". Nothing if it is no number.

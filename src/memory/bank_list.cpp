@@ -8,13 +8,12 @@
 namespace tarnvex::memory {
 namespace {
 
-constexpr int kBanks = 10;
 constexpr int kBankSize = bankRow(1) - bankRow(0);
 
 /// "A (1 to 30)" to "J (271 to 300)", with letters for both radios.
-std::vector<std::string> channelBanks() {
+std::vector<std::string> channelBanks(int count) {
   std::vector<std::string> banks;
-  for (int bank = 0; bank < kBanks; ++bank) {
+  for (int bank = 0; bank < count; ++bank) {
     banks.push_back(std::string(1, link::bankLetter(bank)) + " (" + std::to_string(bankRow(bank)) +
                     " to " + std::to_string(bankRow(bank + 1) - 1) + ")");
   }
@@ -29,8 +28,8 @@ void Progress::start(int total) {
   changed.notify();
 }
 
-void Progress::advance() {
-  ++done_;
+void Progress::advance(int steps) {
+  done_ += steps;
   changed.notify();
 }
 
@@ -54,6 +53,9 @@ void BankDialog::disableControls() {
         static_cast<platform::Control*>(&Command2), static_cast<platform::Control*>(&Command3)}) {
     control->setEnabled(false);
   }
+  if (platform::CheckBox* box = option()) {
+    box->setEnabled(false);
+  }
 }
 
 int BankDialog::selectedBanks() const {
@@ -65,7 +67,7 @@ int BankDialog::selectedBanks() const {
 }
 
 ChannelTransfer::ChannelTransfer(const Words& words, MainWindow mainWindow, TransferOutside outside)
-    : BankDialog(words.caption, words.label, channelBanks(), words.action),
+    : BankDialog(words.caption, words.label, channelBanks(kBanks), words.action),
       outside_(outside),
       mainWindow_(std::move(mainWindow)),
       status_(words.status) {

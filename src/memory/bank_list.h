@@ -17,7 +17,9 @@ class Progress {
   [[nodiscard]] int done() const { return done_; }
   [[nodiscard]] int total() const { return total_; }
   void start(int total);
-  void advance();
+  void advance(int steps = 1);
+  /// There is nothing to show any more.
+  void clear() { start(0); }
 
   platform::Notifier<> changed;
 
@@ -48,6 +50,8 @@ class BankDialog {
   platform::Button Command2{"Cancel"};
   platform::Button Command3{"Select All"};
   Progress progress;
+  /// A box below the list, for a dialog that has one.
+  [[nodiscard]] virtual platform::CheckBox* option() { return nullptr; }
 
   /// The work is done, or the dialog was cancelled.
   platform::Notifier<> closed;
@@ -58,6 +62,7 @@ class BankDialog {
 
   void disableControls();
   [[nodiscard]] int selectedBanks() const;
+  static constexpr int kBanks = 10;
 };
 
 /// A transfer of the channels of whole banks between plan and radio, channel by channel in their

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "link/scanner_link.h"
+#include "platform/clock.h"
 #include "platform/controls.h"
 #include "platform/dialogs.h"
 #include "platform/event_gate.h"
@@ -11,7 +12,7 @@
 
 namespace tarnvex::memory {
 
-/// Everything in which the two radios' conventional transfers differ.
+/// Everything in which the two radios' transfers of channels differ.
 struct TransferTraits {
   /// The dialog blocks its main window.
   bool modal;
@@ -28,6 +29,7 @@ const TransferTraits& bc245TransferTraits();
 struct TransferWindow {
   const TransferTraits& traits;
   platform::Table& MSFlexGrid1;
+  platform::Table& MSFlexGrid2;
   /// Labels of the panel.
   platform::Label& Frequency;
   platform::Label& Channel;
@@ -41,6 +43,7 @@ struct TransferOutside {
   link::ScannerLink& link;
   platform::EventGate& gate;
   platform::Dialogs& dialogs;
+  const platform::Clock& clock;
 };
 
 }  // namespace tarnvex::memory

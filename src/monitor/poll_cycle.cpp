@@ -22,9 +22,7 @@ void PollCycle::handOver(const std::string& modelKey, const std::string& scanner
 }
 
 void PollCycle::gateRecording(bool active) {
-  if (outside_.gateRecording) {
-    outside_.gateRecording(active);
-  }
+  outside_.recording.gate(active, front_.Alpha.caption(), front_.Frequency.caption());
 }
 
 void PollCycle::askMode() {

@@ -7,6 +7,7 @@
 #include "link/scanner_commands.h"
 #include "link/scanner_link.h"
 #include "monitor/panel_state.h"
+#include "monitor/recording.h"
 #include "platform/clock.h"
 #include "platform/event_gate.h"
 #include "platform/table.h"
@@ -24,9 +25,8 @@ struct PollOutside {
   std::function<void()> switchScanner;
   /// Full name of the frequency file in use, empty if there is none.
   std::function<std::string()> planName;
-  /// Told once a tick whether the display shows a reception: starts and stops the recording. May be
-  /// empty.
-  std::function<void(bool active)> gateRecording = {};
+  /// Starts and stops the recording of receptions.
+  Recording& recording;
 };
 
 /// Controls of the main window that a poll reads or writes, alike on both radios.
@@ -76,6 +76,7 @@ class PollCycle {
 
   /// Exchanges the main windows for those of the model that has answered. Ends the tick.
   void handOver(const std::string& modelKey, const std::string& scannerName);
+  /// Told once a tick whether the display shows a reception.
   void gateRecording(bool active);
   void askMode();
   void askLimits();

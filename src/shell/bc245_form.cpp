@@ -4,6 +4,8 @@
 
 #include "link/scanner_commands.h"
 #include "platform/convert.h"
+#include "trunking/fleet_map_form.h"
+#include "trunking/id_transfer.h"
 
 namespace tarnvex::shell {
 namespace {
@@ -13,7 +15,9 @@ constexpr link::LinkTraits kLinkTraits{"BC245", 2400};
 }  // namespace
 
 Form2::Form2(const Services& services, MainFormOutside outside)
-    : MainForm(services, std::move(outside), memory::bc245MemoryTraits()),
+    : MainForm(services, std::move(outside),
+               {memory::bc245MemoryTraits(), memory::bc245TransferTraits(),
+                search::bc245LockoutTraits()}),
       speed_({Option5, Option6, MSBank, Timer2},
              {panel, services.link, services.state, services.settings}),
       keypad_(panel, Option8, keypadOutside()),
@@ -60,6 +64,26 @@ void Form2::load() {
   Scantimer.setEnabled(true);
   services_.gate.yield();
   SSTab1.setTab(2);
+}
+
+void Form2::mnuUploadTrunk() {
+  showDialog<trunking::frmUploadtrs>([this] { return transferWindow(); }, transferOutside());
+}
+
+void Form2::mnuOwnloadTrunk() {
+  showDialog<trunking::frmDownloadtrs>([this] { return transferWindow(); }, transferOutside());
+}
+
+void Form2::mnuCustom() {
+  if (auto* form = showDialog<trunking::Form5>(services_.link, services_.dialogs)) {
+    form->load();
+  }
+}
+
+std::shared_ptr<QuickViewForm> Form2::openQuickView(WindowLayer& windows) {
+  const auto form = std::make_shared<Form9>(panel, services_.settings);
+  windows.openQuickView(*form);
+  return form;
 }
 
 void Form2::showStoredBaudRate() {

@@ -29,6 +29,10 @@ class Form2 : public MainForm {
   }
   void clickKey(std::string_view label) { keypad_.click(label); }
   void typeKey(char character) override { keypad_.type(character); }
+  void mnuUploadTrunk() override;
+  void mnuOwnloadTrunk() override;
+  /// The Trunked menu's editor of fleet maps.
+  void mnuCustom();
 
   monitor::Bc245Panel panel;
   /// The Speed Enhancement frame: banks 1 to 10, and `Option5` and `Option6`.
@@ -46,19 +50,8 @@ class Form2 : public MainForm {
   platform::OptionButton Option8{"Active Banks", true};
 
  protected:
-  [[nodiscard]] memory::TransferWindow transferWindow() override {
-    return {memory::bc245TransferTraits(),
-            MSFlexGrid1,
-            panel.Frequency,
-            panel.Channel,
-            panel.mode,
-            Scantimer};
-  }
-
-  [[nodiscard]] std::shared_ptr<search::frmLockouts> makeLockouts() override {
-    return std::make_shared<search::frmLockouts>(search::bc245LockoutTraits(), panel.mode,
-                                                 services_.link);
-  }
+  [[nodiscard]] monitor::PanelBase& front() override { return panel; }
+  std::shared_ptr<QuickViewForm> openQuickView(WindowLayer& windows) override;
 
  private:
   void showStoredBaudRate();

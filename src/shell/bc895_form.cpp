@@ -13,7 +13,10 @@ constexpr std::string_view kDefaultBackcolor = "8454143";
 }  // namespace
 
 Form4::Form4(const Services& services, MainFormOutside outside)
-    : MainForm(services, std::move(outside), memory::bc895MemoryTraits()),
+    : MainForm(services, std::move(outside),
+               {memory::bc895MemoryTraits(), memory::bc895TransferTraits(),
+                search::bc895LockoutTraits()}),
+      idTransfer(transferWindow(), transferOutside()),
       multiscan_({Option5, Option6, MSBank, Timer1},
                  {panel, services.link, services.gate, services.state, services.settings,
                   services.dialogs, services.clock}),
@@ -50,6 +53,17 @@ void Form4::load() {
   SSTab1.setTab(2);
   services_.gate.yield();
   Scantimer.setEnabled(true);
+}
+
+std::shared_ptr<QuickViewForm> Form4::openQuickView(WindowLayer& windows) {
+  const auto form = std::make_shared<QuickView>(panel, services_.settings);
+  windows.openQuickView(*form);
+  return form;
+}
+
+/// This window lets the sound input go by itself; the other one leaves it to its end.
+void Form4::releaseSound() {
+  MMControl1->command(platform::MediaCommand::Close);
 }
 
 void Form4::loadOptions() {

@@ -4,6 +4,7 @@
 #include "monitor/bc895_poll.h"
 #include "monitor/multiscan.h"
 #include "shell/main_form.h"
+#include "trunking/id_transfer.h"
 
 namespace tarnvex::shell {
 
@@ -33,26 +34,20 @@ class Form4 : public MainForm {
   void typeKey(char character) override { keypad_.type(character); }
   /// The user double-clicked the display's background, `Label1`.
   void chooseDisplayColour();
+  void mnuUploadTrunk() override { idTransfer.upload(); }
+  void mnuOwnloadTrunk() override { idTransfer.download(); }
 
   monitor::PanelState panel;
   /// The Multiscan frame: banks A to J conventional (0 to 9) and trunked (10 to 19).
   monitor::Multiscan::BankBoxes MSBank;
   platform::Timer Timer1{1000};
+  /// Runs without a dialog: the window shows how far it has come.
+  trunking::Bc895IdTransfer idTransfer;
 
  protected:
-  [[nodiscard]] memory::TransferWindow transferWindow() override {
-    return {memory::bc895TransferTraits(),
-            MSFlexGrid1,
-            panel.Frequency,
-            panel.Channel,
-            panel.mode,
-            Scantimer};
-  }
-
-  [[nodiscard]] std::shared_ptr<search::frmLockouts> makeLockouts() override {
-    return std::make_shared<search::frmLockouts>(search::bc895LockoutTraits(), panel.mode,
-                                                 services_.link);
-  }
+  [[nodiscard]] monitor::PanelBase& front() override { return panel; }
+  std::shared_ptr<QuickViewForm> openQuickView(WindowLayer& windows) override;
+  void releaseSound() override;
 
  private:
   void loadOptions();

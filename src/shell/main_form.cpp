@@ -11,16 +11,19 @@
 
 namespace tarnvex::shell {
 
-MainForm::MainForm(const Services& services, MainFormOutside outside,
-                   const memory::MemoryTraits& traits)
+MainForm::MainForm(const Services& services, MainFormOutside outside, const MainFormTraits& traits)
     : window(monitor::mainTitle({})),
       Dlg1(services.commonDialogs.create()),
       MSComm1(services.ports.create()),
+      MMControl1(services.mediaControls.create()),
       services_(services),
-      memory_({MSFlexGrid1, MSFlexGrid2, SSTab1}, services.state, services.dialogs, traits,
+      memory_({MSFlexGrid1, MSFlexGrid2, SSTab1}, services.state, services.dialogs, traits.memory,
               [&link = services.link](const std::string& command) { link.SendCommand(command); }),
       frequencyFile_(memory_, {services.files, *Dlg1, services.dialogs, services.settings, window}),
       outside_(std::move(outside)),
+      traits_(traits),
+      recording_({chkRecord, *MMControl1, services.state, services.gate, services.dialogs,
+                  services.clock, services.programDirectory}),
       lower_({LLimit, services.state.LowerLimitEditing, link::command::kLowerLimit, Ulimit},
              services.link, [&dialogs = services.dialogs] { dialogs.beep(); }),
       upper_({Ulimit, services.state.UpperLimitEditing, link::command::kUpperLimit, Command4},
@@ -68,9 +71,11 @@ void MainForm::requestUnload() {
 void MainForm::unload() {
   // The window goes from here on: a request while the next question stands adds nothing either.
   asking_ = true;
+  closeQuickView();
   frequencyFile_.offerToSave();
   dialogHost_.closeAll();
   MSComm1->close();
+  releaseSound();
   // What the user still clicks before the window is gone must not open the port again.
   for (platform::Control* control :
        {static_cast<platform::Control*>(&Command3), static_cast<platform::Control*>(&Option1),
@@ -99,7 +104,7 @@ void MainForm::showApf() {
                                      [this]() -> platform::Table& { return MSFlexGrid1; }})});
         return std::shared_ptr<Form>(kept, &kept->form);
       },
-      transferWindow().traits.modal);
+      traits_.transfers.modal);
   if (form != nullptr) {
     form->load();
   }
@@ -114,22 +119,12 @@ void MainForm::mnuExport() {
 }
 
 void MainForm::mnuUpload() {
-  dialogHost_.show<memory::frmUpload>(
-      [this] {
-        return std::make_shared<memory::frmUpload>(
-            [this] { return transferWindow(); }, transferOutside(),
-            [this](trunking::Form3& form) { dialogHost_.showAndWait(form); });
-      },
-      transferWindow().traits.modal);
+  showDialog<memory::frmUpload>([this] { return transferWindow(); }, transferOutside(),
+                                [this](trunking::Form3& form) { dialogHost_.showAndWait(form); });
 }
 
 void MainForm::mnuDownload() {
-  dialogHost_.show<memory::frmDownload>(
-      [this] {
-        return std::make_shared<memory::frmDownload>([this] { return transferWindow(); },
-                                                     transferOutside());
-      },
-      transferWindow().traits.modal);
+  showDialog<memory::frmDownload>([this] { return transferWindow(); }, transferOutside());
 }
 
 void MainForm::mnuReset() {
@@ -137,19 +132,48 @@ void MainForm::mnuReset() {
 }
 
 void MainForm::mnuAbout() {
-  dialogHost_.show<frmAbout>([this] { return std::make_shared<frmAbout>(services_.state); },
-                             transferWindow().traits.modal);
+  showDialog<frmAbout>(services_.state);
+}
+
+void MainForm::mnuQV() {
+  if (quickView_) {
+    return;
+  }
+  quickView_ = openQuickView(outside_.windows);
+  quickViewClosed_ = quickView_->closed.connect([this] { closeQuickView(); });
+  outside_.windows.showMain(false);
+}
+
+/// Also when the main window goes, with the radio: the small window shows labels of it.
+void MainForm::closeQuickView() {
+  if (!quickView_) {
+    return;
+  }
+  quickView_->unload();
+  outside_.windows.showMain(true);
+  outside_.windows.closeQuickView();
+  services_.gate.whenIdle([kept = std::move(quickView_)] {});
 }
 
 void MainForm::showLockouts() {
-  auto* form = dialogHost_.show<search::frmLockouts>([this] { return makeLockouts(); }, false);
+  auto* form = dialogHost_.show<search::frmLockouts>(
+      [this] {
+        return std::make_shared<search::frmLockouts>(traits_.lockouts, front().mode,
+                                                     services_.link);
+      },
+      false);
   if (form != nullptr) {
     form->load();
   }
 }
 
 memory::TransferOutside MainForm::transferOutside() {
-  return {services_.state, services_.link, services_.gate, services_.dialogs};
+  return {services_.state, services_.link, services_.gate, services_.dialogs, services_.clock};
+}
+
+memory::TransferWindow MainForm::transferWindow() {
+  return {traits_.transfers, MSFlexGrid1,  MSFlexGrid2, front().Frequency,
+          front().Channel,   front().mode, Scantimer};
 }
 
 monitor::PollControls MainForm::pollControls() {
@@ -158,7 +182,8 @@ monitor::PollControls MainForm::pollControls() {
 
 monitor::PollOutside MainForm::pollOutside() {
   return {services_.link,  services_.gate,         services_.state,
-          services_.clock, outside_.switchScanner, [this] { return Dlg1->FileName; }};
+          services_.clock, outside_.switchScanner, [this] { return Dlg1->FileName; },
+          recording_};
 }
 
 monitor::KeypadOutside MainForm::keypadOutside() {

@@ -11,16 +11,26 @@
 #include "memory/transfer_window.h"
 #include "monitor/keypad.h"
 #include "monitor/poll_cycle.h"
+#include "monitor/recording.h"
 #include "platform/controls.h"
+#include "platform/media_control.h"
 #include "platform/table.h"
 #include "platform/window.h"
 #include "search/custom_search.h"
 #include "search/limit_box.h"
 #include "search/lockouts.h"
 #include "shell/dialog_host.h"
+#include "shell/quick_view.h"
 #include "shell/services.h"
 
 namespace tarnvex::shell {
+
+/// Everything in which the two radios' main windows differ as data.
+struct MainFormTraits {
+  const memory::MemoryTraits& memory;
+  const memory::TransferTraits& transfers;
+  const search::LockoutTraits& lockouts;
+};
 
 /// What the main window asks of the program around it.
 struct MainFormOutside {
@@ -38,7 +48,7 @@ struct MainFormOutside {
 /// no earlier than when no function of the core is on the stack.
 class MainForm {
  public:
-  MainForm(const Services& services, MainFormOutside outside, const memory::MemoryTraits& traits);
+  MainForm(const Services& services, MainFormOutside outside, const MainFormTraits& traits);
   virtual ~MainForm() = default;
   MainForm(const MainForm&) = delete;
   MainForm& operator=(const MainForm&) = delete;
@@ -64,6 +74,11 @@ class MainForm {
   void mnuUpload();
   void mnuDownload();
   void mnuReset();
+  /// The Trunked menu's: the talkgroup IDs.
+  virtual void mnuUploadTrunk() = 0;
+  virtual void mnuOwnloadTrunk() = 0;
+  /// The View menu's: the small window takes the main window's place.
+  void mnuQV();
   /// The Help menu's.
   void mnuContents() { outside_.windows.showHelp(HelpView::Contents); }
   void mnuSearch() { outside_.windows.showHelp(HelpView::Search); }
@@ -111,8 +126,11 @@ class MainForm {
 
   platform::Timer Scantimer{25};
   std::unique_ptr<platform::SerialPort> MSComm1;
+  std::unique_ptr<platform::MediaControl> MMControl1;
 
  protected:
+  /// The radio's front.
+  [[nodiscard]] virtual monitor::PanelBase& front() = 0;
   [[nodiscard]] monitor::PollControls pollControls();
   [[nodiscard]] monitor::PollOutside pollOutside();
   [[nodiscard]] monitor::KeypadOutside keypadOutside();
@@ -123,25 +141,40 @@ class MainForm {
   /// `Combo2` pick bank and group of the talkgroup table.
   void setUpBankBoxes(platform::ComboBox& trunkBank, const std::vector<std::string>& names);
 
+  /// What a transfer drives of this window.
+  [[nodiscard]] memory::TransferWindow transferWindow();
+  [[nodiscard]] memory::TransferOutside transferOutside();
+  /// Shows a dialog, modal as this radio's dialogs are.
+  template <class Form, class... Arguments>
+  Form* showDialog(Arguments&&... arguments) {
+    return dialogHost_.show<Form>(
+        [&] { return std::make_shared<Form>(std::forward<Arguments>(arguments)...); },
+        traits_.transfers.modal);
+  }
+  /// Makes the small window's form and shows it.
+  virtual std::shared_ptr<QuickViewForm> openQuickView(WindowLayer& windows) = 0;
+  /// This window is on its way out.
+  virtual void releaseSound() {}
+
   Services services_;
   memory::ChannelMemory memory_;
   memory::FrequencyFile frequencyFile_;
-  /// What a transfer drives of this window.
-  [[nodiscard]] virtual memory::TransferWindow transferWindow() = 0;
-  /// A form of the radio's lockouts, for this window's `mode`.
-  [[nodiscard]] virtual std::shared_ptr<search::frmLockouts> makeLockouts() = 0;
 
  private:
   void bindCommonControls();
   template <class Form>
   void showApf();
   void showLockouts();
-  [[nodiscard]] memory::TransferOutside transferOutside();
+  void closeQuickView();
 
   MainFormOutside outside_;
+  MainFormTraits traits_;
+  monitor::Recording recording_;
   search::LimitBox lower_;
   search::LimitBox upper_;
   DialogHost dialogHost_;
+  std::shared_ptr<QuickViewForm> quickView_;
+  platform::Connection quickViewClosed_;
   bool asking_ = false;
 };
 

@@ -7,6 +7,7 @@
 #include "platform/common_dialog.h"
 #include "platform/dialogs.h"
 #include "platform/event_gate.h"
+#include "platform/media_control.h"
 #include "platform/sequential_files.h"
 #include "platform/serial_port.h"
 #include "platform/settings_store.h"
@@ -25,6 +26,7 @@ struct Services {
   link::ScannerLink& link;
   platform::SequentialFiles& files;
   platform::CommonDialogs& commonDialogs;
+  platform::MediaControls& mediaControls;
   /// The folder of the program's own files, without a slash at its end.
   std::string programDirectory;
 };

@@ -13,6 +13,7 @@ class frmLockouts;
 
 namespace tarnvex::trunking {
 class Form3;
+class Form5;
 }  // namespace tarnvex::trunking
 
 namespace tarnvex::shell {
@@ -20,6 +21,8 @@ namespace tarnvex::shell {
 class Form1;
 class Form2;
 class Form4;
+class Form9;
+class QuickView;
 class frmAbout;
 
 /// How the help comes up: at its contents, or ready to search for a word.
@@ -41,6 +44,12 @@ class WindowLayer {
   virtual void openMain(Form4& form) = 0;
   virtual void openMain(Form2& form) = 0;
   virtual void closeMain() = 0;
+  /// Hides the main window, or brings it back.
+  virtual void showMain(bool shown) = 0;
+  /// The small window over all others; the layer runs the form's `load` when it knows the sizes.
+  virtual void openQuickView(QuickView& form) = 0;
+  virtual void openQuickView(Form9& form) = 0;
+  virtual void closeQuickView() = 0;
   /// `Form6`: a notice with one label and no buttons, over all else.
   virtual void openNotice(const std::string& caption, const std::string& text) = 0;
   virtual void closeNotice() = 0;
@@ -49,6 +58,7 @@ class WindowLayer {
   virtual void openDialog(memory::BankDialog& form, bool modal) = 0;
   virtual void openDialog(search::frmLockouts& form, bool modal) = 0;
   virtual void openDialog(trunking::Form3& form, bool modal) = 0;
+  virtual void openDialog(trunking::Form5& form, bool modal) = 0;
   virtual void openDialog(frmAbout& form, bool modal) = 0;
   /// Closes the dialog of a form, or brings it to the front. A form without a dialog is passed
   /// over.

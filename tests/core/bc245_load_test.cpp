@@ -217,8 +217,8 @@ struct CountedPorts : platform::SerialPorts {
 struct Bc245Switch : testing::Test, test::World {
   int portsAlive = 0;
   CountedPorts countedPorts{radio, portsAlive};
-  Services counted{state, gate, countedPorts, dialogs,       settings,
-                   clock, link, files,        commonDialogs, "/program"};
+  Services counted{state, gate,  countedPorts,  dialogs, settings,  clock,
+                   link,  files, commonDialogs, media,   "/program"};
   std::unique_ptr<Application> application = std::make_unique<Application>(counted, windows);
   bool bc245 = false;
 

@@ -250,31 +250,6 @@ TEST(Bc245Tick, HidesServiceSearchATickLater) {
   EXPECT_FALSE(rig.form.panel.Police.visible());
 }
 
-TEST(Bc245Tick, TellsTheRecordingWhatCountsAsReception) {
-  test::Bc245Rig rig;
-  std::vector<bool> told;
-  Bc245Panel& panel = rig.form.panel;
-  Bc245Poll poll(
-      panel,
-      {rig.form.window, rig.form.MSFlexGrid1, rig.form.MSFlexGrid2, rig.form.LLimit,
-       rig.form.Ulimit, rig.form.Check6, rig.form.chkSkip, rig.form.List1, rig.form.List2},
-      {rig.link, rig.gate, rig.state, rig.clock, nullptr, nullptr,
-       [&](bool active) { told.push_back(active); }},
-      {rig.form.Scantimer, *rig.form.MSComm1, rig.form.Check2, rig.form.Check5, rig.form.Option8});
-  for (const auto& [shown, mode] : {std::pair{"888.8888", "FM"},
-                                    {"Scanning", "MD00"},
-                                    {"155.1150", "MD00"},
-                                    {"Searching", "MD02"},
-                                    {"155.1150", "MD14"},
-                                    {"155.1150", "MD20"}}) {
-    panel.Frequency.setCaption(shown);
-    panel.mode.setCaption(mode);
-    rig.radio.expect(opening245("MD13"));
-    poll.tick();
-  }
-  EXPECT_EQ(told, (std::vector{false, false, true, true, false, true}));
-}
-
 TEST(Bc245Tick, LeavesTheDisplayToTheUsersDigits) {
   struct Case {
     const char* mode;

@@ -14,12 +14,6 @@ inline constexpr const char* kBc245Identity = "SIBC245XLT 0024500172 V124";
 inline constexpr const char* kWindow155 = "WI018F01551150";
 inline constexpr const char* kWindow851 = "WI020F08510125";
 
-inline std::vector<Exchange> operator+(std::vector<Exchange> first,
-                                       const std::vector<Exchange>& then) {
-  first.insert(first.end(), then.begin(), then.end());
-  return first;
-}
-
 /// The questions with which every tick of a BC245XLT begins, and their answers.
 inline std::vector<Exchange> opening245(const std::string& mode) {
   return {{"SI", kBc245Identity}, {"LL", "LL 0290000"}, {"LU", "LU 9560000"}, {"LO", "LOF"},

@@ -20,12 +20,6 @@ inline std::vector<Exchange> opening(const std::string& mode,
           {"LO", "LOF"}, {"LL", "LL 0290000"}, {"LU", "LU 9560000"}};
 }
 
-inline std::vector<Exchange> operator+(std::vector<Exchange> first,
-                                       const std::vector<Exchange>& then) {
-  first.insert(first.end(), then.begin(), then.end());
-  return first;
-}
-
 /// The main window of a BC895XLT on an open line with its poll on, before the first tick.
 struct Bc895Rig : World {
   shell::Form4 form{services, outside()};

@@ -8,6 +8,7 @@
 #include "link/scanner_link.h"
 #include "memory/bank_list.h"
 #include "memory/channel_memory.h"
+#include "support/fake_clock.h"
 #include "support/fake_dialogs.h"
 #include "support/fake_loop.h"
 #include "support/scripted_port.h"
@@ -41,9 +42,9 @@ struct TransferRig {
 
   memory::TransferWindow window() {
     const auto& traits = bc245 ? memory::bc245TransferTraits() : memory::bc895TransferTraits();
-    return {traits, channels, Frequency, Channel, mode, Scantimer};
+    return {traits, channels, talkgroups, Frequency, Channel, mode, Scantimer};
   }
-  memory::TransferOutside outside() { return {state, link, gate, dialogs}; }
+  memory::TransferOutside outside() { return {state, link, gate, dialogs, clock}; }
 
   /// Columns 1 to 7 of a channel.
   void setRow(int row, const Lines& cells) {
@@ -80,6 +81,7 @@ struct TransferRig {
   platform::EventGate gate{loop};
   platform::SharedState state;
   FakeDialogs dialogs;
+  FakeClock clock{loop};
   ScriptedRadio radio;
   std::unique_ptr<platform::SerialPort> port;
   link::ScannerLink link{state, dialogs};

@@ -16,6 +16,7 @@
 #include "desktop/windows/main_window.h"
 #include "desktop/windows/qt_windows.h"
 #include "support/fake_dialogs.h"
+#include "support/fake_media_control.h"
 #include "support/fake_settings.h"
 #include "support/scripted_port.h"
 
@@ -41,12 +42,22 @@ class Below {
   desktop::FileCalls fileCalls;
   desktop::PosixFiles fileStore{fileCalls};
   platform::SequentialFiles files{fileStore};
+  FakeMediaControls media;
   desktop::WallClock clock;
   platform::SharedState state;
   link::ScannerLink link{state, dialogs};
   bool ended = false;
-  shell::Services services{state, gate, ports, dialogs,       settings,
-                           clock, link, files, commonDialogs, folder.path().toStdString()};
+  shell::Services services{state,
+                           gate,
+                           ports,
+                           dialogs,
+                           settings,
+                           clock,
+                           link,
+                           files,
+                           commonDialogs,
+                           media,
+                           folder.path().toStdString()};
   desktop::QtWindows windows{loop, gate, devices};
   shell::MainFormOutside outside{[] {}, [this] { ended = true; }, windows};
 };

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "shell/quick_view.h"
 #include "shell/window_layer.h"
 
 namespace tarnvex::test {
@@ -34,6 +35,13 @@ class RecordingWindows : public shell::WindowLayer {
     form2 = nullptr;
     record("closeMain");
   }
+  void showMain(bool shown) override { record(shown ? "showMain" : "hideMain"); }
+  void openQuickView(shell::QuickView& form) override { record("openQuickView QuickView", form); }
+  void openQuickView(shell::Form9& form) override { record("openQuickView Form9", form); }
+  void closeQuickView() override {
+    quickView = nullptr;
+    record("closeQuickView");
+  }
   void openNotice(const std::string& caption, const std::string& text) override {
     record("openNotice " + caption + "|" + text);
   }
@@ -42,6 +50,7 @@ class RecordingWindows : public shell::WindowLayer {
   void openDialog(memory::BankDialog& form, bool modal) override { recordDialog(&form, modal); }
   void openDialog(search::frmLockouts& form, bool modal) override { recordDialog(&form, modal); }
   void openDialog(trunking::Form3& form, bool modal) override { recordDialog(&form, modal); }
+  void openDialog(trunking::Form5& form, bool modal) override { recordDialog(&form, modal); }
   void openDialog(shell::frmAbout& form, bool modal) override { recordDialog(&form, modal); }
   void showHelp(shell::HelpView view) override {
     record(view == shell::HelpView::Contents ? "showHelp contents" : "showHelp search");
@@ -61,6 +70,10 @@ class RecordingWindows : public shell::WindowLayer {
   shell::Form1* splash = nullptr;
   shell::Form4* form4 = nullptr;
   shell::Form2* form2 = nullptr;
+  shell::QuickViewForm* quickView = nullptr;
+  /// The screen and the small window, in twips.
+  static constexpr shell::Twips kScreen{15360, 9000};
+  static constexpr shell::Twips kSmallWindow{3000, 1200};
   /// The forms whose dialogs stand, in the order of opening.
   std::vector<void*> dialogs;
 
@@ -68,6 +81,11 @@ class RecordingWindows : public shell::WindowLayer {
   void recordDialog(void* form, bool modal) {
     dialogs.push_back(form);
     record(modal ? "openDialog modal" : "openDialog");
+  }
+  void record(const char* call, shell::QuickViewForm& form) {
+    quickView = &form;
+    form.load(kScreen, kSmallWindow);
+    record(call);
   }
   void record(std::string call) {
     calls.push_back(std::move(call));

@@ -40,6 +40,12 @@ struct Exchange {
   std::vector<Piece> pieces;
 };
 
+inline std::vector<Exchange> operator+(std::vector<Exchange> first,
+                                       const std::vector<Exchange>& then) {
+  first.insert(first.end(), then.begin(), then.end());
+  return first;
+}
+
 inline Exchange silent(std::string command) {
   return {std::move(command), std::vector<Piece>{}};
 }

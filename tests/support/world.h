@@ -11,6 +11,7 @@
 #include "support/fake_common_dialog.h"
 #include "support/fake_dialogs.h"
 #include "support/fake_loop.h"
+#include "support/fake_media_control.h"
 #include "support/fake_settings.h"
 #include "support/recording_windows.h"
 #include "support/scripted_port.h"
@@ -35,11 +36,12 @@ struct World {
   MemoryStore store;
   platform::SequentialFiles files{store};
   FakeCommonDialogs commonDialogs;
+  FakeMediaControls media;
   ScriptedRadio radio;
   ScriptedPorts ports{radio};
   link::ScannerLink link{state, dialogs};
-  shell::Services services{state, gate, ports, dialogs,       settings,
-                           clock, link, files, commonDialogs, "/program"};
+  shell::Services services{state, gate,  ports,         dialogs, settings,  clock,
+                           link,  files, commonDialogs, media,   "/program"};
   RecordingWindows windows;
   int switches = 0;
 

@@ -167,8 +167,8 @@ void Binder::bind(QRadioButton* widget, platform::OptionButton& model, const cha
   });
 }
 
-void Binder::bind(QComboBox* widget, platform::ComboBox& model, const char* name) {
-  bindControl(widget, model, QLatin1String(name));
+void Binder::bind(QComboBox* widget, platform::ComboBox& model, const QString& name) {
+  bindControl(widget, model, name);
   const auto show = [widget, &model] {
     widget->setEnabled(model.enabled());
     showIf(widget, model.visible());

@@ -38,7 +38,7 @@ class Binder {
   void bind(QCheckBox* widget, platform::CheckBox& model, const QString& name);
   void bind(QRadioButton* widget, platform::OptionButton& model, const char* name,
             Urgency urgency = Urgency::Normal);
-  void bind(QComboBox* widget, platform::ComboBox& model, const char* name);
+  void bind(QComboBox* widget, platform::ComboBox& model, const QString& name);
   void bind(QListWidget* widget, platform::ListBox& model, const char* name);
   /// A list in which any number of lines can be selected.
   void bindSelection(QListWidget* widget, platform::ListBox& model, const char* name);

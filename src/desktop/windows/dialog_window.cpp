@@ -2,7 +2,6 @@
 
 #include <QGridLayout>
 #include <QIcon>
-#include <QProgressBar>
 #include <QVBoxLayout>
 
 #include "desktop/ports/text.h"
@@ -37,13 +36,22 @@ void sizeList(QListWidget* list, int columns) {
   list->setMinimumSize(metrics.averageCharWidth() * columns, metrics.lineSpacing() * 11);
 }
 
-void showProgress(QProgressBar* bar, const memory::Progress& progress) {
-  showIf(bar, progress.total() > 0);
-  bar->setMaximum(std::max(progress.total(), 1));
-  bar->setValue(progress.done());
-}
-
 }  // namespace
+
+ProgressBar::ProgressBar(const memory::Progress& progress, std::function<void(bool shown)> shown) {
+  setObjectName(QStringLiteral("progress"));
+  const auto show = [this, &progress, shown = std::move(shown)] {
+    const bool any = progress.total() > 0;
+    showIf(this, any);
+    setMaximum(std::max(progress.total(), 1));
+    setValue(progress.done());
+    if (shown) {
+      shown(any);
+    }
+  };
+  show();
+  changed_ = progress.changed.connect(show);
+}
 
 DialogWindow::DialogWindow(platform::EventGate& gate, const platform::Window& form,
                            const char* name, std::function<void()> askToClose, QWidget* parent)
@@ -102,14 +110,10 @@ DialogWindow* makeBankDialog(memory::BankDialog& form, platform::EventGate& gate
   auto* caption = addLabel(binder, form.Label1, "Label1");
   caption->setBuddy(list);
   list->setAccessibleName(caption->text());
-  auto* bar = new QProgressBar;
-  bar->setObjectName(QStringLiteral("progress"));
+  auto* bar = new ProgressBar(form.progress);
   QSizePolicy policy = bar->sizePolicy();
   policy.setRetainSizeWhenHidden(true);
   bar->setSizePolicy(policy);
-  const auto show = [bar, &form] { showProgress(bar, form.progress); };
-  show();
-  binder.keep(form.progress.changed.connect(show));
   auto* grid = new QGridLayout(dialog);
   grid->addWidget(caption, 0, 0);
   grid->addWidget(list, 1, 0, 4, 1);
@@ -117,7 +121,12 @@ DialogWindow* makeBankDialog(memory::BankDialog& form, platform::EventGate& gate
   grid->addWidget(addButton(binder, form.Command3, "Command3"), 2, 1);
   grid->setRowStretch(3, 1);
   grid->addWidget(addButton(binder, form.Command2, "Command2"), 4, 1);
-  grid->addWidget(bar, 5, 0, 1, 2);
+  if (platform::CheckBox* option = form.option()) {
+    auto* box = new QCheckBox;
+    binder.bind(box, *option, QStringLiteral("Check1"));
+    grid->addWidget(box, 5, 0, 1, 2);
+  }
+  grid->addWidget(bar, 6, 0, 1, 2);
   return dialog;
 }
 
@@ -198,6 +207,39 @@ DialogWindow* makeSystemTypeDialog(trunking::Form3& form, platform::EventGate& g
   grid->addWidget(step, 4, 1);
   grid->setRowStretch(5, 1);
   grid->addWidget(addButton(binder, form.Command1, "Command1"), 6, 0, 1, 2);
+  return dialog;
+}
+
+DialogWindow* makeFleetMapDialog(trunking::Form5& form, platform::EventGate& gate,
+                                 QWidget* parent) {
+  auto* dialog = new DialogWindow(
+      gate, form.window, "Form5", [&form] { form.Command1.userClick(); }, parent);
+  Binder& binder = dialog->binder();
+  auto* grid = new QGridLayout(dialog);
+  const auto add = [&](platform::ComboBox& model, const QString& name, const QString& caption,
+                       int row, int column) {
+    auto* combo = new QComboBox;
+    binder.bind(combo, model, name);
+    auto* label = new QLabel(caption);
+    label->setBuddy(combo);
+    grid->addWidget(label, row, column);
+    grid->addWidget(combo, row, column + 1);
+  };
+  // Blocks in two columns of four, between the preset that fills them and the bank that takes them.
+  add(form.cboPreset, QStringLiteral("cboPreset"), QObject::tr("Preset:"), 0, 0);
+  for (int block = 0; block < trunking::kFleetBlocks; ++block) {
+    add(form.cboBlock[static_cast<std::size_t>(block)], QStringLiteral("cboBlock(%1)").arg(block),
+        QObject::tr("Block %1:").arg(block), 2 + block % 4, block / 4 * 3);
+  }
+  add(form.cboBank, QStringLiteral("cboBank"), QObject::tr("Bank:"), 7, 0);
+  const int gap = QFontMetrics(dialog->font()).height();
+  grid->setRowMinimumHeight(1, gap / 2);
+  grid->setRowMinimumHeight(6, gap / 2);
+  grid->setColumnMinimumWidth(2, gap);
+  grid->addWidget(addButton(binder, form.Command2, "Command2"), 7, 3, 1, 2);
+  grid->addWidget(addButton(binder, form.Command1, "Command1"), 8, 3, 1, 2);
+  grid->setColumnStretch(1, 1);
+  grid->setColumnStretch(4, 1);
   return dialog;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QProgressBar>
 #include <functional>
 
 #include "desktop/windows/binder.h"
@@ -8,6 +9,7 @@
 #include "memory/bank_list.h"
 #include "search/lockouts.h"
 #include "shell/about_form.h"
+#include "trunking/fleet_map_form.h"
 #include "trunking/system_type_form.h"
 
 namespace tarnvex::desktop {
@@ -34,8 +36,18 @@ DialogWindow* makeBankDialog(memory::BankDialog& form, platform::EventGate& gate
 DialogWindow* makeAboutDialog(shell::frmAbout& form, platform::EventGate& gate, QWidget* parent);
 DialogWindow* makeLockoutsDialog(search::frmLockouts& form, platform::EventGate& gate,
                                  QWidget* parent);
-DialogWindow* makeAboutDialog(shell::frmAbout& form, platform::EventGate& gate, QWidget* parent);
 DialogWindow* makeSystemTypeDialog(trunking::Form3& form, platform::EventGate& gate,
                                    QWidget* parent);
+DialogWindow* makeFleetMapDialog(trunking::Form5& form, platform::EventGate& gate, QWidget* parent);
+
+/// A bar that shows while there is progress to show. `shown` is told with it.
+class ProgressBar : public QProgressBar {
+ public:
+  explicit ProgressBar(const memory::Progress& progress,
+                       std::function<void(bool shown)> shown = {});
+
+ private:
+  platform::Connection changed_;
+};
 
 }  // namespace tarnvex::desktop

@@ -2,10 +2,12 @@
 
 #include <QCloseEvent>
 #include <QMenuBar>
+#include <QStatusBar>
 #include <QTabBar>
 #include <QVBoxLayout>
 
 #include "desktop/ports/text.h"
+#include "desktop/windows/dialog_window.h"
 #include "desktop/windows/pages.h"
 
 namespace tarnvex::desktop {
@@ -39,6 +41,7 @@ MainWindow::MainWindow(shell::Form4& form, platform::EventGate& gate, DeviceSlot
                             {makeMultiscanFrame(form, binder_)},
                             {makeSwitchesFrame(form, binder_, true)},
                             {makeLimitsFrame(form, binder_)}}));
+  addProgress(form.idTransfer.progress);
   keys_->watch(this, {"panel", "Combo1", "Combo2", "Combo3", "Command1", "Command2", "Command3",
                       "List1", "List2", "List3", "MSBank", "Option1", "Option2", "Option3",
                       "Option4", "Option5", "Option6"});
@@ -52,6 +55,8 @@ MainWindow::MainWindow(shell::Form2& form, platform::EventGate& gate, DeviceSlot
     : MainWindow(form, gate, "Form2") {
   auto* panel = new RadioPanel(bc245Layout());
   panelBinding_ = std::make_unique<PanelBinding>(*panel, form, gate);
+  trunkedMenu_->addSeparator();
+  addCommand(trunkedMenu_, "mnuCustom", tr("&Custom Fleet Map..."), [&form] { form.mnuCustom(); });
   // An upright hand-held stands beside them.
   place(panel, QBoxLayout::LeftToRight);
   addPages(form.Combo4, "Combo4",
@@ -95,6 +100,15 @@ void MainWindow::addMenus() {
              &shell::MainForm::mnuDownload);
   conventional->addSeparator();
   addCommand(conventional, "mnuReset", tr("&Reset Scanner"), &shell::MainForm::mnuReset);
+  trunkedMenu_ = menuBar()->addMenu(tr("&Trunked"));
+  trunkedMenu_->setObjectName(QStringLiteral("mnuTrunked"));
+  addCommand(trunkedMenu_, "mnuUploadTrunk", tr("&Upload to Scanner..."),
+             &shell::MainForm::mnuUploadTrunk);
+  addCommand(trunkedMenu_, "mnuOwnloadTrunk", tr("&Download From Scanner..."),
+             &shell::MainForm::mnuOwnloadTrunk);
+  auto* view = menuBar()->addMenu(tr("&View"));
+  view->setObjectName(QStringLiteral("mnuView"));
+  addCommand(view, "mnuQV", tr("&Quickview Window"), &shell::MainForm::mnuQV);
   auto* help = menuBar()->addMenu(tr("&Help"));
   help->setObjectName(QStringLiteral("mnuHelp"));
   addCommand(help, "mnuContents", tr("&Contents"), &shell::MainForm::mnuContents)
@@ -106,9 +120,13 @@ void MainWindow::addMenus() {
 
 QAction* MainWindow::addCommand(QMenu* menu, const char* name, const QString& caption,
                                 void (shell::MainForm::*command)()) {
-  auto* action = menu->addAction(caption, this, [this, command] {
-    binder_.gate().enter([&form = form_, command] { (form.*command)(); });
-  });
+  return addCommand(menu, name, caption, [&form = form_, command] { (form.*command)(); });
+}
+
+QAction* MainWindow::addCommand(QMenu* menu, const char* name, const QString& caption,
+                                platform::EventGate::Handler command) {
+  auto* action = menu->addAction(
+      caption, this, [this, command = std::move(command)] { binder_.gate().enter(command); });
   action->setObjectName(QLatin1String(name));
   return action;
 }
@@ -132,6 +150,12 @@ void MainWindow::showTab() {
   show();
   binder_.keep(form_.SSTab1.changed.connect(show));
   connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) { form_.SSTab1.setTab(tab); });
+}
+
+void MainWindow::addProgress(const memory::Progress& progress) {
+  auto* bar =
+      new ProgressBar(progress, [status = statusBar()](bool shown) { showIf(status, shown); });
+  statusBar()->addWidget(bar, 1);
 }
 
 void MainWindow::leaveScreen() {

@@ -35,14 +35,20 @@ class MainWindow : public QMainWindow {
   void addMenus();
   QAction* addCommand(QMenu* menu, const char* name, const QString& caption,
                       void (shell::MainForm::*command)());
+  QAction* addCommand(QMenu* menu, const char* name, const QString& caption,
+                      platform::EventGate::Handler command);
   void place(RadioPanel* panel, QBoxLayout::Direction direction);
   /// `trunkBank` is the box that picks the bank of the talkgroup table, with its control name.
   void addPages(platform::ComboBox& trunkBank, const char* name, QWidget* options);
   void showTab();
+  /// Progress of work that has no dialog of its own, in a status bar that is there no longer than
+  /// that.
+  void addProgress(const memory::Progress& progress);
 
   shell::MainForm& form_;
   Binder binder_;
   QTabWidget* tabs_;
+  QMenu* trunkedMenu_ = nullptr;
   KeyForwarder* keys_;
   std::unique_ptr<PanelBinding> panelBinding_;
 };

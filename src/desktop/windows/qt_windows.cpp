@@ -8,6 +8,7 @@ namespace tarnvex::desktop {
 QtWindows::~QtWindows() {
   delete splash_;
   delete notice_;
+  delete quickView_;
   delete main_;
   delete help_;
 }
@@ -54,6 +55,29 @@ void QtWindows::closeMain() {
   }
 }
 
+void QtWindows::showMain(bool shown) {
+  if (main_) {
+    main_->setVisible(shown);
+  }
+}
+
+void QtWindows::openQuickView(shell::QuickView& form) {
+  quickView_ = new QuickViewWindow(form, bc895Layout(), "QuickView", gate_);
+  quickView_->present();
+}
+
+void QtWindows::openQuickView(shell::Form9& form) {
+  quickView_ = new QuickViewWindow(form, bc245Layout(), "Form9", gate_);
+  quickView_->present();
+}
+
+void QtWindows::closeQuickView() {
+  if (quickView_) {
+    quickView_->leaveScreen();
+    quickView_.clear();
+  }
+}
+
 void QtWindows::openNotice(const std::string& caption, const std::string& text) {
   notice_ = makeNotice(toScreen(caption), toScreen(text), nullptr);
   notice_->show();
@@ -80,6 +104,10 @@ void QtWindows::openDialog(search::frmLockouts& form, bool modal) {
 
 void QtWindows::openDialog(trunking::Form3& form, bool modal) {
   presentDialog(&form, makeSystemTypeDialog(form, gate_, dialogParent()), modal);
+}
+
+void QtWindows::openDialog(trunking::Form5& form, bool modal) {
+  presentDialog(&form, makeFleetMapDialog(form, gate_, dialogParent()), modal);
 }
 
 void QtWindows::openDialog(shell::frmAbout& form, bool modal) {

@@ -11,6 +11,7 @@
 #include "desktop/windows/dialog_window.h"
 #include "desktop/windows/help_window.h"
 #include "desktop/windows/main_window.h"
+#include "desktop/windows/quick_view_window.h"
 #include "shell/splash_form.h"
 #include "shell/window_layer.h"
 
@@ -32,12 +33,17 @@ class QtWindows : public shell::WindowLayer {
   void openMain(shell::Form4& form) override;
   void openMain(shell::Form2& form) override;
   void closeMain() override;
+  void showMain(bool shown) override;
+  void openQuickView(shell::QuickView& form) override;
+  void openQuickView(shell::Form9& form) override;
+  void closeQuickView() override;
   void openNotice(const std::string& caption, const std::string& text) override;
   void closeNotice() override;
   void openDialog(memory::ApfForm& form, bool modal) override;
   void openDialog(memory::BankDialog& form, bool modal) override;
   void openDialog(search::frmLockouts& form, bool modal) override;
   void openDialog(trunking::Form3& form, bool modal) override;
+  void openDialog(trunking::Form5& form, bool modal) override;
   void openDialog(shell::frmAbout& form, bool modal) override;
   void closeDialog(const void* form) override;
   void raiseDialog(const void* form) override;
@@ -60,6 +66,7 @@ class QtWindows : public shell::WindowLayer {
   QPointer<QWidget> splash_;
   QPointer<QWidget> notice_;
   QPointer<MainWindow> main_;
+  QPointer<QuickViewWindow> quickView_;
   QPointer<HelpWindow> help_;
   std::map<const void*, QPointer<DialogWindow>> dialogs_;
   std::unique_ptr<TimerDriver> splashTimer_;

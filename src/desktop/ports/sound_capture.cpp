@@ -1,0 +1,147 @@
+#include "desktop/ports/sound_capture.h"
+
+#include <pulse/pulseaudio.h>
+
+#include <cstdint>
+#include <vector>
+
+#include "desktop/ports/wave_file.h"
+
+namespace tarnvex::desktop {
+namespace {
+
+/// Sound comes in pieces of this length; up to one of them is lost at the end.
+constexpr std::uint32_t kPieceBytes = WaveFile::kRate / 50 * sizeof(std::int16_t);
+constexpr auto kPatience = std::chrono::seconds(2);
+/// The longest sleep while there is nothing to do, in microseconds.
+constexpr int kSleep = 20'000;
+
+}  // namespace
+
+SoundCapture::SoundCapture(std::string directory, QString name)
+    : directory_(std::move(directory)),
+      name_(std::move(name)),
+      loop_(pa_mainloop_new()),
+      thread_([this] { run(); }) {}
+
+SoundCapture::~SoundCapture() {
+  finish();
+}
+
+void SoundCapture::finish() {
+  if (!thread_.joinable()) {
+    return;
+  }
+  finishing_ = true;
+  pa_mainloop_wakeup(loop_);
+  thread_.join();
+  pa_mainloop_free(loop_);
+}
+
+void SoundCapture::run() {
+  context_ = pa_context_new(pa_mainloop_get_api(loop_), "Tarnvex");
+  if (pa_context_connect(context_, nullptr, PA_CONTEXT_NOFLAGS, nullptr) < 0) {
+    fail(serverError());
+  } else {
+    State state = State::Going;
+    while (state != State::Over) {
+      turn();
+      state = work();
+      if (finishing_ &&
+          (state == State::Recording || std::chrono::steady_clock::now() - started_ > kPatience)) {
+        break;
+      }
+    }
+    if (state == State::Going) {
+      fail(QStringLiteral("The sound server doesn't answer."));
+    }
+  }
+  file_.reset();
+  if (stream_ != nullptr) {
+    pa_stream_disconnect(stream_);
+    pa_stream_unref(stream_);
+  }
+  pa_context_disconnect(context_);
+  pa_context_unref(context_);
+}
+
+void SoundCapture::turn() {
+  if (pa_mainloop_prepare(loop_, kSleep) >= 0 && pa_mainloop_poll(loop_) >= 0) {
+    pa_mainloop_dispatch(loop_);
+  }
+}
+
+SoundCapture::State SoundCapture::work() {
+  if (!PA_CONTEXT_IS_GOOD(pa_context_get_state(context_))) {
+    return fail(serverError());
+  }
+  if (pa_context_get_state(context_) != PA_CONTEXT_READY) {
+    return State::Going;
+  }
+  if (stream_ == nullptr) {
+    return connectStream();
+  }
+  if (!PA_STREAM_IS_GOOD(pa_stream_get_state(stream_))) {
+    return fail(serverError());
+  }
+  if (pa_stream_get_state(stream_) != PA_STREAM_READY) {
+    return State::Going;
+  }
+  if (!file_) {
+    QString error;
+    file_ = WaveFile::create(directory_, name_, error);
+    if (!file_) {
+      return fail(error);
+    }
+  }
+  return takeSound();
+}
+
+SoundCapture::State SoundCapture::connectStream() {
+  const pa_sample_spec format{PA_SAMPLE_S16NE, WaveFile::kRate, 1};
+  constexpr auto kServersChoice = static_cast<std::uint32_t>(-1);
+  const pa_buffer_attr pieces{kServersChoice, kServersChoice, kServersChoice, kServersChoice,
+                              kPieceBytes};
+  stream_ = pa_stream_new(context_, "Reception", &format, nullptr);
+  // No device named: the source that the user has set as the default one.
+  if (stream_ == nullptr ||
+      pa_stream_connect_record(stream_, nullptr, &pieces, PA_STREAM_ADJUST_LATENCY) < 0) {
+    return fail(serverError());
+  }
+  return State::Going;
+}
+
+SoundCapture::State SoundCapture::takeSound() {
+  while (pa_stream_readable_size(stream_) > 0) {
+    const void* data = nullptr;
+    std::size_t bytes = 0;
+    if (pa_stream_peek(stream_, &data, &bytes) < 0) {
+      return fail(serverError());
+    }
+    if (bytes == 0) {
+      break;
+    }
+    // A hole in the sound is silence.
+    const std::vector<std::int16_t> silence(data == nullptr ? bytes / sizeof(std::int16_t) : 0);
+    const auto* samples = data == nullptr ? silence.data() : static_cast<const std::int16_t*>(data);
+    QString error;
+    const bool written = file_->write({samples, bytes / sizeof(std::int16_t)}, error);
+    pa_stream_drop(stream_);
+    if (!written) {
+      return fail(error);
+    }
+  }
+  return State::Recording;
+}
+
+SoundCapture::State SoundCapture::fail(const QString& error) {
+  error_ = error;
+  return State::Over;
+}
+
+QString SoundCapture::serverError() const {
+  return QStringLiteral("No sound can be recorded: %1.")
+      .arg(QString::fromLocal8Bit(pa_strerror(pa_context_errno(context_))));
+}
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QString>
+#include <atomic>
+#include <chrono>
+#include <memory>
+#include <string>
+#include <thread>
+
+struct pa_context;
+struct pa_mainloop;
+struct pa_stream;
+
+namespace tarnvex::desktop {
+
+class WaveFile;
+
+/// Records the sound server's default source to a wave file, from its making until `finish`. It
+/// works in a thread of its own, so that neither a busy window nor a slow server costs the other
+/// anything. Only one thread uses it.
+class SoundCapture {
+ public:
+  /// See `WaveFile::create`.
+  SoundCapture(std::string directory, QString name);
+  SoundCapture(const SoundCapture&) = delete;
+  SoundCapture& operator=(const SoundCapture&) = delete;
+  SoundCapture(SoundCapture&&) = delete;
+  SoundCapture& operator=(SoundCapture&&) = delete;
+  ~SoundCapture();
+
+  /// Ends the recording and closes the file. A moment, as a rule; a server that doesn't answer is
+  /// given up two seconds after the start.
+  void finish();
+  /// What went wrong, empty if nothing did. To be asked behind `finish`.
+  [[nodiscard]] const QString& error() const { return error_; }
+
+ private:
+  enum class State { Going, Recording, Over };
+
+  void run();
+  void turn();
+  State work();
+  State connectStream();
+  State takeSound();
+  State fail(const QString& error);
+  [[nodiscard]] QString serverError() const;
+
+  std::string directory_;
+  QString name_;
+  QString error_;
+  std::chrono::steady_clock::time_point started_ = std::chrono::steady_clock::now();
+  pa_mainloop* loop_ = nullptr;
+  pa_context* context_ = nullptr;
+  pa_stream* stream_ = nullptr;
+  std::unique_ptr<WaveFile> file_;
+  std::atomic<bool> finishing_ = false;
+  std::thread thread_;
+};
+
+}  // namespace tarnvex::desktop

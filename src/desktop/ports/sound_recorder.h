@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "desktop/ports/sound_capture.h"
+#include "platform/media_control.h"
+
+namespace tarnvex::desktop {
+
+/// The media control on the desktop's sound server (PulseAudio, or PipeWire in its place): what is
+/// recorded is the input that the user has set as the default one there. The server mixes and
+/// shares, so another program can use the same input meanwhile.
+class SoundRecorder : public platform::MediaControl {
+ public:
+  void setFileName(const std::string& directory, const std::string& name) override;
+  void command(platform::MediaCommand command) override;
+  [[nodiscard]] std::string errorMessage() const override { return error_; }
+
+ private:
+  std::string directory_;
+  QString name_;
+  std::string error_;
+  bool open_ = false;
+  std::optional<SoundCapture> capture_;
+};
+
+class SoundRecorders : public platform::MediaControls {
+ public:
+  std::unique_ptr<platform::MediaControl> create() override {
+    return std::make_unique<SoundRecorder>();
+  }
+};
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,122 @@
+#include "desktop/windows/quick_view_window.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QStyleHints>
+#include <QVBoxLayout>
+#include <QWindow>
+#include <algorithm>
+
+#include "desktop/ports/text.h"
+
+namespace tarnvex::desktop {
+namespace {
+
+constexpr double kTwipsPerPixel = 15;
+/// A lost window is brought back: at least so much of it stays on a screen.
+constexpr int kSeen = 40;
+
+shell::Twips toTwips(int x, int y) {
+  return {x * kTwipsPerPixel, y * kTwipsPerPixel};
+}
+
+int toPixels(double twips) {
+  // Whatever the settings hold, far beyond any screen is far enough.
+  return qRound(std::clamp(twips / kTwipsPerPixel, -1e6, 1e6));
+}
+
+bool onAScreen(const QRect& window) {
+  const auto screens = QGuiApplication::screens();
+  return std::ranges::any_of(screens, [&](const QScreen* screen) {
+    const QRect seen = screen->geometry().intersected(window);
+    return seen.width() >= kSeen && seen.height() >= kSeen;
+  });
+}
+
+}  // namespace
+
+QuickViewWindow::QuickViewWindow(shell::QuickViewForm& form, const PanelLayout& radio,
+                                 const char* name, platform::EventGate& gate)
+    : QWidget(nullptr, Qt::Window | Qt::WindowStaysOnTopHint | Qt::WindowTitleHint |
+                           Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint),
+      form_(form),
+      gate_(gate),
+      display_(new RadioPanel(displayOnly(radio), this)),
+      binding_(*display_, form.elements(), form.background()) {
+  setObjectName(QLatin1String(name));
+  setWindowTitle(titleToScreen(form.window.caption()));
+  // Clicks are the window's, wherever they fall.
+  display_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  display_->setFocusPolicy(Qt::NoFocus);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins({});
+  layout->addWidget(display_);
+  const int width = fontMetrics().averageCharWidth() * 44;
+  setFixedSize(width, display_->heightForWidth(width));
+}
+
+void QuickViewWindow::present() {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  const QRect room = screen != nullptr ? screen->availableGeometry() : QRect();
+  // Before it is on the screen nobody knows its frame; the title bar is taken to be as high as a
+  // line of text and a half.
+  const int title = fontMetrics().height() * 3 / 2;
+  form_.load(toTwips(room.right() + 1, room.bottom() + 1), toTwips(width(), height() + title));
+  QRect place(QPoint(toPixels(form_.place().x), toPixels(form_.place().y)), size());
+  if (!onAScreen(place)) {
+    place.moveBottomRight(room.bottomRight());
+  }
+  move(place.topLeft());
+  show();
+  raise();
+  activateWindow();
+  placed_ = true;
+}
+
+void QuickViewWindow::leaveScreen() {
+  placed_ = false;
+  hide();
+  deleteLater();
+}
+
+void QuickViewWindow::askToClose() {
+  gate_.enter([&form = form_] { form.userClose(); });
+}
+
+void QuickViewWindow::mousePressEvent(QMouseEvent* event) {
+  pressed_ = event->pos();
+}
+
+void QuickViewWindow::mouseMoveEvent(QMouseEvent* event) {
+  const int enough = QGuiApplication::styleHints()->startDragDistance();
+  if (pressed_ && (event->pos() - *pressed_).manhattanLength() >= enough && windowHandle()) {
+    pressed_.reset();
+    windowHandle()->startSystemMove();
+  }
+}
+
+void QuickViewWindow::mouseReleaseEvent(QMouseEvent* /*event*/) {
+  if (pressed_) {
+    pressed_.reset();
+    askToClose();
+  }
+}
+
+void QuickViewWindow::keyPressEvent(QKeyEvent* /*event*/) {
+  askToClose();
+}
+
+void QuickViewWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  askToClose();
+}
+
+void QuickViewWindow::moveEvent(QMoveEvent* /*event*/) {
+  if (placed_) {
+    form_.userMove(toTwips(pos().x(), pos().y()));
+  }
+}
+
+}  // namespace tarnvex::desktop

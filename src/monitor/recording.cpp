@@ -1,0 +1,68 @@
+#include "monitor/recording.h"
+
+#include <algorithm>
+
+namespace tarnvex::monitor {
+namespace {
+
+/// Keeps the name below what file systems take, whatever the tag: 255 bytes, of which a character
+/// may need three.
+constexpr std::size_t kLongestTag = 70;
+
+/// What no file name may hold, and what some file systems don't take.
+char inFileName(char character) {
+  if (character == '/' || character == '\\') {
+    return '-';
+  }
+  if (character == ':') {
+    return '.';
+  }
+  const auto code = static_cast<unsigned char>(character);
+  return code < ' ' || code == 0x7F ? ' ' : character;
+}
+
+}  // namespace
+
+std::string recordingName(const std::string& tag, const std::string& frequency,
+                          const std::string& time) {
+  const std::string& what = tag.empty() ? frequency : tag;
+  std::string name = what.substr(0, kLongestTag) + "-" + time + ".wav";
+  std::ranges::transform(name, name.begin(), inFileName);
+  return name;
+}
+
+void Recording::gate(bool active, const std::string& tag, const std::string& frequency) {
+  if (!active) {
+    if (outside_.state.Recording) {
+      stop();
+    }
+  } else if (outside_.chkRecord.value() && !outside_.state.Recording) {
+    start(tag, frequency);
+  }
+}
+
+void Recording::start(const std::string& tag, const std::string& frequency) {
+  auto& control = outside_.MMControl1;
+  control.setFileName(outside_.programDirectory,
+                      recordingName(tag, frequency, outside_.clock.now()));
+  control.command(platform::MediaCommand::Open);
+  control.command(platform::MediaCommand::Record);
+  outside_.state.Recording = true;
+}
+
+/// The message is shown behind the tick, so that the poll goes on while it stands.
+void Recording::stop() {
+  auto& control = outside_.MMControl1;
+  control.command(platform::MediaCommand::Stop);
+  control.command(platform::MediaCommand::Save);
+  if (const std::string error = control.errorMessage(); !error.empty()) {
+    outside_.gate.enter([&dialogs = outside_.dialogs, error] {
+      dialogs.messageBox(error, "Audio Record Error Occurred", platform::kWarning);
+    });
+    outside_.chkRecord.setValue(false);
+  }
+  control.command(platform::MediaCommand::Close);
+  outside_.state.Recording = false;
+}
+
+}  // namespace tarnvex::monitor

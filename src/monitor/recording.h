@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+
+#include "platform/clock.h"
+#include "platform/controls.h"
+#include "platform/dialogs.h"
+#include "platform/event_gate.h"
+#include "platform/media_control.h"
+#include "platform/shared_state.h"
+
+namespace tarnvex::monitor {
+
+/// Name of the wave file of a reception: its tag, or its frequency where there is no tag, and the
+/// time (as `Clock::now` tells it). Always a valid file name of moderate length.
+std::string recordingName(const std::string& tag, const std::string& frequency,
+                          const std::string& time);
+
+/// What the recording works with. All of it outlives it.
+struct RecordingOutside {
+  platform::CheckBox& chkRecord;
+  platform::MediaControl& MMControl1;
+  platform::SharedState& state;
+  platform::EventGate& gate;
+  platform::Dialogs& dialogs;
+  const platform::Clock& clock;
+  /// Where the files go.
+  std::string programDirectory;
+};
+
+/// With `chkRecord` ticked, records the PC's sound input for as long as the radio's display shows a
+/// reception, each to a file of its own. Failures never disturb the poll: the user hears of them
+/// once, behind the stop, and the box is unticked.
+class Recording {
+ public:
+  explicit Recording(RecordingOutside outside) : outside_(std::move(outside)) {}
+
+  /// Run once a tick, with what the last tick left on the display. A running recording goes on to
+  /// the end of its reception, also if the box is unticked meanwhile.
+  void gate(bool active, const std::string& tag, const std::string& frequency);
+
+ private:
+  void start(const std::string& tag, const std::string& frequency);
+  void stop();
+
+  RecordingOutside outside_;
+};
+
+}  // namespace tarnvex::monitor

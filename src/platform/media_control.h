@@ -1,0 +1,51 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+namespace tarnvex::platform {
+
+/// What a media control can be told to do. Each command returns when it is done, or has failed.
+enum class MediaCommand {
+  Open,    ///< Takes the sound input; the last error is forgotten.
+  Record,  ///< Begins to record to the file.
+  Stop,
+  Save,   ///< What was recorded is in the file.
+  Close,  ///< Lets the sound input go. Without a save before it the file keeps what it has.
+};
+
+/// Records the PC's sound input to a wave file, beside the program: sound doesn't pass through the
+/// core, and no command but `Save` takes longer than a moment. A command that fails, or that has
+/// nothing to work on, does nothing.
+class MediaControl {
+ public:
+  MediaControl() = default;
+  virtual ~MediaControl() = default;
+  MediaControl(const MediaControl&) = delete;
+  MediaControl& operator=(const MediaControl&) = delete;
+  MediaControl(MediaControl&&) = delete;
+  MediaControl& operator=(MediaControl&&) = delete;
+
+  /// The file of the next recording: a folder as the file system spells it, and a name of core text
+  /// without slashes or control characters. A file that exists is never written over: the recording
+  /// then gets a number behind its name.
+  virtual void setFileName(const std::string& directory, const std::string& name) = 0;
+  virtual void command(MediaCommand command) = 0;
+  /// What the first command since `Open` failed with; empty if none has.
+  [[nodiscard]] virtual std::string errorMessage() const = 0;
+};
+
+/// Makes the media control of a main window.
+class MediaControls {
+ public:
+  MediaControls() = default;
+  virtual ~MediaControls() = default;
+  MediaControls(const MediaControls&) = delete;
+  MediaControls& operator=(const MediaControls&) = delete;
+  MediaControls(MediaControls&&) = delete;
+  MediaControls& operator=(MediaControls&&) = delete;
+
+  virtual std::unique_ptr<MediaControl> create() = 0;
+};
+
+}  // namespace tarnvex::platform

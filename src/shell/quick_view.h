@@ -1,0 +1,81 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "monitor/bc245_panel.h"
+#include "monitor/panel_state.h"
+#include "platform/notifier.h"
+#include "platform/settings_store.h"
+#include "platform/window.h"
+
+namespace tarnvex::shell {
+
+/// A width and height, or a position, in twips: a fifteenth of a device-independent pixel. The
+/// settings keep the small window's place in this unit.
+struct Twips {
+  double x = 0;
+  double y = 0;
+};
+
+/// What is the radio's own in its small window.
+struct QuickViewTraits {
+  std::string_view caption;
+  /// Section of the settings store.
+  std::string_view section;
+};
+
+/// The small window over all others: a copy of the radio's display, for as long as the main window
+/// is hidden. It has no state but its place. The window layer shows the main window's labels in it
+/// as they change, so the two can't differ.
+class QuickViewForm {
+ public:
+  QuickViewForm(const QuickViewForm&) = delete;
+  QuickViewForm& operator=(const QuickViewForm&) = delete;
+  QuickViewForm(QuickViewForm&&) = delete;
+  QuickViewForm& operator=(QuickViewForm&&) = delete;
+
+  /// Run by the window layer as it makes the window, before it shows: where the window was when it
+  /// was last closed, or the bottom right corner of the screen.
+  void load(Twips screen, Twips size);
+  /// Keeps the place.
+  void unload();
+  /// A click on the window, any key in it, or its own close button.
+  void userClose() { closed.notify(); }
+  /// The user has moved the window.
+  void userMove(Twips place) { place_ = place; }
+
+  /// `Left` and `Top`.
+  [[nodiscard]] Twips place() const { return place_; }
+  [[nodiscard]] const std::vector<monitor::PanelElement>& elements() const { return elements_; }
+  [[nodiscard]] const platform::Label& background() const { return background_; }
+
+  platform::Window window;
+  platform::Notifier<> closed;
+
+ protected:
+  QuickViewForm(const QuickViewTraits& traits, std::vector<monitor::PanelElement> elements,
+                const platform::Label& background, platform::SettingsStore& settings);
+  ~QuickViewForm() = default;
+
+ private:
+  std::string section_;
+  std::vector<monitor::PanelElement> elements_;
+  const platform::Label& background_;
+  platform::SettingsStore& settings_;
+  Twips place_;
+};
+
+/// Of the BC895XLT.
+class QuickView : public QuickViewForm {
+ public:
+  QuickView(const monitor::PanelState& panel, platform::SettingsStore& settings);
+};
+
+/// Of the BC245XLT.
+class Form9 : public QuickViewForm {
+ public:
+  Form9(const monitor::Bc245Panel& panel, platform::SettingsStore& settings);
+};
+
+}  // namespace tarnvex::shell

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/media_control.h"
+
+namespace tarnvex::test {
+
+/// Media controls that record nothing but what they were told, all into one log: "file /program/…",
+/// "Open", "Record" and so on.
+class FakeMediaControls : public platform::MediaControls {
+ public:
+  std::unique_ptr<platform::MediaControl> create() override {
+    return std::make_unique<Control>(*this);
+  }
+
+  std::vector<std::string> takeLog() { return std::exchange(log, {}); }
+
+  std::vector<std::string> log;
+  /// What recording fails with.
+  std::string error;
+
+ private:
+  class Control : public platform::MediaControl {
+   public:
+    explicit Control(FakeMediaControls& owner) : owner_(owner) {}
+    void setFileName(const std::string& directory, const std::string& name) override {
+      owner_.log.push_back("file " + directory + "/" + name);
+    }
+    void command(platform::MediaCommand command) override {
+      static constexpr const char* kNames[] = {"Open", "Record", "Stop", "Save", "Close"};
+      owner_.log.emplace_back(kNames[static_cast<int>(command)]);
+    }
+    [[nodiscard]] std::string errorMessage() const override { return owner_.error; }
+
+   private:
+    FakeMediaControls& owner_;
+  };
+};
+
+}  // namespace tarnvex::test
