@@ -8,15 +8,16 @@
 namespace tarnvex::radio {
 namespace {
 
+// Without a trunked channel in the scan the radio searches on and on, until it is sent elsewhere.
 std::string startBc245(State& state) {
+  enter(state, Activity::TrunkSearch);
   for (int bank = 0; bank < kBanks; ++bank) {
     if (!state.scanBanks[bank] || !hasTrunkedChannel(state.memory, bank)) continue;
     state.trunkBank = bank;
-    enter(state, Activity::TrunkSearch);
     state.acquiredAt = state.now + kAcquire;
-    return kOk;
+    break;
   }
-  return kError;
+  return kOk;
 }
 
 std::string startBc895(State& state) {

@@ -55,7 +55,7 @@ TEST(Keys, ModesFollowTheKeys) {
                              {{"KEY13H", "KEY02 10"}, "TB", "TB J "},
                              {{"KEY13"}, "MD", "MD14"},
                              {{"SB H", "KEY13"}, "MD", "MD20"},
-                             {{"SB A", "KEY13"}, "MD", "MD00"},
+                             {{"SB A", "KEY13"}, "MD", "MD14"},
                              {{"KEY18"}, "MD", "MD00"},
                          });
 }

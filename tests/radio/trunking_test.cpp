@@ -103,9 +103,9 @@ TEST(TrunkingBc245, TheSystemIsFoundAfterAWhile) {
                {"MD", "MD12"},
                {"KEY13", "OK"},
                {"SB C", "SB C"},
-               {"KEY13", "ERR"},
-               {"KEY01", "OK"},
-               {"MD", "MD01"}});
+               {"KEY13", "OK"}});
+  radio.advance(2900);
+  play(radio, {{"MD", "MD14"}, {"KEY01", "OK"}, {"MD", "MD01"}});
 }
 
 TEST(TrunkingBc245, IdsAreWrittenAndJudged) {
