@@ -16,6 +16,7 @@ constexpr std::array<char16_t, 32> kHigh = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 constexpr unsigned char kHighStart = 0x80;
+constexpr std::size_t kLongestLine = 500;
 
 }  // namespace
 
@@ -28,6 +29,10 @@ QString toScreen(std::string_view text) {
     shown += QChar(high ? kHigh[byte - kHighStart] : char16_t{byte});
   }
   return shown;
+}
+
+QString lineToScreen(std::string_view text) {
+  return toScreen(text.substr(0, kLongestLine));
 }
 
 std::string fromScreen(const QString& text, bool* dropped) {

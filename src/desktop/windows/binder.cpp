@@ -80,7 +80,7 @@ void showLines(QListWidget* widget, const platform::ListBox& model) {
     delete widget->takeItem(widget->count() - 1);
   }
   for (int i = 0; i < model.count(); ++i) {
-    const QString text = toScreen(model.item(i));
+    const QString text = lineToScreen(model.item(i));
     if (i >= widget->count()) {
       widget->addItem(text);
     } else if (widget->item(i)->text() != text) {
@@ -95,6 +95,12 @@ void showIf(QWidget* widget, bool visible) {
   if (!visible || widget->parentWidget() != nullptr) {
     widget->setVisible(visible);
   }
+}
+
+void keepRoom(QWidget* widget) {
+  QSizePolicy policy = widget->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  widget->setSizePolicy(policy);
 }
 
 void focusIfShown(QWidget* widget) {
@@ -211,6 +217,9 @@ void Binder::bindSelection(QListWidget* widget, platform::ListBox& model, const 
     for (int i = 0; i < model.count(); ++i) {
       widget->item(i)->setSelected(model.selected(i));
     }
+    if (model.listIndex() >= 0) {
+      widget->setCurrentRow(model.listIndex(), QItemSelectionModel::NoUpdate);
+    }
   };
   show();
   keep(model.changed.connect(show));
@@ -219,7 +228,10 @@ void Binder::bindSelection(QListWidget* widget, platform::ListBox& model, const 
     for (int i = 0; i < widget->count(); ++i) {
       selected.push_back(widget->item(i)->isSelected());
     }
-    gate_.enter([&model, selected = std::move(selected)] { model.userSelect(selected); });
+    gate_.enter([&model, row = widget->currentRow(), selected = std::move(selected)] {
+      model.setListIndex(row);
+      model.userSelect(selected);
+    });
   });
 }
 

@@ -17,6 +17,8 @@ namespace tarnvex::desktop {
 
 /// Shows or hides a widget; one that isn't in a window yet stays off the screen either way.
 void showIf(QWidget* widget, bool visible);
+/// Keeps a widget's room in its layout while it is hidden.
+void keepRoom(QWidget* widget);
 /// Gives a widget the focus. One on a page that isn't in front can't take it, and must not when its
 /// page comes to the front.
 void focusIfShown(QWidget* widget);

@@ -15,7 +15,7 @@ QLabel* addLabel(Binder& binder, const platform::Label& model, const char* name)
   label->setObjectName(QLatin1String(name));
   label->setWordWrap(true);
   const auto show = [label, &model] {
-    label->setText(toScreen(model.caption()));
+    label->setText(lineToScreen(model.caption()));
     showIf(label, model.visible());
   };
   show();
@@ -38,16 +38,12 @@ void sizeList(QListWidget* list, int columns) {
 
 }  // namespace
 
-ProgressBar::ProgressBar(const memory::Progress& progress, std::function<void(bool shown)> shown) {
+ProgressBar::ProgressBar(const memory::Progress& progress) {
   setObjectName(QStringLiteral("progress"));
-  const auto show = [this, &progress, shown = std::move(shown)] {
-    const bool any = progress.total() > 0;
-    showIf(this, any);
+  const auto show = [this, &progress] {
+    showIf(this, progress.total() > 0);
     setMaximum(std::max(progress.total(), 1));
     setValue(progress.done());
-    if (shown) {
-      shown(any);
-    }
   };
   show();
   changed_ = progress.changed.connect(show);
@@ -111,9 +107,7 @@ DialogWindow* makeBankDialog(memory::BankDialog& form, platform::EventGate& gate
   caption->setBuddy(list);
   list->setAccessibleName(caption->text());
   auto* bar = new ProgressBar(form.progress);
-  QSizePolicy policy = bar->sizePolicy();
-  policy.setRetainSizeWhenHidden(true);
-  bar->setSizePolicy(policy);
+  keepRoom(bar);
   auto* grid = new QGridLayout(dialog);
   grid->addWidget(caption, 0, 0);
   grid->addWidget(list, 1, 0, 4, 1);

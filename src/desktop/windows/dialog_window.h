@@ -40,11 +40,10 @@ DialogWindow* makeSystemTypeDialog(trunking::Form3& form, platform::EventGate& g
                                    QWidget* parent);
 DialogWindow* makeFleetMapDialog(trunking::Form5& form, platform::EventGate& gate, QWidget* parent);
 
-/// A bar that shows while there is progress to show. `shown` is told with it.
+/// A bar that shows while there is progress to show.
 class ProgressBar : public QProgressBar {
  public:
-  explicit ProgressBar(const memory::Progress& progress,
-                       std::function<void(bool shown)> shown = {});
+  explicit ProgressBar(const memory::Progress& progress);
 
  private:
   platform::Connection changed_;

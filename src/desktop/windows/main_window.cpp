@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QMenuBar>
-#include <QStatusBar>
 #include <QTabBar>
 #include <QVBoxLayout>
 
@@ -153,9 +152,17 @@ void MainWindow::showTab() {
 }
 
 void MainWindow::addProgress(const memory::Progress& progress) {
-  auto* bar =
-      new ProgressBar(progress, [status = statusBar()](bool shown) { showIf(status, shown); });
-  statusBar()->addWidget(bar, 1);
+  auto* bar = new ProgressBar(progress);
+  const QFontMetrics metrics(bar->font());
+  bar->setTextVisible(false);
+  bar->setFixedSize(metrics.averageCharWidth() * 30, metrics.height() / 2);
+  keepRoom(bar);
+  // The bar stands in the middle of the menu bar's height, which it must not raise.
+  auto* corner = new QWidget;
+  auto* row = new QHBoxLayout(corner);
+  row->setContentsMargins(0, metrics.height() * 2 / 5, metrics.height() / 2, 0);
+  row->addWidget(bar);
+  menuBar()->setCornerWidget(corner);
 }
 
 void MainWindow::leaveScreen() {

@@ -41,8 +41,8 @@ class MainWindow : public QMainWindow {
   /// `trunkBank` is the box that picks the bank of the talkgroup table, with its control name.
   void addPages(platform::ComboBox& trunkBank, const char* name, QWidget* options);
   void showTab();
-  /// Progress of work that has no dialog of its own, in a status bar that is there no longer than
-  /// that.
+  /// Progress of work that has no dialog of its own, at the end of the menu bar, where it moves
+  /// nothing.
   void addProgress(const memory::Progress& progress);
 
   shell::MainForm& form_;

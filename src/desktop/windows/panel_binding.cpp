@@ -70,7 +70,7 @@ PanelBinding::PanelBinding(RadioPanel& view, shell::Form2& form, platform::Event
 }
 
 void PanelBinding::show(const monitor::PanelElement& element) {
-  view_.setElement(QString::fromStdString(element.name), toScreen(element.label->caption()),
+  view_.setElement(QString::fromStdString(element.name), lineToScreen(element.label->caption()),
                    element.label->visible());
 }
 

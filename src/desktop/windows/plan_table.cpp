@@ -35,7 +35,7 @@ int PlanModel::columnCount(const QModelIndex& parent) const {
 QVariant PlanModel::data(const QModelIndex& index, int role) const {
   switch (role) {
     case Qt::DisplayRole:
-      return toScreen(table_.textMatrix(index.row() + 1, index.column()));
+      return lineToScreen(table_.textMatrix(index.row() + 1, index.column()));
     case Qt::TextAlignmentRole:
       // Flags stand under the middle of their short headings.
       return QVariant(table_.colWidth(index.column()) == 500 && index.column() > 0
@@ -115,14 +115,16 @@ void PlanTable::copySelection() const {
     return std::pair(a.row(), a.column()) < std::pair(b.row(), b.column());
   });
   QString text;
-  for (qsizetype i = 0; i < cells.size(); ++i) {
-    if (isColumnHidden(cells[i].column())) {
+  int lastRow = -1;
+  for (const QModelIndex& cell : cells) {
+    if (isColumnHidden(cell.column())) {
       continue;
     }
-    if (!text.isEmpty()) {
-      text += cells[i].row() == cells[i - 1].row() ? QLatin1Char('\t') : QLatin1Char('\n');
+    if (lastRow >= 0) {
+      text += cell.row() == lastRow ? QLatin1Char('\t') : QLatin1Char('\n');
     }
-    text += cells[i].data().toString();
+    lastRow = cell.row();
+    text += toScreen(table_.textMatrix(cell.row() + 1, cell.column()));
   }
   QApplication::clipboard()->setText(text);
 }
@@ -131,15 +133,33 @@ void PlanTable::pasteClipboard() {
   const int firstColumn = table_.col();
   QString text = QApplication::clipboard()->text();
   text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+  text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+  bool beyondColumns = false;
   for (const QChar character : text) {
-    if (character == QLatin1Char('\t')) {
-      table_.userMoveTo(table_.row(), table_.col() + 1);
-    } else if (character == QLatin1Char('\n') || character == QLatin1Char('\r')) {
+    if (character == QLatin1Char('\n')) {
+      if (table_.row() + 1 == table_.rows()) {
+        return;
+      }
       table_.userMoveTo(table_.row() + 1, firstColumn);
-    } else if (!typeText(character)) {
+      beyondColumns = false;
+    } else if (character == QLatin1Char('\t')) {
+      beyondColumns = beyondColumns || !pasteIntoNextColumn();
+    } else if (!beyondColumns && !typeText(character)) {
       QApplication::beep();
     }
   }
+}
+
+/// A copy leaves out the columns that aren't shown.
+bool PlanTable::pasteIntoNextColumn() {
+  int column = table_.col() + 1;
+  while (column < table_.cols() && isColumnHidden(column)) {
+    ++column;
+  }
+  if (column < table_.cols()) {
+    table_.userMoveTo(table_.row(), column);
+  }
+  return column < table_.cols();
 }
 
 void PlanTable::showCursor() {
@@ -178,8 +198,14 @@ void PlanTable::changeEvent(QEvent* event) {
 
 void PlanTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTableView::currentChanged(current, previous);
-  if (current.isValid() && current.column() >= 1) {
-    table_.userMoveTo(current.row() + 1, current.column());
+  if (current.isValid()) {
+    table_.userMoveTo(current.row() + 1, std::max(current.column(), 1));
+  }
+  if (current.isValid() && current.column() == 0) {
+    // On a row's label the cursor means the row. Later, since the click goes on to select its cell.
+    QMetaObject::invokeMethod(
+        this, [this] { setCurrentIndex(model()->index(table_.row() - 1, table_.col())); },
+        Qt::QueuedConnection);
   }
 }
 

@@ -49,8 +49,9 @@ class PlanTable : public QTableView {
   /// Puts the selected cells on the clipboard, tabs between the columns, a line for each row.
   void copySelection() const;
   /// Types the clipboard's characters from the cursor on. A tab goes one cell to the right, a line
-  /// end to the next row, below where the pasting began.
+  /// end to the next row, below where the pasting began. What lies beyond the table is dropped.
   void pasteClipboard();
+  bool pasteIntoNextColumn();
 
   platform::Table& table_;
   platform::EventGate& gate_;

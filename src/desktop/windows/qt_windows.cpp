@@ -1,5 +1,7 @@
 #include "desktop/windows/qt_windows.h"
 
+#include <QWindow>
+
 #include "desktop/ports/text.h"
 #include "desktop/windows/notices.h"
 
@@ -56,9 +58,14 @@ void QtWindows::closeMain() {
 }
 
 void QtWindows::showMain(bool shown) {
-  if (main_) {
-    main_->setVisible(shown);
+  if (!main_) {
+    return;
   }
+  // A window manager takes a window that comes back for a new one, unless it says where it was.
+  if (shown && main_->windowHandle() != nullptr) {
+    main_->windowHandle()->setPosition(main_->geometry().topLeft());
+  }
+  main_->setVisible(shown);
 }
 
 void QtWindows::openQuickView(shell::QuickView& form) {
