@@ -58,11 +58,13 @@ Form8::Form8(ApfPorts ports)
 
 void Form8::load() {
   const platform::Table& grid = ports_.MSFlexGrid1();
+  std::vector<std::string> lines;
   for (int row = 1; row < grid.rows(); ++row) {
-    List1.add(grid.textMatrix(row, ChannelRecord::Number) + " " +
-              grid.textMatrix(row, ChannelRecord::Frequency) + "-" +
-              grid.textMatrix(row, ChannelRecord::AlphaTag));
+    lines.push_back(grid.textMatrix(row, ChannelRecord::Number) + " " +
+                    grid.textMatrix(row, ChannelRecord::Frequency) + "-" +
+                    grid.textMatrix(row, ChannelRecord::AlphaTag));
   }
+  List1.addAll(std::move(lines));
 }
 
 void Form8::openTarget() {
@@ -83,15 +85,17 @@ void Form8::openTarget() {
 /// Lists what the file holds already, below the channels, and gives its last channel number.
 std::string Form8::listTarget() {
   ApfRecord record;
+  std::vector<std::string> lines;
   std::string last = "0";
   ports_.files.open(kFile, CommonDialog1.FileName, OpenMode::Input);
   while (!ports_.files.endOfFile(kFile)) {
     const bool whole = !ports_.files.read(kFile, record.fields);
     last = record.at(ApfRecord::Channel);
     if (whole) {
-      List1.add(record.listed());
+      lines.push_back(record.listed());
     }
   }
+  List1.addAll(std::move(lines));
   ports_.files.close(kFile);
   return last;
 }

@@ -29,9 +29,7 @@ ApfForm::ApfForm(ApfPorts ports, std::string caption, std::string label, std::st
     return passes;
   };
   Command2.onClick = [this] {
-    for (int i = 0; i < List1.count(); ++i) {
-      List1.setSelected(i, true);
-    }
+    List1.selectAll();
     List1.setListIndex(0);
   };
   Command4.onClick = [this] { closed.notify(); };

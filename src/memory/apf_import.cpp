@@ -62,13 +62,16 @@ Failure Form7::listRecords() {
     return failure;
   }
   ApfRecord record;
-  while (!ports_.files.endOfFile(kFile)) {
-    if (auto failure = ports_.files.read(kFile, record.fields)) {
-      return failure;
+  std::vector<std::string> lines;
+  Failure failure;
+  while (!failure && !ports_.files.endOfFile(kFile)) {
+    failure = ports_.files.read(kFile, record.fields);
+    if (!failure) {
+      lines.push_back(record.listed());
     }
-    List1.add(record.listed());
   }
-  return ports_.files.close(kFile);
+  List1.addAll(std::move(lines));
+  return failure ? failure : ports_.files.close(kFile);
 }
 
 void Form7::importNow() {

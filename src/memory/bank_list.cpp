@@ -40,11 +40,7 @@ BankDialog::BankDialog(std::string caption, std::string label,
     List1.add(bank);
   }
   Command2.onClick = [this] { closed.notify(); };
-  Command3.onClick = [this] {
-    for (int bank = 0; bank < List1.count(); ++bank) {
-      List1.setSelected(bank, true);
-    }
-  };
+  Command3.onClick = [this] { List1.selectAll(); };
 }
 
 void BankDialog::disableControls() {

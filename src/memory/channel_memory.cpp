@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "link/scanner_commands.h"
 #include "platform/convert.h"
 
 namespace tarnvex::memory {
@@ -127,7 +128,7 @@ void ChannelMemory::normaliseId(int row) {
 }
 
 void ChannelMemory::TuneToRow(int row) {
-  sendCommand_("MA" + platform::format(row, "000"));
+  sendCommand_(link::command::selectChannel(row));
 }
 
 void ChannelMemory::JumpToBank(Table& table, int bank, int group) {

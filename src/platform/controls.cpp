@@ -1,5 +1,7 @@
 #include "platform/controls.h"
 
+#include <iterator>
+
 namespace tarnvex::platform {
 namespace {
 
@@ -137,6 +139,18 @@ std::string ListBox::item(int index) const {
 void ListBox::add(std::string item) {
   items_.push_back(std::move(item));
   selected_.push_back(false);
+  changed.notify();
+}
+
+void ListBox::addAll(std::vector<std::string> items) {
+  items_.insert(items_.end(), std::make_move_iterator(items.begin()),
+                std::make_move_iterator(items.end()));
+  selected_.resize(items_.size());
+  changed.notify();
+}
+
+void ListBox::selectAll() {
+  selected_.assign(items_.size(), true);
   changed.notify();
 }
 

@@ -148,6 +148,9 @@ class ListBox : public Control {
   /// The line at `index`, or the empty text outside the list.
   [[nodiscard]] std::string item(int index) const;
   void add(std::string item);
+  /// Many lines or selections at once: the window is told of them once.
+  void addAll(std::vector<std::string> items);
+  void selectAll();
   void replace(int index, std::string item);
   void clear();
   [[nodiscard]] int listIndex() const { return listIndex_; }

@@ -1,7 +1,9 @@
 // The plan's tables in the real windows.
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QPaintEvent>
 #include <QTableView>
@@ -119,6 +121,64 @@ TEST_F(Bc895Window, TypedKeysAreSeenWhileAnExchangeWaits) {
   }
   QTest::keyClick(&table, Qt::Key_A, Qt::ControlModifier);
   EXPECT_EQ(form.MSFlexGrid1.textMatrix(5, 7), "\xFC");
+}
+
+TEST_F(Bc245Window, CopiesAndPastesCells) {
+  auto& table = find<QTableView>("MSFlexGrid1");
+  auto* copy = table.actions()[0];
+  auto* paste = table.actions()[1];
+  const auto rowOf = [&](int row) {
+    std::string cells;
+    for (int col = 1; col < 8; ++col) {
+      cells += form.MSFlexGrid1.textMatrix(row, col) + "|";
+    }
+    return cells;
+  };
+  const std::string tag(1'000'000, 't');
+  const char* const rows[2][7] = {{"", "X", " ", "X", "X", "67.0", "one"},
+                                  {"151.5", " ", "X", " ", "X", "", nullptr}};
+  for (int row = 0; row < 2; ++row) {
+    for (int col = 0; col < 7; ++col) {
+      const char* text = rows[row][col];
+      form.MSFlexGrid1.setTextMatrix(row + 3, col + 1, text == nullptr ? tag : text);
+    }
+  }
+  table.selectionModel()->select({table.model()->index(2, 1), table.model()->index(3, 7)},
+                                 QItemSelectionModel::ClearAndSelect);
+  copy->trigger();
+  const QString text = QApplication::clipboard()->text();
+  EXPECT_EQ(text.left(23), "\tX\t \tX\tone\n151.5\t \tX\t \t");
+  EXPECT_EQ(text.size(), 23 + static_cast<qsizetype>(tag.size()));
+  EXPECT_LT(table.model()->index(3, 7).data().toString().size(), 1000);
+
+  // By the rules of the keys, into the columns that are shown; what finds no room is dropped.
+  QApplication::clipboard()->setText("151.5\tX\t \tX\ta\"b\tbeyond\r\n852\tq");
+  table.setCurrentIndex(table.model()->index(9, 1));
+  form.MSFlexGrid1.setTextMatrix(9, 5, "X");
+  paste->trigger();
+  EXPECT_EQ(rowOf(10), "151.5000|X| |X|X||ab|");
+  EXPECT_EQ(rowOf(11), "852.0000|X| |X|X||ab|");
+  EXPECT_EQ(dialogs.beeps, 1);
+  table.setCurrentIndex(table.model()->index(299, 1));
+  paste->trigger();
+  EXPECT_EQ(rowOf(300), "151.5000|X| |X|||ab|");
+}
+
+TEST_F(Bc895Window, AClickOnARowsLabelMeansTheRow) {
+  openTab(0);
+  auto& table = find<QTableView>("MSFlexGrid1");
+  const QPoint label = table.visualRect(table.model()->index(6, 0)).center();
+  QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, label);
+  loop.turn();
+  EXPECT_EQ(form.MSFlexGrid1.row(), 7);
+  EXPECT_EQ(table.currentIndex(), table.model()->index(6, 1));
+  EXPECT_TRUE(table.selectionModel()->isSelected(table.currentIndex()));
+  radio.log.clear();
+  QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, label);
+  EXPECT_EQ(radio.takeLog(), "MA007");
+  QTest::keyClick(&table, Qt::Key_Left);
+  loop.turn();
+  EXPECT_EQ(table.currentIndex(), table.model()->index(6, 1));
 }
 
 }  // namespace
