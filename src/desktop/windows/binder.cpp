@@ -89,6 +89,22 @@ void showLines(QListWidget* widget, const platform::ListBox& model) {
   }
 }
 
+/// All in one, since line by line takes a time that grows with the square of their number.
+void showSelection(QListWidget* widget, const platform::ListBox& model) {
+  QItemSelection selection;
+  for (int first = 0; first < model.count(); ++first) {
+    int last = first;
+    while (model.selected(last)) {
+      ++last;
+    }
+    if (last > first) {
+      selection.select(widget->model()->index(first, 0), widget->model()->index(last - 1, 0));
+      first = last;
+    }
+  }
+  widget->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+}
+
 }  // namespace
 
 void showIf(QWidget* widget, bool visible) {
@@ -214,9 +230,7 @@ void Binder::bindSelection(QListWidget* widget, platform::ListBox& model, const 
     const QSignalBlocker silent(widget);
     widget->setEnabled(model.enabled());
     showLines(widget, model);
-    for (int i = 0; i < model.count(); ++i) {
-      widget->item(i)->setSelected(model.selected(i));
-    }
+    showSelection(widget, model);
     if (model.listIndex() >= 0) {
       widget->setCurrentRow(model.listIndex(), QItemSelectionModel::NoUpdate);
     }
