@@ -41,9 +41,12 @@ QByteArray RadioProcess::ask(const QByteArray& key) {
 
 namespace {
 
-/// Names the radio's line as COM 1 before the program reads its settings.
+/// Names the radio's line as COM 1 before the program reads its settings, and makes its folder one
+/// that it can keep its files in.
 QString settingsIn(const QTemporaryDir& folder) {
   const QString path = folder.filePath("Tarnvex.conf");
+  QFile searches(folder.filePath("Searchlist.txt"));
+  EXPECT_TRUE(searches.open(QIODevice::WriteOnly));
   desktop::IniSettings(path).saveSetting("Ports", "COM1", folder.filePath("line").toStdString());
   return path;
 }
@@ -52,7 +55,7 @@ QString settingsIn(const QTemporaryDir& folder) {
 
 ProgramRig::ProgramRig(const QStringList& radioArguments)
     : radio(radioArguments + QStringList{"--link", folder.filePath("line")}),
-      program(settingsIn(folder)) {}
+      program(settingsIn(folder), folder.path()) {}
 
 void ProgramRig::play(std::vector<Step> steps) {
   steps_ = std::move(steps);

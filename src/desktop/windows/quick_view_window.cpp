@@ -70,8 +70,6 @@ void QuickViewWindow::present() {
   }
   move(place.topLeft());
   show();
-  raise();
-  activateWindow();
   placed_ = true;
 }
 

@@ -1,0 +1,99 @@
+// The small window, on the real program and a radio.
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+#include "desktop/program_rig.h"
+
+namespace tarnvex::test {
+namespace {
+
+class QuickViewTest : public testing::TestWithParam<bool> {
+ protected:
+  [[nodiscard]] QWidget* small() const {
+    return window(GetParam() ? QStringLiteral("Form9") : QStringLiteral("QuickView"));
+  }
+  [[nodiscard]] QWidget* main() const {
+    return window(GetParam() ? QStringLiteral("Form2") : QStringLiteral("Form4"));
+  }
+  static QWidget* window(const QString& name) {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      if (widget->objectName() == name && widget->isVisible()) {
+        return widget;
+      }
+    }
+    return nullptr;
+  }
+  [[nodiscard]] bool open() const { return small() != nullptr && main() == nullptr; }
+  [[nodiscard]] bool closed() const { return small() == nullptr && main() != nullptr; }
+  void choose() { rig.program.windows.mainWindow()->findChild<QAction*>("mnuQV")->trigger(); }
+  static desktop::RadioPanel* display(QWidget* in) { return in->findChild<desktop::RadioPanel*>(); }
+  /// What both pictures of the radio show at this moment.
+  void expectSame() {
+    EXPECT_EQ(display(small())->displayText().toStdString(),
+              display(rig.program.windows.mainWindow())->displayText().toStdString());
+    EXPECT_EQ(display(small())->displayColour(),
+              display(rig.program.windows.mainWindow())->displayColour());
+  }
+
+  ProgramRig rig{{"--baud", "0", "--scene", "quiet", "--model", GetParam() ? "bc245" : "bc895"}};
+};
+
+TEST_P(QuickViewTest, ShowsTheSameInTheMainWindowsPlace) {
+  QPoint left;
+  rig.play({
+      {"scanning", rig.panelShows("Frequency: Scanning"), [&] { choose(); }},
+      {"the small window", [&] { return open(); },
+       [&] {
+         EXPECT_TRUE(small()->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+         const QRect room = small()->screen()->availableGeometry();
+         EXPECT_LE(room.right() - small()->frameGeometry().right(), 2);
+         EXPECT_LE(room.bottom() - small()->frameGeometry().bottom(), 60);
+         expectSame();
+         rig.radio.say("reception 1 600");
+       }},
+      {"a reception", rig.panelShows("Frequency: 155.1150"), [&] { expectSame(); }},
+      {"all of it", rig.polled(),
+       [&] {
+         expectSame();
+         EXPECT_TRUE(display(small())->displayText().startsWith("Frequency 155.1150"));
+         left = QPoint(40, 50);
+         small()->move(left);
+         // A key that would send the radio to manual mode.
+         QTest::keyClick(small(), Qt::Key_M);
+       }},
+      {"the main window", [&] { return closed(); }, [&] { choose(); }},
+      {"the small one again", [&] { return open(); },
+       [&] {
+         EXPECT_EQ(small()->pos(), left);
+         QTest::mouseClick(small(), Qt::LeftButton);
+       }},
+      {"closed by a click", [&] { return closed(); },
+       [&] {
+         EXPECT_EQ(rig.radio.ask("mode"), "MD00") << "the key went to nobody";
+         choose();
+       }},
+      {"once more", [&] { return open(); }, [&] { small()->close(); }},
+      {"closed by its own button", [&] { return closed(); }},
+  });
+  EXPECT_EQ(rig.program.settings.getSetting(GetParam() ? "BC245" : "BC895", "QVLeft", ""), "600");
+}
+
+TEST_P(QuickViewTest, GoesWithItsRadio) {
+  rig.play({
+      {"scanning", rig.panelShows("Frequency: Scanning"), [&] { choose(); }},
+      {"the small window", [&] { return open(); },
+       [&] { rig.radio.say(GetParam() ? "become bc895" : "become bc245"); }},
+      {"the other radio's window",
+       [&] {
+         return small() == nullptr && main() == nullptr && rig.isBc895() == GetParam() &&
+                rig.form()->Scantimer.enabled();
+       }},
+      {"and its poll", rig.polled()},
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(BothRadios, QuickViewTest, testing::Bool());
+
+}  // namespace
+}  // namespace tarnvex::test

@@ -1,0 +1,12 @@
+// Records to a file until it is killed: FOLDER NAME.
+#include <unistd.h>
+
+#include "desktop/ports/sound_capture.h"
+
+int main(int argc, char** argv) {
+  if (argc != 3) {
+    return 2;
+  }
+  const tarnvex::desktop::SoundCapture capture(argv[1], QString::fromLocal8Bit(argv[2]));
+  pause();
+}

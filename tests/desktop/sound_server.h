@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QProcess>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <string>
+#include <vector>
+
+namespace tarnvex::test {
+
+/// A sound server of the test's own, without any sound card: two sources that hum, of which one is
+/// the default one. While it lives, the program under test records from it.
+class SoundServer {
+ public:
+  static constexpr int kDefaultHertz = 440;
+
+  SoundServer();
+  ~SoundServer();
+  SoundServer(const SoundServer&) = delete;
+  SoundServer& operator=(const SoundServer&) = delete;
+  SoundServer(SoundServer&&) = delete;
+  SoundServer& operator=(SoundServer&&) = delete;
+
+  void kill();
+
+ private:
+  QTemporaryDir folder_;
+  QProcess process_;
+  QByteArray before_;
+};
+
+/// What a player finds in a wave file.
+struct Heard {
+  bool playable = false;
+  double seconds = 0;
+  /// Of a pure tone.
+  double hertz = 0;
+  /// 16 bits, one channel.
+  bool sixteenBit = false;
+};
+
+Heard listen(const QString& path);
+
+}  // namespace tarnvex::test
