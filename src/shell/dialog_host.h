@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <typeindex>
 #include <utility>
@@ -25,9 +26,11 @@ class DialogHost {
   DialogHost& operator=(DialogHost&&) = delete;
 
   /// Shows the dialog that `make` gives, unless one of its kind stands already. `make` returns a
-  /// shared pointer to the form, which may own more than the form. Returns the new form, or null.
+  /// shared pointer to the form, which may own more than the form. `load` runs before the dialog is
+  /// on the screen; it may ask the user, and if the dialog is closed meanwhile it isn't shown.
+  /// Returns the new form, or null.
   template <class Form, class Make>
-  Form* show(Make make, bool modal) {
+  Form* show(Make make, bool modal, const std::function<void(Form&)>& load = {}) {
     const auto standing = std::ranges::find(open_, std::type_index(typeid(Form)), &Open::kind);
     if (standing != open_.end()) {
       windows_.raiseDialog(standing->form.get());
@@ -37,6 +40,12 @@ class DialogHost {
     open_.push_back({typeid(Form), form, {}});
     open_.back().closed = form->closed.connect(
         [this, dialog = static_cast<const void*>(form.get())] { close(dialog); });
+    if (load) {
+      load(*form);
+    }
+    if (!stands(form.get())) {
+      return nullptr;
+    }
     windows_.openDialog(*form, modal);
     return form.get();
   }
@@ -64,6 +73,10 @@ class DialogHost {
     std::shared_ptr<void> form;
     platform::Connection closed;
   };
+
+  [[nodiscard]] bool stands(const void* form) const {
+    return std::ranges::any_of(open_, [&](const Open& open) { return open.form.get() == form; });
+  }
 
   void close(const void* form) {
     const auto dialog =

@@ -95,7 +95,7 @@ void MainForm::showApf() {
     std::unique_ptr<platform::CommonDialog> dialog;
     Form form;
   };
-  auto* form = dialogHost_.show<Form>(
+  dialogHost_.show<Form>(
       [this] {
         auto dialog = services_.commonDialogs.create();
         platform::CommonDialog& shown = *dialog;
@@ -104,10 +104,7 @@ void MainForm::showApf() {
                                      [this]() -> platform::Table& { return MSFlexGrid1; }})});
         return std::shared_ptr<Form>(kept, &kept->form);
       },
-      traits_.transfers.modal);
-  if (form != nullptr) {
-    form->load();
-  }
+      traits_.transfers.modal, [](Form& form) { form.load(); });
 }
 
 void MainForm::mnuImport() {
