@@ -27,6 +27,7 @@ const std::array<FleetPreset, 16>& fleetPresets() {
 
 std::vector<std::string> sizeCodeNames() {
   std::vector<std::string> names;
+  names.reserve(kTaken + 1);
   for (SizeCode code = 0; code < kTaken; ++code) {
     names.push_back("S-" + std::to_string(code));
   }

@@ -21,6 +21,7 @@ class PanelRenderer;
 /// presses beside the keys and the knob.
 class RadioPanel : public QWidget {
   Q_OBJECT
+  Q_DISABLE_COPY_MOVE(RadioPanel)
 
  public:
   explicit RadioPanel(const PanelLayout& layout, QWidget* parent = nullptr);

@@ -12,6 +12,7 @@ namespace {
 
 /// Sound comes in pieces of this length; up to one of them is lost at the end.
 constexpr std::uint32_t kPieceBytes = WaveFile::kRate / 50 * sizeof(std::int16_t);
+constexpr const char* kId = "io.github.tarnvex.Tarnvex";
 constexpr auto kPatience = std::chrono::seconds(2);
 /// The longest sleep while there is nothing to do, in microseconds.
 constexpr int kSleep = 20'000;
@@ -38,23 +39,25 @@ void SoundCapture::finish() {
   pa_mainloop_free(loop_);
 }
 
+void SoundCapture::connectContext() {
+  // How the desktop's sound settings show the program.
+  pa_proplist* properties = pa_proplist_new();
+  pa_proplist_sets(properties, PA_PROP_APPLICATION_ID, kId);
+  pa_proplist_sets(properties, PA_PROP_APPLICATION_ICON_NAME, kId);
+  context_ = pa_context_new_with_proplist(pa_mainloop_get_api(loop_), "Tarnvex", properties);
+  pa_proplist_free(properties);
+  pa_context_connect(context_, nullptr, PA_CONTEXT_NOFLAGS, nullptr);
+}
+
 void SoundCapture::run() {
-  context_ = pa_context_new(pa_mainloop_get_api(loop_), "Tarnvex");
-  if (pa_context_connect(context_, nullptr, PA_CONTEXT_NOFLAGS, nullptr) < 0) {
-    fail(serverError());
-  } else {
-    State state = State::Going;
-    while (state != State::Over) {
-      turn();
-      state = work();
-      if (finishing_ &&
-          (state == State::Recording || std::chrono::steady_clock::now() - started_ > kPatience)) {
-        break;
-      }
-    }
-    if (state == State::Going) {
-      fail(QStringLiteral("The sound server doesn't answer."));
-    }
+  connectContext();
+  State state = work();
+  while (state != State::Over && !(finishing_ && isEnough(state))) {
+    turn();
+    state = work();
+  }
+  if (state == State::Going) {
+    fail(QStringLiteral("The sound server doesn't answer."));
   }
   file_.reset();
   if (stream_ != nullptr) {
@@ -63,6 +66,12 @@ void SoundCapture::run() {
   }
   pa_context_disconnect(context_);
   pa_context_unref(context_);
+}
+
+/// A recording that has begun can end at any moment; one that hasn't is waited for, so that the
+/// shortest reception has its file, but not for ever.
+bool SoundCapture::isEnough(State state) const {
+  return state == State::Recording || std::chrono::steady_clock::now() - started_ > kPatience;
 }
 
 void SoundCapture::turn() {

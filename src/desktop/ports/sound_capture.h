@@ -38,6 +38,8 @@ class SoundCapture {
   enum class State { Going, Recording, Over };
 
   void run();
+  void connectContext();
+  [[nodiscard]] bool isEnough(State state) const;
   void turn();
   State work();
   State connectStream();

@@ -1,5 +1,7 @@
 #include "desktop/ports/sound_recorder.h"
 
+#include <system_error>
+
 #include "desktop/ports/text.h"
 
 namespace tarnvex::desktop {
@@ -11,6 +13,17 @@ void SoundRecorder::setFileName(const std::string& directory, const std::string&
   name_ = toScreen(name);
 }
 
+void SoundRecorder::record() {
+  if (!open_ || capture_) {
+    return;
+  }
+  try {
+    capture_.emplace(directory_, name_);
+  } catch (const std::system_error& noThread) {
+    error_ = noThread.what();
+  }
+}
+
 void SoundRecorder::command(MediaCommand command) {
   switch (command) {
     case MediaCommand::Open:
@@ -18,9 +31,7 @@ void SoundRecorder::command(MediaCommand command) {
       open_ = true;
       break;
     case MediaCommand::Record:
-      if (open_ && !capture_) {
-        capture_.emplace(directory_, name_);
-      }
+      record();
       break;
     case MediaCommand::Stop:
       if (capture_) {

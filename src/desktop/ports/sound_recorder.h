@@ -18,6 +18,8 @@ class SoundRecorder : public platform::MediaControl {
   [[nodiscard]] std::string errorMessage() const override { return error_; }
 
  private:
+  void record();
+
   std::string directory_;
   QString name_;
   std::string error_;
