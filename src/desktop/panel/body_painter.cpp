@@ -41,8 +41,9 @@ void paintCase(QPainter& painter, const QRectF& body, double radius) {
   painter.drawRoundedRect(body.adjusted(1.4, 1.4, -1.4, -1.4), radius - 1.4, radius - 1.4);
 }
 
-void paintBezel(QPainter& painter, const QRectF& bezel) {
-  const double radius = 9;
+constexpr double kBezelRadius = 9;
+
+void paintBezel(QPainter& painter, const QRectF& bezel, double radius) {
   painter.setPen(Qt::NoPen);
   painter.setBrush(alpha(style::kLight, 30));
   painter.drawRoundedRect(bezel.translated(0, 1.2), radius, radius);
@@ -80,7 +81,8 @@ void paintBody(QPainter& painter, const PanelLayout& layout) {
   painter.setRenderHint(QPainter::Antialiasing);
   for (const PanelFitting& fitting : layout.fittings) paintFitting(painter, fitting);
   if (!layout.body.isEmpty()) paintCase(painter, layout.body, layout.bodyRadius);
-  paintBezel(painter, layout.bezel);
+  // A display without a body fills its window to the corners.
+  paintBezel(painter, layout.bezel, layout.body.isEmpty() ? 0 : kBezelRadius);
   for (const PanelCaption& caption : layout.captions) paintCaption(painter, caption);
   if (layout.knob) paintKnob(painter, *layout.knob);
   for (const PanelKey& key : layout.keys) paintKey(painter, layout, key, KeyLook{});
