@@ -25,7 +25,6 @@ class FieldReader {
       skipBlanks();
       if (has() && peek() == kQuote) {
         takeQuoted(text);
-        skipBlanks();
       } else {
         takeUntil(text, ",\r\n");
       }
@@ -51,10 +50,13 @@ class FieldReader {
   }
   [[nodiscard]] char peek() const { return block_[position_]; }
 
-  void skipBlanks() {
+  /// Returns what it has skipped.
+  std::string skipBlanks() {
+    std::string blanks;
     while (has() && (peek() == ' ' || peek() == '\t')) {
-      ++position_;
+      blanks += block_[position_++];
     }
+    return blanks;
   }
 
   void takeUntil(std::string& text, std::string_view ends) {
@@ -71,16 +73,26 @@ class FieldReader {
     }
   }
 
+  /// A quote that no delimiter follows is one of the text, as writing doesn't mark it. Behind such
+  /// a quote the field ends with the line at the latest.
   void takeQuoted(std::string& text) {
     ++position_;
     takeUntil(text, std::string_view(&kQuote, 1));
-    if (has()) {
+    while (has() && peek() == kQuote) {
       ++position_;
+      const std::string blanks = skipBlanks();
+      if (!has() || isDelimiter(peek())) {
+        return;
+      }
+      text += kQuote + blanks;
+      takeUntil(text, "\"\r\n");
     }
   }
 
+  static bool isDelimiter(char byte) { return byte == ',' || byte == '\r' || byte == '\n'; }
+
   void skipDelimiter() {
-    if (!has() || (peek() != ',' && peek() != '\r' && peek() != '\n')) {
+    if (!has() || !isDelimiter(peek())) {
       return;
     }
     const bool carriageReturn = peek() == '\r';

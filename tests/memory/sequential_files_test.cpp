@@ -44,7 +44,9 @@ TEST(SequentialRead, SplitsFieldsAcrossLineEnds) {
       {"\"one\r\ntwo\",x\r\n", "[one\r\ntwo][x]"},
       {"\"\",\"\"\r\n\r\n\n", "[][][][]"},
       {"a,,b,\r\n", "[a][][b][]"},
-      {"\"a\"b,c", "[a][b][c]"},
+      // A quote inside a field, as writing leaves it there.
+      {"\"6\" pipe\",\"a \"b\" c\"\r\nx", "[6\" pipe][a \"b\" c][x]"},
+      {"\"a\"b,c\r\nd", "[a\"b,c][d]"},
       {"a\"b\",c", "[a\"b\"][c]"},
       {"\"never closed,\r\n1", "[never closed,\r\n1]"},
       {"\"", "[]"},
