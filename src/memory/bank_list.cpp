@@ -33,9 +33,8 @@ void Progress::advance(int steps) {
   changed.notify();
 }
 
-BankDialog::BankDialog(std::string caption, std::string label,
-                       const std::vector<std::string>& banks, std::string action)
-    : window(std::move(caption)), Label1(std::move(label)), Command1(std::move(action)) {
+BankDialog::BankDialog(const Words& words, const std::vector<std::string>& banks)
+    : name(words.name), window(words.caption), Label1(words.label), Command1(words.action) {
   for (const auto& bank : banks) {
     List1.add(bank);
   }
@@ -63,7 +62,7 @@ int BankDialog::selectedBanks() const {
 }
 
 ChannelTransfer::ChannelTransfer(const Words& words, MainWindow mainWindow, TransferOutside outside)
-    : BankDialog(words.caption, words.label, channelBanks(kBanks), words.action),
+    : BankDialog(words, channelBanks(kBanks)),
       outside_(outside),
       mainWindow_(std::move(mainWindow)),
       status_(words.status) {
@@ -71,6 +70,11 @@ ChannelTransfer::ChannelTransfer(const Words& words, MainWindow mainWindow, Tran
 }
 
 void ChannelTransfer::transfer() {
+  const TransferTurn turn(outside_.state);
+  if (!turn.granted()) {
+    outside_.dialogs.beep();
+    return;
+  }
   disableControls();
   const TransferWindow main = mainWindow_();
   prepareRadio(main);

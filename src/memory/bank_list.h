@@ -42,6 +42,8 @@ class BankDialog {
   BankDialog(BankDialog&&) = delete;
   BankDialog& operator=(BankDialog&&) = delete;
 
+  /// The form's own name.
+  const std::string name;
   platform::Window window;
   platform::Label Label1;
   /// The ten banks, of which any number can be selected; the index is the bank.
@@ -57,8 +59,16 @@ class BankDialog {
   platform::Notifier<> closed;
 
  protected:
-  BankDialog(std::string caption, std::string label, const std::vector<std::string>& banks,
-             std::string action);
+  struct Words {
+    std::string name;
+    std::string caption;
+    std::string label;
+    std::string action;
+    /// Shown on the panel all the while.
+    std::string status;
+  };
+
+  BankDialog(const Words& words, const std::vector<std::string>& banks);
 
   void disableControls();
   [[nodiscard]] int selectedBanks() const;
@@ -76,14 +86,6 @@ class ChannelTransfer : public BankDialog {
   using MainWindow = std::function<TransferWindow()>;
 
  protected:
-  struct Words {
-    std::string caption;
-    std::string label;
-    std::string action;
-    /// Shown on the panel all the while.
-    std::string status;
-  };
-
   ChannelTransfer(const Words& words, MainWindow mainWindow, TransferOutside outside);
 
   /// Runs first, with the poll still going.

@@ -9,8 +9,8 @@
 namespace tarnvex::memory {
 
 frmDownload::frmDownload(MainWindow mainWindow, TransferOutside outside)
-    : ChannelTransfer({"Download Conventional Data", "Select Bank(s) to Download", "Download Now",
-                       "Downloading..."},
+    : ChannelTransfer({"frmDownload", "Download Conventional Data", "Select Bank(s) to Download",
+                       "Download Now", "Downloading..."},
                       std::move(mainWindow), outside) {}
 
 void frmDownload::prepareRadio(const TransferWindow& main) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "link/scanner_link.h"
 #include "platform/clock.h"
@@ -35,6 +36,29 @@ struct TransferWindow {
   platform::Label& Channel;
   const platform::Label& mode;
   platform::Timer& Scantimer;
+};
+
+/// The right to transfer, which one transfer at a time has: several can be asked for where the
+/// dialogs don't block their window. Given back at its end.
+class TransferTurn {
+ public:
+  explicit TransferTurn(platform::SharedState& state)
+      : state_(state), granted_(!std::exchange(state.TransferRunning, true)) {}
+  ~TransferTurn() {
+    if (granted_) {
+      state_.TransferRunning = false;
+    }
+  }
+  TransferTurn(const TransferTurn&) = delete;
+  TransferTurn& operator=(const TransferTurn&) = delete;
+  TransferTurn(TransferTurn&&) = delete;
+  TransferTurn& operator=(TransferTurn&&) = delete;
+
+  [[nodiscard]] bool granted() const { return granted_; }
+
+ private:
+  platform::SharedState& state_;
+  bool granted_;
 };
 
 /// What a transfer works with beside the main window; outlives it.

@@ -11,9 +11,9 @@
 namespace tarnvex::memory {
 
 frmUpload::frmUpload(MainWindow mainWindow, TransferOutside outside, ShowForm3 showForm3)
-    : ChannelTransfer(
-          {"Upload Conventional Data", "Select Bank(s) to Upload", "Upload Now", "Uploading..."},
-          std::move(mainWindow), outside),
+    : ChannelTransfer({"frmUpload", "Upload Conventional Data", "Select Bank(s) to Upload",
+                       "Upload Now", "Uploading..."},
+                      std::move(mainWindow), outside),
       showForm3_(std::move(showForm3)) {}
 
 void frmUpload::enterBank(const TransferWindow& main, bool /*selected*/) {

@@ -31,7 +31,7 @@ std::vector<std::string> numberedBanks(int count) {
 
 Bc245IdTransfer::Bc245IdTransfer(const Words& words, MainWindow mainWindow,
                                  memory::TransferOutside outside)
-    : BankDialog(words.caption, words.label, numberedBanks(kBanks), words.action),
+    : BankDialog(words, numberedBanks(kBanks)),
       outside_(outside),
       mainWindow_(std::move(mainWindow)),
       status_(words.status) {
@@ -39,6 +39,11 @@ Bc245IdTransfer::Bc245IdTransfer(const Words& words, MainWindow mainWindow,
 }
 
 void Bc245IdTransfer::transfer() {
+  const memory::TransferTurn turn(outside_.state);
+  if (!turn.granted()) {
+    outside_.dialogs.beep();
+    return;
+  }
   disableControls();
   const TransferWindow main = mainWindow_();
   main.Scantimer.setEnabled(false);
@@ -151,9 +156,9 @@ bool Bc245IdTransfer::holdPoll(const TransferWindow& main) {
 }
 
 frmUploadtrs::frmUploadtrs(MainWindow mainWindow, memory::TransferOutside outside)
-    : Bc245IdTransfer(
-          {"Upload Trunked Data", "Select Bank(s) to Upload", "Upload Now", "Loading ID's"},
-          std::move(mainWindow), outside) {}
+    : Bc245IdTransfer({"frmUploadtrs", "Upload Trunked Data", "Select Bank(s) to Upload",
+                       "Upload Now", "Loading ID's"},
+                      std::move(mainWindow), outside) {}
 
 /// An empty slot goes out as zeros, and is reported so if the radio refuses it. A blank cell, which
 /// nobody has been at, isn't reported.
@@ -180,9 +185,9 @@ bool frmUploadtrs::transferSlot(const TransferWindow& main, int row, int group, 
 }
 
 frmDownloadtrs::frmDownloadtrs(MainWindow mainWindow, memory::TransferOutside outside)
-    : Bc245IdTransfer(
-          {"Download Trunked Data", "Select Bank(s) to Download", "Download Now", "Reading ID's"},
-          std::move(mainWindow), outside) {}
+    : Bc245IdTransfer({"frmDownloadtrs", "Download Trunked Data", "Select Bank(s) to Download",
+                       "Download Now", "Reading ID's"},
+                      std::move(mainWindow), outside) {}
 
 /// The radio is asked for the group's priority ID at every slot: the answer may move while the
 /// transfer runs. A mark that stands in the plan already is never taken away.

@@ -23,7 +23,12 @@ std::optional<int> TrunkBankResolver(link::ScannerLink& link, const platform::Ta
   return row ? std::optional(monitor::bankOfChannel(*row)) : std::nullopt;
 }
 
-bool Bc895IdTransfer::inTrunkedMode() {
+/// While another transfer runs the mode isn't known: the poll stands still.
+bool Bc895IdTransfer::mayBegin(const memory::TransferTurn& turn) {
+  if (!turn.granted()) {
+    outside_.dialogs.beep();
+    return false;
+  }
   if (std::ranges::find(link::mode895::kIdModes, main_.mode.caption()) !=
       link::mode895::kIdModes.end()) {
     return true;
@@ -40,7 +45,8 @@ void Bc895IdTransfer::begin(const char* status) {
 }
 
 void Bc895IdTransfer::upload() {
-  if (!inTrunkedMode()) {
+  const memory::TransferTurn turn(outside_.state);
+  if (!mayBegin(turn)) {
     return;
   }
   begin("Loading ID's");
@@ -58,7 +64,8 @@ void Bc895IdTransfer::upload() {
 
 void Bc895IdTransfer::download() {
   outside_.state.MemoryModified = true;
-  if (!inTrunkedMode()) {
+  const memory::TransferTurn turn(outside_.state);
+  if (!mayBegin(turn)) {
     return;
   }
   begin("Reading ID's");
@@ -77,8 +84,9 @@ bool Bc895IdTransfer::transferBank(void (Bc895IdTransfer::*transferSlot)(int, in
         "Frequency not found", platform::kWarning);
   }
   progress.start(bank ? kGroups * kSlots : 0);
+  // Somebody who wants out needn't wait for all fifty.
   for (int group = 0; bank && group < kGroups; ++group) {
-    for (int slot = 1; slot <= kSlots && !outside_.gate.ended(); ++slot) {
+    for (int slot = 1; slot <= kSlots && !outside_.gate.leaving(); ++slot) {
       (this->*transferSlot)(memory::groupRow(*bank, group) + slot - 1, group, slot);
       progress.advance();
     }

@@ -13,7 +13,7 @@
 ///
 /// The poll stands still meanwhile. Replies aren't verified but where it is said; a radio that
 /// falls silent is reported once by the link, and the transfer then runs out on a closed port. If
-/// the program ends in the middle, all stays as it is.
+/// the program ends in the middle, all stays as it is. One transfer runs at a time.
 namespace tarnvex::trunking {
 
 /// The bank (0 to 9) that a BC895XLT trunks: that of the channel that holds the frequency which it
@@ -21,7 +21,9 @@ namespace tarnvex::trunking {
 std::optional<int> TrunkBankResolver(link::ScannerLink& link, const platform::Table& MSFlexGrid1);
 
 /// Upload and download on a BC895XLT, which has no dialog for them: the five groups A to E of the
-/// bank that the radio trunks at that moment. It must be in a mode that works on IDs.
+/// bank that the radio trunks at that moment. It must be in a mode that works on IDs. Nobody else
+/// runs meanwhile, so that no key comes between those that are typed; a close request, Connect or a
+/// COM option ends the transfer at the next slot.
 class Bc895IdTransfer {
  public:
   Bc895IdTransfer(const memory::TransferWindow& main, const memory::TransferOutside& outside)
@@ -36,7 +38,7 @@ class Bc895IdTransfer {
   memory::Progress progress;
 
  private:
-  [[nodiscard]] bool inTrunkedMode();
+  [[nodiscard]] bool mayBegin(const memory::TransferTurn& turn);
   /// Shows the status and stops the poll.
   void begin(const char* status);
   /// Moves the IDs of the bank in use and starts the poll. False if there was none to move.
@@ -56,14 +58,6 @@ class Bc245IdTransfer : public memory::BankDialog {
   using MainWindow = std::function<memory::TransferWindow()>;
 
  protected:
-  struct Words {
-    std::string caption;
-    std::string label;
-    std::string action;
-    /// Shown on the panel all the while.
-    std::string status;
-  };
-
   Bc245IdTransfer(const Words& words, MainWindow mainWindow, memory::TransferOutside outside);
 
   /// A chosen bank's turn.

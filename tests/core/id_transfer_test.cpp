@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "memory/download_dialog.h"
 #include "memory/memory_traits.h"
 #include "platform/convert.h"
 #include "radio/commands.h"
@@ -335,6 +336,41 @@ TEST(IdTransfer245, WithNoBankChosenOnlyRestores) {
   EXPECT_FALSE(rig.state.MemoryModified);
   EXPECT_EQ(rig.upload.List1.item(0), "1  (1 to 30)");
   EXPECT_EQ(rig.download.List1.item(9), "10 (271 to 300)");
+}
+
+TEST(IdTransfer895, HasTheRadioToItself) {
+  IdRig rig(Model::Bc895);
+  auto transfer = rig.transfer895();
+  // Chosen again while it lets others run.
+  rig.loop.onTurn(1, [&] { rig.gate.enter([&] { transfer.upload(); }); });
+  transfer.upload();
+  EXPECT_EQ(std::ranges::count(rig.radio.log, "KEY00"), 1);
+  EXPECT_EQ(rig.dialogs.beeps, 1);
+  // Chosen while channels are transferred, with the mode of before on the panel.
+  memory::frmDownload channels([&] { return rig.window(); }, rig.outside());
+  rig.radio.log.clear();
+  rig.loop.onTurn(3, [&] { rig.gate.enter([&] { transfer.download(); }); });
+  rig.run(channels, {0});
+  EXPECT_EQ(rig.radio.log.size(), 30U);
+  EXPECT_EQ(rig.dialogs.beeps, 2);
+  transfer.download();
+  EXPECT_EQ(rig.dialogs.beeps, 2) << "the turn is given back";
+}
+
+TEST(IdTransfer895, EndsWithTheSlotForSomebodyWhoWantsOut) {
+  IdRig rig(Model::Bc895);
+  auto transfer = rig.transfer895();
+  bool left = false;
+  rig.radio.whileWaiting = [&] {
+    if (rig.radio.log.back() == "IC A3") {
+      rig.gate.enterLeaving([&] { left = true; });
+    }
+  };
+  rig.gate.enter([&] { transfer.upload(); });
+  EXPECT_EQ(rig.radio.log[rig.radio.log.size() - 2], "KEY04");
+  EXPECT_EQ(rig.radio.log.back(), "KEY00");
+  EXPECT_EQ(std::ranges::count(rig.radio.log, "KEY04"), 3);
+  EXPECT_TRUE(left && rig.Scantimer.enabled());
 }
 
 TEST(IdTransfer, RunsOutBehindSilenceAndStopsWithTheProgram) {

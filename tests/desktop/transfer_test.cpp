@@ -18,9 +18,9 @@ namespace {
 
 using memory::ChannelRecord;
 
-QDialog* dialog(const char* name) {
+QDialog* dialog(const QString& name) {
   for (QWidget* widget : QApplication::topLevelWidgets()) {
-    if (widget->objectName() == QLatin1String(name) && widget->isVisible()) {
+    if (widget->objectName() == name && widget->isVisible()) {
       return qobject_cast<QDialog*>(widget);
     }
   }
@@ -57,16 +57,17 @@ class TransferTest : public testing::TestWithParam<const char*> {
   }
   /// Steps of a transfer of all banks, behind which `then` runs.
   void transfer(const char* menu, std::function<void()> then) {
+    const QString form = QString(menu).replace("mnu", "frm");
     steps.push_back({menu, rig.polled(), [this, menu] { choose(menu); }});
-    steps.push_back({"dialog", [] { return dialog("BankDialog") != nullptr; },
-                     [] {
-                       click(dialog("BankDialog"), "Command3");
-                       click(dialog("BankDialog"), "Command1");
+    steps.push_back({"dialog", [form] { return dialog(form) != nullptr; },
+                     [form] {
+                       click(dialog(form), "Command3");
+                       click(dialog(form), "Command1");
                      }});
     steps.push_back({"transferred",
-                     [this] {
+                     [this, form] {
                        answerForm3();
-                       return dialog("BankDialog") == nullptr;
+                       return dialog(form) == nullptr;
                      },
                      std::move(then)});
   }

@@ -98,7 +98,7 @@ DialogWindow* makeApfDialog(memory::ApfForm& form, platform::EventGate& gate, QW
 
 DialogWindow* makeBankDialog(memory::BankDialog& form, platform::EventGate& gate, QWidget* parent) {
   auto* dialog = new DialogWindow(
-      gate, form.window, "BankDialog", [&form] { form.Command2.userClick(); }, parent);
+      gate, form.window, form.name.c_str(), [&form] { form.Command2.userClick(); }, parent);
   Binder& binder = dialog->binder();
   auto* list = new QListWidget;
   binder.bindSelection(list, form.List1, "List1");
