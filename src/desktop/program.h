@@ -41,7 +41,7 @@ class Program {
   QtCommonDialogs commonDialogs{gate};
   FileCalls fileCalls;
   PosixFiles fileStore{fileCalls};
-  SoundRecorders recorders;
+  SoundRecorders recorders{loop};
   platform::SequentialFiles files{fileStore};
   WallClock clock;
   platform::SharedState state;

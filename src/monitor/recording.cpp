@@ -9,7 +9,7 @@ namespace {
 /// may need three.
 constexpr std::size_t kLongestTag = 70;
 
-/// What no file name may hold, and what some file systems don't take.
+/// What no file name may hold, or what nobody could read in one.
 char inFileName(char character) {
   if (character == '/' || character == '\\') {
     return '-';

@@ -5,18 +5,18 @@
 
 namespace tarnvex::platform {
 
-/// What a media control can be told to do. Each command returns when it is done, or has failed.
+/// What a media control can be told to do.
 enum class MediaCommand {
-  Open,    ///< Takes the sound input; the last error is forgotten.
-  Record,  ///< Begins to record to the file.
-  Stop,
-  Save,   ///< What was recorded is in the file.
-  Close,  ///< Lets the sound input go. Without a save before it the file keeps what it has.
+  Open,    ///< Makes ready to record; the last error is forgotten.
+  Record,  ///< Begins to record the sound input to the file.
+  Stop,    ///< Ends the recording.
+  Save,    ///< Returns when what was recorded is in the file, or that has failed.
+  Close,   ///< Lets the sound input go. Without a save before it the file keeps what it has.
 };
 
 /// Records the PC's sound input to a wave file, beside the program: sound doesn't pass through the
-/// core, and no command but `Save` takes longer than a moment. A command that fails, or that has
-/// nothing to work on, does nothing.
+/// core. No command but `Save` and `Close` takes longer than a moment, and these turn the window's
+/// events while they wait. A command that fails, or that has nothing to work on, does nothing.
 class MediaControl {
  public:
   MediaControl() = default;

@@ -105,7 +105,8 @@ struct Recorder : testing::Test {
 
   SoundServer server;
   QTemporaryDir folder;
-  desktop::SoundRecorder recorder;
+  desktop::QtEventLoop loop;
+  desktop::SoundRecorder recorder{loop};
 };
 
 TEST_F(Recorder, NeverWritesOverAFile) {

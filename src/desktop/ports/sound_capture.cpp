@@ -27,16 +27,18 @@ SoundCapture::SoundCapture(std::string directory, QString name)
 
 SoundCapture::~SoundCapture() {
   finish();
+  thread_.join();
+}
+
+void SoundCapture::FreeLoop::operator()(pa_mainloop* loop) const {
+  pa_mainloop_free(loop);
 }
 
 void SoundCapture::finish() {
-  if (!thread_.joinable()) {
-    return;
-  }
   finishing_ = true;
-  pa_mainloop_wakeup(loop_);
-  thread_.join();
-  pa_mainloop_free(loop_);
+  if (loop_) {
+    pa_mainloop_wakeup(loop_.get());
+  }
 }
 
 void SoundCapture::connectContext() {
@@ -44,12 +46,21 @@ void SoundCapture::connectContext() {
   pa_proplist* properties = pa_proplist_new();
   pa_proplist_sets(properties, PA_PROP_APPLICATION_ID, kId);
   pa_proplist_sets(properties, PA_PROP_APPLICATION_ICON_NAME, kId);
-  context_ = pa_context_new_with_proplist(pa_mainloop_get_api(loop_), "Tarnvex", properties);
+  context_ = pa_context_new_with_proplist(pa_mainloop_get_api(loop_.get()), "Tarnvex", properties);
   pa_proplist_free(properties);
   pa_context_connect(context_, nullptr, PA_CONTEXT_NOFLAGS, nullptr);
 }
 
 void SoundCapture::run() {
+  if (loop_) {
+    record();
+  } else {
+    fail(QStringLiteral("No sound can be recorded: the system has no handles left."));
+  }
+  over_ = true;
+}
+
+void SoundCapture::record() {
   connectContext();
   State state = work();
   while (state != State::Over && !(finishing_ && isEnough(state))) {
@@ -57,9 +68,12 @@ void SoundCapture::run() {
     state = work();
   }
   if (state == State::Going) {
-    fail(QStringLiteral("The sound server doesn't answer."));
+    fail(QStringLiteral("No sound can be recorded: the sound server doesn't answer."));
   }
-  file_.reset();
+  QString error;
+  if (file_ && !file_->close(error) && error_.isEmpty()) {
+    fail(error);
+  }
   if (stream_ != nullptr) {
     pa_stream_disconnect(stream_);
     pa_stream_unref(stream_);
@@ -75,8 +89,9 @@ bool SoundCapture::isEnough(State state) const {
 }
 
 void SoundCapture::turn() {
-  if (pa_mainloop_prepare(loop_, kSleep) >= 0 && pa_mainloop_poll(loop_) >= 0) {
-    pa_mainloop_dispatch(loop_);
+  pa_mainloop* loop = loop_.get();
+  if (pa_mainloop_prepare(loop, kSleep) >= 0 && pa_mainloop_poll(loop) >= 0) {
+    pa_mainloop_dispatch(loop);
   }
 }
 

@@ -16,8 +16,8 @@ namespace tarnvex::desktop {
 class WaveFile;
 
 /// Records the sound server's default source to a wave file, from its making until `finish`. It
-/// works in a thread of its own, so that neither a busy window nor a slow server costs the other
-/// anything. Only one thread uses it.
+/// works in a thread of its own, so that neither a busy window nor a slow server or disk costs the
+/// other anything. Only one thread uses it.
 class SoundCapture {
  public:
   /// See `WaveFile::create`.
@@ -26,18 +26,22 @@ class SoundCapture {
   SoundCapture& operator=(const SoundCapture&) = delete;
   SoundCapture(SoundCapture&&) = delete;
   SoundCapture& operator=(SoundCapture&&) = delete;
+  /// Waits for the end.
   ~SoundCapture();
 
-  /// Ends the recording and closes the file. A moment, as a rule; a server that doesn't answer is
-  /// given up two seconds after the start.
+  /// Asks for the end of the recording. It is `over` in a moment, as a rule; a server that doesn't
+  /// answer is given up two seconds after the start.
   void finish();
-  /// What went wrong, empty if nothing did. To be asked behind `finish`.
+  /// The file is closed, and nothing more happens.
+  [[nodiscard]] bool over() const { return over_; }
+  /// What went wrong, empty if nothing did. To be asked once it is over.
   [[nodiscard]] const QString& error() const { return error_; }
 
  private:
   enum class State { Going, Recording, Over };
 
   void run();
+  void record();
   void connectContext();
   [[nodiscard]] bool isEnough(State state) const;
   void turn();
@@ -51,11 +55,15 @@ class SoundCapture {
   QString name_;
   QString error_;
   std::chrono::steady_clock::time_point started_ = std::chrono::steady_clock::now();
-  pa_mainloop* loop_ = nullptr;
+  struct FreeLoop {
+    void operator()(pa_mainloop* loop) const;
+  };
+  std::unique_ptr<pa_mainloop, FreeLoop> loop_;
   pa_context* context_ = nullptr;
   pa_stream* stream_ = nullptr;
   std::unique_ptr<WaveFile> file_;
   std::atomic<bool> finishing_ = false;
+  std::atomic<bool> over_ = false;
   std::thread thread_;
 };
 

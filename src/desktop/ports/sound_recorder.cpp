@@ -8,6 +8,19 @@ namespace tarnvex::desktop {
 
 using platform::MediaCommand;
 
+namespace {
+
+constexpr int kLookMilliseconds = 5;
+
+/// The system's part of an error may be in a script that the core's text doesn't have.
+std::string inCoreText(const QString& error) {
+  bool dropped = false;
+  std::string text = fromScreen(error, &dropped);
+  return dropped ? fromScreen(error.section(QStringLiteral(": "), 0, 0)) + "." : text;
+}
+
+}  // namespace
+
 void SoundRecorder::setFileName(const std::string& directory, const std::string& name) {
   directory_ = directory;
   name_ = toScreen(name);
@@ -24,29 +37,35 @@ void SoundRecorder::record() {
   }
 }
 
+void SoundRecorder::wait() {
+  while (!capture_->over()) {
+    loop_.waitForEvents(kLookMilliseconds);
+  }
+}
+
 void SoundRecorder::command(MediaCommand command) {
-  switch (command) {
-    case MediaCommand::Open:
-      error_.clear();
-      open_ = true;
-      break;
-    case MediaCommand::Record:
-      record();
-      break;
-    case MediaCommand::Stop:
-      if (capture_) {
-        capture_->finish();
-      }
-      break;
-    case MediaCommand::Save:
-      if (capture_ && !capture_->error().isEmpty()) {
-        error_ = fromScreen(capture_->error());
-      }
-      break;
-    case MediaCommand::Close:
-      capture_.reset();
-      open_ = false;
-      break;
+  if (command == MediaCommand::Open) {
+    error_.clear();
+    open_ = true;
+  } else if (command == MediaCommand::Record) {
+    record();
+  } else if (capture_) {
+    end(command);
+  }
+  open_ = open_ && command != MediaCommand::Close;
+}
+
+void SoundRecorder::end(MediaCommand command) {
+  capture_->finish();
+  if (command == MediaCommand::Stop) {
+    return;
+  }
+  wait();
+  if (error_.empty()) {
+    error_ = inCoreText(capture_->error());
+  }
+  if (command == MediaCommand::Close) {
+    capture_.reset();
   }
 }
 

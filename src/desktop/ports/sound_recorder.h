@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "desktop/ports/sound_capture.h"
+#include "platform/event_loop.h"
 #include "platform/media_control.h"
 
 namespace tarnvex::desktop {
@@ -13,13 +14,19 @@ namespace tarnvex::desktop {
 /// shares, so another program can use the same input meanwhile.
 class SoundRecorder : public platform::MediaControl {
  public:
+  explicit SoundRecorder(platform::EventLoop& loop) : loop_(loop) {}
+
   void setFileName(const std::string& directory, const std::string& name) override;
   void command(platform::MediaCommand command) override;
   [[nodiscard]] std::string errorMessage() const override { return error_; }
 
  private:
   void record();
+  void end(platform::MediaCommand command);
+  /// Until the recording is over.
+  void wait();
 
+  platform::EventLoop& loop_;
   std::string directory_;
   QString name_;
   std::string error_;
@@ -29,9 +36,13 @@ class SoundRecorder : public platform::MediaControl {
 
 class SoundRecorders : public platform::MediaControls {
  public:
+  explicit SoundRecorders(platform::EventLoop& loop) : loop_(loop) {}
   std::unique_ptr<platform::MediaControl> create() override {
-    return std::make_unique<SoundRecorder>();
+    return std::make_unique<SoundRecorder>(loop_);
   }
+
+ private:
+  platform::EventLoop& loop_;
 };
 
 }  // namespace tarnvex::desktop

@@ -49,51 +49,67 @@ int nameIt(int file, const std::string& directory, const QString& name) {
   });
 }
 
-/// Where the file system knows no files without a name: the header follows at once.
 int openNamed(const std::string& directory, const QString& name) {
   return firstFree(directory, name,
                    [](const char* path) { return ::open(path, O_CREAT | O_EXCL | kFlags, kMode); });
 }
 
+/// In English, like all messages.
 QString reason() {
-  return QString::fromLocal8Bit(std::strerror(errno));
+  return QString::fromLatin1(strerrordesc_np(errno));
+}
+
+/// What the library says of its own failures or the system's, as half a sentence.
+QString reason(const char* text) {
+  QString said = QString::fromLocal8Bit(text).remove(QStringLiteral("System error : "));
+  while (said.endsWith(QLatin1Char('.'))) {
+    said.chop(1);
+  }
+  return said;
 }
 
 QString cannotMake(const QString& name, const QString& why) {
   return QStringLiteral("The recording \"%1\" could not be made: %2.").arg(name, why);
 }
 
+QString cannotGoOn(const QString& why) {
+  return QStringLiteral("The recording could not be written on: %1.").arg(why);
+}
+
 }  // namespace
 
-std::unique_ptr<WaveFile> WaveFile::create(const std::string& directory, const QString& name,
-                                           QString& error) {
-  int handle = openUnnamed(directory);
-  const bool unnamed = handle >= 0;
-  if (!unnamed && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)) {
-    handle = openNamed(directory, name);
-  }
-  if (handle < 0) {
-    error = cannotMake(name, reason());
-    return nullptr;
-  }
+std::unique_ptr<WaveFile> WaveFile::withHeader(int handle, const QString& name, QString& error) {
   SF_INFO info{};
   info.samplerate = kRate;
   info.channels = 1;
   info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
-  // The file owns the handle from here on.
-  std::unique_ptr<WaveFile> file(new WaveFile(sf_open_fd(handle, SFM_WRITE, &info, SF_TRUE)));
-  SNDFILE* sound = file->file_.get();
+  // The library owns the handle from here on.
+  SNDFILE* sound = sf_open_fd(handle, SFM_WRITE, &info, SF_TRUE);
   if (sound == nullptr) {
-    error = cannotMake(name, QString::fromLocal8Bit(sf_strerror(nullptr)));
+    error = cannotMake(name, reason(sf_strerror(nullptr)));
     return nullptr;
   }
   sf_command(sound, SFC_SET_UPDATE_HEADER_AUTO, nullptr, SF_TRUE);
   sf_command(sound, SFC_UPDATE_HEADER_NOW, nullptr, 0);
-  if (unnamed && nameIt(handle, directory, name) < 0) {
-    error = cannotMake(name, reason());
-    return nullptr;
+  return std::unique_ptr<WaveFile>(new WaveFile(sound));
+}
+
+std::unique_ptr<WaveFile> WaveFile::create(const std::string& directory, const QString& name,
+                                           QString& error) {
+  // A file has no name until its header is whole, where the system knows such files. Elsewhere the
+  // header follows the name at once.
+  for (const bool unnamed : {true, false}) {
+    const int handle = unnamed ? openUnnamed(directory) : openNamed(directory, name);
+    if (handle < 0) {
+      error = cannotMake(name, reason());
+      continue;
+    }
+    auto file = withHeader(handle, name, error);
+    if (!file || !unnamed || nameIt(handle, directory, name) >= 0) {
+      return file;
+    }
   }
-  return file;
+  return nullptr;
 }
 
 bool WaveFile::write(std::span<const std::int16_t> samples, QString& error) {
@@ -104,8 +120,15 @@ bool WaveFile::write(std::span<const std::int16_t> samples, QString& error) {
   }
   const auto count = static_cast<sf_count_t>(samples.size());
   if (sf_write_short(file_.get(), samples.data(), count) != count) {
-    error = QStringLiteral("The recording could not be written on: %1.")
-                .arg(QString::fromLocal8Bit(sf_strerror(file_.get())).remove(QLatin1Char('.')));
+    error = cannotGoOn(reason(sf_strerror(file_.get())));
+    return false;
+  }
+  return true;
+}
+
+bool WaveFile::close(QString& error) {
+  if (const int failure = sf_close(file_.release()); failure != 0) {
+    error = cannotGoOn(reason(sf_error_number(failure)));
     return false;
   }
   return true;

@@ -26,6 +26,9 @@ class WaveFile {
   /// Appends samples. False and an error text if not all of them could be written; the file then
   /// holds what it held and part of these.
   bool write(std::span<const std::int16_t> samples, QString& error);
+  /// Closes the file, and tells what the file system has kept back until then. A file that is
+  /// destroyed without it is closed without a word.
+  bool close(QString& error);
 
  private:
   struct Close {
@@ -33,6 +36,7 @@ class WaveFile {
   };
 
   explicit WaveFile(SNDFILE* file) : file_(file) {}
+  static std::unique_ptr<WaveFile> withHeader(int handle, const QString& name, QString& error);
 
   std::unique_ptr<SNDFILE, Close> file_;
   std::size_t samples_ = 0;
