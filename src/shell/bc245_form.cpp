@@ -75,9 +75,7 @@ void Form2::mnuOwnloadTrunk() {
 }
 
 void Form2::mnuCustom() {
-  if (auto* form = showDialog<trunking::Form5>(services_.link, services_.dialogs)) {
-    form->load();
-  }
+  showDialog<trunking::Form5>(services_.link, services_.dialogs);
 }
 
 std::shared_ptr<QuickViewForm> Form2::openQuickView(WindowLayer& windows) {

@@ -71,11 +71,6 @@ void MainForm::requestUnload() {
 void MainForm::unload() {
   // The window goes from here on: a request while the next question stands adds nothing either.
   asking_ = true;
-  closeQuickView();
-  frequencyFile_.offerToSave();
-  dialogHost_.closeAll();
-  MSComm1->close();
-  releaseSound();
   // What the user still clicks before the window is gone must not open the port again.
   for (platform::Control* control :
        {static_cast<platform::Control*>(&Command3), static_cast<platform::Control*>(&Option1),
@@ -83,6 +78,11 @@ void MainForm::unload() {
         static_cast<platform::Control*>(&Option4)}) {
     control->setEnabled(false);
   }
+  closeQuickView();
+  frequencyFile_.offerToSave();
+  dialogHost_.closeAll();
+  MSComm1->close();
+  releaseSound();
   if (!services_.state.SwitchingScanners) {
     outside_.endProgram();
   }
@@ -125,6 +125,10 @@ void MainForm::mnuDownload() {
 }
 
 void MainForm::mnuReset() {
+  if (services_.state.TransferRunning) {
+    services_.dialogs.beep();
+    return;
+  }
   memory::resetScanner(services_.dialogs, services_.link);
 }
 
@@ -133,7 +137,7 @@ void MainForm::mnuAbout() {
 }
 
 void MainForm::mnuQV() {
-  if (quickView_) {
+  if (quickView_ || asking_) {
     return;
   }
   quickView_ = openQuickView(outside_.windows);

@@ -144,12 +144,17 @@ class MainForm {
   /// What a transfer drives of this window.
   [[nodiscard]] memory::TransferWindow transferWindow();
   [[nodiscard]] memory::TransferOutside transferOutside();
-  /// Shows a dialog, modal as this radio's dialogs are.
+  /// Loads and shows a dialog, modal as this radio's dialogs are.
   template <class Form, class... Arguments>
-  Form* showDialog(Arguments&&... arguments) {
-    return dialogHost_.show<Form>(
+  void showDialog(Arguments&&... arguments) {
+    dialogHost_.show<Form>(
         [&] { return std::make_shared<Form>(std::forward<Arguments>(arguments)...); },
-        traits_.transfers.modal);
+        traits_.transfers.modal,
+        [](Form& form) {
+          if constexpr (requires { form.load(); }) {
+            form.load();
+          }
+        });
   }
   /// Makes the small window's form and shows it.
   virtual std::shared_ptr<QuickViewForm> openQuickView(WindowLayer& windows) = 0;

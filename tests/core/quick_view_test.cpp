@@ -55,7 +55,11 @@ TEST(QuickViewForm, GoesBeforeItsMainWindowDoes) {
   rig.state.SwitchingScanners = true;
   rig.state.MemoryModified = true;
   rig.dialogs.answers = {platform::Answer::No};
-  rig.dialogs.whileOpen = [&] { EXPECT_EQ(rig.windows.quickView, nullptr); };
+  rig.dialogs.whileOpen = [&] {
+    EXPECT_EQ(rig.windows.quickView, nullptr);
+    EXPECT_FALSE(rig.form.Command3.enabled() || rig.form.Option1.enabled());
+    rig.form.mnuQV();
+  };
   rig.form.unload();
   EXPECT_THAT(rig.windows.takeCalls(), ElementsAre("showMain", "closeQuickView"));
 }

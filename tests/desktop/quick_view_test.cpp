@@ -65,6 +65,9 @@ TEST_P(QuickViewTest, ShowsTheSameInTheMainWindowsPlace) {
       {"the main window", [&] { return closed(); }, [&] { choose(); }},
       {"the small one again", [&] { return open(); },
        [&] {
+         // The key is still held down when the main window is back.
+         QKeyEvent repeat(QEvent::KeyPress, Qt::Key_M, Qt::NoModifier, "m", true);
+         QApplication::sendEvent(rig.program.windows.mainWindow()->findChild<QTabBar*>(), &repeat);
          EXPECT_EQ(small()->pos(), left);
          QTest::mouseClick(small(), Qt::LeftButton);
        }},

@@ -5,11 +5,17 @@
 namespace tarnvex::desktop {
 
 QWidget* windowInUse() {
-  if (QWidget* active = QApplication::activeWindow()) {
+  // Splash and notice go by themselves, with what stands over them.
+  const auto passes = [](const QWidget* window) {
+    return window->objectName() == QLatin1String("Form1") ||
+           window->objectName() == QLatin1String("Form6");
+  };
+  QWidget* active = QApplication::activeWindow();
+  if (active != nullptr && !passes(active)) {
     return active;
   }
   for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->isVisible() && window->objectName() != QLatin1String("Form1")) {
+    if (window->isVisible() && !passes(window)) {
       return window;
     }
   }

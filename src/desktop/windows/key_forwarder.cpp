@@ -22,10 +22,20 @@ void KeyForwarder::watch(QWidget* window, const QStringList& names) {
 }
 
 bool KeyForwarder::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::KeyPress) {
+  if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease) {
     return QObject::eventFilter(watched, event);
   }
   const auto* key = static_cast<QKeyEvent*>(event);
+  if (!key->isAutoRepeat()) {
+    down_ = event->type() == QEvent::KeyPress ? key->key() : 0;
+  }
+  if (event->type() == QEvent::KeyRelease) {
+    return false;
+  }
+  // Held down since another window had the focus, such as the small one that it has closed.
+  if (key->isAutoRepeat() && key->key() != down_) {
+    return true;
+  }
   if ((key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0) {
     return false;
   }

@@ -26,6 +26,8 @@ class KeyForwarder : public QObject {
  private:
   shell::MainForm& form_;
   platform::EventGate& gate_;
+  /// The key that is held down here, 0 if none is.
+  int down_ = 0;
 };
 
 }  // namespace tarnvex::desktop

@@ -66,7 +66,8 @@ void QuickViewWindow::present() {
   form_.load(toTwips(room.right() + 1, room.bottom() + 1), toTwips(width(), height() + title));
   QRect place(QPoint(toPixels(form_.place().x), toPixels(form_.place().y)), size());
   if (!onAScreen(place)) {
-    place.moveBottomRight(room.bottomRight());
+    place.moveBottomRight(room.bottomRight() - QPoint(0, title));
+    form_.userMove(toTwips(place.x(), place.y()));
   }
   move(place.topLeft());
   show();
@@ -113,7 +114,7 @@ void QuickViewWindow::closeEvent(QCloseEvent* event) {
 
 void QuickViewWindow::moveEvent(QMoveEvent* /*event*/) {
   if (placed_) {
-    form_.userMove(toTwips(pos().x(), pos().y()));
+    gate_.enter([&form = form_, place = toTwips(pos().x(), pos().y())] { form.userMove(place); });
   }
 }
 

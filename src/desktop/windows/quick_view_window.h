@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <optional>
 
 #include "desktop/panel/panel_layout.h"
 #include "desktop/windows/panel_binding.h"
