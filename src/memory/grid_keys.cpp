@@ -103,7 +103,11 @@ bool ChannelMemory::numberKey(Table& table, char key, std::string_view accepted)
   if (accepted.find(key) == std::string_view::npos) {
     return false;
   }
-  table.setText((state_.CellEditActive ? table.text() : std::string()) + key);
+  if (state_.CellEditActive) {
+    table.append(key);
+  } else {
+    table.setText(std::string(1, key));
+  }
   state_.CellEditActive = true;
   return true;
 }
@@ -128,7 +132,7 @@ bool ChannelMemory::tagKey(Table& table, char key) {
   if (key == kBackspace) {
     deleteLast(table);
   } else if (table.text().size() < traits_.tagLimit) {
-    table.setText(table.text() + key);
+    table.append(key);
   } else {
     return true;
   }

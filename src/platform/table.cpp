@@ -53,6 +53,11 @@ bool Table::setTextMatrix(int row, int col, std::string text) {
   return true;
 }
 
+void Table::append(char character) {
+  cells_[static_cast<std::size_t>(row_ * columns_ + col_)] += character;
+  cellChanged.notify(row_, col_);
+}
+
 int Table::colWidth(int col) const {
   return holds(0, col) ? widths_[static_cast<std::size_t>(col)] : 0;
 }

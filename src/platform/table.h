@@ -27,6 +27,8 @@ class Table : public Control {
   /// The cell under the cursor.
   [[nodiscard]] const std::string& text() const { return textMatrix(row_, col_); }
   void setText(std::string text) { setTextMatrix(row_, col_, std::move(text)); }
+  /// Adds a character to it, however long it is.
+  void append(char character);
   /// A cell; the empty text outside the table.
   [[nodiscard]] const std::string& textMatrix(int row, int col) const;
   /// Writes a cell. Outside the table: false, nothing changes.

@@ -128,7 +128,12 @@ std::optional<platform::Colour> QtDialogs::chooseColour(platform::Colour current
 }
 
 void QtDialogs::beep() {
-  QApplication::beep();
+  constexpr int kBeepMilliseconds = 100;
+  // A thousand characters of a pasted text that don't fit are one beep.
+  if (!lastBeep_.isValid() || lastBeep_.hasExpired(kBeepMilliseconds)) {
+    QApplication::beep();
+    lastBeep_.start();
+  }
 }
 
 void QtDialogs::setBusyPointer(bool busy) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QMessageBox>
 #include <QPointer>
 
@@ -28,6 +29,7 @@ class QtDialogs : public platform::Dialogs {
 
   platform::EventGate& gate_;
   bool busy_ = false;
+  QElapsedTimer lastBeep_;
 };
 
 }  // namespace tarnvex::desktop

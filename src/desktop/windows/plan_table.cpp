@@ -135,18 +135,22 @@ void PlanTable::pasteClipboard() {
   text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
   text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
   bool beyondColumns = false;
+  bool dropped = false;
   for (const QChar character : text) {
     if (character == QLatin1Char('\n')) {
       if (table_.row() + 1 == table_.rows()) {
-        return;
+        break;
       }
       table_.userMoveTo(table_.row() + 1, firstColumn);
       beyondColumns = false;
     } else if (character == QLatin1Char('\t')) {
       beyondColumns = beyondColumns || !pasteIntoNextColumn();
-    } else if (!beyondColumns && !typeText(character)) {
-      QApplication::beep();
+    } else if (!beyondColumns) {
+      dropped = !typeText(character) || dropped;
     }
+  }
+  if (dropped) {
+    QApplication::beep();
   }
 }
 
