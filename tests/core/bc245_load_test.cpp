@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "bc245_rig.h"
+#include "poll_rig.h"
 #include "shell/application.h"
 
 namespace tarnvex::shell {

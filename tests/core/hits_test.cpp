@@ -1,36 +1,25 @@
 #include <gmock/gmock.h>
 
-#include "bc895_rig.h"
 #include "monitor/hit_capture.h"
+#include "poll_rig.h"
 
 namespace tarnvex::monitor {
 namespace {
 
-using test::Exchange;
-using test::opening;
-using test::operator+;
 using testing::ElementsAre;
 
+constexpr const char* kTagged = "S018 F01551150";
 constexpr const char* kUntagged = "S018 F00460125";
 
 struct HitsTest : testing::Test, test::Bc895Rig {
   /// A tick of a search on that frequency.
-  void search(bool open, const char* signal = test::kSignal155, bool skips = false,
-              const char* mode = "MD02") {
-    std::vector<Exchange> exchanges = opening(mode, signal);
-    exchanges.push_back({"SQ", open ? "+" : "-"});
-    if (open && std::string(mode) != "MD12") {
-      exchanges.push_back({"SG", signal});
-    }
-    if (skips) {
-      exchanges.push_back({"KEY09", "OK"});
-    }
-    tick(exchanges);
-  }
-  void tickSkip() {
-    radio.expect({{"KEY09", "OK"}});
-    form.chkSkip.userClick();
-    radio.expectSpent();
+  void search(bool open, const std::string& signal = kTagged, bool skips = false,
+              const std::string& mode = "MD02") {
+    using test::operator+;
+    tick(test::opening(mode, signal) +
+         ((open ? "SQ > +" : "SQ > -") +
+          std::string(open && mode != "MD12" ? "; SG > " + signal : "") +
+          (skips ? "; KEY09 > OK" : "")));
   }
 };
 
@@ -65,10 +54,10 @@ TEST_F(HitsTest, CarryTheLastTagOntoAFrequencyThatFollowsAtOnce) {
 }
 
 TEST_F(HitsTest, DoNotComeFromAQuietMode) {
-  search(true, test::kSignal155, false, "MD12");
+  search(true, kTagged, false, "MD12");
   EXPECT_EQ(form.List1.count(), 0);
   state.HitCounted = true;
-  search(true, test::kSignal155, false, "MD12");
+  search(true, kTagged, false, "MD12");
   EXPECT_FALSE(state.HitCounted);
 }
 
@@ -84,11 +73,7 @@ TEST_F(HitsTest, MatchAnywhereInALineAndInEveryLine) {
 }
 
 TEST_F(HitsTest, KeepTheCountWithinALineThatOtherwiseMisleads) {
-  struct Case {
-    const char* line;
-    const char* count;
-  };
-  for (const auto& [line, count] : {Case{"46.0125 - (then) Hits: 4(Lake)", "1"},
+  for (const auto& [line, count] : {std::pair{"46.0125 - (then) Hits: 4(Lake)", "1"},
                                     {"46.0125 - Hits: 32767(Lake)", "32768"},
                                     {"46.0125 - Hits: 32768(Lake)", "1"},
                                     {"46.0125", "1"}}) {
@@ -104,16 +89,17 @@ TEST_F(HitsTest, KeepTheCountWithinALineThatOtherwiseMisleads) {
 
 TEST_F(HitsTest, AreSkippedOnceKnown) {
   search(true);
-  tickSkip();
-  search(true, test::kSignal155, true);
+  radio.expect(test::script("KEY09 > OK"));
+  form.chkSkip.userClick();
+  search(true, kTagged, true);
   // With the squelch closed the plan decides, by what stood on the display.
-  search(false, test::kSignal155, true);
+  search(false, kTagged, true);
   search(false, kUntagged, true);
   search(false, kUntagged, false);
   search(true, kUntagged, false);
   search(true, kUntagged, true);
   state.EntryActive = true;
-  tick(opening("MD02"));
+  poll("MD02");
   state.EntryActive = false;
   form.chkSkip.userClick();
   search(true);

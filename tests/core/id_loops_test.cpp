@@ -1,60 +1,50 @@
 #include <gmock/gmock.h>
 
-#include "bc895_rig.h"
+#include "poll_rig.h"
 
 namespace tarnvex::monitor {
 namespace {
 
-using test::Exchange;
-using test::kSignal851;
-using test::opening;
-using test::operator+;
-using test::streaming;
 using testing::ElementsAre;
 
-using Exchanges = std::vector<Exchange>;
+const std::string kTime = " - 2031-05-06 07:08:09 ";
+
+/// A round of the ID search: with an ID the frequency is asked for.
+std::string searched(const std::string& reply, const std::string& mode = "MD07",
+                     bool skips = false) {
+  const bool id = reply.find('E') == std::string::npos && reply.size() > 8;
+  return "; IDN > " + reply + (id ? "; SG > S020 F08510125" : "") + (skips ? "; KEY09 > OK" : "") +
+         "; IDF > OK; MD > " + mode;
+}
 
 struct IdLoopsTest : testing::Test, test::Bc895Rig {
   std::string shown;
   platform::Connection watching = form.panel.Frequency.changed.connect(
       [this] { shown += form.panel.Frequency.caption() + "; "; });
 
-  static Exchanges searching() { return opening("MD07") + Exchanges{{"IDN", "OK"}, {"KEY09", ""}}; }
-  /// A round of the ID search: with an ID the frequency is asked for.
-  static Exchanges searched(const std::string& reply, const std::string& mode = "MD07",
-                            bool skips = false) {
-    Exchanges round{{"IDN", reply}};
-    if (reply.find('E') == std::string::npos && reply.size() > 8) {
-      round.push_back({"SG", kSignal851});
-    }
-    if (skips) {
-      round.push_back({"KEY09", "OK"});
-    }
-    return round + Exchanges{{"IDF", "OK"}, {"MD", mode}};
+  void search(const std::string& rounds) {
+    poll("MD07", "IDN > OK; KEY09 > " + rounds + "; IDF > OK");
   }
-  static Exchanges ended() { return {{"IDF", "OK"}}; }
 };
 
 TEST_F(IdLoopsTest, SearchShowsAndListsEachId) {
-  tick(searching() + searched("NO ID HERE") + searched("IDN SB1 005678") +
-       searched("IDN SB1 005678") + searched("IDN SB1 12-345") + searched("IDN SB1 000000") +
-       searched("IDN SB1") + searched("IDN SB1 000042", "MD09more") + ended());
+  search(searched("NO ID HERE") + searched("IDN SB1 005678") + searched("IDN SB1 005678") +
+         searched("IDN SB1 12-345") + searched("IDN SB1 000000") + searched("IDN SB1") +
+         searched("IDN SB1 000042", "MD09more"));
   EXPECT_EQ(shown, "- -   - - -; 5678; 12-345; 0; - -   - - -; 42; ");
   EXPECT_THAT(form.List2.items(),
-              ElementsAre("005678 - 2031-05-06 07:08:09 (Detectives)",
-                          "12-345 - 2031-05-06 07:08:09 (Schools)", "000000 - 2031-05-06 07:08:09 ",
-                          "000042 - 2031-05-06 07:08:09 "));
+              ElementsAre("005678" + kTime + "(Detectives)", "12-345" + kTime + "(Schools)",
+                          "000000" + kTime, "000042" + kTime));
   EXPECT_EQ(state.CurrentMode, "MD09") << "four characters of the answer";
   EXPECT_EQ(form.panel.mode.caption(), "MD07");
   EXPECT_EQ(form.panel.Alpha.caption(), "");
 }
 
 TEST_F(IdLoopsTest, SearchSkipsWhatIsListedAndGoesOnWhileNothingIsActive) {
-  radio.expect({{"KEY09", "OK"}});
-  form.chkSkip.userClick();
-  tick(searching() + searched("NO ID HERE") + searched("IDN SB1 005678") +
-       searched("IDN SB1 005678", "MD07", true) + searched("NO ID HERE", "MD07", true) +
-       searched("IDN SB1 000042") + searched("NO ID HERE", "MD00") + ended());
+  tickSkip();
+  search(searched("NO ID HERE") + searched("IDN SB1 005678") +
+         searched("IDN SB1 005678", "MD07", true) + searched("NO ID HERE", "MD07", true) +
+         searched("IDN SB1 000042") + searched("NO ID HERE", "MD00"));
   EXPECT_EQ(form.List2.count(), 2);
 }
 
@@ -66,25 +56,18 @@ TEST_F(IdLoopsTest, SearchMirrorsTheDisplayInTheTitleWhileMinimised) {
   // Each round yields twice; what the user does there shows in the next round's title.
   loop.onTurn(4, [&] { form.window.setMinimised(true); });
   loop.onTurn(10, [&] { form.window.setMinimised(false); });
-  tick(searching() + searched("NO ID HERE") + searched("IDN SB1 005678") +
-       searched("IDN SB1 000042") + searched("IDN SB1 000042") + searched("NO", "MD00") + ended());
+  search(searched("NO ID HERE") + searched("IDN SB1 005678") + searched("IDN SB1 000042") +
+         searched("IDN SB1 000042") + searched("NO", "MD00"));
   EXPECT_THAT(titles, ElementsAre("Tarnvex - /plans/county.tvf", "- -   - - -", "Detectives", "42",
                                   "Tarnvex - /plans/county.tvf"));
 }
 
 TEST_F(IdLoopsTest, HoldFollowsTheStreamLineByLine) {
-  tick(opening("MD08") + Exchanges{streaming("IDN", "OK", "IDN- 000000"),
-                                   streaming("MD", "MD08", "IDNS 005678"),
-                                   {"SG", kSignal851},
-                                   // Nothing came in time.
-                                   {"MD", "MD08"},
-                                   // Of two lines that came together, the first one counts.
-                                   streaming("MD", "MD08", "IDNS 12-345\rIDNS 000042"),
-                                   {"SG", kSignal851},
-                                   streaming("MD", "MD08", "IDNS 000042"),
-                                   {"SG", "S020 F08520125"},
-                                   {"MD", "MD08 and more"},
-                                   {"IDF", "OK"}});
+  poll("MD08",
+       "IDN > OK > IDN- 000000; MD > MD08 > IDNS 005678; SG > S020 F08510125; "
+       // Nothing came in time; then of two lines that came together, the first one counts.
+       "MD > MD08; MD > MD08 > IDNS 12-345\rIDNS 000042; SG > S020 F08510125; "
+       "MD > MD08 > IDNS 000042; SG > S020 F08520125; MD > MD08 and more; IDF > OK");
   EXPECT_EQ(shown, "Non-Active ID; 005678; 12-345; 000042; ");
   EXPECT_EQ(form.panel.Alpha.caption(), "") << "its frequency isn't in the plan";
   EXPECT_EQ(form.List2.count(), 0);
@@ -92,14 +75,9 @@ TEST_F(IdLoopsTest, HoldFollowsTheStreamLineByLine) {
 }
 
 TEST_F(IdLoopsTest, LetHandlersTalkToTheRadioBetweenTheirExchanges) {
-  struct Case {
-    const char* mode;
-    Exchanges before;
-    Exchanges after;
-  };
-  for (const auto& [mode, before, after] :
-       {Case{"MD07", {{"IDN", ""}, {"KEY09", ""}}, searched("NO", "MD00") + ended()},
-        Case{"MD08", {{"IDN", ""}}, {{"MD", "MD00"}, {"IDF", ""}}}}) {
+  for (const auto& [mode, exchanges] :
+       {std::pair{"MD07", "IDN > ; KEY09 > ; KEY00 > OK; IDN > NO; IDF > OK; MD > MD00; IDF > OK"},
+        {"MD08", "IDN > ; KEY00 > OK; MD > MD00; IDF > "}}) {
     SCOPED_TRACE(mode);
     bool ran = false;
     // The first turn comes before the tick, the second is the loop's own.
@@ -111,7 +89,7 @@ TEST_F(IdLoopsTest, LetHandlersTalkToTheRadioBetweenTheirExchanges) {
         link.SendCommand("KEY00");
       });
     });
-    tick(opening(mode) + before + Exchanges{{"KEY00", "OK"}} + after);
+    poll(mode, exchanges);
     EXPECT_TRUE(ran);
   }
 }
@@ -123,12 +101,12 @@ TEST_F(IdLoopsTest, HoldBackWhatArrivesInAnExchangeUntilTheyYield) {
       gate.enter([&] { course += radio.log.back(); });
     }
   };
-  tick(opening("MD08") + Exchanges{{"IDN", "OK"}, {"MD", "MD00"}, {"IDF", "OK"}});
+  poll("MD08", "IDN > OK; MD > MD00; IDF > OK");
   EXPECT_EQ(course, "IDN") << "the tick's first yield comes behind that command";
 }
 
 TEST_F(IdLoopsTest, EndWithSilenceAndWithTheProgram) {
-  tick(opening("MD07") + Exchanges{{"IDN", ""}, {"KEY09", ""}, test::silent("IDN")});
+  poll("MD07", "IDN > ; KEY09 > ; IDN");
   EXPECT_EQ(dialogs.takeBoxes().size(), 1U);
   EXPECT_FALSE(form.MSComm1->portOpen() || form.Scantimer.enabled());
   EXPECT_EQ(state.CurrentMode, "");
@@ -140,7 +118,7 @@ TEST_F(IdLoopsTest, EndWithSilenceAndWithTheProgram) {
       form.requestUnload();
     });
   });
-  tick(opening("MD08") + Exchanges{{"IDN", ""}});
+  poll("MD08", "IDN > ");
   EXPECT_TRUE(gate.ended());
   EXPECT_FALSE(form.Scantimer.running());
 }

@@ -2,14 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "bc895_rig.h"
+#include "poll_rig.h"
 
 namespace tarnvex::monitor {
 namespace {
-
-using test::Exchange;
-using test::opening;
-using test::operator+;
 
 struct KnobTest : testing::Test, test::Bc895Rig {
   /// The index of the one mark that is visible, the same in both arrays.
@@ -25,9 +21,6 @@ struct KnobTest : testing::Test, test::Bc895Rig {
     }
     return found;
   }
-  void tickWith(const std::vector<Exchange>& knob, const char* mode = "MD15") {
-    tick(opening(mode) + knob);
-  }
 };
 
 TEST_F(KnobTest, TurnsAStepATickWhileItIsHeld) {
@@ -35,39 +28,36 @@ TEST_F(KnobTest, TurnsAStepATickWhileItIsHeld) {
   form.pressKnob(true);
   for (int step = 1; step <= 14; ++step) {
     const int turns = loop.turns();
-    tickWith({{"KEY07", "OK"}});
+    poll("MD15", "KEY07 > OK");
     EXPECT_EQ(mark(), step % 13);
     EXPECT_EQ(loop.turns() - turns, 1 + (step - 1) % 13) << "a yield for each mark that is dark";
   }
   form.releaseKnob(true);
-  tickWith({});
+  poll("MD15");
   form.pressKnob(false);
   for (int step = 0; step >= -3; --step) {
-    tickWith({{"KEY08", "OK"}});
+    poll("MD15", "KEY08 > OK");
     EXPECT_EQ(mark(), (step + 13) % 13);
   }
   form.pressKnob(true);
   const int before = mark();
-  tickWith({{"KEY07", "OK"}, {"KEY08", "OK"}});
+  poll("MD15", "KEY07 > OK; KEY08 > OK");
   EXPECT_EQ(mark(), before) << "up first, then down";
 }
 
 TEST_F(KnobTest, LeavesScanningFirstInEveryTick) {
-  const std::vector<Exchange> scan{{"CT", "CTF"}, {"SB", "SB A"}, {"PR", "PRF"}, {"MA", "NG"}};
   form.pressKnob(true);
   form.pressKnob(false);
   for (int i = 0; i < 2; ++i) {
-    tickWith(
-        scan + std::vector<Exchange>{{"KEY01", ""}, {"KEY07", ""}, {"KEY01", ""}, {"KEY08", ""}},
-        "MD00");
+    poll("MD00", "CT > CTF; SB > SB A; PR > PRF; MA > NG; KEY01 > ; KEY07 > ; KEY01 > ; KEY08 > ");
   }
 }
 
 TEST_F(KnobTest, TurnsInUnknownModesAndBehindTheIdLoops) {
   form.pressKnob(false);
-  tickWith({{"KEY08", ""}}, "MD14");
-  tickWith({{"KEY08", ""}}, "");
-  tickWith({{"IDN", ""}, {"MD", "MD00"}, {"IDF", ""}, {"KEY01", ""}, {"KEY08", ""}}, "MD08");
+  poll("MD14", "KEY08 > ");
+  poll("", "KEY08 > ");
+  poll("MD08", "IDN > ; MD > MD00; IDF > ; KEY01 > ; KEY08 > ");
   EXPECT_EQ(mark(), 10);
 }
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "bc895_rig.h"
+#include "poll_rig.h"
 
 namespace tarnvex::search {
 namespace {

@@ -100,7 +100,7 @@ TEST_P(LinkControlsTest, ConnectReopensInAnyState) {
   form->Command3.userClick();
   EXPECT_EQ(radio.takeLog(), "close; open COM 1 at 9600,n,8,1");
   EXPECT_TRUE(form->Scantimer.enabled());
-  radio.expect({test::silent("SI")});
+  radio.expect(test::script("SI"));
   link.SendCommand("SI");
   EXPECT_FALSE(form->Scantimer.enabled() || form->MSComm1->portOpen());
   dialogs.boxes.clear();

@@ -165,7 +165,7 @@ TEST_F(LockoutsTest, ASilentRadioGivesAnEmptyListAndOneMessage) {
       const std::string number = !small ? "" : word == "IL" ? "001" : "01";
       dialogs.boxes.clear();
       open(small ? bc245LockoutTraits() : bc895LockoutTraits(), inMode,
-           {test::silent(word + number)});
+           test::script(word + number));
       EXPECT_THAT(form->List1.items(), IsEmpty());
       EXPECT_EQ(dialogs.boxes.size(), 1U);
       EXPECT_EQ(done(), "") << "the port is closed";

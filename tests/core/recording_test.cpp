@@ -1,7 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "bc245_rig.h"
-#include "bc895_rig.h"
+#include "poll_rig.h"
 
 namespace tarnvex::monitor {
 namespace {

@@ -10,7 +10,6 @@ namespace {
 using test::Box;
 using test::Exchange;
 using test::Piece;
-using test::silent;
 
 const Box kSilence{
     "Your scanner is not responding. Please check your connections and verify that you have "
@@ -33,6 +32,7 @@ struct ScannerLinkTest : testing::Test, test::World {
     poll.setEnabled(true);
     radio.log.clear();
   }
+  std::string send(const std::string& transcript) { return send(test::script(transcript)[0]); }
   std::string send(const Exchange& exchange) {
     radio.expect({exchange});
     return link.SendCommand(exchange.command);
@@ -74,7 +74,7 @@ TEST_F(ScannerLinkTest, ReturnsTheReplyWithoutItsLastCharacter) {
 
 TEST_F(ScannerLinkTest, ThrowsAwayWhatWaitsBeforeItSends) {
   radio.send("IDNS 001234\rERR");
-  EXPECT_EQ(send({"MD", "MD08"}), "MD08");
+  EXPECT_EQ(send("MD > MD08"), "MD08");
 }
 
 TEST_F(ScannerLinkTest, GivesUpExactlyAtItsSpinLimits) {
@@ -126,11 +126,11 @@ TEST_F(ScannerLinkTest, ReadsAReplyNoLongerThanItsSecondLimit) {
   // What came too late belongs to nobody.
   radio.expect({{"SI", std::vector<Piece>{{"ERR\r", 2}}}});
   EXPECT_EQ(link.SendCommand("SI"), "0") << "the end of the last reply comes first";
-  EXPECT_EQ(send({"SI", "ERR"}), "ERR");
+  EXPECT_EQ(send("SI > ERR"), "ERR");
 }
 
 TEST_F(ScannerLinkTest, ReportsSilenceOnceAndThenReturnsAtOnce) {
-  EXPECT_EQ(send(silent("MD")), "");
+  EXPECT_EQ(send("MD"), "");
   EXPECT_EQ(radio.takeLog(), "MD; close");
   expectReported(1);
   EXPECT_TRUE(state.LinkWaiting);
@@ -153,13 +153,13 @@ TEST_F(ScannerLinkTest, StaysQuietWhileItsMessageStands) {
     EXPECT_TRUE(port->portOpen());
     EXPECT_EQ(link.SendCommand("SI") + link.ReadReply() + link.QueryIdLockouts(), "");
   };
-  EXPECT_EQ(send(silent("MD")), "");
+  EXPECT_EQ(send("MD"), "");
   EXPECT_EQ(behind, 1);
   EXPECT_EQ(radio.takeLog(), "MD; close");
   expectReported(1);
   dialogs.whileOpen = nullptr;
   connect();
-  EXPECT_EQ(send({"MD", "MD00"}), "MD00") << "a new link talks again";
+  EXPECT_EQ(send("MD > MD00"), "MD00") << "a new link talks again";
 }
 
 TEST_F(ScannerLinkTest, RunsIntoItsMessageAtOnceWhenTheDeviceIsGone) {
@@ -192,7 +192,7 @@ TEST_F(ScannerLinkTest, LeavesAnUnendingReadOnlyWithTheUser) {
 }
 
 TEST_F(ScannerLinkTest, TakesStreamedLinesAsTheyCome) {
-  EXPECT_EQ(send(test::streaming("IDN", "OK", "IDNS 001234")), "OK");
+  EXPECT_EQ(send("IDN > OK > IDNS 001234"), "OK");
   EXPECT_EQ(link.ReadReply(), "IDNS 001234");
   radio.send("IDNS 000001\rIDNS 000002\r");
   EXPECT_EQ(link.ReadReply(), "IDNS 000001\rIDNS 000002");
@@ -219,13 +219,13 @@ TEST_F(ScannerLinkTest, TalksToTheWindowThatTheModelKeyPicks) {
   EXPECT_EQ(radio.takeLog(), "");
   for (const char* key : {"BC895", "", "BC"}) {
     state.ModelKey = key;
-    EXPECT_EQ(send({"MD", "MD00"}), "MD00");
+    EXPECT_EQ(send("MD > MD00"), "MD00");
   }
   port->close();
   other->open();
   otherPoll.setEnabled(true);
   state.ModelKey = "BC245";
-  send(silent("MD"));
+  send("MD");
   EXPECT_FALSE(other->portOpen() || otherPoll.enabled());
   EXPECT_TRUE(poll.enabled()) << "the failure belongs to the other window";
 }

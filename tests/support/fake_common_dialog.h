@@ -28,9 +28,6 @@ class FakeCommonDialog : public platform::CommonDialog {
  public:
   FakeCommonDialog() = default;
   FakeCommonDialog(const FakeCommonDialog&) = delete;
-  FakeCommonDialog& operator=(const FakeCommonDialog&) = delete;
-  FakeCommonDialog(FakeCommonDialog&&) = delete;
-  FakeCommonDialog& operator=(FakeCommonDialog&&) = delete;
   ~FakeCommonDialog() override {
     if (!choices.empty()) {
       ADD_FAILURE() << choices.size() << " choices of a file were not asked for";

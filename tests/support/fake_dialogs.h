@@ -36,9 +36,6 @@ class FakeDialogs : public platform::Dialogs {
  public:
   FakeDialogs() = default;
   FakeDialogs(const FakeDialogs&) = delete;
-  FakeDialogs& operator=(const FakeDialogs&) = delete;
-  FakeDialogs(FakeDialogs&&) = delete;
-  FakeDialogs& operator=(FakeDialogs&&) = delete;
   ~FakeDialogs() override {
     if (!answers.empty()) {
       ADD_FAILURE() << answers.size() << " answers to message boxes were not asked for";

@@ -35,6 +35,10 @@ struct Exchange {
       : command(std::move(sent)), pieces{{reply + "\r"}} {}
   Exchange(std::string sent, std::vector<Piece> answer)
       : command(std::move(sent)), pieces(std::move(answer)) {}
+  /// The first line of the answer.
+  [[nodiscard]] std::string reply() const {
+    return pieces.front().bytes.substr(0, pieces.front().bytes.find('\r'));
+  }
 
   std::string command;
   std::vector<Piece> pieces;
@@ -46,13 +50,36 @@ inline std::vector<Exchange> operator+(std::vector<Exchange> first,
   return first;
 }
 
-inline Exchange silent(std::string command) {
-  return {std::move(command), std::vector<Piece>{}};
+/// The texts between the separators, at least one.
+inline std::vector<std::string> splitAt(const std::string& separator, const std::string& text) {
+  std::vector<std::string> parts;
+  std::size_t start = 0;
+  for (std::size_t end = 0; end != std::string::npos; start = end + separator.size()) {
+    end = text.find(separator, start);
+    parts.push_back(text.substr(start, end - start));
+  }
+  return parts;
 }
 
-/// The reply is followed by a line that the radio sends by itself, once the reply has been read.
-inline Exchange streaming(std::string command, const std::string& reply, const std::string& line) {
-  return {std::move(command), std::vector<Piece>{{reply + "\r"}, {line + "\r"}}};
+/// Exchanges as a transcript: "SQ > +; SG > S018 F01551150". A line that the radio sends by itself,
+/// once the reply has been read, stands behind it: "IDN > OK > IDNS 005678". A command alone is met
+/// with silence.
+inline std::vector<Exchange> script(const std::string& transcript) {
+  std::vector<Exchange> exchanges;
+  for (const auto& line :
+       transcript.empty() ? std::vector<std::string>{} : splitAt("; ", transcript)) {
+    const auto texts = splitAt(" > ", line);
+    std::vector<Piece> pieces;
+    for (std::size_t i = 1; i < texts.size(); ++i) {
+      pieces.push_back({texts[i] + "\r"});
+    }
+    exchanges.emplace_back(texts.front(), pieces);
+  }
+  return exchanges;
+}
+inline std::vector<Exchange> operator+(const std::vector<Exchange>& first,
+                                       const std::string& transcript) {
+  return first + script(transcript);
 }
 
 /// The radio at the other end of the line. It expects exact commands: an unexpected or another one
@@ -62,9 +89,6 @@ class ScriptedRadio {
  public:
   ScriptedRadio() = default;
   ScriptedRadio(const ScriptedRadio&) = delete;
-  ScriptedRadio& operator=(const ScriptedRadio&) = delete;
-  ScriptedRadio(ScriptedRadio&&) = delete;
-  ScriptedRadio& operator=(ScriptedRadio&&) = delete;
   ~ScriptedRadio() { expectSpent(); }
 
   void expect(const std::vector<Exchange>& exchanges) {
@@ -166,9 +190,6 @@ class ScriptedPort : public platform::SerialPort {
  public:
   explicit ScriptedPort(ScriptedRadio& radio) : radio_(radio) {}
   ScriptedPort(const ScriptedPort&) = delete;
-  ScriptedPort& operator=(const ScriptedPort&) = delete;
-  ScriptedPort(ScriptedPort&&) = delete;
-  ScriptedPort& operator=(ScriptedPort&&) = delete;
   ~ScriptedPort() override { radio_.taken_ = radio_.taken_ && !open_; }
 
   void setCommPort(int slot) override {

@@ -1,0 +1,212 @@
+#pragma once
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "shell/bc245_form.h"
+#include "shell/bc895_form.h"
+#include "support/world.h"
+
+namespace tarnvex::test {
+
+/// Replies as the radios word them. The characters between the fields are the radio's affair.
+inline constexpr const char* kBc245Identity = "SIBC245XLT 0024500172 V124";
+
+/// The questions with which every tick of a BC895XLT begins, and their answers.
+inline std::vector<Exchange> opening(const std::string& mode,
+                                     const std::string& signal = "S018 F01551150") {
+  return script("SI > ERR; MU > MUA; SG > " + signal + "; MD > " + mode +
+                "; LO > LOF; LL > LL 0290000; LU > LU 9560000");
+}
+
+/// Likewise those of a BC245XLT.
+inline std::vector<Exchange> opening245(const std::string& mode) {
+  return script(
+      "SI > " + std::string(kBc245Identity) +
+      "; LL > LL 0290000; LU > LU 9560000; LO > LOF; PR > PRF; DL > DLF; LT > LTF; MD > " + mode);
+}
+
+/// A main window on an open line with its poll on, before the first tick, over a small plan.
+template <class Form>
+struct PollRig : World {
+  Form form{services, outside()};
+
+  explicit PollRig(const char* modelKey) {
+    state.ModelKey = modelKey;
+    form.MSComm1->open();
+    form.Scantimer.setEnabled(true);
+    radio.log.clear();
+    channel(12, "155.1150", "Fire");
+    channel(31, "46.0125", "");
+    // The trunked system of the second bank, and a slot of the first bank just before it.
+    channel(45, "851.0125", "Control");
+    talkgroup(100, "001234", "Before");
+    talkgroup(150, "005678", "Patrol");
+    talkgroup(160, "005678", "Detectives");
+    talkgroup(170, "12-345", "Schools");
+    talkgroup(180, "000123", "Buses");
+    talkgroup(190, "01-03-", "Works");
+    talkgroup(200, "000007", "");
+    talkgroup(201, "005678", "Other bank");
+  }
+
+  void channel(int row, const std::string& frequency, const std::string& tag) {
+    form.MSFlexGrid1.setTextMatrix(row, 0, std::to_string(row));
+    form.MSFlexGrid1.setTextMatrix(row, 1, frequency);
+    form.MSFlexGrid1.setTextMatrix(row, 7, tag);
+  }
+  void talkgroup(int row, const std::string& id, const std::string& tag) {
+    form.MSFlexGrid2.setTextMatrix(row, 1, id);
+    form.MSFlexGrid2.setTextMatrix(row, 2, tag);
+  }
+  /// The box ticked, with nothing sent.
+  void tickSkip() {
+    form.chkSkip.onClick = nullptr;
+    form.chkSkip.setValue(true);
+  }
+
+  /// One tick of the poll, with exactly these exchanges.
+  void tick(const std::vector<Exchange>& exchanges) {
+    radio.expect(exchanges);
+    gate.enterTimer(form.Scantimer);
+    radio.expectSpent();
+  }
+
+  /// Switches everything that is drawn on or off. On: an earlier mode's leftovers in every element.
+  void setPanel(bool lit) {
+    auto& panel = form.panel;
+    for (auto* text : {&panel.Frequency, &panel.Alpha, &panel.Channel}) {
+      text->setCaption("");
+    }
+    if (lit) {
+      panel.Frequency.setCaption("123.4567");
+      panel.Alpha.setCaption("Old tag");
+      panel.Channel.setCaption("99");
+    }
+    for (auto* label : indicators(panel)) {
+      label->setVisible(lit);
+    }
+    for (auto& mark : panel.Bankltr) {
+      mark.setVisible(lit);
+    }
+    setOwn(panel, lit);
+  }
+
+  /// All that the poll writes, as one text: the panel with its texts in full and its indicators by
+  /// name, and behind a slash what can't be seen on it.
+  [[nodiscard]] std::string picture() const {
+    std::string all;
+    for (const std::string& line : monitor::describe(form.panel)) {
+      const std::string name = line.substr(0, line.find(':'));
+      static const std::set<std::string> kTexts = {"Frequency", "Alpha",   "Channel", "CTCSS",
+                                                   "TrunkType", "Bankltr", "Sig"};
+      const bool digits = name == "Bank" && !line.ends_with("BANK");
+      if (name != "Knob" && !digits) {
+        all += (all.empty() ? "" : ", ") + (kTexts.contains(name) ? line : name);
+      }
+    }
+    return all + own(form.panel);
+  }
+
+ private:
+  static std::vector<platform::Label*> indicators(monitor::PanelState& panel) {
+    return {&panel.CTCSS, &panel.Scan,  &panel.Hold,      &panel.Search, &panel.Trunk,
+            &panel.Wx,    &panel.Auto,  &panel.Priority,  &panel.Delay,  &panel.LO,
+            &panel.MHZ,   &panel.Alert, &panel.CtcssStat, &panel.Bank,   &panel.Line};
+  }
+  static std::vector<platform::Label*> indicators(monitor::Bc245Panel& panel) {
+    return {&panel.Scan,   &panel.Hold,
+            &panel.Search, &panel.Trunk,
+            &panel.LO,     &panel.Pri,
+            &panel.Dly,    &panel.Att,
+            &panel.Data,   &panel.Bank[monitor::Bc245Panel::kBankWord],
+            &panel.Police, &panel.Keylock};
+  }
+  static void setOwn(monitor::PanelState& panel, bool lit) {
+    panel.Frequency.setCaption(lit ? "123.4567" : "Initializing");
+    panel.CTCSS.setCaption(lit ? "88.5" : "000.0");
+    for (auto& bar : panel.Sig) {
+      bar.setVisible(lit);
+    }
+  }
+  static void setOwn(monitor::Bc245Panel& panel, bool lit) {
+    panel.TrunkType.setCaption(lit ? "X" : "");
+    panel.mode.setCaption(lit ? "MD04" : "FM");
+    panel.light(lit);
+  }
+  static std::string own(const monitor::PanelState& panel) { return " / " + panel.CTCSS.caption(); }
+  static std::string own(const monitor::Bc245Panel& panel) {
+    const bool light = panel.Display.backColor() == panel.lighton.backColor();
+    return std::string(light ? ", light" : "") + (panel.Channel.visible() ? "" : ", no channel");
+  }
+};
+
+struct Bc895Rig : PollRig<shell::Form4> {
+  Bc895Rig() : PollRig("BC895") {}
+  void poll(const std::string& mode, const std::string& transcript = "") {
+    tick(opening(mode) + transcript);
+  }
+};
+
+struct Bc245Rig : PollRig<shell::Form2> {
+  Bc245Rig() : PollRig("BC245") {
+    // Written otherwise than the poll writes it.
+    channel(45, "851.0125 ", "Control");
+  }
+  void poll(const std::string& mode, const std::string& transcript = "") {
+    tick(opening245(mode) + transcript);
+  }
+};
+
+/// A mode's exchanges behind the opening, and the whole panel behind it: once on a dark panel,
+/// which shows what the mode lights, and once on one with everything lit, which shows what it
+/// leaves.
+struct ModeCase {
+  std::string mode;
+  std::string exchanges;
+  std::string onDark;
+  std::string onLit;
+};
+
+template <class Rig>
+void expectModes(const std::vector<ModeCase>& cases) {
+  for (const auto& [mode, exchanges, onDark, onLit] : cases) {
+    for (const bool lit : {false, true}) {
+      SCOPED_TRACE(mode + " " + exchanges);
+      Rig rig;
+      rig.setPanel(lit);
+      rig.poll(mode, exchanges);
+      EXPECT_EQ(rig.picture(), lit ? onLit : onDark);
+      EXPECT_EQ(rig.form.panel.mode.caption(), mode);
+      EXPECT_EQ(rig.form.LLimit.text() + " " + rig.form.Ulimit.text(), "29.0000 956.0000");
+      EXPECT_TRUE(rig.form.Scantimer.enabled());
+      EXPECT_EQ(rig.switches, 0);
+    }
+  }
+}
+
+/// What stands on the display behind a tick, while the user keys "42" there.
+struct EntryCase {
+  std::string mode;
+  std::string exchanges;
+  std::string alpha;
+  std::string frequency = "42";
+};
+
+template <class Rig>
+void expectEntries(const std::vector<EntryCase>& cases) {
+  for (const auto& [mode, exchanges, alpha, frequency] : cases) {
+    SCOPED_TRACE(mode + " " + exchanges);
+    Rig rig;
+    rig.setPanel(true);
+    rig.form.panel.Frequency.setCaption("42");
+    rig.state.EntryActive = true;
+    rig.tickSkip();
+    rig.poll(mode, exchanges);
+    EXPECT_EQ(rig.form.panel.Frequency.caption(), frequency);
+    EXPECT_EQ(rig.form.panel.Alpha.caption(), alpha);
+  }
+}
+
+}  // namespace tarnvex::test
