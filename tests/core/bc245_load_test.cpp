@@ -1,7 +1,6 @@
 #include <gmock/gmock.h>
 
 #include "poll_rig.h"
-#include "shell/application.h"
 
 namespace tarnvex::shell {
 namespace {
@@ -15,10 +14,8 @@ struct Loading : test::World {
 
   explicit Loading(const std::string& switchesOn = "") {
     state.ModelKey = "BC245";
-    store.files["/program/Searchlist.txt"] = "";
     radio.answer = [switchesOn](std::string_view command) {
-      const bool on =
-          (" " + switchesOn + " ").find(" " + std::string(command) + " ") != std::string::npos;
+      const bool on = switchesOn.find(command) != std::string::npos;
       return std::vector<test::Piece>{{std::string(command) + (on ? "N" : "F") + "\r"}};
     };
   }
@@ -26,26 +23,30 @@ struct Loading : test::World {
 
 TEST(Bc245Load, AsksForTheSwitchesAndEchoesThoseThatAreOn) {
   const std::string opened = "open COM 1 at 9600,n,8,1; ";
-  for (const auto& [on, log] :
-       {std::pair{"", "FI; BT; AT; AL; AF; MU; TD"},
-        {"FI BT AT AL AF MU TD", "FI; FIN; BT; BTN; AT; ATN; AL; ALN; AF; AFN; MU; MUN; TD; TDN"},
-        {"AT", "FI; BT; AT; ATN; AL; AF; MU; TD"},
-        {"AF TD", "FI; BT; AT; AL; AF; AFN; MU; TD; TDN"},
-        {"FI MU", "FI; FIN; BT; AT; AL; AF; MU; MUN; TD"}}) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"", "FI; BT; AT; AL; AF; MU; TD"},
+      {"FI BT AT AL AF MU TD", "FI; FIN; BT; BTN; AT; ATN; AL; ALN; AF; AFN; MU; MUN; TD; TDN"},
+      {"AT", "FI; BT; AT; ATN; AL; AF; MU; TD"},
+      {"AF TD", "FI; BT; AT; AL; AF; AFN; MU; TD; TDN"},
+      {"FI MU", "FI; FIN; BT; AT; AL; AF; MU; MUN; TD"}};
+  for (const auto& [on, log] : cases) {
     SCOPED_TRACE(on);
     Loading world(on);
     world.form.load();
     EXPECT_EQ(world.radio.takeLog(), opened + log);
-    const std::string all = std::string(on) + " ";
-    const auto ticked = [&](const char* word) { return all.find(word) != std::string::npos; };
-    EXPECT_EQ(world.form.Check1.value(), ticked("AF "));
-    EXPECT_EQ(world.form.Check2.value(), ticked("AL "));
-    EXPECT_EQ(world.form.Check3.value(), ticked("AT "));
-    EXPECT_EQ(world.form.Check4.value(), ticked("BT "));
-    EXPECT_EQ(world.form.Check5.value(), ticked("FI "));
-    EXPECT_EQ(world.form.Check6.value(), ticked("MU "));
-    EXPECT_EQ(world.form.Check7.value(), ticked("TD "));
-    EXPECT_EQ(world.form.panel.Att.visible(), ticked("AT "));
+    const auto& form = world.form;
+    std::string ticked;
+    for (const auto& [word, box] : {std::pair{"FI ", &form.Check5},
+                                    {"BT ", &form.Check4},
+                                    {"AT ", &form.Check3},
+                                    {"AL ", &form.Check2},
+                                    {"AF ", &form.Check1},
+                                    {"MU ", &form.Check6},
+                                    {"TD ", &form.Check7}}) {
+      ticked += box->value() ? word : "";
+    }
+    EXPECT_EQ(ticked, *on == '\0' ? "" : std::string(on) + " ");
+    EXPECT_EQ(form.panel.Att.visible(), ticked.find("AT") != std::string::npos);
     EXPECT_THAT(world.settings.saved, IsEmpty());
     EXPECT_TRUE(world.form.Scantimer.enabled());
     EXPECT_EQ(world.form.SSTab1.tab(), 2);
@@ -79,13 +80,10 @@ TEST(Bc245Load, TakesTheStoredValues) {
 }
 
 TEST(Bc245Load, LeavesTheViewThatCannotBeRead) {
-  for (const auto& [stored, activeBanks] : {std::pair{"True", true},
-                                            {"False", false},
-                                            {"1", true},
-                                            {"-1", true},
-                                            {"0", false},
-                                            {"", true},
-                                            {"maybe", true}}) {
+  const std::pair<const char*, bool> cases[] = {{"True", true}, {"False", false}, {"1", true},
+                                                {"-1", true},   {"0", false},     {"", true},
+                                                {"maybe", true}};
+  for (const auto& [stored, activeBanks] : cases) {
     Loading world;
     world.settings.values[{"BC245", "TrunkedView"}] = stored;
     world.form.load();
@@ -188,90 +186,6 @@ TEST_F(Bc245Speed, IsOffWithoutBanks) {
                                           test::SavedSetting{"SpeedE", "3", "0"}));
   form.Timer2.setEnabled(true);
   EXPECT_EQ(tick(), "") << "ends";
-}
-
-/// A port that is counted while it lives.
-struct CountedPort : test::ScriptedPort {
-  CountedPort(test::ScriptedRadio& line, int& alive) : ScriptedPort(line), alive_(alive) {
-    ++alive_;
-  }
-  CountedPort(const CountedPort&) = delete;
-  CountedPort& operator=(const CountedPort&) = delete;
-  CountedPort(CountedPort&&) = delete;
-  CountedPort& operator=(CountedPort&&) = delete;
-  ~CountedPort() override { --alive_; }
-
- private:
-  int& alive_;
-};
-struct CountedPorts : platform::SerialPorts {
-  CountedPorts(test::ScriptedRadio& line, int& living) : radio(line), alive(living) {}
-  std::unique_ptr<platform::SerialPort> create() override {
-    return std::make_unique<CountedPort>(radio, alive);
-  }
-  test::ScriptedRadio& radio;
-  int& alive;
-};
-
-/// Both radios at one line, one of them plugged in.
-struct Bc245Switch : testing::Test, test::World {
-  int portsAlive = 0;
-  CountedPorts countedPorts{radio, portsAlive};
-  Services counted{state, gate,  countedPorts,  dialogs, settings,  clock,
-                   link,  files, commonDialogs, media,   "/program"};
-  std::unique_ptr<Application> application = std::make_unique<Application>(counted, windows);
-  bool bc245 = false;
-
-  Bc245Switch() {
-    store.files["/program/Searchlist.txt"] = "";
-    radio.answer = [this](std::string_view command) {
-      const std::string reply = command == "SI"   ? (bc245 ? test::kBc245Identity : "ERR")
-                                : command == "MD" ? "MD13"
-                                : command == "MA" ? "NG"
-                                                  : "OK";
-      return std::vector<test::Piece>{{reply + "\r"}};
-    };
-    application->start();
-    gate.enterTimer(windows.splash->Timer1);
-  }
-  void tick() { gate.enterTimer(application->mainForm()->Scantimer); }
-};
-
-TEST_F(Bc245Switch, LeavesNothingBehindInTwoHundredRounds) {
-  for (int round = 0; round < 200; ++round) {
-    bc245 = !bc245;
-    radio.log.clear();
-    windows.calls.clear();
-    tick();
-    ASSERT_EQ(windows.form2 != nullptr, bc245) << round;
-    ASSERT_EQ(windows.form4 != nullptr, !bc245) << round;
-    ASSERT_TRUE(state.SwitchingScanners);
-    ASSERT_EQ(windows.calls.size(), 4U) << "notice, close, open, notice gone";
-    // The splash's, which stays to the end, and the window's.
-    ASSERT_EQ(portsAlive, 2) << round;
-    tick();
-    ASSERT_FALSE(state.SwitchingScanners);
-    ASSERT_EQ(state.ScannerName, bc245 ? "BC245XLT " : "BC895XLT");
-    ASSERT_TRUE(application->mainForm()->MSComm1->portOpen());
-    ASSERT_TRUE(application->mainForm()->Scantimer.enabled());
-  }
-  EXPECT_THAT(dialogs.boxes, IsEmpty());
-  EXPECT_EQ(dialogs.busyPointer.size(), 400U);
-  application.reset();
-  EXPECT_EQ(portsAlive, 0);
-}
-
-TEST_F(Bc245Switch, AsksForTheUnsavedPlanAndNothingElse) {
-  bc245 = true;
-  tick();
-  tick();
-  bc245 = false;
-  state.MemoryModified = true;
-  dialogs.answers = {platform::Answer::No};
-  tick();
-  EXPECT_THAT(dialogs.takeBoxes(),
-              ElementsAre(test::Box{"Save Changes to Scanlist File?", "Save Changes", 36}));
-  EXPECT_NE(windows.form4, nullptr);
 }
 
 }  // namespace

@@ -128,12 +128,10 @@ TEST(Bc245Tick, WorksTheLightByWhatTheDisplayShows) {
   Bc245Rig rig;
   rig.form.Check2.onClick = nullptr;
   rig.form.Check2.setValue(true);
-  for (const auto& [shown, command] : {std::pair{"Scanning", "LTF"},
-                                       {"Searching", "LTF"},
-                                       {"- -   - - -", "LTF"},
-                                       {"155.1150", "LTN"},
-                                       {"", "LTN"},
-                                       {"888.8888", "LTN"}}) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"Scanning", "LTF"}, {"Searching", "LTF"}, {"- -   - - -", "LTF"},
+      {"155.1150", "LTN"}, {"", "LTN"},          {"888.8888", "LTN"}};
+  for (const auto& [shown, command] : cases) {
     rig.form.panel.Frequency.setCaption(shown);
     auto exchanges = test::opening245("MD13");
     exchanges.insert(exchanges.end() - 2, {command, command});

@@ -100,13 +100,9 @@ TEST_F(FleetMapTest, WritesToTheChosenBankWithoutLookingAtReplies) {
 }
 
 TEST_F(FleetMapTest, LargeCodesTakeTheBlocksBehindOrDontFit) {
-  struct Large {
-    int code;
-    int lastBlock;
-    Box box;
-  };
-  for (const auto& [code, lastBlock, box] :
-       {Large{12, 6, kDoesntFit}, {13, 4, kDoesntFit}, {14, 0, kOnlyFirst}}) {
+  const std::tuple<int, int, Box> cases[] = {
+      {12, 6, kDoesntFit}, {13, 4, kDoesntFit}, {14, 0, kOnlyFirst}};
+  for (const auto& [code, lastBlock, box] : cases) {
     for (int at = 0; at < kFleetBlocks; ++at) {
       form.cboPreset.userChoose(0);
       block(at).userChoose(code);

@@ -139,15 +139,10 @@ TEST(IdTransfer895, ReadsTheFiftyIdsOfTheBankInUse) {
 }
 
 TEST(IdTransfer895, NeedsATrunkedMode) {
-  for (const auto& [mode, trunked] : {std::pair{"MD06", false},
-                                      {"MD07", true},
-                                      {"MD08", true},
-                                      {"MD09", true},
-                                      {"MD10", true},
-                                      {"MD11", false},
-                                      {"MD00", false},
-                                      {"FM", false},
-                                      {"", false}}) {
+  const std::pair<const char*, bool> cases[] = {{"MD06", false}, {"MD07", true}, {"MD08", true},
+                                                {"MD09", true},  {"MD10", true}, {"MD11", false},
+                                                {"MD00", false}, {"FM", false},  {"", false}};
+  for (const auto& [mode, trunked] : cases) {
     for (const bool uploads : {false, true}) {
       IdRig rig(Model::Bc895);
       rig.mode.setCaption(mode);
@@ -286,12 +281,9 @@ TEST(IdTransfer245, ReadsTheChosenBanks) {
 }
 
 TEST(IdTransfer245, PassesOverBanksThatDontTrunk) {
-  for (const auto& [reply, trunks] : {std::pair{"MD12", true},
-                                      {"MD18", true},
-                                      {"18", true},
-                                      {"MD11", false},
-                                      {"MD120", false},
-                                      {"8", false}}) {
+  const std::pair<const char*, bool> cases[] = {{"MD12", true},  {"MD18", true},   {"18", true},
+                                                {"MD11", false}, {"MD120", false}, {"8", false}};
+  for (const auto& [reply, trunks] : cases) {
     for (const bool uploads : {false, true}) {
       IdRig rig(Model::Bc245);
       rig.put(301, "before");

@@ -6,8 +6,8 @@
 namespace tarnvex::monitor {
 namespace {
 
-constexpr auto kLeft = MouseButton::Left;
-constexpr auto kRight = MouseButton::Right;
+using test::kLeft;
+using test::kRight;
 
 struct Bc245KeypadTest : test::KeypadRig<Bc245Panel> {
   platform::OptionButton option8{"Active Banks", true};
@@ -48,20 +48,19 @@ TEST_F(Bc245KeypadTest, PressesEveryKey) {
   constexpr const char* kClear = " digit";
   const std::vector<Case> cases = {
       {"Label1", "KEY14|", " active digit", "KEY14H|", " active digit"},
+      {"Label4", "KEY13|", kClear, "KEY13H|", "", "KEY13|"},
+      {"Label6", "KEY05|", kClear, "KEY05H|", kClear, "KEY05|"},
+      {"Label25", "KEY06|", kClear, "KEY06H", "1 digit", "KEY06H"},
       {"Label2", "KEY00|", kClear},
       {"Label3", "KEY01|", kClear},
-      {"Label4", "KEY13|", kClear, "KEY13H|", "", "KEY13|"},
       {"Label5", "KEY10|", kClear},
-      {"Label6", "KEY05|", kClear, "KEY05H|", kClear, "KEY05|"},
       {"Label20", "KEY04|", kClear},
       {"Label21", "KEY08|", kClear},
       {"Label22", "KEY09|", kClear},
       {"Label23", "KEY07|", kClear},
       {"Label24", "KEY12|", kClear},
-      {"Label25", "KEY06|", kClear, "KEY06H", "1 digit", "KEY06H"},
       {"Label26", "KEY11|", kClear},
-      {"Label7", "", "1 active digit"},
-  };
+      {"Label7", "", "1 active digit"}};
   for (const auto& row : cases) {
     SCOPED_TRACE(row.label);
     enter();
@@ -167,20 +166,11 @@ TEST_F(Bc245KeypadTest, PointsAndDashes) {
 }
 
 TEST_F(Bc245KeypadTest, DigitsSwitchBanksWhileScanning) {
-  struct Case {
-    char digit;
-    const char* label;
-    bool banks;
-    const char* list;
-    const char* sent;
-  };
-  for (const auto& [digit, label, banks, list, expected] :
-       {Case{'3', "Label10", true, "SB ABC", "SB; SB AB"},
-        Case{'3', "Label10", true, "SB AB", "SB; SB ABC"},
-        Case{'1', "Label8", false, "IS AJ", "IS; IS J"},
-        Case{'0', "Label19", false, "IS A", "IS; IS AJ"},
-        Case{'0', "Label19", true, "SB J", "SB; SB "},
-        Case{'2', "Label9", false, "NG", "IS; ISB"}}) {
+  const std::tuple<char, const char*, bool, const char*, const char*> cases[] = {
+      {'3', "Label10", true, "SB ABC", "SB; SB AB"}, {'3', "Label10", true, "SB AB", "SB; SB ABC"},
+      {'1', "Label8", false, "IS AJ", "IS; IS J"},   {'0', "Label19", false, "IS A", "IS; IS AJ"},
+      {'0', "Label19", true, "SB J", "SB; SB "},     {'2', "Label9", false, "NG", "IS; ISB"}};
+  for (const auto& [digit, label, banks, list, expected] : cases) {
     for (const char* mode : {"MD00", "MD11", "MD17"}) {
       SCOPED_TRACE(std::string(mode) + " " + list);
       state.CurrentMode = mode;

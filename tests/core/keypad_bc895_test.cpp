@@ -6,8 +6,8 @@
 namespace tarnvex::monitor {
 namespace {
 
-constexpr auto kLeft = MouseButton::Left;
-constexpr auto kRight = MouseButton::Right;
+using test::kLeft;
+using test::kRight;
 
 struct Bc895KeypadTest : test::KeypadRig<PanelState> {
   int unloads = 0;
@@ -69,18 +69,14 @@ TEST_F(Bc895KeypadTest, PressesEveryKey) {
 }
 
 TEST_F(Bc895KeypadTest, TheLockoutKeyGoesByTheMode) {
-  struct Case {
-    const char* mode;
-    const char* left;
-    bool shows;
-  };
   constexpr const char* kId = "ILR 12-345";
-  for (const auto& [mode, left, shows] :
-       {Case{"MD00", "KEY06", false}, Case{"MD01", "KEY06", false}, Case{"MD02", "KEY06", true},
-        Case{"MD03", "KEY06", true}, Case{"MD04", "KEY06", true}, Case{"MD05", "KEY06", true},
-        Case{"MD06", "KEY06", false}, Case{"MD07", kId, true}, Case{"MD08", kId, true},
-        Case{"MD09", kId, true}, Case{"MD10", kId, true}, Case{"MD11", "KEY06", false},
-        Case{"MD16", "KEY06", false}, Case{"", "KEY06", false}}) {
+  const std::tuple<const char*, const char*, bool> cases[] = {
+      {"MD00", "KEY06", false}, {"MD01", "KEY06", false}, {"MD02", "KEY06", true},
+      {"MD03", "KEY06", true},  {"MD04", "KEY06", true},  {"MD05", "KEY06", true},
+      {"MD06", "KEY06", false}, {"MD07", kId, true},      {"MD08", kId, true},
+      {"MD09", kId, true},      {"MD10", kId, true},      {"MD11", "KEY06", false},
+      {"MD16", "KEY06", false}, {"", "KEY06", false}};
+  for (const auto& [mode, left, shows] : cases) {
     SCOPED_TRACE(mode);
     panel.mode.setCaption(mode);
     panel.Frequency.setCaption("12-345");
@@ -136,17 +132,17 @@ TEST_F(Bc895KeypadTest, EchoesWhatIsKeyed) {
 }
 
 TEST_F(Bc895KeypadTest, TypesKeys) {
-  struct Case {
-    std::string keys;
-    const char* sent;
-    bool keepsEntry;
-  };
-  for (const auto& [keys, expected, keepsEntry] :
-       {Case{"PT", "KEY05H; KEY13H", false}, Case{"sm", "KEY00; KEY01", false},
-        Case{"\r", "KEY04", false}, Case{"phi", "KEY05; KEY07; KEY08", false},
-        Case{"rw", "KEY09; KEY10", false}, Case{"dtc", "KEY12; KEY13; KEY20", false},
-        Case{"AEJ", "KEY21 A; KEY21 E; KEY21 J", true}, Case{"90", "KEY02 9; KEY02 0", true},
-        Case{"SKabMnq \n\x1b\xff", "", true}}) {
+  const std::tuple<std::string, const char*, bool> cases[] = {
+      {"PT", "KEY05H; KEY13H", false},
+      {"sm", "KEY00; KEY01", false},
+      {"\r", "KEY04", false},
+      {"phi", "KEY05; KEY07; KEY08", false},
+      {"rw", "KEY09; KEY10", false},
+      {"dtc", "KEY12; KEY13; KEY20", false},
+      {"AEJ", "KEY21 A; KEY21 E; KEY21 J", true},
+      {"90", "KEY02 9; KEY02 0", true},
+      {"SKabMnq \n\x1b\xff", "", true}};
+  for (const auto& [keys, expected, keepsEntry] : cases) {
     SCOPED_TRACE(keys);
     state.EntryActive = true;
     for (const char key : keys) {

@@ -11,6 +11,9 @@
 
 namespace tarnvex::test {
 
+constexpr auto kLeft = monitor::MouseButton::Left;
+constexpr auto kRight = monitor::MouseButton::Right;
+
 /// A radio's front over an open line whose radio answers every line, each line end with a line of
 /// its own. `replies` holds the answers other than "OK".
 template <class Panel>

@@ -15,19 +15,11 @@ struct LimitBoxTest : testing::Test, test::Bc895Rig {
 };
 
 TEST_F(LimitBoxTest, SendsALimitWithinTheRadiosRange) {
-  struct Case {
-    bool lower;
-    const char* text;
-    const char* sent;
-  };
-  for (const auto& [lower, text, sent] : {Case{true, "29", "LL00290000"},
-                                          {true, "155.115", "LL01551150"},
-                                          {true, "28.9", nullptr},
-                                          {true, "", nullptr},
-                                          {true, "1.2.3", nullptr},
-                                          {false, "956", "LU09560000"},
-                                          {false, "956.1", nullptr},
-                                          {false, "29.00005", "LU00290001"}}) {
+  const std::tuple<bool, const char*, const char*> cases[] = {
+      {true, "29", "LL00290000"}, {true, "155.115", "LL01551150"},  {true, "28.9", nullptr},
+      {true, "", nullptr},        {true, "1.2.3", nullptr},         {false, "956", "LU09560000"},
+      {false, "956.1", nullptr},  {false, "29.00005", "LU00290001"}};
+  for (const auto& [lower, text, sent] : cases) {
     SCOPED_TRACE(text);
     auto& box = lower ? form.LLimit : form.Ulimit;
     auto& editing = lower ? state.LowerLimitEditing : state.UpperLimitEditing;

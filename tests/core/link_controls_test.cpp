@@ -160,23 +160,12 @@ TEST_P(LinkControlsTest, BaudChangeIsTakenBackAfterSilence) {
 
 /// The windows differ in which box shows the restored rate, and in its step.
 TEST(BaudRestored, ShowsInTheBaudBoxOrMovesTheBankSelector) {
-  struct Case {
-    bool bc895;
-    const char* stored;
-    int baudIndex;
-    int bankIndex;
-    int row;
-  };
-  for (const auto& [bc895, stored, baudIndex, bankIndex, row] : {Case{true, "9600", 1, -1, 1},
-                                                                 {true, "4800", 0, -1, 1},
-                                                                 {true, "2400", 0, -1, 1},
-                                                                 {true, "19200", 0, -1, 1},
-                                                                 {true, "fast", 0, -1, 1},
-                                                                 {false, "2400", 1, 0, 1},
-                                                                 {false, "4800", 1, 1, 101},
-                                                                 {false, "9600", 1, 3, 301},
-                                                                 {false, "19200", 1, 7, 701},
-                                                                 {false, "fast", 1, 0, 1}}) {
+  const std::tuple<bool, const char*, int, int, int> cases[] = {
+      {true, "9600", 1, -1, 1},   {true, "4800", 0, -1, 1},   {true, "2400", 0, -1, 1},
+      {true, "19200", 0, -1, 1},  {true, "fast", 0, -1, 1},   {false, "2400", 1, 0, 1},
+      {false, "4800", 1, 1, 101}, {false, "9600", 1, 3, 301}, {false, "19200", 1, 7, 701},
+      {false, "fast", 1, 0, 1}};
+  for (const auto& [bc895, stored, baudIndex, bankIndex, row] : cases) {
     SCOPED_TRACE(std::string(bc895 ? "Form4 " : "Form2 ") + stored);
     Window window(bc895);
     window.settings.values[{window.section, "Baudrate"}] = stored;

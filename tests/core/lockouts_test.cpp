@@ -51,8 +51,9 @@ struct LockoutsTest : testing::Test, test::World {
   }
 };
 
-Exchange query(const std::string& word, const std::string& lines) {
-  return {word, std::vector<test::Piece>{{lines}}};
+/// A listing in one piece.
+std::vector<Exchange> query(const std::string& word, const std::string& lines) {
+  return {{word, lines + "END"}};
 }
 
 /// The answers to the numbered queries of a BC245XLT, up to and with the one that ends them.
@@ -67,7 +68,7 @@ std::vector<Exchange> numbered(const std::string& word, std::string_view mask,
 }
 
 TEST_F(LockoutsTest, Bc895FrequenciesGoBackAsTheyCame) {
-  open(bc895LockoutTraits(), "MD02", {query("SS", "SS08510125\rSS 0290000\rSS00460125\rEND\r")});
+  open(bc895LockoutTraits(), "MD02", query("SS", "SS08510125\rSS 0290000\rSS00460125\r"));
   EXPECT_THAT(form->List1.items(), ElementsAre("851.0125", "29.0000", "46.0125"));
   form->List1.userSelect({true, false, true});
   EXPECT_EQ(done(), "KEY09; KEY07; KEY06H; SS08510125; SS00460125");
@@ -75,32 +76,27 @@ TEST_F(LockoutsTest, Bc895FrequenciesGoBackAsTheyCame) {
   EXPECT_EQ(radio.takeLog(), "");
   EXPECT_EQ(done(), "KEY09; KEY07; KEY06H") << "the skip list is emptied";
 
-  open(bc895LockoutTraits(), "MD03", {query("SS", "END\r")});
+  open(bc895LockoutTraits(), "MD03", query("SS", ""));
   EXPECT_THAT(form->List1.items(), IsEmpty());
   EXPECT_EQ(done(), "KEY09; KEY07; KEY06H");
 }
 
 TEST_F(LockoutsTest, Bc895IdsGoBackByTheModeAtDone) {
-  struct Case {
-    const char* opened;
-    const char* atDone;
-    const char* back;
-  };
-  for (const auto& [opened, atDone, back] :
-       {Case{"MD07", "MD07", "KEY09"}, Case{"MD08", "MD08", "KEY09"}, Case{"MD09", "MD09", "KEY00"},
-        Case{"MD10", "MD10", "KEY00"}, Case{"MD07", "MD11", "KEY00"},
-        Case{"MD09", "MD07", "KEY09"}}) {
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"MD07", "MD07", "KEY09"}, {"MD08", "MD08", "KEY09"}, {"MD09", "MD09", "KEY00"},
+      {"MD10", "MD10", "KEY00"}, {"MD07", "MD11", "KEY00"}, {"MD09", "MD07", "KEY09"}};
+  for (const auto& [opened, atDone, back] : cases) {
     SCOPED_TRACE(std::string(opened) + " " + atDone);
-    open(bc895LockoutTraits(), opened, {query("IL", "IL001234\rIL12-345\rEND\r")});
+    open(bc895LockoutTraits(), opened, query("IL", "IL001234\rIL12-345\r"));
     EXPECT_THAT(form->List1.items(), ElementsAre("001234", "12-345"));
     form->List1.userSelect({false, true});
     mode.setCaption(atDone);
     EXPECT_EQ(done(), std::string("KEY07; KEY06H; ILD 001234; ILR 12-345; ") + back);
   }
-  open(bc895LockoutTraits(), "MD11", {query("SS", "SS08510125\rEND\r")});
+  open(bc895LockoutTraits(), "MD11", query("SS", "SS08510125\r"));
   EXPECT_EQ(done(), "KEY07; KEY06H; ILR 851.0125; KEY00")
       << "read as frequencies, given back as IDs";
-  open(bc895LockoutTraits(), "MD07", {query("IL", "IL001234\rEND\r")});
+  open(bc895LockoutTraits(), "MD07", query("IL", "IL001234\r"));
   mode.setCaption("MD00");
   EXPECT_EQ(done(), "KEY09; KEY07; KEY06H; SS12340000") << "the other way round";
 }
@@ -109,8 +105,7 @@ TEST_F(LockoutsTest, ReadsTheModeBehindTheKeysOnTheBc895Only) {
   for (const bool small : {false, true}) {
     const auto& traits = small ? bc245LockoutTraits() : bc895LockoutTraits();
     state.ModelKey = small ? "BC245" : "BC895";
-    small ? open(traits, "MD09", {{"IL001", "IL ------"}})
-          : open(traits, "MD07", {query("IL", "END\r")});
+    small ? open(traits, "MD09", {{"IL001", "IL ------"}}) : open(traits, "MD07", query("IL", ""));
     radio.whileWaiting = [this] { mode.setCaption("MD12"); };
     EXPECT_EQ(done(), small ? "KEY07; KEY06H; KEY09" : "KEY07; KEY06H; KEY00");
     radio.whileWaiting = nullptr;
@@ -122,15 +117,11 @@ TEST_F(LockoutsTest, Bc245ListsAreReadPlaceByPlace) {
   open(bc245LockoutTraits(), "MD02",
        numbered("SS", "00", {"SS 08510125", "SS00290000", "SS 00000000"}));
   EXPECT_THAT(form->List1.items(), ElementsAre("851.0125", "29.0000"));
-  struct Case {
-    const char* mode;
-    int places;
-    const char* reply;
-    int entries;
-  };
-  for (const auto& [inMode, places, reply, entries] :
-       {Case{"MD04", 1, "SS 00000000", 0}, Case{"MD05", 50, "SS 08510125", 50},
-        Case{"MD09", 1, "IL ------", 0}, Case{"MD09", 100, "IL 001234", 100}}) {
+  const std::tuple<const char*, int, const char*, int> cases[] = {{"MD04", 1, "SS 00000000", 0},
+                                                                  {"MD05", 50, "SS 08510125", 50},
+                                                                  {"MD09", 1, "IL ------", 0},
+                                                                  {"MD09", 100, "IL 001234", 100}};
+  for (const auto& [inMode, places, reply, entries] : cases) {
     const bool ids = *reply == 'I';
     open(bc245LockoutTraits(), inMode,
          numbered(ids ? "IL" : "SS", ids ? "000" : "00",

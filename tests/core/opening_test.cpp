@@ -68,11 +68,12 @@ TEST(Opening, AskNoLimitThatTheUserEdits) {
 }
 
 TEST(Opening, KnowTheirOwnRadio) {
-  for (const auto& [answer, switched] : {std::pair{"ERR", false},
-                                         {"FER", false},
-                                         {"", false},
-                                         {"SIBC245XLT 0123456789 215", true},
-                                         {"NG", true}}) {
+  const std::pair<const char*, bool> cases[] = {{"ERR", false},
+                                                {"FER", false},
+                                                {"", false},
+                                                {"SIBC245XLT 0123456789 215", true},
+                                                {"NG", true}};
+  for (const auto& [answer, switched] : cases) {
     SCOPED_TRACE(answer);
     test::Bc895Rig rig;
     rig.state.SwitchingScanners = true;

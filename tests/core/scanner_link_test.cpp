@@ -50,21 +50,18 @@ struct ScannerLinkTest : testing::Test, test::World {
 };
 
 TEST_F(ScannerLinkTest, ReturnsTheReplyWithoutItsLastCharacter) {
-  struct Case {
-    std::vector<Piece> pieces;
-    std::string reply;
+  const std::pair<std::vector<Piece>, std::string> cases[] = {
+      {{{"MD00\r"}}, "MD00"},
+      {{{"\r"}}, ""},
+      {{{"M"}, {"D"}, {"0", 900}, {"7\r"}}, "MD07"},
+      {{{"MD00\rMD01\r"}}, "MD00\rMD01"},
+      {{{"MD00\r"}, {"late"}}, "MD00"},
+      {{{"MD00"}, {"\rMD0"}, {"1\r"}}, "MD00\rMD01"},
+      {{{"\xFE\x80 \xFF\r"}}, "\xFE\x80 \xFF"},
+      {{{std::string("\0M\0\r", 4)}}, std::string("\0M\0", 3)},
+      {{{"\n\r"}}, "\n"},
   };
-  for (const auto& [pieces, reply] : {
-           Case{{{"MD00\r"}}, "MD00"},
-           {{{"\r"}}, ""},
-           {{{"M"}, {"D"}, {"0", 900}, {"7\r"}}, "MD07"},
-           {{{"MD00\rMD01\r"}}, "MD00\rMD01"},
-           {{{"MD00\r"}, {"late"}}, "MD00"},
-           {{{"MD00"}, {"\rMD0"}, {"1\r"}}, "MD00\rMD01"},
-           {{{"\xFE\x80 \xFF\r"}}, "\xFE\x80 \xFF"},
-           {{{std::string("\0M\0\r", 4)}}, std::string("\0M\0", 3)},
-           {{{"\n\r"}}, "\n"},
-       }) {
+  for (const auto& [pieces, reply] : cases) {
     connect();
     EXPECT_EQ(send({"MD", pieces}), reply);
     expectReported(0);
@@ -78,20 +75,11 @@ TEST_F(ScannerLinkTest, ThrowsAwayWhatWaitsBeforeItSends) {
 }
 
 TEST_F(ScannerLinkTest, GivesUpExactlyAtItsSpinLimits) {
-  struct Case {
-    const char* name;
-    int spins;
-    std::string reply;
-    int boxes;
-  };
-  for (const auto& [name, spins, reply, boxes] : {Case{"command", 72500, "MD00", 0},
-                                                  {"command", 72501, "", 1},
-                                                  {"list", 72500, "END", 0},
-                                                  {"list", 72501, "", 1},
-                                                  {"line", 2000, "IDNS", 0},
-                                                  {"line", 2001, "", 0},
-                                                  {"probe", 72500, "ERR", 0},
-                                                  {"probe", 72501, "", 0}}) {
+  const std::tuple<const char*, int, std::string, int> cases[] = {
+      {"command", 72500, "MD00", 0}, {"command", 72501, "", 1}, {"list", 72500, "END", 0},
+      {"list", 72501, "", 1},        {"line", 2000, "IDNS", 0}, {"line", 2001, "", 0},
+      {"probe", 72500, "ERR", 0},    {"probe", 72501, "", 0}};
+  for (const auto& [name, spins, reply, boxes] : cases) {
     SCOPED_TRACE(name + std::to_string(spins));
     const std::string answer = std::string(name) == "list" ? "END\r" : reply + "\r";
     std::string got;

@@ -77,16 +77,11 @@ TEST_F(SearchListTest, ListsTheNamesAndFindsRecords) {
 }
 
 TEST_F(SearchListTest, SavesThroughEachRadiosPicture) {
-  struct Case {
-    const char* lower;
-    const char* upper;
-    const char* from895;
-    const char* from245;
-  };
-  for (const auto& [lower, upper, from895, from245] :
-       {Case{"851.0125", "869.9875", "851,870", "851.0125,869.9875"},
-        Case{"29.5", "54", "30,54", "29.5,54"},
-        Case{"0.00005", "1300.00004", "0,1300", ".0001,1300"}}) {
+  const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
+      {"851.0125", "869.9875", "851,870", "851.0125,869.9875"},
+      {"29.5", "54", "30,54", "29.5,54"},
+      {"0.00005", "1300.00004", "0,1300", ".0001,1300"}};
+  for (const auto& [lower, upper, from895, from245] : cases) {
     for (const bool small : {false, true}) {
       file = "0,1,2,\"Old\"\r\n";
       Lists& lists = small ? bc245 : bc895;

@@ -64,6 +64,22 @@ TEST_F(SwitchTest, ExchangesTheWindowsWithTheRadios) {
   EXPECT_THAT(dialogs.boxes, IsEmpty());
 }
 
+TEST_F(SwitchTest, LeavesNothingBehindInTwoHundredRounds) {
+  for (int round = 0; round < 200; ++round) {
+    bc895 = !bc895;
+    tick();
+    ASSERT_EQ(windows.form2 == nullptr, bc895) << round;
+    ASSERT_EQ(windows.form4 != nullptr, bc895) << round;
+    // The splash's, which stays to the end, and the window's.
+    ASSERT_EQ(radio.ports, 2) << round;
+    tick();
+    ASSERT_FALSE(state.SwitchingScanners);
+    ASSERT_TRUE(application.mainForm()->MSComm1->portOpen());
+    ASSERT_TRUE(application.mainForm()->Scantimer.enabled());
+  }
+  EXPECT_THAT(dialogs.boxes, IsEmpty());
+}
+
 TEST_F(SwitchTest, ShowsItsNoticeOnASilentAndClosedLine) {
   bc895 = false;
   MainForm* old = application.mainForm();

@@ -6,17 +6,19 @@ namespace tarnvex::trunking {
 namespace {
 
 TEST(TalkgroupId, TurnsNumbersIntoBitsAndConsumesThem) {
-  struct Case {
-    std::int16_t number;
-    const char* bits;
-    std::int16_t left;
-  };
-  for (const auto& [number, bits, left] :
-       {Case{0, "00000000000", 0}, Case{1, "00000000001", 0}, Case{128, "00010000000", 0},
-        Case{165, "00010100101", 0}, Case{254, "00011111110", 0}, Case{255, "00011111111", 0},
-        // Too large for eight digits: all ones.
-        Case{256, "00011111111", 1}, Case{300, "00011111111", 45},
-        Case{32767, "00011111111", 32512}, Case{-5, "00000000000", -5}}) {
+  const std::tuple<std::int16_t, const char*, std::int16_t> cases[] = {
+      {0, "00000000000", 0},
+      {1, "00000000001", 0},
+      {128, "00010000000", 0},
+      {165, "00010100101", 0},
+      {254, "00011111110", 0},
+      {255, "00011111111", 0},
+      // Too large for eight digits: all ones.
+      {256, "00011111111", 1},
+      {300, "00011111111", 45},
+      {32767, "00011111111", 32512},
+      {-5, "00000000000", -5}};
+  for (const auto& [number, bits, left] : cases) {
     std::int16_t consumed = number;
     EXPECT_EQ(DecToBin(consumed), bits) << number;
     EXPECT_EQ(consumed, left) << number;
@@ -24,15 +26,16 @@ TEST(TalkgroupId, TurnsNumbersIntoBitsAndConsumesThem) {
 }
 
 TEST(TalkgroupId, ReadsElevenBitsAndSmallPatterns) {
-  for (const auto& [digits, value] :
-       {std::pair{"00000001111", 15},
-        {"11111111111", 2047},
-        {"10000000000", 1024},
-        // What stands behind the eleventh digit, or is missing before it, doesn't count.
-        {"000000000011111", 1},
-        {"", 0},
-        {"1", 1024},
-        {"0000000000x", 0}}) {
+  const std::pair<const char*, int> cases[] = {
+      {"00000001111", 15},
+      {"11111111111", 2047},
+      {"10000000000", 1024},
+      // What stands behind the eleventh digit, or is missing before it, doesn't count.
+      {"000000000011111", 1},
+      {"", 0},
+      {"1", 1024},
+      {"0000000000x", 0}};
+  for (const auto& [digits, value] : cases) {
     EXPECT_EQ(BinToDec(digits), value) << digits;
   }
   for (int value = 0; value < 16; ++value) {
@@ -47,33 +50,23 @@ TEST(TalkgroupId, ReadsElevenBitsAndSmallPatterns) {
 }
 
 TEST(TalkgroupId, FindsTheOtherEdacsForm) {
-  struct Case {
-    const char* id;
-    AlternateIds others;
-  };
-  for (const auto& [id, others] :
-       {Case{"000123", {"00-153", "00-15-"}}, Case{"000128", {"01-000", "01-00-"}},
-        Case{"000254", {"01-156", "01-15-"}},
-        // No agency beyond 1 comes out.
-        Case{"000255", {"01-157", "01-15-"}}, Case{"002047", {"01-157", "01-15-"}},
-        Case{"   123", {"00-153", "00-15-"}},
-        // No 16-bit numbers.
-        Case{"040000", {"00-000", "00-00-"}}, Case{"00-153", {"00-000", "00-00-"}},
-        Case{"", {"00-000", "00-00-"}}}) {
-    EXPECT_EQ(dashedForms(id), others) << id << ": " << dashedForms(id).first;
+  // No agency beyond 1 comes out, and there are no 16-bit numbers.
+  const std::tuple<const char*, const char*, const char*> dashed[] = {
+      {"000123", "00-153", "00-15-"}, {"000128", "01-000", "01-00-"},
+      {"000254", "01-156", "01-15-"}, {"000255", "01-157", "01-15-"},
+      {"002047", "01-157", "01-15-"}, {"   123", "00-153", "00-15-"},
+      {"040000", "00-000", "00-00-"}, {"00-153", "00-000", "00-00-"},
+      {"", "00-000", "00-00-"}};
+  for (const auto& [id, whole, agency] : dashed) {
+    EXPECT_EQ(dashedForms(id), AlternateIds(whole, agency)) << id;
   }
-  for (const auto& [id, decimal] : {std::pair{"00-153", "000123"},
-                                    {"01-157", "000255"},
-                                    {"15-157", "002047"},
-                                    {"02-034", "000284"},
-                                    {"02-03", "000280"},
-                                    // Fields beyond their bits push those behind them out.
-                                    {"01-160", "000192"},
-                                    {"01-169", "000194"},
-                                    {"99-000", "001584"},
-                                    {"", "000000"}}) {
-    EXPECT_EQ(decimalForms(id).first, decimal) << id;
-    EXPECT_EQ(decimalForms(id).second, "XXXX");
+  // Fields beyond their bits push those behind them out.
+  const std::pair<const char*, const char*> decimals[] = {
+      {"00-153", "000123"}, {"01-157", "000255"}, {"15-157", "002047"},
+      {"02-034", "000284"}, {"02-03", "000280"},  {"01-160", "000192"},
+      {"01-169", "000194"}, {"99-000", "001584"}, {"", "000000"}};
+  for (const auto& [id, decimal] : decimals) {
+    EXPECT_EQ(decimalForms(id), AlternateIds(decimal, "XXXX")) << id;
   }
 }
 
@@ -85,13 +78,11 @@ TEST(TalkgroupId, TurnsEveryEightBitIdThereAndBack) {
 }
 
 TEST(TalkgroupId, IsShownWithoutLeadingZeros) {
-  for (const auto& [id, shown] : {std::pair{"000012", "12"},
-                                  {"01-157", "01-157"},
-                                  {" 001234", "1234"},
-                                  {"------", "------"},
-                                  {" 01-157", " 01-157"},
-                                  {"", ""},
-                                  {"000000", ""}}) {
+  const std::pair<const char*, const char*> cases[] = {{"000012", "12"},       {"01-157", "01-157"},
+                                                       {" 001234", "1234"},    {"------", "------"},
+                                                       {" 01-157", " 01-157"}, {"", ""},
+                                                       {"000000", ""}};
+  for (const auto& [id, shown] : cases) {
     EXPECT_EQ(shownId(id), shown) << id;
   }
 }

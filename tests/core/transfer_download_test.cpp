@@ -23,24 +23,20 @@ const Lines kOld = {"162.5500", "o", "o", "o", "o", "67.0", "tag"};
 const Lines kAfterSilence = {".", " ", " ", " ", " ", "67.0", "tag"};
 
 TEST(Download, ReadsEachFieldFromItsPlace) {
-  struct Case {
-    const char* reply;
-    Lines row;
-  };
   // Every character between the fields is an 'x'.
-  for (const auto& [reply, row] : {
-           Case{"xxxxxxx1551150xTNxDNxLNxANxRNxx05",
-                {"155.1150", "X", "X", "X", "X", "79.7", "tag"}},
-           {"xxxxxxx0255000xTFxDFxLFxANxRFxx00", {"25.5000", " ", " ", " ", " ", "", "tag"}},
-           {"xxxxxxx0000000xTFxDNxLFxAFxRNxx39", {"0.0000", " ", "X", " ", "X", "", "tag"}},
-           // Tones that the table doesn't hold leave the cell.
-           {"xxxxxxx1300000xxxxxxxxxxxxxxxxx40", {"130.0000", " ", " ", " ", " ", "67.0", "tag"}},
-           {"xxxxxxx1300000xxxxxxxxxxxxxxxxx-1", {"130.0000", " ", " ", " ", " ", "67.0", "tag"}},
-           {"xxxxxxx1300000xxxxxxxxxxxxxxxxxNG", {"130.0000", " ", " ", " ", " ", "67.0", "tag"}},
-           {"xxxxxxx1551150xTN", {"155.1150", "X", " ", " ", " ", "67.0", "tag"}},
-           {"xxxxxxxABC1150xTx", {"ABC.1150", " ", " ", " ", " ", "67.0", "tag"}},
-           {"ERR", kAfterSilence},
-       }) {
+  const std::pair<const char*, Lines> cases[] = {
+      {"xxxxxxx1551150xTNxDNxLNxANxRNxx05", {"155.1150", "X", "X", "X", "X", "79.7", "tag"}},
+      {"xxxxxxx0255000xTFxDFxLFxANxRFxx00", {"25.5000", " ", " ", " ", " ", "", "tag"}},
+      {"xxxxxxx0000000xTFxDNxLFxAFxRNxx39", {"0.0000", " ", "X", " ", "X", "", "tag"}},
+      // Tones that the table doesn't hold leave the cell.
+      {"xxxxxxx1300000xxxxxxxxxxxxxxxxx40", {"130.0000", " ", " ", " ", " ", "67.0", "tag"}},
+      {"xxxxxxx1300000xxxxxxxxxxxxxxxxx-1", {"130.0000", " ", " ", " ", " ", "67.0", "tag"}},
+      {"xxxxxxx1300000xxxxxxxxxxxxxxxxxNG", {"130.0000", " ", " ", " ", " ", "67.0", "tag"}},
+      {"xxxxxxx1551150xTN", {"155.1150", "X", " ", " ", " ", "67.0", "tag"}},
+      {"xxxxxxxABC1150xTx", {"ABC.1150", " ", " ", " ", " ", "67.0", "tag"}},
+      {"ERR", kAfterSilence},
+  };
+  for (const auto& [reply, row] : cases) {
     DownloadRig rig(Model::Bc895);
     rig.replies["PM300"] = reply;
     rig.setRow(300, kOld);

@@ -26,14 +26,12 @@ struct FormRig : test::TransferRig {
 };
 
 TEST(SystemType, IsToldByItsWord) {
-  for (const auto& [word, index, shown] : {std::tuple{"TYPE1", 0, "E1         "},
-                                           {"E2-800", 1, "E2-800     "},
-                                           {"E2-900", 2, "E9-800     "},
-                                           {"E2-UHF", 3, "E2-UHF     "},
-                                           {"E2-VHF", 4, "E2-VHF     "},
-                                           {"EDACS", 5, "EDACS      "},
-                                           {"E2-UHF 450", kNone, "E2-UHF 450"},
-                                           {"", kNone, ""}}) {
+  const std::tuple<const char*, int, const char*> cases[] = {
+      {"TYPE1", 0, "E1         "},         {"E2-800", 1, "E2-800     "},
+      {"E2-900", 2, "E9-800     "},        {"E2-UHF", 3, "E2-UHF     "},
+      {"E2-VHF", 4, "E2-VHF     "},        {"EDACS", 5, "EDACS      "},
+      {"E2-UHF 450", kNone, "E2-UHF 450"}, {"", kNone, ""}};
+  for (const auto& [word, index, shown] : cases) {
     EXPECT_EQ(systemTypeDisplay(word), shown);
     FormRig rig(std::string("TB C ") + word);
     EXPECT_EQ(rig.form.Label2.caption(), "Info: Ch.42 450.0000 Metro");
@@ -62,25 +60,20 @@ TEST(SystemType, OffersTheStepsOfEachBand) {
 }
 
 TEST(SystemType, ProgramsTheBankAndClosesTheForm) {
-  struct Case {
-    std::vector<int> types;
-    const char* base;
-    int step;
-    const char* command;
+  const std::tuple<std::vector<int>, const char*, int, const char*> cases[] = {
+      {{0}, "", kNone, "TR A 1"},
+      {{3}, "450.0000", 0, "TR A 4 04500000 0005"},
+      {{3}, "450", 1, "TR A 4 04500000 0125"},
+      {{3}, "450.0125", kNone, "TR A 4 04500125 0125"},
+      // Only the first entry and the others are told apart, whatever they say.
+      {{4}, "138.0000", 0, "TR A 5 01380000 0005"},
+      {{4}, "138.0000", 7, "TR A 5 01380000 0125"},
+      {{3}, "45O", 0, "TR A 4  0005"},
+      // What was filled in for another type isn't sent.
+      {{3, 1}, "450", 0, "TR A 2"},
+      {{}, "", kNone, "TR A 0"},
   };
-  for (const auto& [types, base, step, command] : {
-           Case{{0}, "", kNone, "TR A 1"},
-           {{3}, "450.0000", 0, "TR A 4 04500000 0005"},
-           {{3}, "450", 1, "TR A 4 04500000 0125"},
-           {{3}, "450.0125", kNone, "TR A 4 04500125 0125"},
-           // Only the first entry and the others are told apart, whatever they say.
-           {{4}, "138.0000", 0, "TR A 5 01380000 0005"},
-           {{4}, "138.0000", 7, "TR A 5 01380000 0125"},
-           {{3}, "45O", 0, "TR A 4  0005"},
-           // What was filled in for another type isn't sent.
-           {{3, 1}, "450", 0, "TR A 2"},
-           {{}, "", kNone, "TR A 0"},
-       }) {
+  for (const auto& [types, base, step, command] : cases) {
     FormRig rig("TB A ?");
     for (const int type : types) {
       rig.form.Combo1.userChoose(type);

@@ -5,188 +5,113 @@
 namespace tarnvex::radio {
 namespace {
 
-std::vector<std::string> keysOf(std::string_view id) {
-  std::vector<std::string> keys;
-  for (const char c : id) {
-    keys.push_back(c == '-' ? "KEY03" : std::string("KEY02 ") + c);
-  }
-  keys.emplace_back("KEY04");
-  return keys;
+/// An ID as it is keyed.
+std::string keysOf(std::string_view id) {
+  std::string keys;
+  for (const char c : id) keys += c == '-' ? "KEY03; " : std::string("KEY02 ") + c + "; ";
+  return keys + "KEY04";
 }
 
 TEST(Trunking, ChannelsJoinTheBankThatIsProgrammed) {
   Radio radio;
-  play(radio, {{"KEY13H", "OK"},
-               {"KEY21 C", "OK"},
-               {"KEY04", "OK"},
-               {"PM070 08512500", "OK"},
-               {"PM001 08512500", "ERR"},
-               {"KEY13", "OK"},
-               {"MD", "MD00"},
-               {"MA070", "C070 F08512500 TN DF LN AF RF N00"},
-               {"LOF", "LOF"}});
-  radio.exchange("PM070 01512500");
+  play(radio,
+       "KEY13H > OK; KEY21 C > OK; KEY04 > OK; PM070 08512500 > OK; PM001 08512500 > ERR; "
+       "KEY13 > OK; MD > MD00; MA070 > C070 F08512500 TN DF LN AF RF N00; LOF > LOF; "
+       "PM070 01512500");
   EXPECT_EQ(part(radio.exchange("PM070"), 16, 17), "TF") << "written outside programming";
 }
 
 TEST(Trunking, IdsAreKeyedIntoSlots) {
-  struct Case {
-    std::string keyed;
-    std::string kept;
-  };
-  for (const Case& each : std::vector<Case>{{"00123", "000123"},
-                                            {"100-12", "100-12"},
-                                            {"65535", "065535"},
-                                            {"65536", "001648"},
-                                            {"0", "------"},
-                                            {"1-", "001648"}}) {
+  for (const auto& [keyed, kept] : {std::pair<std::string, std::string>{"00123", "000123"},
+                                    {"100-12", "100-12"},
+                                    {"65535", "065535"},
+                                    {"65536", "001648"},
+                                    {"0", "------"},
+                                    {"1-", "001648"}}) {
     Radio radio;
     radio.playScene("city");
-    send(radio, {"KEY13", "IC A2"});
+    play(radio, "KEY13; IC A2");
     radio.advance(5000);  // a reception in another slot mustn't catch the entry
-    send(radio, keysOf(each.keyed));
-    EXPECT_EQ(part(radio.exchange("IC A2"), 7, 12), each.kept) << each.keyed;
-    EXPECT_EQ(part(radio.exchange("IC A1"), 7, 12), "001616") << each.keyed;
+    play(radio, keysOf(keyed) + "; IC A2 > IC A2 " + kept + "; IC A1 > IC A1 001616");
   }
 }
 
 TEST(Trunking, AllFiftySlotsOfABank) {
   Radio radio;
-  send(radio, {"KEY13"});
+  play(radio, "KEY13");
   for (char group = 'A'; group <= 'E'; ++group) {
     for (const char slot : std::string("1234567890")) {
       radio.exchange(std::string("IC ") + group + slot);
-      send(radio, keysOf(std::string("3") + slot + std::to_string(group - 'A')));
+      play(radio, keysOf(std::string("3") + slot + std::to_string(group - 'A')));
     }
   }
-  EXPECT_EQ(part(radio.exchange("IC A0"), 7, 12), "000300");
-  EXPECT_EQ(part(radio.exchange("IC E9"), 7, 12), "000394");
-  play(radio, {{"IC F1", "ERR"},
-               {"IS", "IS ABCE"},
-               {"KEY00", "OK"},
-               {"KEY21 D", "OK"},
-               {"IS", "IS ABCDE"},
-               {"KEY00", "OK"},
-               {"MD", "MD09"}});
+  play(radio,
+       "IC A0 > IC A0 000300; IC E9 > IC E9 000394; IC F1 > ERR; IS > IS ABCE; KEY00 > OK; "
+       "KEY21 D > OK; IS > IS ABCDE; KEY00 > OK; MD > MD09");
 }
 
 TEST(Trunking, BanksTakeTurnsInAMultiscan) {
   Radio radio;
-  play(radio, {{"MD", "MD00"},
-               {"KEY13", "OK"},
-               {"KEY21 H", "OK"},
-               {"KEY00", "OK"},
-               {"IS", "IS AB"},
-               {"MD", "MD09"}});
+  play(radio, "MD > MD00; KEY13 > OK; KEY21 H > OK; KEY00 > OK; IS > IS AB; MD > MD09");
   EXPECT_EQ(part(radio.exchange("SG"), 8, 14), "8554625") << "control channel of bank H";
-  play(radio, {{"KEY13", "OK"}, {"SB AC", "SB AC"}, {"KEY00", "OK"}, {"MD", "MD00"}});
-  play(radio, {{"KEY13", "OK"},
-               {"KEY21 D", "OK"},
-               {"KEY00", "OK"},
-               {"IS", "NG"},
-               {"KEY13", "OK"},
-               {"KEY00", "OK"},
-               {"MD", "MD00"}});
-  play(radio, {{"KEY13", "OK"}, {"KEY00", "OK"}, {"KEY21 D", "OK"}, {"MD", "MD09"}});
+  play(radio,
+       "KEY13 > OK; SB AC > SB AC; KEY00 > OK; MD > MD00; KEY13 > OK; KEY21 D > OK; KEY00 > OK; "
+       "IS > NG; KEY13 > OK; KEY00 > OK; MD > MD00; KEY13 > OK; KEY00 > OK; KEY21 D > OK; "
+       "MD > MD09");
   EXPECT_EQ(radio.exchange("IS"), "NG") << "after KEY00 the bank keys switch groups";
 }
 
 TEST(TrunkingBc245, TheSystemIsFoundAfterAWhile) {
   Radio radio(Model::BC245XLT);
-  play(radio, {{"SB H", "SB H"}, {"KEY13", "OK"}, {"KEY01", "OK"}, {"MD", "MD01"}});
-  play(radio, {{"KEY13", "OK"}, {"MD", "MD20"}});
+  play(radio, "SB H > SB H; KEY13 > OK; KEY01 > OK; MD > MD01; KEY13 > OK; MD > MD20");
   radio.advance(1600);
-  play(radio, {{"MD", "MD17"}, {"KEY01", "OK"}, {"MD", "MD18"}});
-  play(radio, {{"SB B", "SB B"}, {"KEY13", "OK"}, {"KEY13", "OK"}});
+  play(radio, "MD > MD17; KEY01 > OK; MD > MD18; SB B > SB B; KEY13 > OK; KEY13 > OK");
   radio.advance(2900);
-  play(radio, {{"KEY01", "OK"},
-               {"MD", "MD12"},
-               {"KEY13", "OK"},
-               {"SB C", "SB C"},
-               {"KEY13", "OK"}});
+  play(radio, "KEY01 > OK; MD > MD12; KEY13 > OK; SB C > SB C; KEY13 > OK");
   radio.advance(2900);
-  play(radio, {{"MD", "MD14"}, {"KEY01", "OK"}, {"MD", "MD01"}});
+  play(radio, "MD > MD14; KEY01 > OK; MD > MD01");
 }
 
 TEST(TrunkingBc245, IdsAreWrittenAndJudged) {
   Radio radio(Model::BC245XLT);
-  send(radio, {"SB B", "KEY13"});
+  play(radio, "SB B; KEY13");
   radio.advance(1600);
-  play(radio, {{"IC J0 000123", "OK"},
-               {"IC J0", "IC J0 000123"},
-               {"IC A1 000000", "OK"},
-               {"IC A1", "IC A1 \xFE\xFE\xFE\xFE\xFE\xFE"},
-               {"PI A", "NG"},
-               {"IC A2 065536", "ERR"},
-               {"IC A2 100-12", "ERR"},
-               {"IC A2 ", "ERR"},
-               {"IC A2", "IC A2 001648"}});
-  send(radio, {"KEY13", "SB H", "KEY13"});
+  play(radio,
+       "IC J0 000123 > OK; IC J0 > IC J0 000123; IC A1 000000 > OK; IC A1 > IC A1 "
+       "\xFE\xFE\xFE\xFE\xFE\xFE; PI A > NG; IC A2 065536 > ERR; IC A2 100-12 > ERR; IC A2  > ERR; "
+       "IC A2 > IC A2 001648; KEY13; SB H; KEY13");
   radio.advance(1600);
-  play(radio, {{"IC A1",
-                "IC A1 04\xFE"
-                "032"},
-               {"IC A1 15-157", "OK"},
-               {"IC A1 16-157", "ERR"},
-               {"IC A1 15-168", "ERR"},
-               {"IC A1 002047", "OK"},
-               {"IC A1 002048", "ERR"}});
+  play(radio,
+       "IC A1 > IC A1 04\xFE"
+       "032; IC A1 15-157 > OK; IC A1 16-157 > ERR; IC A1 15-168 > ERR; "
+       "IC A1 002047 > OK; IC A1 002048 > ERR");
 }
 
 TEST(TrunkingBc245, Type1TakesIdsOfMappedBlocksOnly) {
   Radio radio(Model::BC245XLT);
-  play(radio, {{"MA001", "C001 F01551150 TF DN LF AF RF N13"},
-               {"TR B 1", "OK"},
-               {"FB B 0 04", "OK"},
-               {"FB B 4 13", "OK"},
-               {"FB B 5 13", "ERR"},
-               {"FB B 7 12", "ERR"},
-               {"FB B 8 00", "ERR"},
-               {"FB B 1 15", "ERR"},
-               {"FB C 0 04", "ERR"},
-               {"KEY13", "OK"},
-               {"MD", "MD01"},
-               {"SB B", "SB B"},
-               {"KEY13", "OK"}});
+  play(radio,
+       "MA001 > C001 F01551150 TF DN LF AF RF N13; TR B 1 > OK; FB B 0 04 > OK; FB B 4 13 > OK; "
+       "FB B 5 13 > ERR; FB B 7 12 > ERR; FB B 8 00 > ERR; FB B 1 15 > ERR; FB C 0 04 > ERR; "
+       "KEY13 > OK; MD > MD01; SB B > SB B; KEY13 > OK");
   radio.advance(1600);
-  play(radio, {{"IC A1 000-12", "OK"},
-               {"IC A2 100-12", "ERR"},
-               {"IC A3 700-1", "OK"},
-               {"IC A4 800-1", "ERR"},
-               {"IC A5 000-16", "ERR"}});
+  play(radio,
+       "IC A1 000-12 > OK; IC A2 100-12 > ERR; IC A3 700-1 > OK; IC A4 800-1 > ERR; "
+       "IC A5 000-16 > ERR");
 }
 
 TEST(TrunkingBc245, AChannelIsUploadedIntoANewSystem) {
   Radio radio(Model::BC245XLT);
-  play(radio, {{"KEY13H", "OK"},
-               {"KEY02 10", "OK"},
-               {"KEY04", "OK"},
-               {"TB", "TB J E2-800"},
-               {"KEY13", "OK"},
-               {"TR J 4 04500000 0005", "OK"},
-               {"KEY13H", "OK"},
-               {"KEY02 10", "OK"},
-               {"TB", "TB J E2-UHF"},
-               {"KEY04", "OK"},
-               {"PM271 04510000", "OK"},
-               {"KEY13", "OK"},
-               {"MA271", "C271 F04510000 TN DF LN AF RF NNG"},
-               {"DLN", "DLN"},
-               {"LOF", "LOF"},
-               {"ARF", "ARF"},
-               {"MD", "MD01"}});
+  play(radio,
+       "KEY13H > OK; KEY02 10 > OK; KEY04 > OK; TB > TB J E2-800; KEY13 > OK; "
+       "TR J 4 04500000 0005 > OK; KEY13H > OK; KEY02 10 > OK; TB > TB J E2-UHF; KEY04 > OK; "
+       "PM271 04510000 > OK; KEY13 > OK; MA271 > C271 F04510000 TN DF LN AF RF NNG; DLN > DLN; "
+       "LOF > LOF; ARF > ARF; MD > MD01");
 }
 
 TEST(TrunkingBc245, ScanGroupsAreSetWithAndWithoutABlank) {
   Radio radio(Model::BC245XLT);
-  play(radio, {{"IS", "IS ABCE"},
-               {"IS BC", "OK"},
-               {"IS", "IS BC"},
-               {"IS ", "OK"},
-               {"IS", "NG"},
-               {"ISA", "OK"},
-               {"IS", "IS A"},
-               {"ISK", "ERR"}});
+  play(radio,
+       "IS > IS ABCE; IS BC > OK; IS > IS BC; IS  > OK; IS > NG; ISA > OK; IS > IS A; ISK > ERR");
 }
 
 }  // namespace

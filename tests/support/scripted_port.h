@@ -124,6 +124,8 @@ class ScriptedRadio {
   /// Commands, and "open COM 1 at 9600,n,8,1" and "close", in order.
   std::vector<std::string> log;
   std::int64_t spins = 0;
+  /// Ports on its line that stand.
+  int ports = 0;
 
  private:
   friend class ScriptedPort;
@@ -188,9 +190,12 @@ class ScriptedRadio {
 /// A window's port on the scripted radio's line.
 class ScriptedPort : public platform::SerialPort {
  public:
-  explicit ScriptedPort(ScriptedRadio& radio) : radio_(radio) {}
+  explicit ScriptedPort(ScriptedRadio& radio) : radio_(radio) { ++radio_.ports; }
   ScriptedPort(const ScriptedPort&) = delete;
-  ~ScriptedPort() override { radio_.taken_ = radio_.taken_ && !open_; }
+  ~ScriptedPort() override {
+    radio_.taken_ = radio_.taken_ && !open_;
+    --radio_.ports;
+  }
 
   void setCommPort(int slot) override {
     if (!open_ && slot >= 1 && slot <= 4) {
