@@ -4,7 +4,6 @@ namespace tarnvex::monitor {
 namespace {
 
 using test::Bc245Rig;
-using test::operator+;
 
 /// Elements that no mode touches, and those that a mode in question leaves as they were.
 const std::string kRest = "Att, Police, Data, Keylock";

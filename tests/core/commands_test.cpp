@@ -10,7 +10,6 @@ namespace {
 constexpr const char* kChannel = "x012xxx1551150xTNxDNxLNxxxxRNxx05";
 constexpr const char* kSignal = "x018xxx1551150";
 constexpr const char* kTrunkId = "xxxB7x001234";
-constexpr const char* kIdentity = "xxBC245XLTx0123456789xx215";
 
 TEST(Commands, ReadsTheSignal) {
   const SignalReply signal(kSignal);
@@ -76,28 +75,6 @@ TEST(Commands, ReadsStreamedIds) {
   EXPECT_EQ(heldId("xxxS"), "");
   EXPECT_EQ(heldId("xxxxS001234"), std::nullopt);
   EXPECT_EQ(heldId(""), std::nullopt);
-}
-
-/// The line can cut a reply anywhere.
-TEST(Commands, SurvivesEveryCut) {
-  for (const std::string whole : {kChannel, kSignal, kTrunkId, kIdentity}) {
-    for (std::size_t length = 0; length < whole.size(); ++length) {
-      const std::string cut = whole.substr(0, length);
-      const ChannelReply channel(cut);
-      EXPECT_EQ(channel.tone().has_value(), length >= 32 && whole == kChannel) << cut;
-      EXPECT_EQ(channel.trunked(), length >= 17 && whole == kChannel) << cut;
-      EXPECT_LE(channel.number().size(), 3U);
-      EXPECT_LE(channel.shownFrequency().size(), 8U);
-      EXPECT_EQ(SignalReply(cut).level().has_value(),
-                length >= 2 && (whole == kChannel || whole == kSignal))
-          << cut;
-      EXPECT_EQ(TrunkIdReply(cut).slot().empty(), length < 5) << cut;
-      EXPECT_EQ(TrunkIdReply(cut).id().size(),
-                length < 7 ? 0 : std::min<std::size_t>(length - 6, 6));
-      EXPECT_EQ(IdentityReply(cut).firmware().size(),
-                length < 24 ? 0 : std::min<std::size_t>(length - 23, 3));
-    }
-  }
 }
 
 }  // namespace

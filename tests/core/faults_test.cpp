@@ -7,7 +7,6 @@
 namespace tarnvex::monitor {
 namespace {
 
-using test::operator+;
 using test::Piece;
 
 constexpr int kModes = 17;

@@ -15,7 +15,6 @@ struct HitsTest : testing::Test, test::Bc895Rig {
   /// A tick of a search on that frequency.
   void search(bool open, const std::string& signal = kTagged, bool skips = false,
               const std::string& mode = "MD02") {
-    using test::operator+;
     tick(test::opening(mode, signal) +
          ((open ? "SQ > +" : "SQ > -") +
           std::string(open && mode != "MD12" ? "; SG > " + signal : "") +

@@ -167,31 +167,22 @@ TEST_F(StartTest, AsksForTheRateOnAnyOtherPortThanTheFirst) {
   EXPECT_THAT(settings.saved, ElementsAre(SavedSetting{"Options", "COM", "4"}));
 }
 
-TEST_F(StartTest, PassesOverPortsThatAreNone) {
-  for (const char* com : {"0", "5", "-1", "x", "", "99999"}) {
+TEST_F(StartTest, PassesOverPortsThatAreNoneAndReportsARefusedOneIfItsOptionWasChosen) {
+  for (const std::string com : {"0", "5", "-1", "x", "", "99999", "1", "2"}) {
     SCOPED_TRACE(com);
     test::World world;
     world.settings.values[{"Options", "COM"}] = com;
+    const bool refused = com == "1" || com == "2";
+    if (refused) {
+      world.radio.refusals = {{1, "In use"}, {2, "In use"}};
+    }
     Form4 form(world.services, world.outside());
     form.load();
-    EXPECT_TRUE(form.Option1.value()) << "chosen as the window is made";
+    EXPECT_EQ(form.Option1.value(), com != "2") << "chosen as the window is made";
     EXPECT_TRUE(form.Scantimer.enabled());
+    EXPECT_EQ(form.MSComm1->portOpen(), !refused);
     EXPECT_THAT(world.settings.saved, IsEmpty());
-    EXPECT_THAT(world.dialogs.boxes, IsEmpty());
-  }
-}
-
-TEST_F(StartTest, ReportsARefusedPortOnlyIfItsOptionWasChosen) {
-  for (const char* com : {"1", "2"}) {
-    test::World world;
-    world.settings.values[{"Options", "COM"}] = com;
-    world.radio.refusals = {{1, "In use"}, {2, "In use"}};
-    Form4 form(world.services, world.outside());
-    form.load();
-    EXPECT_EQ(world.dialogs.takeBoxes().size(), std::string(com) == "1" ? 0U : 1U);
-    EXPECT_TRUE(form.Scantimer.enabled());
-    EXPECT_FALSE(form.MSComm1->portOpen());
-    EXPECT_THAT(world.settings.saved, IsEmpty());
+    EXPECT_EQ(world.dialogs.takeBoxes().size(), com == "2" ? 1U : 0U);
   }
 }
 

@@ -26,12 +26,14 @@ using testing::Optional;
 /// The machine's calls, of which the n-th fails, or is where the process gets killed. Opened files
 /// are counted.
 class FailingCalls : public desktop::FileCalls {
+  using Calls = desktop::FileCalls;
+
  public:
   int stat(const char* path, struct stat* status) override {
-    return fails("stat") ? -1 : FileCalls::stat(path, status);
+    return fails("stat") ? -1 : Calls::stat(path, status);
   }
   int access(const char* path, int mode) override {
-    return fails("access") ? -1 : FileCalls::access(path, mode);
+    return fails("access") ? -1 : Calls::access(path, mode);
   }
   int open(const char* path, int flags, mode_t mode) override {
     const int file = fails("open") ? -1 : FileCalls::open(path, flags, mode);
@@ -39,7 +41,7 @@ class FailingCalls : public desktop::FileCalls {
     return file;
   }
   int fstat(int file, struct stat* status) override {
-    return fails("fstat") ? -1 : FileCalls::fstat(file, status);
+    return fails("fstat") ? -1 : Calls::fstat(file, status);
   }
   ssize_t read(int file, void* bytes, std::size_t size) override {
     return fails("read") ? -1 : FileCalls::read(file, bytes, size);
@@ -48,7 +50,7 @@ class FailingCalls : public desktop::FileCalls {
     return fails("write") ? -1 : FileCalls::write(file, bytes, std::min(size, atMost));
   }
   int fchmod(int file, mode_t mode) override {
-    return fails("fchmod") ? -1 : FileCalls::fchmod(file, mode);
+    return fails("fchmod") ? -1 : Calls::fchmod(file, mode);
   }
   int fsync(int /*file*/) override { return fails("fsync") ? -1 : 0; }
   int close(int file) override {
@@ -57,7 +59,7 @@ class FailingCalls : public desktop::FileCalls {
     return fails("close") ? -1 : 0;
   }
   int rename(const char* from, const char* to) override {
-    return fails("rename") ? -1 : FileCalls::rename(from, to);
+    return fails("rename") ? -1 : Calls::rename(from, to);
   }
 
   /// Counts down to the failing call.
@@ -89,10 +91,6 @@ class DiskFiles : public testing::Test {
     folder = ::mkdtemp(name.data());
   }
   ~DiskFiles() override { fs::remove_all(folder); }
-  DiskFiles(const DiskFiles&) = delete;
-  DiskFiles& operator=(const DiskFiles&) = delete;
-  DiskFiles(DiskFiles&&) = delete;
-  DiskFiles& operator=(DiskFiles&&) = delete;
 
   [[nodiscard]] std::string at(const std::string& name) const { return (folder / name).string(); }
   static std::string contentOf(const std::string& path) {

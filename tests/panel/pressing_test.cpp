@@ -38,13 +38,6 @@ TEST_F(Pressing, EveryKeyAnswersWithItsIndexAndButton) {
   }
 }
 
-TEST_F(Pressing, KeysOfTheHandheldAreFoundByTheirLabels) {
-  PanelInWindow hand(bc245Layout());
-  const int scan = hand.panel->layoutData().keyIndex("Label2");
-  QTest::mouseClick(hand.panel, Qt::LeftButton, {}, hand.panel->keyRect(scan).center());
-  EXPECT_EQ(hand.takeLog().first(), QString("press %1 left").arg(scan));
-}
-
 TEST_F(Pressing, DrawnOffTheKeyIsReleasedButNoClick) {
   down(key(10));
   up(key(11));

@@ -53,11 +53,5 @@ TEST(LinePacer, LateDeliveriesDontAddUp) {
   EXPECT_NEAR(static_cast<double>(now.count()) / 1e6, ideal, 1.0);
 }
 
-TEST(LinePacer, UnpacedTakesNoTime) {
-  LinePacer line(0, milliseconds(0));
-  line.reply(std::string(100, 'x'), line.arrive(milliseconds(5), 50));
-  EXPECT_EQ(line.take(milliseconds(5)).size(), 100U);
-}
-
 }  // namespace
 }  // namespace tarnvex::radio

@@ -53,9 +53,6 @@ class Program {
     ::close(output_);
   }
   Program(const Program&) = delete;
-  Program(Program&&) = delete;
-  Program& operator=(const Program&) = delete;
-  Program& operator=(Program&&) = delete;
 
   std::string line() { return readUntil(output_, "\n"); }
   std::string control(const std::string& text, std::string_view end = "ok\n") {

@@ -26,9 +26,6 @@ class Port {
       : fd_(::open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK)) {}
   ~Port() { ::close(fd_); }
   Port(const Port&) = delete;
-  Port(Port&&) = delete;
-  Port& operator=(const Port&) = delete;
-  Port& operator=(Port&&) = delete;
 
   bool isOpen() const { return fd_ >= 0; }
   void write(std::string_view bytes) {
@@ -70,9 +67,9 @@ class WireTest : public testing::Test {
             .string();
   }
   ~WireTest() override { std::filesystem::remove(link_); }
-  WireOptions unpaced() const {
+  WireOptions options(int baud = 0) const {
     WireOptions options;
-    options.baud = 0;
+    options.baud = baud;
     options.link = link_;
     return options;
   }
@@ -87,7 +84,7 @@ class WireTest : public testing::Test {
 };
 
 TEST_F(WireTest, CommandsEndWithCrAndMayComeInPieces) {
-  Wire wire(radio_, unpaced(), Instant{0});
+  Wire wire(radio_, options(), Instant{0});
   Port port(link_);
   ASSERT_TRUE(port.isOpen());
   hand(wire, port, "MD\r", Instant{0});
@@ -101,9 +98,7 @@ TEST_F(WireTest, CommandsEndWithCrAndMayComeInPieces) {
 }
 
 TEST_F(WireTest, RepliesComeWhenTheirBytesHaveArrived) {
-  WireOptions options = unpaced();
-  options.baud = 9600;
-  Wire wire(radio_, options, Instant{0});
+  Wire wire(radio_, options(9600), Instant{0});
   Port port(wire.path());
   hand(wire, port, "MD\r", seconds(1));
   const Instant due = seconds(1) + milliseconds(3) + Instant{8 * 10 * 1000000000LL / 9600};
@@ -117,9 +112,7 @@ TEST_F(WireTest, RepliesComeWhenTheirBytesHaveArrived) {
 }
 
 TEST_F(WireTest, ADoubledCrIsAnsweredInOnePiece) {
-  WireOptions options = unpaced();
-  options.baud = 9600;
-  Wire wire(radio_, options, Instant{0});
+  Wire wire(radio_, options(9600), Instant{0});
   Port port(wire.path());
   hand(wire, port, "KEY01\r\r", Instant{0});
   wire.due(milliseconds(13));
@@ -129,9 +122,7 @@ TEST_F(WireTest, ADoubledCrIsAnsweredInOnePiece) {
 }
 
 TEST_F(WireTest, AnotherBaudRateIsNotHeard) {
-  WireOptions options = unpaced();
-  options.baud = 9600;
-  Wire wire(radio_, options, Instant{0});
+  Wire wire(radio_, options(9600), Instant{0});
   Port port(wire.path());
   port.setBaud(B4800);
   hand(wire, port, "MD\r", Instant{0});
@@ -144,7 +135,7 @@ TEST_F(WireTest, AnotherBaudRateIsNotHeard) {
 }
 
 TEST_F(WireTest, HeldIdsAreStreamed) {
-  Wire wire(radio_, unpaced(), Instant{0});
+  Wire wire(radio_, options(), Instant{0});
   Port port(wire.path());
   control(wire, "mode MD08");
   EXPECT_EQ(control(wire, "talk 1616 5"), "ok\n");
@@ -159,7 +150,7 @@ TEST_F(WireTest, HeldIdsAreStreamed) {
 }
 
 TEST_F(WireTest, UnpluggedAndPluggedInAgain) {
-  Wire wire(radio_, unpaced(), Instant{0});
+  Wire wire(radio_, options(), Instant{0});
   {
     Port port(link_);
     EXPECT_EQ(control(wire, "hangup"), "ok\n");
@@ -176,13 +167,13 @@ TEST_F(WireTest, UnpluggedAndPluggedInAgain) {
 
 TEST_F(WireTest, TheLinkGoesWithTheWireUnlessItIsAnothers) {
   {
-    Wire wire(radio_, unpaced(), Instant{0});
+    Wire wire(radio_, options(), Instant{0});
     EXPECT_EQ(std::filesystem::read_symlink(link_), wire.path());
   }
   EXPECT_FALSE(std::filesystem::is_symlink(link_));
   {
-    Wire first(radio_, unpaced(), Instant{0});
-    const auto second = std::make_unique<Wire>(radio_, unpaced(), Instant{0});
+    Wire first(radio_, options(), Instant{0});
+    const auto second = std::make_unique<Wire>(radio_, options(), Instant{0});
     EXPECT_EQ(std::filesystem::read_symlink(link_), second->path());
     first.hangUp();
     EXPECT_TRUE(std::filesystem::is_symlink(link_));
@@ -190,7 +181,7 @@ TEST_F(WireTest, TheLinkGoesWithTheWireUnlessItIsAnothers) {
 }
 
 TEST_F(WireTest, ControlLines) {
-  Wire wire(radio_, unpaced(), Instant{0});
+  Wire wire(radio_, options(), Instant{0});
   Port port(wire.path());
   for (const std::string line :
        {"scene city", "become bc245", "become bc895", "mode MD01", "tempo 2.5", "reception 1 2",
