@@ -63,51 +63,42 @@ struct IdRig : TransferRig {
   frmDownloadtrs download{[this] { return window(); }, outside()};
 };
 
-/// The places of a bank as commands spell them, with the offset of each row in the bank.
-struct Place {
-  int offset;
-  std::string text;
-};
-std::vector<Place> places(int groups) {
-  std::vector<Place> all;
+/// The places of a bank as commands spell them, by the offset of each row in the bank.
+std::map<int, std::string> places(int groups) {
+  std::map<int, std::string> all;
   for (int offset = 0; offset < groups * 10; ++offset) {
-    all.push_back({offset, std::string(1, static_cast<char>('A' + offset / 10)) +
-                               std::to_string((offset + 1) % 10)});
+    all[offset] = static_cast<char>('A' + offset / 10) + std::to_string((offset + 1) % 10);
   }
   return all;
 }
 
 TEST(IdTransfer895, TypesEveryIdOfTheBankInUse) {
   IdRig rig(Model::Bc895);
-  const std::map<int, std::pair<std::string, Lines>> ids = {
-      {0, {"000123", {"KEY02 0", "KEY02 0", "KEY02 1", "KEY02 2", "KEY02 3"}}},
-      {1, {"100-12", {"KEY02 1", "KEY02 0", "KEY02 0", "KEY03", "KEY02 1", "KEY02 2"}}},
-      {2, {"-----", {"KEY02 0"}}},
-      {3, {"12--34", {"KEY02 0"}}},
-      {9, {"7", {}}},
-      {10, {"a B", {"KEY02  ", "KEY02 B"}}},
-      {49, {"-5", {"KEY03", "KEY02 5"}}},
-      {50, {"999999", {}}},
-  };
-  Lines expected = {"SG"};
-  for (const auto& [offset, place] : places(5)) {
-    expected.push_back("IC " + place);
-    const auto known = ids.find(offset);
-    for (const auto& key : known == ids.end() ? Lines{"KEY02 0"} : known->second.second) {
-      expected.push_back(key);
-    }
-    expected.emplace_back("KEY04");
+  const std::tuple<int, std::string, std::string> ids[] = {
+      {0, "000123", "KEY02 0; KEY02 0; KEY02 1; KEY02 2; KEY02 3; "},
+      {1, "100-12", "KEY02 1; KEY02 0; KEY02 0; KEY03; KEY02 1; KEY02 2; "},
+      {2, "-----", "KEY02 0; "},
+      {3, "12--34", "KEY02 0; "},
+      {9, "7", ""},
+      {10, "a B", "KEY02  ; KEY02 B; "},
+      {49, "-5", "KEY03; KEY02 5; "},
+      {50, "999999", ""}};
+  std::map<int, std::string> keys;
+  for (const auto& [offset, id, keyed] : ids) {
+    rig.put(101 + offset, id);
+    keys[offset] = keyed;
   }
-  expected.emplace_back("KEY00");
-  for (const auto& [offset, id] : ids) {
-    rig.put(101 + offset, id.first);
+  std::string expected = "SG; ";
+  for (const auto& [offset, place] : places(5)) {
+    expected += "IC " + place + "; ";
+    expected += (keys.contains(offset) ? keys[offset] : "KEY02 0; ") + "KEY04; ";
   }
   std::vector<int> progress;
   auto transfer = rig.transfer895();
   const auto watch =
       transfer.progress.changed.connect([&] { progress.push_back(transfer.progress.done()); });
   transfer.upload();
-  EXPECT_EQ(rig.radio.log, expected);
+  EXPECT_EQ(rig.radio.takeLog(), expected + "KEY00");
   EXPECT_EQ(progress.size(), 52U);
   EXPECT_EQ(transfer.progress.total(), 0);
   EXPECT_THAT(rig.dialogs.busyPointer, ElementsAre(true, false));
@@ -180,14 +171,10 @@ TEST(IdTransfer895, NeedsTheFrequencyInThePlan) {
 }
 
 /// What a BC245XLT is sent for a bank up to the answer to "MD".
-Lines starting(char bank) {
-  return {std::string("SB ") + bank, "KEY13", "KEY13", "KEY01", "MD"};
+std::string starting(char bank) {
+  return std::string("SB ") + bank + "; KEY13; KEY13; KEY01; MD; ";
 }
-const Lines kRestored = {"SB BCD", "KEY13", "KEY13"};
-Lines operator+(Lines left, const Lines& right) {
-  left.insert(left.end(), right.begin(), right.end());
-  return left;
-}
+const std::string kRestored = "SB BCD; KEY13; KEY13";
 
 TEST(IdTransfer245, WritesTheChosenBanks) {
   IdRig rig(Model::Bc245);
@@ -204,22 +191,21 @@ TEST(IdTransfer245, WritesTheChosenBanks) {
   rig.replies["IC A3 "] = "ERR";
   rig.replies["IC A4   "] = "ERR";
   rig.dialogs.answers = {platform::Answer::Ok};
-  const auto bankLog = [](const std::map<std::string, Lines>& own) {
-    Lines log;
-    for (const auto& place : places(10)) {
-      const auto lines = own.find(place.text);
-      log = log + (lines == own.end() ? Lines{"IC " + place.text + " "} : lines->second);
+  const auto bankLog = [](const std::map<std::string, std::string>& own) {
+    std::string log;
+    for (const auto& [offset, place] : places(10)) {
+      log += "IC " + place + " " + (own.contains(place) ? own.at(place) : "") + "; ";
     }
     return log;
   };
   rig.run(rig.upload, {1, 9});
-  EXPECT_EQ(rig.radio.log, Lines{"SB"} + starting('B') +
-                               bankLog({{"A1", {"IC A1 000123", "PI A1"}},
-                                        {"A2", {"IC A2 000000"}},
-                                        {"A3", {"IC A3 ", "PI A3"}},
-                                        {"A4", {"IC A4   "}},
-                                        {"J0", {"IC J0 100-12", "PI J0"}}}) +
-                               starting('J') + bankLog({{"J0", {"IC J0 1"}}}) + kRestored);
+  EXPECT_EQ(rig.radio.takeLog(), "SB; " + starting('B') +
+                                     bankLog({{"A1", "000123; PI A1"},
+                                              {"A2", "000000"},
+                                              {"A3", "; PI A3"},
+                                              {"A4", "  "},
+                                              {"J0", "100-12; PI J0"}}) +
+                                     starting('J') + bankLog({{"J0", "1"}}) + kRestored);
   EXPECT_THAT(rig.dialogs.boxes, ElementsAre(refusedId("000000")));
   EXPECT_THAT(rig.dialogs.busyPointer, ElementsAre(true, false));
   EXPECT_EQ(rig.state.CurrentMode, "MD12");
@@ -236,12 +222,11 @@ TEST(IdTransfer245, LeavesTheRestOnCancelButRestoresTheRadio) {
   rig.put(1, "999999");
   rig.replies["IC A1 999999"] = "ERR";
   rig.dialogs.answers = {platform::Answer::Cancel};
-  Lines atClosing;
-  const auto closing = rig.upload.closed.connect([&] { atClosing = rig.radio.log; });
+  const auto closing =
+      rig.upload.closed.connect([&] { rig.radio.log.emplace_back("the form goes at once"); });
   rig.run(rig.upload, {0, 1});
-  const Lines before = Lines{"SB"} + starting('A') + Lines{"IC A1 999999"};
-  EXPECT_EQ(atClosing, before) << "the form goes at once";
-  EXPECT_EQ(rig.radio.log, before + kRestored);
+  EXPECT_EQ(rig.radio.takeLog(),
+            "SB; " + starting('A') + "IC A1 999999; the form goes at once; " + kRestored);
   EXPECT_EQ(rig.closings, 1);
   EXPECT_TRUE(rig.Scantimer.enabled());
 }
@@ -249,12 +234,12 @@ TEST(IdTransfer245, LeavesTheRestOnCancelButRestoresTheRadio) {
 TEST(IdTransfer245, ReadsTheChosenBanks) {
   for (const bool clears : {false, true}) {
     IdRig rig(Model::Bc245);
-    Lines expected = Lines{"SB"} + starting('C');
+    std::string expected = "SB; " + starting('C');
     for (const auto& [offset, place] : places(10)) {
       rig.replies["IC " + place] =
           "xxxxxx01\xFE"
           "23\xFEtail";
-      expected = expected + Lines{"IC " + place, std::string("PI ") + place[0]};
+      expected += "IC " + place + "; PI " + place[0] + "; ";
       rig.talkgroups.setTextMatrix(201 + offset, TalkgroupRecord::AlphaTag, "tag");
     }
     rig.replies["PI A"] = "PI A2 and more";
@@ -264,7 +249,7 @@ TEST(IdTransfer245, ReadsTheChosenBanks) {
     rig.talkgroups.setTextMatrix(201, TalkgroupRecord::Priority, "X");
     rig.download.Check1.setValue(clears);
     rig.run(rig.download, {2});
-    EXPECT_EQ(rig.radio.log, expected + kRestored);
+    EXPECT_EQ(rig.radio.takeLog(), expected + kRestored);
     std::vector<int> marked;
     for (int row = 1; row <= TalkgroupRecord::kRows; ++row) {
       const bool chosen = row > 200 && row <= 300;
@@ -324,7 +309,7 @@ TEST(IdTransfer245, WaitsThreeOfTheClocksSecondsForTheRadio) {
 TEST(IdTransfer245, WithNoBankChosenOnlyRestores) {
   IdRig rig(Model::Bc245);
   rig.run(rig.download, {});
-  EXPECT_EQ(rig.radio.log, Lines{"SB"} + kRestored);
+  EXPECT_EQ(rig.radio.takeLog(), "SB; " + kRestored);
   EXPECT_FALSE(rig.state.MemoryModified);
   EXPECT_EQ(rig.upload.List1.item(0), "1  (1 to 30)");
   EXPECT_EQ(rig.download.List1.item(9), "10 (271 to 300)");

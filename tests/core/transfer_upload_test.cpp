@@ -33,21 +33,16 @@ struct UploadRig : TransferRig {
 };
 
 /// What a bank sends, with the commands of those channels that aren't empty.
-Lines bankLog(int bank, const std::map<int, Lines>& channels) {
-  Lines log;
+std::string bankLog(int bank, const std::map<int, std::string>& channels) {
+  std::string log;
   for (int channel = 30 * bank + 1; channel <= 30 * bank + 30; ++channel) {
     const std::string number = std::to_string(1000 + channel).substr(1);
-    const Lines empty = {"PM" + number + " 00000000", "MA" + number, "DLF", "LON", "ARF"};
-    const auto own = channels.find(channel);
-    const Lines& lines = own == channels.end() ? empty : own->second;
-    log.insert(log.end(), lines.begin(), lines.end());
+    log += channels.contains(channel)
+               ? channels.at(channel)
+               : "PM" + number + " 00000000; MA" + number + "; DLF; LON; ARF";
+    log += "; ";
   }
   return log;
-}
-
-Lines operator+(Lines left, const Lines& right) {
-  left.insert(left.end(), right.begin(), right.end());
-  return left;
 }
 
 TEST(Upload, SendsEveryFieldOfTheChosenBanks) {
@@ -61,18 +56,15 @@ TEST(Upload, SendsEveryFieldOfTheChosenBanks) {
   rig.setRow(31, {"999.9999", "X", "X", "X", "X", "100.0", "not chosen"});
   rig.setRow(271, {"Airport", "X", " ", " ", " ", "67.0", ""});
   rig.upload({0, 9});
-  EXPECT_EQ(rig.radio.log,
-            bankLog(0, {{1, {"PM001 01551150", "MA001", "DLN", "LOF", "ARN", "CS01"}},
-                        {2, {"PM002 13000000", "MA002", "DLF", "LOF", "ARF", "CS38"}},
-                        {3, {"MA003", "DLF", "LOF", "ARF"}},
-                        {4, {"MA004", "DLF", "LON", "ARF"}},
-                        {30,
-                         {"KEY13H", "KEY21 A", "KEY04", "PM030 08600125", "KEY13", "MA030", "DLF",
-                          "LOF", "ARF"}}}) +
-                bankLog(9, {{271,
-                             {"KEY13H", "KEY21 J", "KEY04", "KEY13", "MA271", "DLF", "LOF", "ARF",
-                              "CS01"}}}) +
-                Lines{"MA001"});
+  EXPECT_EQ(
+      rig.radio.takeLog(),
+      bankLog(0, {{1, "PM001 01551150; MA001; DLN; LOF; ARN; CS01"},
+                  {2, "PM002 13000000; MA002; DLF; LOF; ARF; CS38"},
+                  {3, "MA003; DLF; LOF; ARF"},
+                  {4, "MA004; DLF; LON; ARF"},
+                  {30, "KEY13H; KEY21 A; KEY04; PM030 08600125; KEY13; MA030; DLF; LOF; ARF"}}) +
+          bankLog(9, {{271, "KEY13H; KEY21 J; KEY04; KEY13; MA271; DLF; LOF; ARF; CS01"}}) +
+          "MA001");
   EXPECT_EQ(rig.form3Shown, Lines{});
   EXPECT_FALSE(rig.state.MemoryModified);
 }
@@ -85,16 +77,15 @@ TEST(Upload, AsksForTheSystemTypeOnceABank) {
     rig.setRow(row, {"866.0125", "X", " ", " ", " ", "67.0", "Metro"});
   }
   rig.upload({0, 9});
-  const Lines asked = {"TB", "TB", "KEY13", "TR J 2"};
-  const Lines one = {"KEY13H", "KEY02 1", "KEY04"};
-  const Lines ten = {"KEY13H", "KEY02 10", "KEY04"};
+  const std::string asked = "TB; TB; KEY13; TR J 2; ";
+  const std::string one = "KEY13H; KEY02 1; KEY04; ";
+  const std::string ten = "KEY13H; KEY02 10; KEY04; ";
   const auto rest = [](const std::string& channel) {
-    return Lines{
-        "PM" + channel + " 08660125", "KEY13", "MA" + channel, "DLF", "LOF", "ARF", "CS01"};
+    return "PM" + channel + " 08660125; KEY13; MA" + channel + "; DLF; LOF; ARF; CS01";
   };
-  EXPECT_EQ(rig.radio.log,
+  EXPECT_EQ(rig.radio.takeLog(),
             bankLog(0, {{1, one + asked + one + rest("001")}, {6, one + rest("006")}}) +
-                bankLog(9, {{280, ten + asked + ten + rest("280")}}) + Lines{"MA001"});
+                bankLog(9, {{280, ten + asked + ten + rest("280")}}) + "MA001");
   EXPECT_EQ(rig.form3Shown, (Lines{"Info: Ch.1 866.0125 Metro", "Info: Ch.280 866.0125 Metro"}));
   EXPECT_TRUE(rig.state.DigitKeyed);
   EXPECT_THAT(rig.dialogs.busyPointer, ElementsAre(true, false, true, false, true, false));
@@ -123,7 +114,7 @@ TEST(Upload, KeepsThePollAndTheUserOut) {
   EXPECT_EQ(seen[0], "31: 0 of 30");
   EXPECT_EQ(seen[29], "60: 29 of 30");
   EXPECT_EQ(rig.ticks, 0);
-  EXPECT_EQ(rig.radio.log, bankLog(1, {}) + Lines{"MA001"});
+  EXPECT_EQ(rig.radio.takeLog(), bankLog(1, {}) + "MA001");
   EXPECT_EQ(rig.closings, 1);
   EXPECT_TRUE(rig.Scantimer.enabled());
 }
@@ -133,8 +124,8 @@ TEST(Upload, RunsOutAfterSilenceWithOneMessage) {
   rig.setRow(31, {"866.0125", "X", " ", " ", " ", "", ""});
   rig.answered = 7;
   rig.upload({0, 1});
-  EXPECT_EQ(rig.radio.log, (Lines{"PM001 00000000", "MA001", "DLF", "LON", "ARF", "PM002 00000000",
-                                  "MA002", "DLF", "close"}));
+  EXPECT_EQ(rig.radio.takeLog(),
+            "PM001 00000000; MA001; DLF; LON; ARF; PM002 00000000; MA002; DLF; close");
   EXPECT_THAT(rig.dialogs.boxes, ElementsAre(test::kSilenceBox));
   EXPECT_EQ(rig.form3Shown, Lines{"Info: Ch.31 866.0125 "});
   EXPECT_EQ(rig.dialog.progress.done(), 60);
