@@ -20,7 +20,7 @@ struct FleetMapTest : testing::Test {
     link.attachBc245({&port, nullptr});
     port.open();
     radio.log.clear();
-    radio.answer = [](std::string_view) { return std::vector<test::Piece>{{"ERR\r"}}; };
+    radio.answerAll("ERR");
     form.load();
   }
 

@@ -42,7 +42,7 @@ struct LockoutsTest : testing::Test, test::World {
   }
   /// What Done sends.
   std::string done() {
-    radio.answer = [](std::string_view) { return std::vector<test::Piece>{{"ERR\r"}}; };
+    radio.answerAll("ERR");
     const int before = closings;
     form->Command1.userClick();
     EXPECT_EQ(closings, before + 1);

@@ -22,11 +22,7 @@ struct Searches : test::World {
     state.ModelKey = modelKey;
     store.files["/program/Searchlist.txt"] =
         "0,851.0125,869.9875,\"Police\"\r\n7,29.5,54,\"Low\"\r\n1,20,1300,\"Wide\"\r\n";
-    radio.answer = [](std::string_view command) {
-      return std::vector<test::Piece>{{command == "MD"   ? "MD02\r"
-                                       : command == "SS" ? "SS08510125\rEND\r"
-                                                         : "OK\r"}};
-    };
+    radio.answerAll("OK", {{"MD", "MD02"}, {"SS", "SS08510125\rEND"}});
     form.load();
     radio.log.clear();
     dialogs.boxes.clear();

@@ -19,7 +19,7 @@ struct StartTest : testing::Test, test::World {
 
   StartTest() {
     // The BC245XLT's window asks for the radio's switches as it opens.
-    radio.answer = [](std::string_view) { return std::vector<test::Piece>{{"OK\r"}}; };
+    radio.answerAll("OK");
   }
   /// The splash with its one exchange, and the main window that follows.
   void start(const std::vector<Exchange>& exchanges) {

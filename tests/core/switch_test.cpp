@@ -16,20 +16,18 @@ constexpr const char* kReopened = "open COM 1 at 9600,n,8,1";
 /// A line on which one radio can be exchanged for the other.
 struct SwitchTest : testing::Test, test::World {
   Application application{services, windows};
-  bool bc895 = true;
+  bool bc895 = false;
 
   SwitchTest() {
-    radio.answer = [this](std::string_view command) {
-      const std::string reply = command == "SI"   ? (bc895 ? "ERR" : kIdentity)
-                                : command == "MD" ? "MD13"
-                                : command == "MA" ? "NG"
-                                                  : "OK";
-      return std::vector<test::Piece>{{reply + "\r"}};
-    };
+    exchange();
     application.start();
     gate.enterTimer(windows.splash->Timer1);
     windows.takeCalls();
     radio.log.clear();
+  }
+  void exchange() {
+    bc895 = !bc895;
+    radio.answerAll("OK", {{"SI", bc895 ? "ERR" : kIdentity}, {"MD", "MD13"}, {"MA", "NG"}});
   }
   void tick() { gate.enterTimer(application.mainForm()->Scantimer); }
   /// The log up to and with the new window's opening of the port.
@@ -42,7 +40,7 @@ struct SwitchTest : testing::Test, test::World {
 TEST_F(SwitchTest, ExchangesTheWindowsWithTheRadios) {
   for (const char* name : {"BC245XLT", "BC895XLT"}) {
     SCOPED_TRACE(name);
-    bc895 = !bc895;
+    exchange();
     tick();
     EXPECT_THAT(windows.takeCalls(),
                 ElementsAre("openNotice Switch Scanners|One Moment... Switching to the " +
@@ -66,7 +64,7 @@ TEST_F(SwitchTest, ExchangesTheWindowsWithTheRadios) {
 
 TEST_F(SwitchTest, LeavesNothingBehindInTwoHundredRounds) {
   for (int round = 0; round < 200; ++round) {
-    bc895 = !bc895;
+    exchange();
     tick();
     ASSERT_EQ(windows.form2 == nullptr, bc895) << round;
     ASSERT_EQ(windows.form4 != nullptr, bc895) << round;
@@ -81,7 +79,7 @@ TEST_F(SwitchTest, LeavesNothingBehindInTwoHundredRounds) {
 }
 
 TEST_F(SwitchTest, ShowsItsNoticeOnASilentAndClosedLine) {
-  bc895 = false;
+  exchange();
   MainForm* old = application.mainForm();
   bool seen = false;
   windows.onCall = [&](const std::string& call) {
@@ -106,7 +104,7 @@ TEST_F(SwitchTest, ShowsItsNoticeOnASilentAndClosedLine) {
 }
 
 TEST_F(SwitchTest, AsksOnlyForTheUnsavedPlan) {
-  bc895 = false;
+  exchange();
   state.MemoryModified = true;
   dialogs.answers = {Answer::No};
   dialogs.whileOpen = [&] {
@@ -121,7 +119,7 @@ TEST_F(SwitchTest, AsksOnlyForTheUnsavedPlan) {
 
 TEST_F(SwitchTest, KeepsPortAndBeepAndTakesTheOtherRadiosRate) {
   settings.values = {{{"Options", "Keybeep"}, "0"}, {{"BC245", "Baudrate"}, "19200"}};
-  bc895 = false;
+  exchange();
   tick();
   EXPECT_EQ(windows.form2->MSComm1->settings(), "19200,n,8,1");
   EXPECT_FALSE(windows.form2->chkKeyBeep.value());

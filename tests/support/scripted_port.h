@@ -102,6 +102,13 @@ class ScriptedRadio {
       expected_.clear();
     }
   }
+  /// Answers every command while nothing is expected, with `reply` if `replies` holds no other.
+  void answerAll(const std::string& reply, std::map<std::string, std::string> replies = {}) {
+    answer = [reply, replies = std::move(replies)](std::string_view command) {
+      const auto own = replies.find(std::string(command));
+      return std::vector<Piece>{{(own == replies.end() ? reply : own->second) + "\r"}};
+    };
+  }
   /// Bytes that wait at the port from now on.
   void send(std::string_view bytes) { waiting_ += bytes; }
   std::string takeLog() {
