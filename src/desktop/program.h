@@ -27,6 +27,12 @@ class Program {
                    const QString& programFolder = programDirectory(),
                    platform::SerialPorts* otherPorts = nullptr);
 
+  ~Program() { windows.removeAll(); }
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+  Program(Program&&) = delete;
+  Program& operator=(Program&&) = delete;
+
   /// Shows the splash and runs until the user has left. Returns the exit status.
   int run();
 

@@ -38,7 +38,8 @@ class CommonDialog {
 
  protected:
   /// Shows the system's dialog. Nothing if the user cancelled. The empty text if the program has
-  /// ended: `FileName` is blank then, which stops every command, also one that would ask again.
+  /// ended or the dialog's window is gone: `FileName` is blank then, which stops every command,
+  /// also one that would ask again.
   virtual std::optional<std::string> chooseFile(FileDialogKind kind) = 0;
 
  private:

@@ -45,6 +45,11 @@ void EventGate::whenIdle(Handler handler) {
   drainIfIdle();
 }
 
+void EventGate::dropUserEvents() {
+  events_.clear();
+  leaving_ = 0;
+}
+
 void EventGate::yield() {
   if (ended_) {
     return;

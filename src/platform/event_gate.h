@@ -32,6 +32,9 @@ class EventGate {
   /// Runs the handler as soon as no core function is on the stack any more.
   void whenIdle(Handler handler);
 
+  /// Drops the user events that wait: the window that they were meant for has gone.
+  void dropUserEvents();
+
   /// Called by the core where it lets others run: delivers pending events and runs what is queued.
   void yield();
   /// Yields all the while until `done` holds or the program has ended. Sleeps in the event loop.

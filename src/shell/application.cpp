@@ -41,6 +41,7 @@ void Application::switchScanner() {
     return;
   }
   main_->unload();
+  services_.gate.dropUserEvents();
   windows_.closeMain();
   retireMain();
   openMain();

@@ -78,6 +78,32 @@ TEST_F(SwitchTest, LeavesNothingBehindInTwoHundredRounds) {
   EXPECT_THAT(dialogs.boxes, IsEmpty());
 }
 
+TEST_F(SwitchTest, TakesAlongWhatWasAskedOfTheOldWindow) {
+  bc895 = false;
+  MainForm* old = application.mainForm();
+  state.MemoryModified = true;
+  dialogs.answers = {Answer::No};
+  dialogs.whileOpen = [&] {
+    old->mnuQV();
+    old->mnuAbout();
+    // Clicks that come too late for this window, and wait.
+    gate.enterLeaving([old] { old->mnuQV(); });
+    gate.enter([old] { old->mnuAbout(); });
+  };
+  windows.onCall = [&](const std::string& call) {
+    if (call == "closeMain") {
+      EXPECT_EQ(windows.quickView, nullptr);
+      EXPECT_THAT(windows.dialogs, IsEmpty());
+    }
+  };
+  tick();
+  tick();
+  EXPECT_NE(application.mainForm(), old);
+  EXPECT_EQ(windows.quickView, nullptr);
+  EXPECT_THAT(windows.dialogs, IsEmpty());
+  EXPECT_FALSE(gate.leaving());
+}
+
 TEST_F(SwitchTest, ShowsItsNoticeOnASilentAndClosedLine) {
   exchange();
   MainForm* old = application.mainForm();

@@ -53,9 +53,11 @@ std::optional<std::string> QtCommonDialog::chooseFile(platform::FileDialogKind k
   });
   dialog->open();
   gate_.waitUntil([&] { return finished || dialog.isNull(); });
+  // Not Cancel, after which a save goes on under the present name.
+  const bool stopped = gate_.ended() || dialog.isNull() || isWithdrawn(*dialog);
   const QStringList chosen = dialog && accepted ? dialog->selectedFiles() : QStringList();
   delete dialog.data();
-  if (gate_.ended()) {
+  if (stopped) {
     return std::string();
   }
   if (chosen.isEmpty()) {

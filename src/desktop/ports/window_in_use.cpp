@@ -3,6 +3,11 @@
 #include <QApplication>
 
 namespace tarnvex::desktop {
+namespace {
+
+constexpr const char* kWithdrawn = "withdrawn";
+
+}  // namespace
 
 QWidget* windowInUse() {
   // Splash and notice go by themselves, with what stands over them.
@@ -20,6 +25,15 @@ QWidget* windowInUse() {
     }
   }
   return nullptr;
+}
+
+void withdraw(QDialog* dialog) {
+  dialog->setProperty(kWithdrawn, true);
+  dialog->reject();
+}
+
+bool isWithdrawn(const QDialog& dialog) {
+  return dialog.property(kWithdrawn).toBool();
 }
 
 }  // namespace tarnvex::desktop

@@ -1,11 +1,15 @@
 #pragma once
 
-#include <QWidget>
+#include <QDialog>
 
 namespace tarnvex::desktop {
 
 /// The window that a message or dialog belongs over: the active one, or else any that is on the
 /// screen. Null if there is none.
 QWidget* windowInUse();
+
+/// Closes a dialog without an answer, since the window that it belongs to goes.
+void withdraw(QDialog* dialog);
+[[nodiscard]] bool isWithdrawn(const QDialog& dialog);
 
 }  // namespace tarnvex::desktop

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/ports/text.h"
+#include "desktop/windows/window_exit.h"
 
 namespace tarnvex::desktop {
 namespace {
@@ -59,8 +60,7 @@ DialogWindow::DialogWindow(platform::EventGate& gate, const platform::Window& fo
 }
 
 void DialogWindow::leaveScreen() {
-  hide();
-  deleteLater();
+  takeOffScreen(this);
 }
 
 void DialogWindow::reject() {

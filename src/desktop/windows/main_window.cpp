@@ -8,6 +8,7 @@
 #include "desktop/ports/text.h"
 #include "desktop/windows/dialog_window.h"
 #include "desktop/windows/pages.h"
+#include "desktop/windows/window_exit.h"
 
 namespace tarnvex::desktop {
 
@@ -166,8 +167,7 @@ void MainWindow::addProgress(const memory::Progress& progress) {
 }
 
 void MainWindow::leaveScreen() {
-  hide();
-  deleteLater();
+  takeOffScreen(this);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

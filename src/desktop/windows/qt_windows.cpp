@@ -7,7 +7,7 @@
 
 namespace tarnvex::desktop {
 
-QtWindows::~QtWindows() {
+void QtWindows::removeAll() {
   delete splash_;
   delete notice_;
   delete quickView_;

@@ -22,7 +22,7 @@ class QtWindows : public shell::WindowLayer {
  public:
   QtWindows(QtEventLoop& loop, platform::EventGate& gate, DeviceSlots& devices)
       : loop_(loop), gate_(gate), devices_(devices) {}
-  ~QtWindows() override;
+  ~QtWindows() override { removeAll(); }
   QtWindows(const QtWindows&) = delete;
   QtWindows& operator=(const QtWindows&) = delete;
   QtWindows(QtWindows&&) = delete;
@@ -49,6 +49,9 @@ class QtWindows : public shell::WindowLayer {
   void raiseDialog(const void* form) override;
   void showHelp(shell::HelpView view) override;
   void quit() override;
+
+  /// Deletes all windows: once the program has ended, before the forms go.
+  void removeAll();
 
   /// The main window on the screen, if there is one.
   [[nodiscard]] MainWindow* mainWindow() const { return main_; }

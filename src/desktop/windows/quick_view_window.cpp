@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "desktop/ports/text.h"
+#include "desktop/windows/window_exit.h"
 
 namespace tarnvex::desktop {
 namespace {
@@ -76,8 +77,7 @@ void QuickViewWindow::present() {
 
 void QuickViewWindow::leaveScreen() {
   placed_ = false;
-  hide();
-  deleteLater();
+  takeOffScreen(this);
 }
 
 void QuickViewWindow::askToClose() {
