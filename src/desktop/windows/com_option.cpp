@@ -45,15 +45,24 @@ void ComOption::openMenu(const QPoint& where) {
     const QString text = port.description.isEmpty()
                              ? port.path
                              : port.path + QStringLiteral(" (%1)").arg(port.description);
-    QAction* action = menu->addAction(text, this, [this, path = port.path] { choose(path); });
+    QAction* action = menu->addAction(text);
+    chooseOn(action, port.path);
     action->setCheckable(true);
     action->setChecked(port.path == current);
   }
   menu->addSeparator();
   menu->addAction(tr("Other device..."), this, [this] { askForPath(); });
-  QAction* found = menu->addAction(tr("Any device found"), this, [this] { choose({}); });
+  QAction* found = menu->addAction(tr("Any device found"));
+  chooseOn(found, {});
   found->setEnabled(devices_.isNamed(slot_));
   menu->popup(where);
+}
+
+/// Queued: a port that can't be opened leads to a message, and by the time it is answered the menu
+/// would be gone with its event still under way.
+void ComOption::chooseOn(QAction* action, const QString& path) {
+  connect(
+      action, &QAction::triggered, this, [this, path] { choose(path); }, Qt::QueuedConnection);
 }
 
 void ComOption::askForPath() {
@@ -62,15 +71,20 @@ void ComOption::askForPath() {
   dialog->setWindowTitle(text());
   dialog->setLabelText(tr("Path of the serial device:"));
   dialog->setTextValue(devices_.device(slot_));
-  connect(dialog, &QInputDialog::textValueSelected, this, [this](const QString& path) {
+  const auto take = [this](const QString& path) {
     if (!path.trimmed().isEmpty()) {
       choose(path.trimmed());
     }
-  });
+  };
+  connect(dialog, &QInputDialog::textValueSelected, this, take, Qt::QueuedConnection);
   dialog->open();
 }
 
 void ComOption::choose(const QString& path) {
+  // The window may have left the screen meanwhile.
+  if (!isEnabled()) {
+    return;
+  }
   devices_.setDevice(slot_, path);
   showDevice();
   // The port in use moves to its new device at once.

@@ -24,6 +24,7 @@ class ComOption : public QRadioButton {
  private:
   void showDevice();
   void openMenu(const QPoint& where);
+  void chooseOn(QAction* action, const QString& path);
   void askForPath();
   void choose(const QString& path);
 
