@@ -1,0 +1,150 @@
+// The program under a user without a plan, on a line without manners.
+#include "desktop/monkey.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QDirIterator>
+#include <QPalette>
+#include <condition_variable>
+#include <thread>
+
+namespace tarnvex::test {
+namespace {
+
+constexpr int kEvents = 7000;
+constexpr std::chrono::seconds kStill{25};
+
+/// The user's folders, the folder of work and the messages of Qt, for the time of a test.
+class Surroundings {
+ public:
+  explicit Surroundings(const QString& home) : palette_(QApplication::palette()) {
+    for (const char* name : kFolders) {
+      former_.push_back(qgetenv(name));
+      qputenv(name, home.toLocal8Bit());
+    }
+    QDir::setCurrent(home);
+    warnings.clear();
+    handler_ = qInstallMessageHandler(&Surroundings::hear);
+  }
+  ~Surroundings() {
+    qInstallMessageHandler(handler_);
+    for (std::size_t i = 0; i < std::size(kFolders); ++i) {
+      former_[i].isNull() ? qunsetenv(kFolders[i]) : qputenv(kFolders[i], former_[i]);
+    }
+    QDir::setCurrent(work_);
+    QApplication::setPalette(palette_);
+  }
+  Surroundings(const Surroundings&) = delete;
+  Surroundings& operator=(const Surroundings&) = delete;
+  Surroundings(Surroundings&&) = delete;
+  Surroundings& operator=(Surroundings&&) = delete;
+
+  /// Each with what led to it.
+  static inline QMap<QString, std::string> warnings;
+  static inline std::function<std::string()> trail;
+
+ private:
+  static constexpr const char* kFolders[] = {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME",
+                                             "XDG_CACHE_HOME"};
+
+  static void hear(QtMsgType type, const QMessageLogContext& /*where*/, const QString& text) {
+    if (type == QtFatalMsg) {
+      std::fprintf(stderr, "%s\n%s", qPrintable(text), trail ? trail().c_str() : "");
+    }
+    // The platform without a screen has no frames to raise and no sizes to hint at.
+    if (type != QtDebugMsg && type != QtInfoMsg &&
+        !text.startsWith("This plugin does not support") && !warnings.contains(text)) {
+      warnings[text] = trail ? trail() : "";
+    }
+  }
+
+  std::vector<QByteArray> former_;
+  QString work_ = QDir::currentPath();
+  QPalette palette_;
+  QtMessageHandler handler_ = nullptr;
+};
+
+/// Ends the test program, with what was going on, once a run stands still.
+class Watchdog {
+ public:
+  Watchdog(Monkey& monkey, unsigned seed)
+      : thread_([this, &monkey, seed](const std::stop_token& stop) { watch(stop, monkey, seed); }) {
+  }
+
+ private:
+  void watch(const std::stop_token& stop, Monkey& monkey, unsigned seed) {
+    std::unique_lock lock(mutex_);
+    for (int seen = -1; !stop.stop_requested();) {
+      changed_.wait_for(lock, stop, kStill, [] { return false; });
+      if (stop.stop_requested()) {
+        return;
+      }
+      if (const int beats = monkey.beats; beats != std::exchange(seen, beats)) {
+        continue;
+      }
+      std::fprintf(stderr, "seed %u: the program hangs\n%s", seed, monkey.trail().c_str());
+      std::abort();
+    }
+  }
+
+  std::mutex mutex_;
+  std::condition_variable_any changed_;
+  std::jthread thread_;
+};
+
+QStringList filesIn(const QString& folder) {
+  QStringList found;
+  for (QDirIterator files(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+       files.hasNext();) {
+    found << files.next();
+  }
+  return found;
+}
+
+class MonkeyTest : public testing::TestWithParam<unsigned> {};
+
+TEST_P(MonkeyTest, NeitherBreaksNorStopsTheProgram) {
+  const QByteArray given = qgetenv("TARNVEX_MONKEY_SEED");
+  const unsigned seed = given.isEmpty() ? GetParam() : given.toUInt();
+  const int events = qEnvironmentVariableIsSet("TARNVEX_MONKEY_EVENTS")
+                         ? qEnvironmentVariableIntValue("TARNVEX_MONKEY_EVENTS")
+                         : kEvents;
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  const QTemporaryDir home;
+  const QTemporaryDir own;
+  QFile::copy(TARNVEX_DEMO "/demo.tvf", own.filePath("a.tvf"));
+  QFile list(own.filePath("Searchlist.txt"));
+  ASSERT_TRUE(list.open(QIODevice::WriteOnly));
+  list.write("0,118,136.975,\"Aircraft\"\r\n1,144,148,\"2 m\"\r\n");
+  list.close();
+  const Surroundings surroundings(home.path());
+  {
+    NoisyLine line(seed % 2 == 0 ? radio::Model::BC245XLT : radio::Model::BC895XLT, seed);
+    desktop::Program program(own.filePath("Tarnvex.conf"), own.path(), &line);
+    Monkey monkey(program, line, own.path(), seed);
+    Surroundings::trail = [&] { return monkey.trail(); };
+    {
+      const Watchdog watchdog(monkey, seed);
+      monkey.play(events);
+    }
+    EXPECT_FALSE(program.gate.busy());
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    Surroundings::trail = {};
+  }
+  for (auto warning = Surroundings::warnings.begin(); warning != Surroundings::warnings.end();
+       ++warning) {
+    ADD_FAILURE() << warning.key().toStdString() << "\n" << warning.value();
+  }
+  for (const QString& file : filesIn(home.path())) {
+    // Qt's file dialog remembers its size.
+    EXPECT_TRUE(file.endsWith("/QtProject.conf")) << file.toStdString();
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, MonkeyTest, testing::Values(1U, 2U, 3U),
+                         [](const auto& info) { return "Seed" + std::to_string(info.param); });
+
+}  // namespace
+}  // namespace tarnvex::test
