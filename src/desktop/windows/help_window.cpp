@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QRegularExpression>
 #include <QSplitter>
+#include <QStyle>
 #include <QTextDocument>
 #include <QVBoxLayout>
 
@@ -20,6 +21,29 @@ bool holdsAll(const QString& text, const QStringList& words) {
       words, [&](const QString& word) { return text.contains(word, Qt::CaseInsensitive); });
 }
 
+/// A page of the manual. On a fine screen it takes the finer of a picture's two files.
+class PageView : public QTextBrowser {
+ public:
+  explicit PageView(const QString& folder) : folder_(folder) { setSearchPaths({folder}); }
+
+  QVariant loadResource(int type, const QUrl& name) override {
+    if (type == QTextDocument::ImageResource && devicePixelRatioF() > 1) {
+      QString fine = name.path();
+      fine.insert(fine.lastIndexOf(QLatin1Char('.')), QLatin1String("@2x"));
+      if (const QImage picture(folder_.filePath(fine)); !picture.isNull()) {
+        return picture;
+      }
+    }
+    return QTextBrowser::loadResource(type, name);
+  }
+
+ private:
+  QDir folder_;
+};
+
+/// Of the widest picture in the manual.
+constexpr int kPictureWidth = 702;
+
 }  // namespace
 
 QString HelpWindow::helpFolder() {
@@ -33,7 +57,10 @@ QString HelpWindow::helpFolder() {
 }
 
 HelpWindow::HelpWindow(const QString& folder)
-    : folder_(folder), search_(new QLineEdit), list_(new QListWidget), text_(new QTextBrowser) {
+    : folder_(folder),
+      search_(new QLineEdit),
+      list_(new QListWidget),
+      text_(new PageView(folder_)) {
   setObjectName(QStringLiteral("help"));
   setWindowTitle(tr("Tarnvex Help"));
   search_->setObjectName(QStringLiteral("helpSearch"));
@@ -46,7 +73,9 @@ HelpWindow::HelpWindow(const QString& folder)
   list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   text_->setObjectName(QStringLiteral("helpText"));
   text_->setOpenExternalLinks(false);
-  text_->setSearchPaths({folder_});
+  text_->setMinimumWidth(kPictureWidth + static_cast<int>(text_->document()->documentMargin()) * 2 +
+                         text_->frameWidth() * 2 +
+                         text_->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
   auto* side = new QWidget;
   auto* column = new QVBoxLayout(side);
   column->setContentsMargins(0, 0, 0, 0);
@@ -58,8 +87,10 @@ HelpWindow::HelpWindow(const QString& folder)
   splitter->setStretchFactor(1, 1);
   (new QVBoxLayout(this))->addWidget(splitter);
   const QFontMetrics metrics(font());
-  resize(metrics.averageCharWidth() * 150, metrics.height() * 40);
-  splitter->setSizes({metrics.averageCharWidth() * 40, metrics.averageCharWidth() * 110});
+  const int listWidth = metrics.averageCharWidth() * 36;
+  const int textWidth = std::max(text_->minimumWidth(), metrics.averageCharWidth() * 110);
+  splitter->setSizes({listWidth, textWidth});
+  resize(listWidth + textWidth, metrics.height() * 40);
   readPages();
   listPages();
   connect(search_, &QLineEdit::textChanged, this, [this] { listPages(); });

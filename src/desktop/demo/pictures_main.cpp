@@ -1,0 +1,287 @@
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QListWidget>
+#include <QTimer>
+#include <cstdio>
+#include <functional>
+
+#include "desktop/program.h"
+#include "link/scanner_commands.h"
+
+/// Makes the manual's pictures from the program itself, on a simulated radio that it steers through
+/// the radio's control pipe: tarnvex-pictures FOLDER PIPE. See scripts/help-pictures. A new picture
+/// is a new row of `shots`. Ends with 0 if all of them were taken.
+namespace {
+
+using tarnvex::desktop::Program;
+
+constexpr int kLookMilliseconds = 20;
+constexpr int kShotMilliseconds = 30000;
+/// What is shown settles for that long before it is taken.
+constexpr int kCalmMilliseconds = 700;
+
+enum Tab { kStation, kTrunked, kOptions, kHits };
+
+/// One picture: what the radio is told, what the user does once the first condition holds, and what
+/// is taken once the second does. Without a widget to take, it only prepares the next one.
+struct Shot {
+  const char* file;
+  QByteArray radio;
+  std::function<bool()> ready;
+  std::function<void()> act;
+  std::function<bool()> shown;
+  std::function<QWidget*()> what;
+  /// Only that much of its height, if it isn't 0.
+  int height = 0;
+};
+
+class Photographer {
+ public:
+  Photographer(Program& program, const QString& folder, const QString& pipe)
+      : program_(program), folder_(folder), radio_(pipe) {
+    if (!radio_.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+      std::fputs("No radio to steer.\n", stderr);
+    }
+    listShots();
+    QObject::connect(&look_, &QTimer::timeout, [this] { look(); });
+    look_.start(kLookMilliseconds);
+    patience_.setRemainingTime(kShotMilliseconds);
+  }
+
+  [[nodiscard]] bool done() const { return at_ == shots_.size(); }
+
+ private:
+  void listShots();
+  void look();
+  void take(const Shot& shot);
+  void save(const Shot& shot);
+  void leave();
+
+  [[nodiscard]] tarnvex::shell::MainForm* form() const { return program_.application.mainForm(); }
+  [[nodiscard]] bool tagHolds(const char* text) const {
+    const auto* desk = dynamic_cast<tarnvex::shell::Form4*>(form());
+    const auto* hand = dynamic_cast<tarnvex::shell::Form2*>(form());
+    const auto* panel = desk != nullptr   ? &desk->panel.Alpha
+                        : hand != nullptr ? &hand->panel.Alpha
+                                          : nullptr;
+    return panel != nullptr && panel->caption().find(text) != std::string::npos;
+  }
+  static QWidget* window(const QString& name);
+  /// What the user does.
+  void show(Tab tab) const {
+    form()->SSTab1.setTab(tab);
+    program_.windows.mainWindow()->resize(kWidth, kHeight);
+  }
+  template <class Widget = QWidget>
+  [[nodiscard]] Widget* find(const char* name) const {
+    auto* window = program_.windows.mainWindow();
+    return window == nullptr ? nullptr : window->findChild<Widget*>(name);
+  }
+  /// The frame of the "Options" page that a control stands in.
+  [[nodiscard]] QWidget* frameOf(const char* name) const {
+    auto* widget = find(name);
+    return widget == nullptr ? nullptr : widget->parentWidget();
+  }
+  void choose(const char* action) const { find<QAction>(action)->trigger(); }
+  void tickBanks() const;
+  static QWidget* withBanks(QWidget* dialog);
+  void openLockouts() const;
+  static void closeAll();
+
+  /// As wide as the help shows it.
+  static constexpr int kWidth = 720;
+  static constexpr int kHeight = 450;
+  static constexpr int kTableHeight = 240;
+
+  Program& program_;
+  QString folder_;
+  QFile radio_;
+  QTimer look_;
+  QDeadlineTimer patience_;
+  std::vector<Shot> shots_;
+  std::size_t at_ = 0;
+  bool acted_ = false;
+  std::optional<QDeadlineTimer> calm_;
+};
+
+QWidget* Photographer::window(const QString& name) {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == name && window->isVisible()) {
+      return window;
+    }
+  }
+  return nullptr;
+}
+
+void Photographer::tickBanks() const {
+  for (int bank = 0; bank < 4; ++bank) {
+    find<QAbstractButton>(qPrintable(QStringLiteral("MSBank(%1)").arg(bank)))->click();
+  }
+}
+
+QWidget* Photographer::withBanks(QWidget* dialog) {
+  auto* banks = dialog->findChild<QListWidget*>("List1");
+  banks->item(0)->setSelected(true);
+  banks->item(2)->setSelected(true);
+  return dialog;
+}
+
+void Photographer::openLockouts() const {
+  program_.gate.enter([this] {
+    for (const double skipped : {151.625, 154.57, 158.745}) {
+      program_.link.SendCommand(tarnvex::link::command::skipFrequency(skipped));
+    }
+    form()->typeKey('L');
+  });
+}
+
+void Photographer::closeAll() {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && dynamic_cast<tarnvex::desktop::MainWindow*>(window) == nullptr) {
+      window->close();
+    }
+  }
+}
+
+void Photographer::listShots() {
+  const auto tagged = [this](const char* tag) { return [this, tag] { return tagHolds(tag); }; };
+  const auto panel = [this] { return find("panel"); };
+  const auto nothing = [] {};
+  const auto always = [] { return true; };
+  const auto isDesk = [this] { return dynamic_cast<tarnvex::shell::Form4*>(form()) != nullptr; };
+  const auto isHand = [this] { return dynamic_cast<tarnvex::shell::Form2*>(form()) != nullptr; };
+  const auto stands = [](const char* name) { return [name] { return window(name) != nullptr; }; };
+  const auto dialog = [](const char* name) { return [name] { return window(name); }; };
+  const auto frame = [this](const char* control) {
+    return [this, control] { return frameOf(control); };
+  };
+  const auto hits = [this](int count) {
+    return [this, count] { return form()->List1.count() >= count; };
+  };
+  const auto tabs = [this] { return find("SSTab1"); };
+  const auto page = [this](Tab tab) { return [this, tab] { show(tab); }; };
+  shots_ = {
+      {"bc895-panel", "scene quiet\nmode MD00\nreception 1 60", tagged("Fire"), page(kOptions),
+       always, panel},
+      {"com-ports", "", isDesk, nothing, always, frame("Option1")},
+      {"multiscan", "", isDesk, [this] { tickBanks(); }, always, frame("Option5")},
+      {"custom-search", "", isDesk, nothing, always, frame("LLimit")},
+      {"station-program", "", isDesk, page(kStation), always, tabs, kTableHeight},
+      {"trunked-data", "", isDesk,
+       [this] {
+         show(kTrunked);
+         form()->Combo1.userChoose(1);
+       },
+       always, tabs, kTableHeight},
+      {"upload", "", isDesk, [this] { choose("mnuUpload"); }, stands("BankDialog"),
+       [] { return withBanks(window("BankDialog")); }},
+      {"", "scene quiet\nmode MD02", isDesk,
+       [this] {
+         closeAll();
+         show(kHits);
+       },
+       always, nullptr},
+      {"", "reception 1 1", isDesk, nothing, hits(1), nullptr},
+      {"", "reception 121 5", isDesk, nothing, hits(2), nullptr},
+      {"", "reception 94 5", isDesk, nothing, hits(3), nullptr},
+      {"", "reception 1 5", isDesk, nothing,
+       [this] { return form()->List1.item(0).find("Hits: 2") != std::string::npos; }, nullptr},
+      {"search-results", "scene city\nmode MD07", isDesk, nothing,
+       [this] { return form()->List2.count() > 3; }, tabs, kTableHeight},
+      {"lockouts", "scene quiet\ntempo 1\nmode MD02",
+       [this] { return program_.state.CurrentMode == "MD02"; }, [this] { openLockouts(); },
+       stands("frmLockouts"), dialog("frmLockouts")},
+      {"quick-view", "mode MD00\nreception 1 60", tagged("Fire"),
+       [this] {
+         closeAll();
+         choose("mnuQV");
+       },
+       stands("QuickView"), dialog("QuickView")},
+      {"bc245-panel", "become bc245\nscene quiet\nmode MD00\nreception 61 90", tagged("Airport"),
+       page(kOptions), always, panel},
+      {"bc245-options", "", isHand, nothing, always, frame("Check1")},
+      {"speed-enhancement", "", isHand, [this] { tickBanks(); }, always, frame("Option5")},
+      {"fleet-map", "", isHand, [this] { choose("mnuCustom"); }, stands("Form5"), dialog("Form5")},
+  };
+}
+
+void Photographer::look() {
+  if (done()) {
+    return;
+  }
+  const Shot& shot = shots_[at_];
+  if (patience_.hasExpired()) {
+    std::fprintf(stderr, "Waited in vain for picture %zu, \"%s\".\n", at_, shot.file);
+    leave();
+    return;
+  }
+  if (!acted_) {
+    if (!shot.radio.isEmpty() && !calm_) {
+      radio_.write(shot.radio + '\n');
+    }
+    calm_ = QDeadlineTimer(kCalmMilliseconds);
+    if (form() != nullptr && form()->Scantimer.enabled() && shot.ready()) {
+      acted_ = true;
+      shot.act();
+    }
+    return;
+  }
+  if (!shot.shown()) {
+    calm_ = QDeadlineTimer(kCalmMilliseconds);
+  } else if (calm_->hasExpired()) {
+    take(shot);
+  }
+}
+
+void Photographer::take(const Shot& shot) {
+  if (shot.what) {
+    save(shot);
+  }
+  acted_ = false;
+  calm_.reset();
+  patience_.setRemainingTime(kShotMilliseconds);
+  if (++at_; done()) {
+    leave();
+  }
+}
+
+void Photographer::save(const Shot& shot) {
+  QWidget* widget = shot.what();
+  if (widget->isWindow()) {
+    // Whatever the screen has room for.
+    widget->resize(widget->sizeHint());
+  }
+  QPixmap picture = widget->grab();
+  if (shot.height > 0) {
+    picture = picture.copy(0, 0, picture.width(), int(shot.height * picture.devicePixelRatio()));
+  }
+  const QString scale = picture.devicePixelRatio() > 1 ? QStringLiteral("@2x") : QString();
+  picture.save(folder_ + '/' + shot.file + scale + ".png", "PNG", 0);
+}
+
+void Photographer::leave() {
+  look_.stop();
+  program_.gate.enter([this] {
+    program_.state.MemoryModified = false;
+    form()->unload();
+  });
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  const QStringList arguments = QApplication::arguments();
+  if (arguments.size() != 3) {
+    std::fputs("Usage: tarnvex-pictures FOLDER PIPE\n", stderr);
+    return 2;
+  }
+  Program program;
+  const Photographer photographer(program, arguments[1], arguments[2]);
+  const int status = program.run();
+  return photographer.done() ? status : 1;
+}
