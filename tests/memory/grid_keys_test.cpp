@@ -111,15 +111,9 @@ TEST(GridKeys, ANewFrequencyInheritsFromTheRowAbove) {
   EXPECT_THAT(on.changes(on.channels), ElementsAre("1,1=1"));
 }
 
-struct EnterCase {
-  bool bc895;
-  bool talkgroups;
-  std::pair<int, int> from;
-  std::pair<int, int> to;
-};
-
 TEST(GridKeys, EnterWalksTheTable) {
-  const EnterCase cases[] = {
+  using Cell = std::pair<int, int>;
+  const std::tuple<bool, bool, Cell, Cell> cases[] = {
       {true, false, {1, 1}, {1, 2}},      {true, false, {1, 7}, {2, 1}},
       {false, false, {299, 7}, {300, 1}}, {false, false, {300, 7}, {300, 1}},
       {true, true, {1, 1}, {1, 2}},       {true, true, {1, 2}, {2, 1}},
@@ -127,13 +121,12 @@ TEST(GridKeys, EnterWalksTheTable) {
       {true, true, {700, 2}, {700, 1}},   {false, true, {1, 2}, {1, 3}},
       {false, true, {500, 3}, {501, 1}},  {false, true, {1000, 3}, {1000, 1}},
   };
-  for (const EnterCase& given : cases) {
-    PlanFixture on(given.bc895 ? bc895MemoryTraits() : bc245MemoryTraits());
-    platform::Table& table = given.talkgroups ? on.talkgroups : on.channels;
-    table.userMoveTo(given.from.first, given.from.second);
+  for (const auto& [bc895, talkgroups, from, to] : cases) {
+    PlanFixture on(bc895 ? bc895MemoryTraits() : bc245MemoryTraits());
+    platform::Table& table = talkgroups ? on.talkgroups : on.channels;
+    table.userMoveTo(from.first, from.second);
     PlanFixture::type(table, "\r");
-    EXPECT_EQ(PlanFixture::cursor(table), given.to)
-        << "from " << given.from.first << "," << given.from.second;
+    EXPECT_EQ(PlanFixture::cursor(table), to) << "from " << from.first << "," << from.second;
     EXPECT_FALSE(on.state.MemoryModified);
   }
 }

@@ -14,25 +14,22 @@ std::string sent(Faults& faults) {
 }
 
 TEST(Faults, EachStrikesTheNextReplyOnly) {
-  struct Case {
-    std::string word;
-    std::vector<std::string> arguments;
-    std::string spoilt;
-  };
   const std::string good = "C001 F01551150\r";
-  for (const Case& each : std::vector<Case>{{"cut", {"3"}, "C001 F01551"},
-                                            {"cut", {"0"}, "C001 F01551150"},
-                                            {"cut", {"99"}, ""},
-                                            {"wrong-length", {}, "C001 F01551\r"},
-                                            {"wrong-length", {"2"}, "C001 F01551150XX\r"},
-                                            {"wrong-length", {"-99"}, "\r"},
-                                            {"join", {}, good + good},
-                                            {"split", {}, good},
-                                            {"delay", {"200"}, good}}) {
+  const std::tuple<std::string, std::vector<std::string>, std::string> cases[] = {
+      {"cut", {"3"}, "C001 F01551"},
+      {"cut", {"0"}, "C001 F01551150"},
+      {"cut", {"99"}, ""},
+      {"wrong-length", {}, "C001 F01551\r"},
+      {"wrong-length", {"2"}, "C001 F01551150XX\r"},
+      {"wrong-length", {"-99"}, "\r"},
+      {"join", {}, good + good},
+      {"split", {}, good},
+      {"delay", {"200"}, good}};
+  for (const auto& [word, arguments, spoilt] : cases) {
     Faults faults;
-    ASSERT_TRUE(faults.set(each.word, each.arguments)) << each.word;
-    EXPECT_EQ(sent(faults), each.spoilt) << each.word;
-    EXPECT_EQ(sent(faults), good) << each.word;
+    ASSERT_TRUE(faults.set(word, arguments)) << word;
+    EXPECT_EQ(sent(faults), spoilt) << word;
+    EXPECT_EQ(sent(faults), good) << word;
   }
 }
 
