@@ -13,7 +13,10 @@ void takeOffScreen(QWidget* window) {
     menu->close();
   }
   for (QDialog* question : window->findChildren<QDialog*>()) {
-    withdraw(question);
+    // Those that have left before wait for their deletion without a form.
+    if (question->isVisible()) {
+      withdraw(question);
+    }
   }
   window->setEnabled(false);
   window->hide();
