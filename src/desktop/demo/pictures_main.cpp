@@ -87,6 +87,7 @@ class Photographer {
   }
   void choose(const char* action) const { find<QAction>(action)->trigger(); }
   void tickBanks() const;
+  void showTicked(const char* name) const;
   static QWidget* withBanks(QWidget* dialog);
   void openLockouts() const;
   static void closeAll();
@@ -120,6 +121,13 @@ void Photographer::tickBanks() const {
   for (int bank = 0; bank < 4; ++bank) {
     find<QAbstractButton>(qPrintable(QStringLiteral("MSBank(%1)").arg(bank)))->click();
   }
+}
+
+/// For the picture alone: nothing is recorded here.
+void Photographer::showTicked(const char* name) const {
+  auto* box = find<QAbstractButton>(name);
+  const QSignalBlocker silence(box);
+  box->setChecked(true);
 }
 
 QWidget* Photographer::withBanks(QWidget* dialog) {
@@ -168,6 +176,7 @@ void Photographer::listShots() {
        always, panel},
       {"com-ports", "", isDesk, nothing, always, frame("Option1")},
       {"multiscan", "", isDesk, [this] { tickBanks(); }, always, frame("Option5")},
+      {"recording", "", isDesk, [this] { showTicked("chkRecord"); }, always, frame("chkRecord")},
       {"custom-search", "", isDesk, nothing, always, frame("LLimit")},
       {"station-program", "", isDesk, page(kStation), always, tabs, kTableHeight},
       {"trunked-data", "", isDesk,
@@ -176,8 +185,8 @@ void Photographer::listShots() {
          form()->Combo1.userChoose(1);
        },
        always, tabs, kTableHeight},
-      {"upload", "", isDesk, [this] { choose("mnuUpload"); }, stands("BankDialog"),
-       [] { return withBanks(window("BankDialog")); }},
+      {"upload", "", isDesk, [this] { choose("mnuUpload"); }, stands("frmUpload"),
+       [] { return withBanks(window("frmUpload")); }},
       {"", "scene quiet\nmode MD02", isDesk,
        [this] {
          closeAll();
@@ -205,6 +214,12 @@ void Photographer::listShots() {
       {"bc245-options", "", isHand, nothing, always, frame("Check1")},
       {"speed-enhancement", "", isHand, [this] { tickBanks(); }, always, frame("Option5")},
       {"fleet-map", "", isHand, [this] { choose("mnuCustom"); }, stands("Form5"), dialog("Form5")},
+      {"download-ids", "", isHand,
+       [this] {
+         closeAll();
+         choose("mnuOwnloadTrunk");
+       },
+       stands("frmDownloadtrs"), [] { return withBanks(window("frmDownloadtrs")); }},
   };
 }
 
