@@ -154,6 +154,7 @@ TEST_P(LinkControlsTest, BaudChangeIsTakenBackAfterSilence) {
   EXPECT_THAT(settings.saved, ElementsAre(SavedSetting{section, "Baudrate", "4800"},
                                           SavedSetting{section, "Baudrate", "9600"}));
   EXPECT_THAT(dialogs.takeBoxes(), ElementsAre(kConfirm, kRestored));
+  EXPECT_EQ(form->Combo4.listIndex(), section == "BC895" ? 1 : 3);
   EXPECT_TRUE(form->Scantimer.enabled());
   EXPECT_TRUE(state.LinkWaiting);
 }

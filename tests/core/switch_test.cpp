@@ -79,7 +79,7 @@ TEST_F(SwitchTest, LeavesNothingBehindInTwoHundredRounds) {
 }
 
 TEST_F(SwitchTest, TakesAlongWhatWasAskedOfTheOldWindow) {
-  bc895 = false;
+  exchange();
   MainForm* old = application.mainForm();
   state.MemoryModified = true;
   dialogs.answers = {Answer::No};

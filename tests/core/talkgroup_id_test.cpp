@@ -5,18 +5,12 @@
 namespace tarnvex::trunking {
 namespace {
 
+/// What is too large for eight digits becomes all ones.
 TEST(TalkgroupId, TurnsNumbersIntoBitsAndConsumesThem) {
   const std::tuple<std::int16_t, const char*, std::int16_t> cases[] = {
-      {0, "00000000000", 0},
-      {1, "00000000001", 0},
-      {128, "00010000000", 0},
-      {165, "00010100101", 0},
-      {254, "00011111110", 0},
-      {255, "00011111111", 0},
-      // Too large for eight digits: all ones.
-      {256, "00011111111", 1},
-      {300, "00011111111", 45},
-      {32767, "00011111111", 32512},
+      {0, "00000000000", 0},   {1, "00000000001", 0},    {128, "00010000000", 0},
+      {165, "00010100101", 0}, {254, "00011111110", 0},  {255, "00011111111", 0},
+      {256, "00011111111", 1}, {300, "00011111111", 45}, {32767, "00011111111", 32512},
       {-5, "00000000000", -5}};
   for (const auto& [number, bits, left] : cases) {
     std::int16_t consumed = number;
@@ -25,16 +19,15 @@ TEST(TalkgroupId, TurnsNumbersIntoBitsAndConsumesThem) {
   }
 }
 
+/// What stands behind the eleventh digit, or is missing before it, doesn't count.
 TEST(TalkgroupId, ReadsElevenBitsAndSmallPatterns) {
-  const std::pair<const char*, int> cases[] = {
-      {"00000001111", 15},
-      {"11111111111", 2047},
-      {"10000000000", 1024},
-      // What stands behind the eleventh digit, or is missing before it, doesn't count.
-      {"000000000011111", 1},
-      {"", 0},
-      {"1", 1024},
-      {"0000000000x", 0}};
+  const std::pair<const char*, int> cases[] = {{"00000001111", 15},
+                                               {"11111111111", 2047},
+                                               {"10000000000", 1024},
+                                               {"000000000011111", 1},
+                                               {"", 0},
+                                               {"1", 1024},
+                                               {"0000000000x", 0}};
   for (const auto& [digits, value] : cases) {
     EXPECT_EQ(BinToDec(digits), value) << digits;
   }

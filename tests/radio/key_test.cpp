@@ -58,8 +58,8 @@ TEST(Keys, AnEntryEndsWithAnyOtherMode) {
 TEST(Keys, TheKnobStepsWhatStandsStill) {
   Radio radio;
   play(radio,
-       "MA300; KEY07; MA > C001*; KEY08; KEY08; MA > C299*; LL01551100; LU01551200; KEY09; "
-       "KEY07; KEY07; KEY07; KEY07; KEY07");
+       "MA300; KEY07; MA > C001*; KEY08; MA > C300*; KEY08; MA > C299*; LL01551100; LU01551200; "
+       "KEY09; KEY07; KEY07; KEY07; KEY07; KEY07");
   const int at = std::stoi(part(radio.exchange("SG"), 8, 14));
   EXPECT_TRUE(at >= 1551100 && at <= 1551200) << at;
   play(radio, "KEY00; KEY13; KEY01; KEY07; IC > IC A2*");
