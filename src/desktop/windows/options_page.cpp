@@ -34,6 +34,8 @@ QGridLayout* addBankFrame(QGroupBox* frame, shell::MainForm& form, const QString
                           Binder& binder) {
   frame->setObjectName(QStringLiteral("Frame2"));
   auto* grid = new QGridLayout;
+  // Ten columns beside the hand-held have to go on a small screen.
+  grid->setHorizontalSpacing(frame->fontMetrics().averageCharWidth() / 2);
   for (int bank = 0; bank < banks.size(); ++bank) {
     grid->addWidget(new QLabel(banks[bank]), 0, bank + 1, Qt::AlignHCenter);
   }
