@@ -58,6 +58,7 @@ class Photographer {
   void look();
   void take(const Shot& shot);
   void save(const Shot& shot);
+  [[nodiscard]] bool isSized() const;
   void leave();
 
   [[nodiscard]] tarnvex::shell::MainForm* form() const { return program_.application.mainForm(); }
@@ -244,11 +245,22 @@ void Photographer::look() {
     }
     return;
   }
-  if (!shot.shown()) {
+  if (!shot.shown() || !isSized()) {
     calm_ = QDeadlineTimer(kCalmMilliseconds);
   } else if (calm_->hasExpired()) {
     take(shot);
   }
+}
+
+/// Whether the main window has its size; a window that has just come may have missed it.
+bool Photographer::isSized() const {
+  auto* window = program_.windows.mainWindow();
+  const QSize wanted = QSize(kWidth, kHeight).expandedTo(window->minimumSizeHint());
+  if (window->size() == wanted) {
+    return true;
+  }
+  window->resize(wanted);
+  return false;
 }
 
 void Photographer::take(const Shot& shot) {
