@@ -37,9 +37,6 @@ class Surroundings {
     QApplication::setPalette(palette_);
   }
   Surroundings(const Surroundings&) = delete;
-  Surroundings& operator=(const Surroundings&) = delete;
-  Surroundings(Surroundings&&) = delete;
-  Surroundings& operator=(Surroundings&&) = delete;
 
   /// Each with what led to it.
   static inline QMap<QString, std::string> warnings;

@@ -19,9 +19,6 @@ class RadioProcess {
   explicit RadioProcess(const QStringList& arguments);
   ~RadioProcess();
   RadioProcess(const RadioProcess&) = delete;
-  RadioProcess& operator=(const RadioProcess&) = delete;
-  RadioProcess(RadioProcess&&) = delete;
-  RadioProcess& operator=(RadioProcess&&) = delete;
 
   void say(const QByteArray& line);
   /// A value of the radio's state.

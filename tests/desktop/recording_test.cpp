@@ -155,9 +155,6 @@ class FullDisk {
     std::signal(SIGXFSZ, handler_);
   }
   FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-  FullDisk(FullDisk&&) = delete;
-  FullDisk& operator=(FullDisk&&) = delete;
 
  private:
   void (*handler_)(int);

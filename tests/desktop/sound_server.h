@@ -17,9 +17,6 @@ class SoundServer {
   SoundServer();
   ~SoundServer();
   SoundServer(const SoundServer&) = delete;
-  SoundServer& operator=(const SoundServer&) = delete;
-  SoundServer(SoundServer&&) = delete;
-  SoundServer& operator=(SoundServer&&) = delete;
 
   void kill();
 

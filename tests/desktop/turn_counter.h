@@ -18,9 +18,6 @@ class TurnCounter {
   }
   ~TurnCounter() { QObject::disconnect(connection_); }
   TurnCounter(const TurnCounter&) = delete;
-  TurnCounter& operator=(const TurnCounter&) = delete;
-  TurnCounter(TurnCounter&&) = delete;
-  TurnCounter& operator=(TurnCounter&&) = delete;
 
   [[nodiscard]] int turns() const { return turns_; }
 

@@ -130,45 +130,7 @@ TEST_P(BothLayouts, ArrowKeysReachEveryKey) {
   EXPECT_EQ(reached.size(), layout.keys.size());
 }
 
-TEST_P(BothLayouts, DisplayAloneKeepsTheDisplayWhole) {
-  const PanelLayout alone = displayOnly(layout);
-  EXPECT_TRUE(alone.keys.isEmpty());
-  EXPECT_FALSE(alone.knob.has_value());
-  ASSERT_EQ(alone.elements.size(), layout.elements.size());
-  EXPECT_TRUE(QRectF(QPointF(0, 0), alone.size).contains(alone.glass));
-  for (int i = 0; i < alone.elements.size(); ++i) {
-    EXPECT_TRUE(alone.glass.contains(alone.elements[i].rect));
-    const QPointF offset = layout.elements[i].rect.topLeft() - layout.glass.topLeft();
-    EXPECT_EQ(alone.elements[i].rect.topLeft() - alone.glass.topLeft(), offset);
-  }
-}
-
 INSTANTIATE_TEST_SUITE_P(Radios, BothLayouts, testing::Values(bc895Layout, bc245Layout));
-
-TEST(PanelLayout, BankKeysStandBelowTheirLetters) {
-  const PanelLayout layout = bc895Layout();
-  for (int i = 0; i < 10; ++i) {
-    const PanelKey& key = layout.keys[30 + i];
-    const DisplayElement& letter =
-        layout.elements[layout.elementIndex(QString("Bankltr(%1)").arg(i))];
-    EXPECT_EQ(key.caption, letter.ghost);
-    EXPECT_NEAR(key.rect.center().x(), letter.rect.center().x(), 0.1);
-    EXPECT_EQ(key.rect.y(), layout.keys[30].rect.y());
-  }
-}
-
-TEST(PanelLayout, ArrowKeysGoStraightWithinAGroup) {
-  const PanelLayout layout = bc895Layout();
-  const auto caption = [&layout](int from, Qt::Key arrow) {
-    return layout.keys[neighbourKey(layout, from, arrow)].caption;
-  };
-  EXPECT_EQ(caption(22, Qt::Key_Left), "4");
-  EXPECT_EQ(caption(22, Qt::Key_Right), "6");
-  EXPECT_EQ(caption(22, Qt::Key_Up), "2");
-  EXPECT_EQ(caption(22, Qt::Key_Down), "8");
-  EXPECT_EQ(caption(39, Qt::Key_Right), "CTCSS");  // from bank J over to the next group
-  EXPECT_EQ(caption(30, Qt::Key_Left), "A");       // the first key of all stays
-}
 
 }  // namespace
 }  // namespace tarnvex::desktop

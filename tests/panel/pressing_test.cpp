@@ -150,15 +150,6 @@ TEST_F(Pressing, ArrowsMoveTheRingAndOtherKeysGoToTheWindow) {
   EXPECT_TRUE(shown.takeLog().isEmpty());
 }
 
-TEST_F(Pressing, ClicksLeaveTheFocusWhereItWas) {
-  auto* page = new QWidget(&shown.window);
-  page->setFocusPolicy(Qt::StrongFocus);
-  page->show();
-  page->setFocus();
-  QTest::mouseClick(&panel, Qt::LeftButton, {}, key(0));
-  EXPECT_TRUE(page->hasFocus());
-}
-
 TEST_F(Pressing, HoverPressAndFocusShowOnTheKeyAlone) {
   panel.clearFocus();
   const QImage rest = shown.picture();

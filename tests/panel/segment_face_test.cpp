@@ -69,24 +69,6 @@ TEST_P(Segments, ShortTextsStandAtTheirEndOfTheRestingCells) {
   EXPECT_DOUBLE_EQ(face.line("1234567", "88888", true).width, 7 * kCellAdvance);
 }
 
-TEST_P(Segments, GhostLiesBehindEveryLitSegment) {
-  const QString all = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
-  for (const QChar character : all) {
-    const SegmentLine line = face.line(character, "", false);
-    EXPECT_TRUE(extent(line.unlit).adjusted(-0.01, -0.01, 0.01, 0.01).contains(extent(line.lit)))
-        << character.toLatin1();
-  }
-}
-
-TEST_P(Segments, PatternTellsGhostsApart) {
-  const auto pattern = [this](const char* text) {
-    return face.line(text, "888.8888", true).pattern;
-  };
-  EXPECT_EQ(pattern("155.1150"), pattern("460.0000"));
-  EXPECT_NE(pattern("155.1150"), pattern("4600.000"));
-  EXPECT_NE(pattern("155.1150"), pattern("Non-Active ID"));
-}
-
 INSTANTIATE_TEST_SUITE_P(Sources, Segments,
                          testing::Values(SegmentFace::Source::Installed,
                                          SegmentFace::Source::Drawn));

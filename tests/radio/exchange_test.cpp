@@ -29,12 +29,6 @@ TEST(Exchange, LiveReadingsStandAtTheirPositions) {
        "LL > LL01510000; LU > LU01620000");
 }
 
-TEST(Exchange, NothingOnTheAir) {
-  Radio radio;
-  radio.advance(50);
-  play(radio, "MA > NG; SQ > -; IC > NG; CT > CTF; LO > LOF; SG > S013*");
-}
-
 TEST(Exchange, SettingsReadBack) {
   Radio radio;
   play(radio,

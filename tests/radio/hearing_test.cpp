@@ -47,20 +47,6 @@ TEST(Hearing, PriorityTakesOver) {
   play(radio, "KEY05; MA > C001*");
 }
 
-TEST(Hearing, LevelRisesAndFalls) {
-  Radio radio;
-  radio.receive(1, 2000);
-  std::vector<int> levels;
-  for (int i = 0; i < 21; ++i) {
-    levels.push_back(std::stoi(part(radio.exchange("SG"), 2, 4)));
-    radio.advance(100);
-  }
-  EXPECT_LT(levels[0], levels[1]);
-  EXPECT_GE(levels[10], 21);
-  EXPECT_LT(levels[19], levels[10]);
-  EXPECT_EQ(levels[20], 13);
-}
-
 TEST(Hearing, SearchPassesOverWhatIsSkippedOrPassed) {
   Radio radio;
   radio.receive(1, 100000);
@@ -188,16 +174,6 @@ TEST(Scenes, LongJumpsMeetWhatShortStepsMeet) {
   once.advance(30000);
   for (int i = 0; i < 3000; ++i) often.advance(10);
   EXPECT_EQ(describe(once.state()), describe(often.state()));
-}
-
-TEST(Scenes, UnknownNamesChangeNothing) {
-  Radio radio;
-  EXPECT_FALSE(radio.playScene("storm"));
-  EXPECT_FALSE(radio.setMode("MD14"));
-  EXPECT_FALSE(radio.receive(10, 1000)) << "an empty channel";
-  EXPECT_FALSE(radio.receive(301, 1000));
-  EXPECT_FALSE(radio.talk("x", 1000));
-  EXPECT_EQ(radio.scene(), "quiet");
 }
 
 }  // namespace

@@ -48,13 +48,6 @@ TEST(Keys, EntriesGoWhereTheyBelong) {
        "KEY13H; KEY21 D; KEY04; KEY02 8; KEY02 6; KEY02 0; KEY04; PM095 > PM095 08600000 TN*"});
 }
 
-TEST(Keys, AnEntryEndsWithAnyOtherMode) {
-  Radio radio;
-  play(radio,
-       "KEY01; KEY02 3; KEY00; KEY01; KEY02 2; KEY04; MA > C002*; KEY02 1 > OK; KEY03 > OK; "
-       "KEY03 > ERR");
-}
-
 TEST(Keys, TheKnobStepsWhatStandsStill) {
   Radio radio;
   play(radio,

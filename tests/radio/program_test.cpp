@@ -109,14 +109,6 @@ TEST(Program, IsSteeredThroughItsInput) {
   EXPECT_EQ(program.end(), 0);
 }
 
-TEST(Program, RefusesWhatItCannotDo) {
-  for (const auto& [argument, value] : std::vector<std::pair<std::string, std::string>>{
-           {"--mode", "MD99"}, {"--model", "bc1"}, {"--link", "/nowhere/at/all"}}) {
-    Program program({argument, value});
-    EXPECT_GT(program.end(), 0) << argument;
-  }
-}
-
 TEST(Program, ThePlanInTheRepositoryIsUpToDate) {
   const std::string path = linkPath() + ".tvf";
   Program program({"--write-plan", path});

@@ -36,20 +36,6 @@ TEST(Trunking, IdsAreKeyedIntoSlots) {
   }
 }
 
-TEST(Trunking, AllFiftySlotsOfABank) {
-  Radio radio;
-  play(radio, "KEY13");
-  for (char group = 'A'; group <= 'E'; ++group) {
-    for (const char slot : std::string("1234567890")) {
-      radio.exchange(std::string("IC ") + group + slot);
-      play(radio, keysOf(std::string("3") + slot + std::to_string(group - 'A')));
-    }
-  }
-  play(radio,
-       "IC A0 > IC A0 000300; IC E9 > IC E9 000394; IC F1 > ERR; IS > IS ABCE; KEY00 > OK; "
-       "KEY21 D > OK; IS > IS ABCDE; KEY00 > OK; MD > MD09");
-}
-
 TEST(Trunking, BanksTakeTurnsInAMultiscan) {
   Radio radio;
   play(radio, "MD > MD00; KEY13 > OK; KEY21 H > OK; KEY00 > OK; IS > IS AB; MD > MD09");
@@ -97,15 +83,6 @@ TEST(TrunkingBc245, Type1TakesIdsOfMappedBlocksOnly) {
   play(radio,
        "IC A1 000-12 > OK; IC A2 100-12 > ERR; IC A3 700-1 > OK; IC A4 800-1 > ERR; "
        "IC A5 000-16 > ERR");
-}
-
-TEST(TrunkingBc245, AChannelIsUploadedIntoANewSystem) {
-  Radio radio(Model::BC245XLT);
-  play(radio,
-       "KEY13H > OK; KEY02 10 > OK; KEY04 > OK; TB > TB J E2-800; KEY13 > OK; "
-       "TR J 4 04500000 0005 > OK; KEY13H > OK; KEY02 10 > OK; TB > TB J E2-UHF; KEY04 > OK; "
-       "PM271 04510000 > OK; KEY13 > OK; MA271 > C271 F04510000 TN DF LN AF RF NNG; DLN > DLN; "
-       "LOF > LOF; ARF > ARF; MD > MD01");
 }
 
 TEST(TrunkingBc245, ScanGroupsAreSetWithAndWithoutABlank) {

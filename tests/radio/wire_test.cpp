@@ -134,21 +134,6 @@ TEST_F(WireTest, AnotherBaudRateIsNotHeard) {
   EXPECT_EQ(port.read(), "MD00\r");
 }
 
-TEST_F(WireTest, HeldIdsAreStreamed) {
-  Wire wire(radio_, options(), Instant{0});
-  Port port(wire.path());
-  control(wire, "mode MD08");
-  EXPECT_EQ(control(wire, "talk 1616 5"), "ok\n");
-  hand(wire, port, "IDN\r", Instant{0});
-  EXPECT_EQ(port.read(), "IDN\r");
-  EXPECT_EQ(wire.deadline(Instant{0}), milliseconds(30));
-  wire.due(milliseconds(30));
-  EXPECT_EQ(port.read(), "ID S 001616\r");
-  control(wire, "silence on");
-  wire.due(milliseconds(400));
-  EXPECT_EQ(port.read(), "");
-}
-
 TEST_F(WireTest, UnpluggedAndPluggedInAgain) {
   Wire wire(radio_, options(), Instant{0});
   {
