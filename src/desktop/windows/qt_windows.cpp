@@ -86,15 +86,15 @@ void QtWindows::closeQuickView() {
 }
 
 void QtWindows::openNotice(const std::string& caption, const std::string& text) {
+  delete notice_;
   notice_ = makeNotice(toScreen(caption), toScreen(text), nullptr);
   notice_->show();
 }
 
+/// At once: the core is never on the stack of a notice, and one exchange may follow on another
+/// before the loop gets round to deleting it.
 void QtWindows::closeNotice() {
-  if (notice_) {
-    notice_->hide();
-    notice_->deleteLater();
-  }
+  delete notice_;
 }
 
 void QtWindows::openDialog(memory::ApfForm& form, bool modal) {
