@@ -61,7 +61,8 @@ TEST(Help, LinksAndPicturesLeadSomewhereAndNoneIsLeftOver) {
     const QString fine = QString(picture).replace(".png", "@2x.png");
     files << picture << fine;
     const QImage coarse(kManual.filePath(picture));
-    EXPECT_EQ(QImage(kManual.filePath(fine)).size(), coarse.size() * 2) << picture.toStdString();
+    const QSize excess = QImage(kManual.filePath(fine)).size() - coarse.size() * 2;
+    EXPECT_LE(std::abs(excess.width()) + std::abs(excess.height()), 4) << picture.toStdString();
   }
   QStringList present = QDir(kManual.filePath("pictures")).entryList(QDir::Files);
   std::ranges::transform(present, present.begin(),

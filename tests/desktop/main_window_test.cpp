@@ -132,6 +132,19 @@ TEST_F(Bc895Window, ConnectsAndKeepsHitListsAndLimits) {
   QTest::mouseClick(hits.viewport(), Qt::LeftButton, {},
                     hits.visualItemRect(hits.item(0)).center());
   EXPECT_EQ(form.MSFlexGrid1.textMatrix(1, 1), "155.1150");
+  // By keyboard: an arrow only chooses the line, the blank clicks it.
+  form.List1.add("151.6250 two");
+  form.MSFlexGrid1.userMoveTo(5, 1);
+  openTab(3);
+  hits.setFocus();
+  QTest::keyClick(&hits, Qt::Key_Down);
+  EXPECT_EQ(form.List1.text(), "151.6250 two");
+  EXPECT_NE(form.MSFlexGrid1.textMatrix(5, 1), "151.6250");
+  QTest::keyClick(&hits, Qt::Key_Space);
+  EXPECT_EQ(form.MSFlexGrid1.textMatrix(5, 1), "151.6250");
+  form.List1.clear();
+  form.List1.add("155.1150 one");
+  EXPECT_TRUE(hits.selectedItems().isEmpty());
 
   openTab(2);
   auto& limit = find<QLineEdit>("LLimit");

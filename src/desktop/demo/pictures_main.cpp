@@ -1,6 +1,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QBitmap>
 #include <QDeadlineTimer>
 #include <QFile>
 #include <QListWidget>
@@ -71,6 +72,9 @@ class Photographer {
     return panel != nullptr && panel->caption().find(text) != std::string::npos;
   }
   static QWidget* window(const QString& name);
+  [[nodiscard]] bool isUpright() const {
+    return dynamic_cast<tarnvex::shell::Form2*>(form()) != nullptr;
+  }
   /// What the user does.
   void show(Tab tab) const {
     form()->SSTab1.setTab(tab);
@@ -96,6 +100,7 @@ class Photographer {
   /// As wide as the help shows it.
   static constexpr int kWidth = 720;
   static constexpr int kHeight = 450;
+  static constexpr QSize kUpright{840, 600};
   static constexpr int kTableHeight = 240;
 
   Program& program_;
@@ -161,7 +166,7 @@ void Photographer::listShots() {
   const auto nothing = [] {};
   const auto always = [] { return true; };
   const auto isDesk = [this] { return dynamic_cast<tarnvex::shell::Form4*>(form()) != nullptr; };
-  const auto isHand = [this] { return dynamic_cast<tarnvex::shell::Form2*>(form()) != nullptr; };
+  const auto isHand = [this] { return isUpright(); };
   const auto stands = [](const char* name) { return [name] { return window(name) != nullptr; }; };
   const auto dialog = [](const char* name) { return [name] { return window(name); }; };
   const auto frame = [this](const char* control) {
@@ -212,8 +217,8 @@ void Photographer::listShots() {
        stands("QuickView"), dialog("QuickView")},
       {"bc245-panel", "become bc245\nscene quiet\nmode MD00\nreception 61 90", tagged("Airport"),
        page(kOptions), always, panel},
-      {"bc245-options", "", isHand, nothing, always, frame("Check1")},
-      {"speed-enhancement", "", isHand, [this] { tickBanks(); }, always, frame("Option5")},
+      {"bc245-options", "", isHand, nothing, always, frame("Check1"), 285},
+      {"speed-enhancement", "", isHand, [this] { tickBanks(); }, always, frame("Option5"), 100},
       {"fleet-map", "", isHand, [this] { choose("mnuCustom"); }, stands("Form5"), dialog("Form5")},
       {"download-ids", "", isHand,
        [this] {
@@ -255,7 +260,8 @@ void Photographer::look() {
 /// Whether the main window has its size; a window that has just come may have missed it.
 bool Photographer::isSized() const {
   auto* window = program_.windows.mainWindow();
-  const QSize wanted = QSize(kWidth, kHeight).expandedTo(window->minimumSizeHint());
+  const QSize wanted =
+      (isUpright() ? kUpright : QSize(kWidth, kHeight)).expandedTo(window->minimumSizeHint());
   if (window->size() == wanted) {
     return true;
   }
@@ -282,6 +288,12 @@ void Photographer::save(const Shot& shot) {
     widget->resize(widget->sizeHint());
   }
   QPixmap picture = widget->grab();
+  if (widget->objectName() == QLatin1String("panel")) {
+    // Nothing but the radio, for pages of any colour.
+    picture.fill(Qt::transparent);
+    widget->render(&picture, {}, {}, QWidget::DrawChildren);
+    picture = picture.copy(QRegion(picture.mask()).boundingRect());
+  }
   if (shot.height > 0) {
     picture = picture.copy(0, 0, picture.width(), int(shot.height * picture.devicePixelRatio()));
   }

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QColorDialog>
+#include <QGridLayout>
 #include <QInputDialog>
 
 #include "desktop/ports/colour.h"
@@ -56,6 +57,15 @@ Answer answerOf(int button, int flags) {
   }
 }
 
+/// Wide enough for the title beside the window's own buttons; a short question is narrower.
+void makeRoomForTitle(QMessageBox& box) {
+  const QFontMetrics metrics(box.font());
+  const int width = metrics.horizontalAdvance(box.windowTitle()) + metrics.height() * 10;
+  if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+  }
+}
+
 }  // namespace
 
 Answer QtDialogs::messageBox(const std::string& text, const std::string& title,
@@ -68,6 +78,7 @@ Answer QtDialogs::messageBox(const std::string& text, const std::string& title,
                                                     buttonsOf(flags), windowInUse());
   box->setObjectName(QStringLiteral("messageBox"));
   box->setTextFormat(Qt::PlainText);
+  makeRoomForTitle(*box);
   int button = QMessageBox::NoButton;
   bool finished = false;
   QObject::connect(box, &QMessageBox::finished, [&](int result) {
@@ -101,6 +112,7 @@ std::string QtDialogs::inputBox(const std::string& prompt, const std::string& ti
   box->setObjectName(QStringLiteral("inputBox"));
   box->setWindowTitle(toScreen(title));
   box->setLabelText(toScreen(prompt));
+  box->resize(box->fontMetrics().averageCharWidth() * 48, box->sizeHint().height());
   std::string line;
   if (accepted(box.data())) {
     bool dropped = false;

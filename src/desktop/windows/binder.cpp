@@ -1,5 +1,6 @@
 #include "desktop/windows/binder.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPointer>
@@ -87,6 +88,12 @@ void showLines(QListWidget* widget, const platform::ListBox& model) {
       widget->item(i)->setText(text);
     }
   }
+}
+
+/// -1 if none is.
+int selectedRow(const QListWidget* widget) {
+  const auto selected = widget->selectedItems();
+  return selected.isEmpty() ? -1 : widget->row(selected.first());
 }
 
 /// All in one, since line by line takes a time that grows with the square of their number.
@@ -211,13 +218,33 @@ void Binder::bind(QComboBox* widget, platform::ComboBox& model, const QString& n
 
 void Binder::bind(QListWidget* widget, platform::ListBox& model, const char* name) {
   bindControl(widget, model, QLatin1String(name));
-  const auto show = [widget, &model] { showLines(widget, model); };
+  const auto show = [widget, &model] {
+    const QSignalBlocker silent(widget);
+    showLines(widget, model);
+    if (selectedRow(widget) != model.listIndex()) {
+      widget->setCurrentRow(model.listIndex());
+    }
+  };
   show();
   keep(model.changed.connect(show));
+  // Also by an arrow key or the right button: a menu of the list is about the line that is lit.
+  QObject::connect(widget, &QListWidget::itemSelectionChanged, widget, [this, widget, &model] {
+    if (const int row = selectedRow(widget); row >= 0) {
+      gate_.enter([&model, row] { model.setListIndex(row); });
+    }
+  });
+  const auto click = [this, &model](int row) {
+    gate_.enter([&model, row] { model.userClick(row); });
+  };
   QObject::connect(widget, &QListWidget::itemClicked, widget,
-                   [this, widget, &model](QListWidgetItem* item) {
-                     gate_.enter([&model, row = widget->row(item)] { model.userClick(row); });
-                   });
+                   [click, widget](QListWidgetItem* item) { click(widget->row(item)); });
+  // The blank is the keyboard's click.
+  auto* press = new QAction(widget);
+  press->setShortcut(Qt::Key_Space);
+  press->setShortcutContext(Qt::WidgetShortcut);
+  widget->addAction(press);
+  QObject::connect(press, &QAction::triggered, widget,
+                   [click, widget] { click(selectedRow(widget)); });
   widget->setContextMenuPolicy(Qt::CustomContextMenu);
   QObject::connect(widget, &QListWidget::customContextMenuRequested, widget,
                    [this, &model] { gate_.enter([&model] { model.userRightPress(); }); });

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QMenu>
+#include <algorithm>
 
 namespace tarnvex::desktop {
 
@@ -41,7 +42,13 @@ void ComOption::openMenu(const QPoint& where) {
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
   const QString current = devices_.device(slot_);
-  for (const auto& port : DeviceSlots::foundPorts()) {
+  auto ports = DeviceSlots::foundPorts();
+  const bool found =
+      std::ranges::any_of(ports, [&](const auto& port) { return port.path == current; });
+  if (!found && !current.isEmpty()) {
+    ports.push_front({current, {}});
+  }
+  for (const auto& port : ports) {
     const QString text = port.description.isEmpty()
                              ? port.path
                              : port.path + QStringLiteral(" (%1)").arg(port.description);
@@ -52,9 +59,9 @@ void ComOption::openMenu(const QPoint& where) {
   }
   menu->addSeparator();
   menu->addAction(tr("Other device..."), this, [this] { askForPath(); });
-  QAction* found = menu->addAction(tr("Any device found"));
-  chooseOn(found, {});
-  found->setEnabled(devices_.isNamed(slot_));
+  QAction* any = menu->addAction(tr("Any device found"));
+  chooseOn(any, {});
+  any->setEnabled(devices_.isNamed(slot_));
   menu->popup(where);
 }
 
@@ -71,6 +78,7 @@ void ComOption::askForPath() {
   dialog->setWindowTitle(text());
   dialog->setLabelText(tr("Path of the serial device:"));
   dialog->setTextValue(devices_.device(slot_));
+  dialog->resize(dialog->fontMetrics().averageCharWidth() * 60, dialog->sizeHint().height());
   const auto take = [this](const QString& path) {
     if (!path.trimmed().isEmpty()) {
       choose(path.trimmed());

@@ -91,6 +91,7 @@ HelpWindow::HelpWindow(const QString& folder)
   const int textWidth = std::max(text_->minimumWidth(), metrics.averageCharWidth() * 110);
   splitter->setSizes({listWidth, textWidth});
   resize(listWidth + textWidth, metrics.height() * 40);
+  colourLinks();
   readPages();
   listPages();
   connect(search_, &QLineEdit::textChanged, this, [this] { listPages(); });
@@ -106,6 +107,24 @@ void HelpWindow::readPages() {
     QTextDocument page;
     page.setHtml(readFile(folder_ + QLatin1Char('/') + link.captured(1)));
     pages_.push_back({link.captured(1), link.captured(2), page.toPlainText()});
+  }
+}
+
+/// Many a dark palette keeps the dark blue of a light one.
+void HelpWindow::colourLinks() {
+  const bool dark = palette().base().color().lightness() < 128;
+  QColor link = palette().link().color();
+  if (dark && link.lightness() < 160) {
+    link.setHsl(link.hslHue(), link.hslSaturation(), 190);
+  }
+  text_->document()->setDefaultStyleSheet(QStringLiteral("a { color: %1 }").arg(link.name()));
+}
+
+void HelpWindow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) {
+    colourLinks();
+    text_->reload();
   }
 }
 

@@ -21,6 +21,9 @@ class HelpWindow : public QWidget {
 
   void present(shell::HelpView view);
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
   struct Page {
     QString file;
@@ -28,6 +31,7 @@ class HelpWindow : public QWidget {
     QString words;
   };
 
+  void colourLinks();
   void readPages();
   void listPages();
   void open(const QListWidgetItem* item);
