@@ -15,6 +15,9 @@
 
 namespace tarnvex::test {
 
+/// Where a widget stands, by the names of those that it stands in.
+QString describeWidget(const QWidget* widget);
+
 /// A user without a plan: clicks, types, drags and closes whatever the windows offer, while the
 /// radio changes its mode, its model and its manners. Events go to the windows as the window system
 /// delivers them, so what is covered or blocked can't be reached. It acts wherever the program lets
