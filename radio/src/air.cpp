@@ -61,9 +61,8 @@ void Air::start(Station& station) {
 
 Millis Air::vary(Millis length) {
   if (jitter_ <= 0) return length;
-  // Not a standard distribution: those differ between libraries, and a seed would mean little.
-  const double unit = static_cast<double>(random_() >> 11) / 9007199254740992.0;
-  return std::max<Millis>(1, static_cast<Millis>(length * (1 + jitter_ * (2 * unit - 1))));
+  const double factor = 1 + jitter_ * (2 * chance_.fraction() - 1);
+  return std::max<Millis>(1, static_cast<Millis>(length * factor));
 }
 
 }  // namespace tarnvex::radio

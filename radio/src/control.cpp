@@ -97,19 +97,19 @@ std::string replug(Request& request) {
 std::string baud(Request& request) {
   const auto value = number(request, 0);
   if (!value || *value < 0 || *value > 1e6) return refuse("a baud rate");
-  request.wire.setBaud(static_cast<int>(*value));
+  request.wire.line().setBaud(static_cast<int>(*value));
   return kDone;
 }
 
 std::string think(Request& request) {
   const auto value = number(request, 0);
   if (!value || *value < 0 || *value > 1e5) return refuse("milliseconds");
-  request.wire.setThink(Instant{static_cast<std::int64_t>(*value * 1e6)});
+  request.wire.line().setThink(Instant{static_cast<std::int64_t>(*value * 1e6)});
   return kDone;
 }
 
 std::string clearFaults(Request& request) {
-  request.wire.faults().clear();
+  request.wire.line().faults().clear();
   return kDone;
 }
 
@@ -149,11 +149,13 @@ std::string control(Wire& wire, std::string_view line, Instant now, bool& quit) 
   const std::size_t blank = line.find(' ');
   const std::string_view word = line.substr(0, blank);
   const std::string_view rest = blank == std::string_view::npos ? "" : line.substr(blank + 1);
+  if (Faults::isFault(word)) {
+    return wire.line().faults().set(line) ? kDone : refuse("see help");
+  }
   Request request{wire, rest, {}, now, quit};
   std::istringstream words{std::string(rest)};
-  for (std::string each; words >> each;) request.arguments.push_back(each);
-  if (wire.faults().isFault(word)) {
-    return wire.faults().set(word, request.arguments) ? kDone : refuse("see help");
+  for (std::string each; words >> each;) {
+    request.arguments.push_back(each);
   }
   for (const Word& known : kWords) {
     if (known.word == word) return known.act(request);
@@ -163,28 +165,46 @@ std::string control(Wire& wire, std::string_view line, Instant now, bool& quit) 
 
 std::string_view controlHelp() {
   return "scene NAME             quiet, city, busy, steady, tour\n"
-         "mode MDxx              changes the mode at the radio\n"
+         "mode MDxx              change the mode at the radio\n"
          "become bc895|bc245     another radio on the same line\n"
          "tempo X                speed of the scene\n"
          "reception CHANNEL S    a transmission on that channel for S seconds\n"
-         "talk ID S              a transmission of that talkgroup\n"
+         "talk ID S              a transmission of that talkgroup for S seconds\n"
          "state                  what the radio is doing, as key=value lines\n"
-         "silence on|off         no replies\n"
-         "silence after N        no replies after N more\n"
-         "delay MS [N]           the next N replies are late\n"
-         "cut N                  the next reply loses its CR and N characters\n"
-         "garble [N]             noise in the next N replies\n"
-         "8bit [N]               top bits set in the next N replies\n"
-         "wrong-length [N]       the next reply is longer or, below 0, shorter\n"
-         "join                   the next reply comes twice, in one piece\n"
-         "split                  the next reply comes in two pieces\n"
-         "stray TEXT             a line that nobody asked for\n"
-         "clear                  no more faults\n"
-         "hangup                 unplugs the radio\n"
-         "replug                 plugs it in again\n"
+         "stray TEXT             send TEXT now, unasked\n"
+         "hangup | replug        unplug the radio; plug it in again\n"
          "baud N                 line speed; 0 for no pacing\n"
          "think MS               time from a command to its reply\n"
-         "quit\n";
+         "quit\n"
+         "\n"
+         "Faults of replies. WHEN is nothing (the next reply), N (the next N) or \"every N\"\n"
+         "(one in N, by chance):\n"
+         "wrong-length [N [WHEN]]  N characters longer or, below 0, shorter (-3)\n"
+         "garble [WHEN]          every third character is another one\n"
+         "8bit [WHEN]            the top bit of every character is set\n"
+         "cut N [WHEN]           the CR and N characters before it are lost\n"
+         "delay MS [WHEN]        late\n"
+         "join [WHEN]            twice, in one piece\n"
+         "split [WHEN]           in two halves, 50 ms apart\n"
+         "slow [WHEN]            one byte each 20 ms\n"
+         "\n"
+         "Lines that nobody asked for, around the replies:\n"
+         "stream N               in one exchange of N, at any moment, the ID line of the ID\n"
+         "                       modes, while the program has asked for such lines\n"
+         "extra WHAT [WHERE] [HOW] [WHEN]\n"
+         "  WHAT   id (the ID line), stream (the same, if asked for), echo (of the command),\n"
+         "         copy (of the reply), previous (the reply to another command), noise,\n"
+         "         flood [BYTES] (without an end, 65536 bytes), text TEXT (must come last)\n"
+         "  WHERE  before (between command and reply), after (directly after the reply),\n"
+         "         late MS (that long after the command), anywhere (one of these, by chance)\n"
+         "  HOW    joined (in one piece with the reply), cut (without CR), 8bit, slow\n"
+         "\n"
+         "The line as a whole:\n"
+         "noise PERCENT [lost|doubled|changed]\n"
+         "                       share of all bytes that is spoilt; 0 for none\n"
+         "silence on|off         nothing is sent at all\n"
+         "silence after N        nothing more after N replies\n"
+         "clear                  no more faults\n";
 }
 
 }  // namespace tarnvex::radio

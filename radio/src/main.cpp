@@ -28,8 +28,11 @@ int run(const Options& options) {
     std::fprintf(stderr, "tarnvex-radio: no such mode: %s\n", options.mode.c_str());
     return 2;
   }
-  if (options.wire.baud > 0) preferTiming();
+  if (options.wire.line.baud > 0) preferTiming();
   Wire wire(radio, options.wire, clockNow());
+  for (const std::string& fault : options.faults) {
+    wire.line().faults().set(fault);
+  }
   runWire(wire, options.control);
   return 0;
 }

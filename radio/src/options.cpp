@@ -29,6 +29,11 @@ void setScene(Options& options, const std::string& text) {
   options.scene = text;
 }
 
+void addFault(Options& options, const std::string& text) {
+  if (!Faults().set(text)) throw std::invalid_argument("not a fault: " + text);
+  options.faults.push_back(text);
+}
+
 using Setter = std::function<void(Options&, const std::string&)>;
 
 const std::map<std::string, Setter, std::less<>>& setters() {
@@ -38,20 +43,23 @@ const std::map<std::string, Setter, std::less<>>& setters() {
       {"--mode", [](Options& o, const std::string& text) { o.mode = text; }},
       {"--link", [](Options& o, const std::string& text) { o.wire.link = text; }},
       {"--log", [](Options& o, const std::string& text) { o.wire.log = text; }},
+      {"--fault", addFault},
+      {"--stream", [](Options& o, const std::string& text) { addFault(o, "stream " + text); }},
       {"--write-plan", [](Options& o, const std::string& text) { o.writePlan = text; }},
       {"--seed",
        [](Options& o, const std::string& text) {
          o.seed = static_cast<std::uint64_t>(numberIn("--seed", text, 0, 1e15));
+         o.wire.line.seed = o.seed;
        }},
       {"--tempo",
        [](Options& o, const std::string& text) { o.tempo = numberIn("--tempo", text, 0, 1000); }},
       {"--baud",
        [](Options& o, const std::string& text) {
-         o.wire.baud = static_cast<int>(numberIn("--baud", text, 0, 1e6));
+         o.wire.line.baud = static_cast<int>(numberIn("--baud", text, 0, 1e6));
        }},
       {"--think-ms",
        [](Options& o, const std::string& text) {
-         o.wire.think =
+         o.wire.line.think =
              Instant{static_cast<std::int64_t>(numberIn("--think-ms", text, 0, 1e5) * 1e6)};
        }},
   };
@@ -97,11 +105,17 @@ std::string_view usage() {
          "  --scene NAME         what is on the air: quiet, city, busy, steady, tour (city)\n"
          "  --mode MDxx          the mode to start in (MD00)\n"
          "  --tempo X            speed of the scene (1)\n"
-         "  --seed N             another course of the same scene (1)\n"
+         "  --seed N             another course of the same scene and faults (1)\n"
          "  --link PATH          keep a symbolic link to the terminal there\n"
          "  --baud N             line speed; 0 for no pacing (9600)\n"
          "  --any-baud           answer whatever baud rate the terminal is set to\n"
          "  --think-ms X         time from a command to its reply (3; 0 if unpaced)\n"
+         "  --stream N           in one exchange of N, send an ID line at any moment, also "
+         "between\n"
+         "                       command and reply, while the program has asked for such lines\n"
+         "  --fault LINE         start with that fault, such as \"noise 1\" or \"extra echo every "
+         "5\";\n"
+         "                       can be given several times; \"help\" of --control lists them\n"
          "  --log FILE           log every line; - for standard error\n"
          "  --control            take control lines from standard input; \"help\" lists them\n"
          "  --write-plan FILE    write a plan that matches the radio's memory, and end\n";

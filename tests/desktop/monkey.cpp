@@ -116,12 +116,14 @@ void Monkey::act() {
 }
 
 void Monkey::trouble() {
-  const QStringList faults = {"cut 0", "cut 2", "garble 1",    "garble 20",      "8bit 3",
-                              "join",  "split", "delay 400 2", "wrong-length 4", "wrong-length -2"};
+  const QStringList faults = {
+      "cut 0", "cut 2",      "garble 1",          "garble 20",          "8bit 3",
+      "join",  "split",      "delay 400 2",       "wrong-length 4",     "wrong-length -2",
+      "slow",  "extra echo", "extra id before 3", "extra copy late 30", "extra noise after"};
   switch (roll(12)) {
     case 0:
       note("silence");
-      line_.faults.set("silence", {"after", std::to_string(roll(30))});
+      line_.line.faults().set("silence after " + std::to_string(roll(30)));
       break;
     case 1:
       note("hang-up");
@@ -131,13 +133,9 @@ void Monkey::trouble() {
     case 3:
     case 4:
     case 5: {
-      const QStringList words = pick(faults).split(' ');
-      std::vector<std::string> arguments;
-      for (const QString& word : words.mid(1)) {
-        arguments.push_back(word.toStdString());
-      }
-      note("fault " + words.join(' '));
-      line_.faults.set(words[0].toStdString(), arguments);
+      const QString fault = pick(faults);
+      note("fault " + fault);
+      line_.line.faults().set(fault.toStdString());
       break;
     }
     case 6:
@@ -209,7 +207,7 @@ void Monkey::annoyWindow() {
 void Monkey::recover() {
   note("connect");
   line_.plugIn();
-  line_.faults.clear();
+  line_.line.faults().clear();
   line_.anyBaud = true;
   const char* name = form()->MSComm1->commPort() > 2 ? "Option1" : "Command3";
   if (auto* button = program_.windows.mainWindow()->findChild<QAbstractButton*>(name)) {
@@ -235,7 +233,7 @@ void Monkey::leave() {
     note("calms down");
     calmTicks_ = 0;
     patience_.setRemainingTime(kPatienceMilliseconds);
-    line_.faults.clear();
+    line_.line.faults().clear();
     line_.radio.playScene("quiet");
     line_.radio.setMode("MD00");
     recover();

@@ -5,9 +5,9 @@
 namespace tarnvex::test {
 namespace {
 
-constexpr radio::Millis kExchange = 8;
-constexpr radio::Millis kLook = 10;
-constexpr int kSpinsPerLook = static_cast<int>(kLook) * 1000 / platform::kSpinMicroseconds;
+constexpr std::chrono::milliseconds kExchange{8};
+constexpr std::chrono::milliseconds kLook{10};
+constexpr int kSpinsPerLook = static_cast<int>(kLook.count()) * 1000 / platform::kSpinMicroseconds;
 
 }  // namespace
 
@@ -28,7 +28,7 @@ class NoisyPort : public platform::SerialPort {
     open_ = true;
     plug_ = line_.plugged_;
     line_.waiting_.clear();
-    line_.under_way_.clear();
+    line_.line.dropAll();
     return std::nullopt;
   }
   void close() override { open_ = false; }
@@ -45,7 +45,8 @@ class NoisyPort : public platform::SerialPort {
     if (usable()) {
       line_.pass(kExchange);
       if (line_.anyBaud || settings_.starts_with("9600,")) {
-        line_.answer(text);
+        line_.line.toRadio(text, line_.clock_);
+        line_.pass({});
       }
     }
   }
@@ -81,33 +82,9 @@ std::unique_ptr<platform::SerialPort> NoisyLine::create() {
   return std::make_unique<NoisyPort>(*this);
 }
 
-void NoisyLine::answer(std::string_view text) {
-  for (std::size_t end = 0; (end = text.find('\r')) != std::string_view::npos;) {
-    send(faults.apply(radio.exchange(text.substr(0, end)) + '\r'));
-    text.remove_prefix(end + 1);
-  }
-  pass(0);
-}
-
-void NoisyLine::send(const std::vector<radio::OutgoingPart>& parts) {
-  for (const auto& part : parts) {
-    const auto delay = std::chrono::duration_cast<std::chrono::milliseconds>(part.delay).count();
-    under_way_.push_back({clock_ + delay, part.bytes});
-  }
-}
-
-void NoisyLine::pass(radio::Millis time) {
+void NoisyLine::pass(radio::Instant time) {
   clock_ += time;
-  radio.advance(time);
-  for (const std::string& line : radio.unsolicited()) {
-    if (!faults.isSilent()) {
-      stray(line);
-    }
-  }
-  while (!under_way_.empty() && under_way_.front().due <= clock_) {
-    waiting_ += under_way_.front().bytes;
-    under_way_.pop_front();
-  }
+  waiting_ += line.fromRadio(clock_);
 }
 
 }  // namespace tarnvex::test

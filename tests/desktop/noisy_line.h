@@ -1,12 +1,11 @@
 #pragma once
 
-#include <deque>
 #include <functional>
 
 #include "platform/event_gate.h"
 #include "platform/serial_port.h"
-#include "radio/faults.h"
 #include "radio/radio.h"
+#include "radio/serial_line.h"
 
 namespace tarnvex::test {
 
@@ -14,7 +13,8 @@ namespace tarnvex::test {
 /// that of the exchanges and waits: a silent radio costs none of ours.
 class NoisyLine : public platform::SerialPorts {
  public:
-  explicit NoisyLine(radio::Model model, std::uint64_t seed) : radio(model, seed) {}
+  explicit NoisyLine(radio::Model model, std::uint64_t seed)
+      : radio(model, seed), line(radio, {.baud = 0, .seed = seed}, {}) {}
   std::unique_ptr<platform::SerialPort> create() override;
 
   /// Before the first wait: what a wait for bytes does so that the window lives on, and whether the
@@ -25,28 +25,21 @@ class NoisyLine : public platform::SerialPorts {
   void hangUp() { plugged_ = 0; }
   void plugIn() { plugged_ = ++plugs_; }
   /// A line that nobody asked for.
-  void stray(const std::string& text) { send({{text + '\r', {}, true}}); }
+  void stray(const std::string& text) { line.stray(text, clock_); }
 
   /// Else the radio hears 9600 baud only.
   bool anyBaud = false;
   radio::Radio radio;
-  radio::Faults faults;
+  radio::SerialLine line;
 
  private:
   friend class NoisyPort;
-  struct Piece {
-    radio::Millis due;
-    std::string bytes;
-  };
-  void send(const std::vector<radio::OutgoingPart>& parts);
-  void answer(std::string_view text);
-  void pass(radio::Millis time);
+  void pass(radio::Instant time);
 
   int plugs_ = 1;
   /// Number of the plugging-in; 0 while unplugged.
   int plugged_ = 1;
-  radio::Millis clock_ = 0;
-  std::deque<Piece> under_way_;
+  radio::Instant clock_{};
   std::string waiting_;
 };
 

@@ -69,7 +69,7 @@ class WireTest : public testing::Test {
   ~WireTest() override { std::filesystem::remove(link_); }
   WireOptions options(int baud = 0) const {
     WireOptions options;
-    options.baud = baud;
+    options.line.baud = baud;
     options.link = link_;
     return options;
   }
@@ -193,8 +193,8 @@ TEST(Options, AreReadOrRefused) {
   const Options options = parseOptions({"--model", "bc245", "--baud", "0", "--think-ms", "1.5",
                                         "--tempo", "2", "--any-baud", "--control"});
   EXPECT_EQ(options.model, Model::BC245XLT);
-  EXPECT_EQ(options.wire.baud, 0);
-  EXPECT_EQ(options.wire.think, Instant{1500000});
+  EXPECT_EQ(options.wire.line.baud, 0);
+  EXPECT_EQ(options.wire.line.think, Instant{1500000});
   EXPECT_TRUE(options.wire.anyBaud && options.control);
   for (const std::vector<std::string>& wrong : std::vector<std::vector<std::string>>{
            {"--modell"}, {"--model"}, {"--model", "x"}, {"--baud", "fast"}, {"--scene", "x"}}) {

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <random>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "radio/chance.h"
 #include "radio/memory.h"
 
 namespace tarnvex::radio {
@@ -47,7 +47,7 @@ int levelAt(const Transmission& transmission, Millis now);
 /// give the same transmissions.
 class Air {
  public:
-  explicit Air(std::uint64_t seed) : random_(seed) {}
+  explicit Air(std::uint64_t seed) : chance_(seed) {}
 
   /// Replaces all stations. Lengths and gaps vary by up to the fraction `jitter`.
   void play(std::span<const Source> sources, double jitter, Millis now);
@@ -64,7 +64,7 @@ class Air {
   void start(Station& station);
   Millis vary(Millis length);
 
-  std::mt19937_64 random_;
+  Chance chance_;
   double jitter_ = 0;
   std::uint64_t serial_ = 0;
   std::vector<Station> stations_;

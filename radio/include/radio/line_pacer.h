@@ -24,7 +24,8 @@ class LinePacer {
 
   void setBaud(int baud) { baud_ = baud; }
   void setThink(Instant think) { think_ = think; }
-  int baud() const { return baud_; }
+  [[nodiscard]] int baud() const { return baud_; }
+  [[nodiscard]] Instant think() const { return think_; }
 
   /// `count` bytes were taken from the sender at `now`; returns when the last one has come in.
   Instant arrive(Instant now, std::size_t count);

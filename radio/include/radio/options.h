@@ -19,7 +19,8 @@ struct Options {
   double tempo = 1;
   bool control = false;
   bool help = false;
-  std::string writePlan;  ///< write the demo plan to this file, and end
+  std::vector<std::string> faults;  ///< lines for Faults::set()
+  std::string writePlan;            ///< write the demo plan to this file, and end
   WireOptions wire;
 };
 

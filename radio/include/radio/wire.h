@@ -5,28 +5,21 @@
 #include <string>
 #include <string_view>
 
-#include "radio/faults.h"
 #include "radio/line_log.h"
-#include "radio/line_pacer.h"
 #include "radio/pseudo_terminal.h"
-#include "radio/radio.h"
+#include "radio/serial_line.h"
 
 namespace tarnvex::radio {
 
 struct WireOptions {
-  int baud = 9600;  ///< 0: unpaced, and any baud rate will do
-  bool anyBaud = false;
-  std::string link;  ///< empty: none
-  std::string log;   ///< empty: none
-  /// Unset: 3 ms on a paced line, nothing on an unpaced one.
-  std::optional<Instant> think;
+  LineOptions line;
+  bool anyBaud = false;  ///< answer at whatever baud rate the terminal is set to
+  std::string link;      ///< empty: none
+  std::string log;       ///< empty: none
 };
 
-/// Ties a radio to a pseudo terminal. Commands end with CR; LF is ignored.
-///
-/// An empty line is a command like any other and is answered "ERR"; if it follows a command
-/// directly (a doubled CR), both replies come in one piece, as they would through the buffer of an
-/// adapter. A line that comes at another baud rate than the radio's isn't answered.
+/// A serial line with a pseudo terminal at its end. A command that comes at another baud rate than
+/// the line's isn't answered; an unpaced line takes any.
 ///
 /// Owns no loop: call readable() when fd() can be read, and due() at deadline().
 class Wire {
@@ -35,45 +28,30 @@ class Wire {
   Wire(Radio& radio, const WireOptions& options, Instant now);
 
   /// -1 while unplugged.
-  int fd() const { return terminal_ ? terminal_->fd() : -1; }
-  std::string path() const { return terminal_ ? terminal_->path() : ""; }
-  std::optional<Instant> deadline(Instant now) const;
+  [[nodiscard]] int fd() const { return terminal_ ? terminal_->fd() : -1; }
+  [[nodiscard]] std::string path() const { return terminal_ ? terminal_->path() : ""; }
+  [[nodiscard]] std::optional<Instant> deadline(Instant now) const { return line_.deadline(now); }
   void readable(Instant now);
   void due(Instant now);
 
   /// Unplugged: the terminal goes, and its link with it. Plugged in: a new terminal, the same link.
   void hangUp();
   void replug(Instant now);
-  /// A line that nobody asked for.
+  /// A line that nobody asked for, sent now.
   void stray(std::string_view text, Instant now);
-  void setBaud(int baud);
-  void setThink(Instant think) { pacer_.setThink(think); }
 
-  Faults& faults() { return faults_; }
-  Radio& radio() { return radio_; }
+  SerialLine& line() { return line_; }
+  Radio& radio() { return line_.radio(); }
 
  private:
-  struct Burst {
-    std::string text;
-    Instant arrived{};
-    bool joined = false;
-  };
   void openTerminal();
-  void passTime(Instant now);
-  bool hears() const;
-  void answer(std::string_view line, Instant arrived, Burst& burst);
-  void flush(Burst& burst);
-  void deliver(Instant now);
+  [[nodiscard]] bool hears() const;
 
-  Radio& radio_;
-  WireOptions options_;
-  LinePacer pacer_;
-  Faults faults_;
+  SerialLine line_;
+  bool anyBaud_;
   LineLog log_;
   StableLink link_;
   std::unique_ptr<PseudoTerminal> terminal_;
-  std::string input_;
-  Instant lived_;  ///< the radio's time has been passed up to here
 };
 
 }  // namespace tarnvex::radio

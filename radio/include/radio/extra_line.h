@@ -1,0 +1,93 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "radio/chance.h"
+#include "radio/line_pacer.h"
+
+namespace tarnvex::radio {
+
+/// Bytes on their way to the program, as one of the things that an exchange puts on the line.
+struct OutgoingPart {
+  enum class Timing {
+    Reply,   ///< after the radio's thinking time
+    AtOnce,  ///< as soon as the command has come and what is queued before it has gone
+    Apart,   ///< at its own time, without holding up the replies to later commands
+  };
+  std::string bytes;
+  Instant delay{};     ///< counted from the command's last byte
+  bool whole = false;  ///< in one piece, not byte by byte
+  Timing timing = Timing::Reply;
+};
+
+/// A command and its answer, as the faults see them.
+struct Exchange {
+  std::string command;     ///< without CR
+  std::string reply;       ///< with CR
+  std::string idLine;      ///< the line that the radio would stream now, without CR
+  bool streaming = false;  ///< "IDN" is in effect
+};
+
+/// A line that nobody asked for, sent around a reply. As text, with the words in any order:
+///
+///   WHAT    id              the line that the radio streams in its ID modes
+///           stream          the same, but only while "IDN" is in effect
+///           echo            the command itself
+///           copy            the reply to this command
+///           previous        the reply to the last command that was another one
+///           noise           2 to 10 random bytes and a CR
+///           flood [BYTES]   random letters without a CR, 65536 unless a number is given
+///           text TEXT       TEXT; the last words of the line
+///   WHERE   before          between the command and its reply; so unless told otherwise
+///           after           directly after the reply, where it meets the next command
+///           late MS         that long after the command, whatever is on the line then
+///           anywhere        one of the three, by chance; late is 5 to 60 ms
+///   HOW     joined          in one piece with the reply
+///           cut             without its CR
+///           8bit            with the top bit of every character set
+///           slow            one byte each 20 ms
+///   WHEN    (nothing)       once
+///           N               with each of the next N replies
+///           every N         with one reply in N, by chance
+class ExtraLine {
+ public:
+  static std::optional<ExtraLine> parse(std::span<const std::string> words);
+
+  [[nodiscard]] bool isOver() const { return occasion_.isOver(); }
+  /// Adds the line to the parts of a reply if it is due. `previous` is a reply with its CR, or
+  /// empty.
+  void join(std::vector<OutgoingPart>& parts, const Exchange& exchange, std::string_view previous,
+            Chance& chance);
+
+ private:
+  enum class What { Id, Stream, Echo, Copy, Previous, Noise, Flood, Text };
+  enum class Where { Before, After, Late, Anywhere };
+  enum class How { Plain, Joined, Cut, EightBit, Slow };
+
+  std::size_t take(std::span<const std::string> words);
+  std::size_t takeWhat(std::span<const std::string> words);
+  [[nodiscard]] std::string content(const Exchange& exchange, std::string_view previous,
+                                    Chance& chance) const;
+  [[nodiscard]] std::vector<OutgoingPart> shaped(std::string bytes) const;
+
+  std::optional<What> what_;
+  Where where_ = Where::Before;
+  How how_ = How::Plain;
+  Instant lateness_{};
+  std::size_t floodBytes_ = 65536;
+  std::string text_;
+  std::vector<std::string> when_;
+  Occasion occasion_;
+};
+
+/// The same bytes with every top bit but that of a CR set.
+std::string withTopBits(std::string bytes);
+/// Each byte a part of its own, 20 ms apart.
+std::vector<OutgoingPart> slowly(const OutgoingPart& part);
+
+}  // namespace tarnvex::radio

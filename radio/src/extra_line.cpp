@@ -1,0 +1,203 @@
+#include "radio/extra_line.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "radio/options.h"
+
+namespace tarnvex::radio {
+namespace {
+
+using Words = std::span<const std::string>;
+using Timing = OutgoingPart::Timing;
+using std::chrono::milliseconds;
+
+template <class Value, std::size_t N>
+std::optional<Value> named(const std::array<std::pair<std::string_view, Value>, N>& names,
+                           std::string_view word) {
+  const auto found = std::find_if(names.begin(), names.end(),
+                                  [word](const auto& row) { return row.first == word; });
+  return found == names.end() ? std::nullopt : std::optional(found->second);
+}
+
+std::string joinedWords(Words words) {
+  std::string text;
+  for (const std::string& word : words) {
+    text += (text.empty() ? "" : " ") + word;
+  }
+  return text;
+}
+
+std::string noiseLine(Chance& chance) {
+  std::string line(2 + chance.below(9), '\0');
+  for (char& c : line) {
+    c = static_cast<char>(chance.below(256));
+    c = c == '\r' ? '~' : c;
+  }
+  return line + '\r';
+}
+
+std::string flood(std::size_t count, Chance& chance) {
+  std::string bytes(count, '\0');
+  std::generate(bytes.begin(), bytes.end(),
+                [&] { return static_cast<char>('A' + chance.below(26)); });
+  return bytes;
+}
+
+}  // namespace
+
+std::optional<ExtraLine> ExtraLine::parse(Words words) {
+  ExtraLine line;
+  while (!words.empty()) {
+    const std::size_t taken = line.take(words);
+    if (taken == 0 || taken > words.size()) {
+      return std::nullopt;
+    }
+    words = words.subspan(taken);
+  }
+  const auto occasion = Occasion::parse(line.when_);
+  if (!line.what_ || !occasion) {
+    return std::nullopt;
+  }
+  line.occasion_ = *occasion;
+  return line;
+}
+
+/// How many of the words say something, from the first; 0 if it isn't known.
+std::size_t ExtraLine::take(Words words) {
+  constexpr std::array<std::pair<std::string_view, Where>, 3> kPlaces{
+      {{"before", Where::Before}, {"after", Where::After}, {"anywhere", Where::Anywhere}}};
+  constexpr std::array<std::pair<std::string_view, How>, 4> kShapes{
+      {{"joined", How::Joined}, {"cut", How::Cut}, {"8bit", How::EightBit}, {"slow", How::Slow}}};
+  const std::string& word = words[0];
+  if (const auto place = named(kPlaces, word)) {
+    where_ = *place;
+    return 1;
+  }
+  if (const auto shape = named(kShapes, word)) {
+    how_ = *shape;
+    return 1;
+  }
+  const auto number = words.size() > 1 ? parseNumber(words[1]) : std::nullopt;
+  if (word == "late") {
+    where_ = Where::Late;
+    lateness_ = milliseconds(static_cast<std::int64_t>(number.value_or(0)));
+    return number && *number >= 0 && *number < 1e9 ? 2 : 0;
+  }
+  if (word == "every" || parseNumber(word)) {
+    when_.assign(words.begin(), words.begin() + (word == "every" && number ? 2 : 1));
+    return when_.size();
+  }
+  return takeWhat(words);
+}
+
+std::size_t ExtraLine::takeWhat(Words words) {
+  constexpr std::array<std::pair<std::string_view, What>, 8> kContents{
+      {{"id", What::Id},
+       {"stream", What::Stream},
+       {"echo", What::Echo},
+       {"copy", What::Copy},
+       {"previous", What::Previous},
+       {"noise", What::Noise},
+       {"flood", What::Flood},
+       {"text", What::Text}}};
+  what_ = named(kContents, words[0]);
+  if (!what_) {
+    return 0;
+  }
+  if (*what_ == What::Text) {
+    text_ = joinedWords(words.subspan(1));
+    return words.size();
+  }
+  const auto number = words.size() > 1 ? parseNumber(words[1]) : std::nullopt;
+  if (*what_ == What::Flood && number) {
+    floodBytes_ = *number >= 1 && *number <= 1e7 ? static_cast<std::size_t>(*number) : 0;
+    return floodBytes_ > 0 ? 2 : 0;
+  }
+  return 1;
+}
+
+std::string ExtraLine::content(const Exchange& exchange, std::string_view previous,
+                               Chance& chance) const {
+  switch (*what_) {
+    case What::Id:
+      return exchange.idLine + '\r';
+    case What::Stream:
+      return exchange.streaming ? exchange.idLine + '\r' : "";
+    case What::Echo:
+      return exchange.command + '\r';
+    case What::Copy:
+      return exchange.reply;
+    case What::Previous:
+      return std::string(previous);
+    case What::Noise:
+      return noiseLine(chance);
+    case What::Flood:
+      return flood(floodBytes_, chance);
+    case What::Text:
+      return text_ + '\r';
+  }
+  return "";
+}
+
+std::vector<OutgoingPart> ExtraLine::shaped(std::string bytes) const {
+  if (how_ == How::Cut && bytes.ends_with('\r')) {
+    bytes.pop_back();
+  }
+  if (how_ == How::EightBit) {
+    bytes = withTopBits(std::move(bytes));
+  }
+  const OutgoingPart part{std::move(bytes), {}, false, Timing::AtOnce};
+  return how_ == How::Slow ? slowly(part) : std::vector{part};
+}
+
+void ExtraLine::join(std::vector<OutgoingPart>& parts, const Exchange& exchange,
+                     std::string_view previous, Chance& chance) {
+  if (!occasion_.strikes(chance)) {
+    return;
+  }
+  Where where = where_;
+  Instant lateness = lateness_;
+  if (where == Where::Anywhere) {
+    where = std::array{Where::Before, Where::After, Where::Late}[chance.below(3)];
+    lateness = milliseconds(5 + static_cast<std::int64_t>(chance.below(56)));
+  }
+  std::string bytes = content(exchange, previous, chance);
+  if (bytes.empty()) {
+    return;
+  }
+  if (how_ == How::Joined && where != Where::Late && !parts.empty()) {
+    OutgoingPart& reply = where == Where::Before ? parts.front() : parts.back();
+    reply.bytes.insert(where == Where::Before ? 0 : reply.bytes.size(), bytes);
+    reply.whole = true;
+    return;
+  }
+  auto extra = shaped(std::move(bytes));
+  if (where == Where::Late) {
+    for (OutgoingPart& part : extra) {
+      part.delay += lateness;
+      part.timing = Timing::Apart;
+    }
+  }
+  parts.insert(where == Where::Before ? parts.begin() : parts.end(), extra.begin(), extra.end());
+}
+
+std::string withTopBits(std::string bytes) {
+  for (char& c : bytes) {
+    c = c == '\r' ? c : static_cast<char>(c | 0x80);
+  }
+  return bytes;
+}
+
+std::vector<OutgoingPart> slowly(const OutgoingPart& part) {
+  std::vector<OutgoingPart> parts;
+  Instant delay = part.delay;
+  for (const char c : part.bytes) {
+    parts.push_back({std::string(1, c), delay, true, part.timing});
+    delay += milliseconds(20);
+  }
+  return parts;
+}
+
+}  // namespace tarnvex::radio
