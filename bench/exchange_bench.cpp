@@ -9,6 +9,7 @@
 
 #include "bench/measure.h"
 #include "desktop/program_rig.h"
+#include "platform/non_copyable.h"
 
 namespace tarnvex::bench {
 namespace {
@@ -16,7 +17,7 @@ namespace {
 constexpr const char* kCommand = "MD";
 
 /// A serial line with nothing around it.
-class BareLine {
+class BareLine : private platform::NonCopyable {
  public:
   explicit BareLine(const std::string& path) : file_(::open(path.c_str(), O_RDWR | O_NOCTTY)) {
     termios settings{};
@@ -26,10 +27,6 @@ class BareLine {
     tcsetattr(file_, TCSANOW, &settings);
   }
   ~BareLine() { ::close(file_); }
-  BareLine(const BareLine&) = delete;
-  BareLine& operator=(const BareLine&) = delete;
-  BareLine(BareLine&&) = delete;
-  BareLine& operator=(BareLine&&) = delete;
 
   std::string exchange(const std::string& command) const {
     const std::string line = command + "\r";

@@ -5,11 +5,11 @@
 
 #include "bench/full_plan.h"
 #include "bench/measure.h"
-#include "desktop/ports/posix_files.h"
 #include "desktop/ports/qt_common_dialog.h"
 #include "desktop/ports/qt_dialogs.h"
 #include "desktop/ports/qt_event_loop.h"
 #include "desktop/windows/plan_table.h"
+#include "files/posix_files.h"
 #include "memory/frequency_file.h"
 #include "support/fake_settings.h"
 
@@ -19,7 +19,7 @@ namespace {
 constexpr int kRounds = 41;
 
 /// The machine's calls; adds up what the syncs take.
-class TimedCalls : public desktop::FileCalls {
+class TimedCalls : public files::FileCalls {
  public:
   int fsync(int file) override {
     const auto start = Clock::now();
@@ -81,7 +81,7 @@ class ShownPlan {
   desktop::QtCommonDialogs commonDialogs_{gate_};
   std::unique_ptr<platform::CommonDialog> Dlg1_ = commonDialogs_.create();
   test::FakeSettings settings_;
-  desktop::PosixFiles store_{calls};
+  files::PosixFiles store_{calls};
   platform::SequentialFiles files_{store_};
   platform::SharedState state_;
   platform::Window window_{{}};

@@ -32,10 +32,6 @@ class Typist : public QObject {
  public:
   explicit Typist(QTableView& table);
   ~Typist() override;
-  Typist(const Typist&) = delete;
-  Typist& operator=(const Typist&) = delete;
-  Typist(Typist&&) = delete;
-  Typist& operator=(Typist&&) = delete;
 
   /// In milliseconds.
   std::vector<double> delays;

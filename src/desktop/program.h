@@ -4,7 +4,6 @@
 
 #include "desktop/ports/device_slots.h"
 #include "desktop/ports/ini_settings.h"
-#include "desktop/ports/posix_files.h"
 #include "desktop/ports/program_directory.h"
 #include "desktop/ports/qt_common_dialog.h"
 #include "desktop/ports/qt_dialogs.h"
@@ -13,13 +12,15 @@
 #include "desktop/ports/sound_recorder.h"
 #include "desktop/ports/wall_clock.h"
 #include "desktop/windows/qt_windows.h"
+#include "files/posix_files.h"
+#include "platform/non_copyable.h"
 #include "shell/application.h"
 
 namespace tarnvex::desktop {
 
 /// The whole program, wired: the machine's ports below, the core, the windows above. One object a
 /// process; it needs a QApplication.
-class Program {
+class Program : private platform::NonCopyable {
  public:
   /// `programFolder` is where the program keeps its files. `otherPorts`, if given, are used in
   /// place of the machine's.
@@ -28,10 +29,6 @@ class Program {
                    platform::SerialPorts* otherPorts = nullptr);
 
   ~Program() { windows.removeAll(); }
-  Program(const Program&) = delete;
-  Program& operator=(const Program&) = delete;
-  Program(Program&&) = delete;
-  Program& operator=(Program&&) = delete;
 
   /// Shows the splash and runs until the user has left. Returns the exit status.
   int run();
@@ -45,8 +42,8 @@ class Program {
   const std::string directory;
   QtDialogs dialogs{gate};
   QtCommonDialogs commonDialogs{gate};
-  FileCalls fileCalls;
-  PosixFiles fileStore{fileCalls};
+  files::FileCalls fileCalls;
+  files::PosixFiles fileStore{fileCalls};
   SoundRecorders recorders{loop};
   platform::SequentialFiles files{fileStore};
   WallClock clock;

@@ -7,6 +7,7 @@
 #include "platform/common_dialog.h"
 #include "platform/controls.h"
 #include "platform/dialogs.h"
+#include "platform/non_copyable.h"
 #include "platform/notifier.h"
 #include "platform/sequential_files.h"
 #include "platform/shared_state.h"
@@ -50,13 +51,9 @@ struct ApfPorts {
 /// digits alone, "Select All" and "Cancel". The window layer makes the form, shows its window, runs
 /// `load` and closes the window on `closed`; the form may be destroyed only after that call has
 /// returned.
-class ApfForm {
+class ApfForm : private platform::NonCopyable {
  public:
   virtual ~ApfForm() = default;
-  ApfForm(const ApfForm&) = delete;
-  ApfForm& operator=(const ApfForm&) = delete;
-  ApfForm(ApfForm&&) = delete;
-  ApfForm& operator=(ApfForm&&) = delete;
 
   /// Run once, when the window opens.
   virtual void load() = 0;

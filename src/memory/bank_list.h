@@ -6,6 +6,7 @@
 
 #include "memory/transfer_window.h"
 #include "platform/controls.h"
+#include "platform/non_copyable.h"
 #include "platform/notifier.h"
 #include "platform/window.h"
 
@@ -34,13 +35,9 @@ class Progress {
 /// window's own close button does what `Command2` does (`Command2.userClick()`).
 ///
 /// There is no way back once the work has begun: all controls are disabled until `closed`.
-class BankDialog {
+class BankDialog : private platform::NonCopyable {
  public:
   virtual ~BankDialog() = default;
-  BankDialog(const BankDialog&) = delete;
-  BankDialog& operator=(const BankDialog&) = delete;
-  BankDialog(BankDialog&&) = delete;
-  BankDialog& operator=(BankDialog&&) = delete;
 
   /// The form's own name.
   const std::string name;

@@ -7,6 +7,7 @@
 #include "memory/memory_traits.h"
 #include "platform/controls.h"
 #include "platform/dialogs.h"
+#include "platform/non_copyable.h"
 #include "platform/shared_state.h"
 #include "platform/table.h"
 
@@ -29,17 +30,13 @@ struct MemoryControls {
 /// their cells.
 ///
 /// While it lives, it handles the two tables' keys, double clicks and cursor changes.
-class ChannelMemory {
+class ChannelMemory : private platform::NonCopyable {
  public:
   using SendCommand = std::function<void(const std::string& command)>;
 
   ChannelMemory(MemoryControls controls, platform::SharedState& state, platform::Dialogs& dialogs,
                 const MemoryTraits& traits, SendCommand sendCommand);
   ~ChannelMemory();
-  ChannelMemory(const ChannelMemory&) = delete;
-  ChannelMemory& operator=(const ChannelMemory&) = delete;
-  ChannelMemory(ChannelMemory&&) = delete;
-  ChannelMemory& operator=(ChannelMemory&&) = delete;
 
   /// Writes headings, widths and column 0. Run when a window opens, after the last file was read.
   void layOut();

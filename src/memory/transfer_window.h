@@ -8,6 +8,7 @@
 #include "platform/controls.h"
 #include "platform/dialogs.h"
 #include "platform/event_gate.h"
+#include "platform/non_copyable.h"
 #include "platform/shared_state.h"
 #include "platform/table.h"
 
@@ -40,7 +41,7 @@ struct TransferWindow {
 
 /// The right to transfer, which one transfer at a time has: several can be asked for where the
 /// dialogs don't block their window. Given back at its end.
-class TransferTurn {
+class TransferTurn : private platform::NonCopyable {
  public:
   explicit TransferTurn(platform::SharedState& state)
       : state_(state), granted_(!std::exchange(state.TransferRunning, true)) {}
@@ -49,10 +50,6 @@ class TransferTurn {
       state_.TransferRunning = false;
     }
   }
-  TransferTurn(const TransferTurn&) = delete;
-  TransferTurn& operator=(const TransferTurn&) = delete;
-  TransferTurn(TransferTurn&&) = delete;
-  TransferTurn& operator=(TransferTurn&&) = delete;
 
   [[nodiscard]] bool granted() const { return granted_; }
 

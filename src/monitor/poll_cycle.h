@@ -10,6 +10,7 @@
 #include "monitor/recording.h"
 #include "platform/clock.h"
 #include "platform/event_gate.h"
+#include "platform/non_copyable.h"
 #include "platform/table.h"
 #include "platform/window.h"
 
@@ -59,13 +60,8 @@ inline constexpr std::string_view kNoId = "- -   - - -";
 ///
 /// Called by the poll timer, through the event gate, which lets pending events run before each
 /// tick. In the ID modes a tick stays inside, yielding, until the mode changes.
-class PollCycle {
+class PollCycle : private platform::NonCopyable {
  public:
-  PollCycle(const PollCycle&) = delete;
-  PollCycle& operator=(const PollCycle&) = delete;
-  PollCycle(PollCycle&&) = delete;
-  PollCycle& operator=(PollCycle&&) = delete;
-
  protected:
   PollCycle(PanelBase& front, PollControls controls, PollOutside outside);
   ~PollCycle() = default;

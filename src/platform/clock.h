@@ -3,17 +3,14 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/non_copyable.h"
+
 namespace tarnvex::platform {
 
 /// The machine's clock on the wall.
-class Clock {
+class Clock : private NonCopyable {
  public:
-  Clock() = default;
   virtual ~Clock() = default;
-  Clock(const Clock&) = delete;
-  Clock& operator=(const Clock&) = delete;
-  Clock(Clock&&) = delete;
-  Clock& operator=(Clock&&) = delete;
 
   /// The counter of whole seconds. The core's waits compare its differences, so they end when it
   /// moves on.

@@ -5,6 +5,8 @@
 #include <string>
 #include <utility>
 
+#include "platform/non_copyable.h"
+
 namespace tarnvex::platform {
 
 /// Which of the system's file dialogs.
@@ -15,14 +17,9 @@ enum class FileDialogKind { Open, Save };
 ///
 /// Names of files are bytes, as the file system has them; whoever shows one decodes it as the
 /// system does.
-class CommonDialog {
+class CommonDialog : private NonCopyable {
  public:
-  CommonDialog() = default;
   virtual ~CommonDialog() = default;
-  CommonDialog(const CommonDialog&) = delete;
-  CommonDialog& operator=(const CommonDialog&) = delete;
-  CommonDialog(CommonDialog&&) = delete;
-  CommonDialog& operator=(CommonDialog&&) = delete;
 
   /// Shows the dialog, preset with `FileName`, and puts the chosen path there. A cancelled dialog
   /// leaves `FileName` as it is, so the caller can't tell Cancel from OK unless it is blank.
@@ -51,14 +48,9 @@ class CommonDialog {
 };
 
 /// Makes the file dialogs of the windows.
-class CommonDialogs {
+class CommonDialogs : private NonCopyable {
  public:
-  CommonDialogs() = default;
   virtual ~CommonDialogs() = default;
-  CommonDialogs(const CommonDialogs&) = delete;
-  CommonDialogs& operator=(const CommonDialogs&) = delete;
-  CommonDialogs(CommonDialogs&&) = delete;
-  CommonDialogs& operator=(CommonDialogs&&) = delete;
 
   virtual std::unique_ptr<CommonDialog> create() = 0;
 };

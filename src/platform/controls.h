@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/non_copyable.h"
 #include "platform/notifier.h"
 
 /// Window-free models of the controls that the program's windows are made of. The core holds and
@@ -20,14 +21,9 @@ namespace tarnvex::platform {
 /// A colour number as the settings keep it: red in the lowest byte, then green, then blue.
 using Colour = std::uint32_t;
 
-class Control {
+class Control : private NonCopyable {
  public:
-  Control() = default;
   virtual ~Control() = default;
-  Control(const Control&) = delete;
-  Control& operator=(const Control&) = delete;
-  Control(Control&&) = delete;
-  Control& operator=(Control&&) = delete;
 
   [[nodiscard]] bool visible() const { return visible_; }
   void setVisible(bool visible);

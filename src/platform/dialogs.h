@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/controls.h"
+#include "platform/non_copyable.h"
 
 namespace tarnvex::platform {
 
@@ -21,14 +22,9 @@ enum MessageFlags : int {
 enum class Answer : int { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
 
 /// What the core asks of the user's screen beside the windows.
-class Dialogs {
+class Dialogs : private NonCopyable {
  public:
-  Dialogs() = default;
   virtual ~Dialogs() = default;
-  Dialogs(const Dialogs&) = delete;
-  Dialogs& operator=(const Dialogs&) = delete;
-  Dialogs(Dialogs&&) = delete;
-  Dialogs& operator=(Dialogs&&) = delete;
 
   /// Shows a message box and returns the answer. The poll goes on behind it. Closing the box by
   /// other means answers as the button that changes least: No, Cancel, or OK where there is nothing

@@ -1,17 +1,14 @@
 #pragma once
 
+#include "platform/non_copyable.h"
+
 namespace tarnvex::platform {
 
 /// The window system's event loop, as the core asks for it. What it delivers enters the core
 /// through the event gate.
-class EventLoop {
+class EventLoop : private NonCopyable {
  public:
-  EventLoop() = default;
   virtual ~EventLoop() = default;
-  EventLoop(const EventLoop&) = delete;
-  EventLoop& operator=(const EventLoop&) = delete;
-  EventLoop(EventLoop&&) = delete;
-  EventLoop& operator=(EventLoop&&) = delete;
 
   /// Delivers the events that are pending and returns.
   virtual void turn() = 0;

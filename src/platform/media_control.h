@@ -3,6 +3,8 @@
 #include <memory>
 #include <string>
 
+#include "platform/non_copyable.h"
+
 namespace tarnvex::platform {
 
 /// What a media control can be told to do.
@@ -17,14 +19,9 @@ enum class MediaCommand {
 /// Records the PC's sound input to a wave file, beside the program: sound doesn't pass through the
 /// core. No command but `Save` and `Close` takes longer than a moment, and these turn the window's
 /// events while they wait. A command that fails, or that has nothing to work on, does nothing.
-class MediaControl {
+class MediaControl : private NonCopyable {
  public:
-  MediaControl() = default;
   virtual ~MediaControl() = default;
-  MediaControl(const MediaControl&) = delete;
-  MediaControl& operator=(const MediaControl&) = delete;
-  MediaControl(MediaControl&&) = delete;
-  MediaControl& operator=(MediaControl&&) = delete;
 
   /// The file of the next recording: a folder as the file system spells it, and a name of core text
   /// without slashes or control characters. A file that exists is never written over: the recording
@@ -36,14 +33,9 @@ class MediaControl {
 };
 
 /// Makes the media control of a main window.
-class MediaControls {
+class MediaControls : private NonCopyable {
  public:
-  MediaControls() = default;
   virtual ~MediaControls() = default;
-  MediaControls(const MediaControls&) = delete;
-  MediaControls& operator=(const MediaControls&) = delete;
-  MediaControls(MediaControls&&) = delete;
-  MediaControls& operator=(MediaControls&&) = delete;
 
   virtual std::unique_ptr<MediaControl> create() = 0;
 };

@@ -8,20 +8,17 @@
 #include <string>
 #include <string_view>
 
+#include "platform/non_copyable.h"
+
 namespace tarnvex::platform {
 
 /// Nothing on success, otherwise the description for the user, such as "Disk full".
 using Failure = std::optional<std::string>;
 
 /// A regular file that is being read.
-class ByteSource {
+class ByteSource : private NonCopyable {
  public:
-  ByteSource() = default;
   virtual ~ByteSource() = default;
-  ByteSource(const ByteSource&) = delete;
-  ByteSource& operator=(const ByteSource&) = delete;
-  ByteSource(ByteSource&&) = delete;
-  ByteSource& operator=(ByteSource&&) = delete;
 
   /// Appends the next bytes of the file; none at its end.
   virtual Failure read(std::string& bytes) = 0;
@@ -29,14 +26,9 @@ class ByteSource {
 
 /// The files of the machine, whole. Names are bytes as the file system has them; links are
 /// followed. Only regular files are read or written: a folder or a device is refused at once.
-class FileStore {
+class FileStore : private NonCopyable {
  public:
-  FileStore() = default;
   virtual ~FileStore() = default;
-  FileStore(const FileStore&) = delete;
-  FileStore& operator=(const FileStore&) = delete;
-  FileStore(FileStore&&) = delete;
-  FileStore& operator=(FileStore&&) = delete;
 
   /// Whether there is something other than a folder under that name. Where that can't be told it is
   /// true: the file's next use says why, and nothing takes it for a new one.
@@ -79,14 +71,10 @@ enum class NameCase { Exact, Any };
 ///
 /// A file is text of fields, separated by commas and line ends. Every operation gives its failure
 /// as a description and has then no effect but the one told here.
-class SequentialFiles {
+class SequentialFiles : private NonCopyable {
  public:
   explicit SequentialFiles(FileStore& store);
   ~SequentialFiles();
-  SequentialFiles(const SequentialFiles&) = delete;
-  SequentialFiles& operator=(const SequentialFiles&) = delete;
-  SequentialFiles(SequentialFiles&&) = delete;
-  SequentialFiles& operator=(SequentialFiles&&) = delete;
 
   /// Opens a file under a number. A number that is taken fails with "File already open".
   Failure open(int number, const std::string& path, OpenMode mode,

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/non_copyable.h"
+
 namespace tarnvex::platform {
 
 /// A budget of spins: one spin is one look at the port, 40 microseconds on a real line. A test port
@@ -21,14 +23,9 @@ inline constexpr int kSpinMicroseconds = 40;
 /// A serial port of the machine, found by its slot (COM 1 to COM 4). Text is bytes, 8 bits, as they
 /// stand on the wire. Nothing here throws; an operation that the port refuses in its present state
 /// has no effect.
-class SerialPort {
+class SerialPort : private NonCopyable {
  public:
-  SerialPort() = default;
   virtual ~SerialPort() = default;
-  SerialPort(const SerialPort&) = delete;
-  SerialPort& operator=(const SerialPort&) = delete;
-  SerialPort(SerialPort&&) = delete;
-  SerialPort& operator=(SerialPort&&) = delete;
 
   /// The slot, 1 to 4. Refused while the port is open.
   virtual void setCommPort(int slot) = 0;
@@ -63,14 +60,9 @@ class SerialPort {
 };
 
 /// Makes the serial controls of the windows; each window has its own.
-class SerialPorts {
+class SerialPorts : private NonCopyable {
  public:
-  SerialPorts() = default;
   virtual ~SerialPorts() = default;
-  SerialPorts(const SerialPorts&) = delete;
-  SerialPorts& operator=(const SerialPorts&) = delete;
-  SerialPorts(SerialPorts&&) = delete;
-  SerialPorts& operator=(SerialPorts&&) = delete;
 
   virtual std::unique_ptr<SerialPort> create() = 0;
 };

@@ -8,6 +8,7 @@
 #include "link/scanner_commands.h"
 #include "link/scanner_link.h"
 #include "platform/controls.h"
+#include "platform/non_copyable.h"
 #include "platform/notifier.h"
 #include "platform/window.h"
 
@@ -38,14 +39,10 @@ const LockoutTraits& bc245LockoutTraits();
 /// The window isn't modal and the poll goes on behind it, so the mode may change while it stands;
 /// Done goes by the mode of its own time. Whoever shows the window runs `load` and closes it on
 /// `closed`; asking for it while it stands only brings it to the front.
-class frmLockouts {
+class frmLockouts : private platform::NonCopyable {
  public:
   /// `mode` is the panel's label. It, the link and the traits outlive the form.
   frmLockouts(const LockoutTraits& traits, const platform::Label& mode, link::ScannerLink& link);
-  frmLockouts(const frmLockouts&) = delete;
-  frmLockouts& operator=(const frmLockouts&) = delete;
-  frmLockouts(frmLockouts&&) = delete;
-  frmLockouts& operator=(frmLockouts&&) = delete;
   ~frmLockouts() = default;
 
   /// Reads the list from the radio.

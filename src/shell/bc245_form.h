@@ -16,10 +16,6 @@ class Form2 : public MainForm {
  public:
   Form2(const Services& services, MainFormOutside outside);
   ~Form2() override;
-  Form2(const Form2&) = delete;
-  Form2& operator=(const Form2&) = delete;
-  Form2(Form2&&) = delete;
-  Form2& operator=(Form2&&) = delete;
 
   void load() override;
 

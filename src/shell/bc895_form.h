@@ -15,10 +15,6 @@ class Form4 : public MainForm {
  public:
   Form4(const Services& services, MainFormOutside outside);
   ~Form4() override;
-  Form4(const Form4&) = delete;
-  Form4& operator=(const Form4&) = delete;
-  Form4(Form4&&) = delete;
-  Form4& operator=(Form4&&) = delete;
 
   void load() override;
   /// The user presses or releases the knob area `Label2`.

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/event_gate.h"
+#include "platform/non_copyable.h"
 #include "platform/notifier.h"
 #include "shell/window_layer.h"
 
@@ -16,14 +17,10 @@ namespace tarnvex::shell {
 /// The dialogs of a main window: each is made when it is asked for, stands on the screen until it
 /// tells `closed`, and is destroyed once the core's stack is empty. There is one of a kind at a
 /// time; asking again brings it to the front.
-class DialogHost {
+class DialogHost : private platform::NonCopyable {
  public:
   DialogHost(platform::EventGate& gate, WindowLayer& windows) : gate_(gate), windows_(windows) {}
   ~DialogHost() { closeAll(); }
-  DialogHost(const DialogHost&) = delete;
-  DialogHost& operator=(const DialogHost&) = delete;
-  DialogHost(DialogHost&&) = delete;
-  DialogHost& operator=(DialogHost&&) = delete;
 
   /// Shows the dialog that `make` gives, unless one of its kind stands already. `make` returns a
   /// shared pointer to the form, which may own more than the form. `load` runs before the dialog is

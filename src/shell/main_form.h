@@ -14,6 +14,7 @@
 #include "monitor/recording.h"
 #include "platform/controls.h"
 #include "platform/media_control.h"
+#include "platform/non_copyable.h"
 #include "platform/table.h"
 #include "platform/window.h"
 #include "search/custom_search.h"
@@ -46,14 +47,10 @@ struct MainFormOutside {
 ///
 /// Life: constructed, `load`, then the poll runs until `requestUnload` is granted. It is destroyed
 /// no earlier than when no function of the core is on the stack.
-class MainForm {
+class MainForm : private platform::NonCopyable {
  public:
   MainForm(const Services& services, MainFormOutside outside, const MainFormTraits& traits);
   virtual ~MainForm() = default;
-  MainForm(const MainForm&) = delete;
-  MainForm& operator=(const MainForm&) = delete;
-  MainForm(MainForm&&) = delete;
-  MainForm& operator=(MainForm&&) = delete;
 
   /// Reads the settings, opens the port and starts the poll. Errors of every step are passed over.
   virtual void load() = 0;

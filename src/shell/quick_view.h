@@ -5,6 +5,7 @@
 
 #include "monitor/bc245_panel.h"
 #include "monitor/panel_state.h"
+#include "platform/non_copyable.h"
 #include "platform/notifier.h"
 #include "platform/settings_store.h"
 #include "platform/window.h"
@@ -28,13 +29,8 @@ struct QuickViewTraits {
 /// The small window over all others: a copy of the radio's display, for as long as the main window
 /// is hidden. It has no state but its place. The window layer shows the main window's labels in it
 /// as they change, so the two can't differ.
-class QuickViewForm {
+class QuickViewForm : private platform::NonCopyable {
  public:
-  QuickViewForm(const QuickViewForm&) = delete;
-  QuickViewForm& operator=(const QuickViewForm&) = delete;
-  QuickViewForm(QuickViewForm&&) = delete;
-  QuickViewForm& operator=(QuickViewForm&&) = delete;
-
   /// Run by the window layer as it makes the window, before it shows: where the window was when it
   /// was last closed, or the bottom right corner of the screen.
   void load(Twips screen, Twips size);

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "platform/non_copyable.h"
+
 namespace tarnvex::memory {
 class ApfForm;
 class BankDialog;
@@ -30,14 +32,9 @@ enum class HelpView { Contents, Search };
 
 /// What the program asks of the layer that draws its windows. A window is bound to its form from
 /// `open` to `close`; the form lives longer than that.
-class WindowLayer {
+class WindowLayer : private platform::NonCopyable {
  public:
-  WindowLayer() = default;
   virtual ~WindowLayer() = default;
-  WindowLayer(const WindowLayer&) = delete;
-  WindowLayer& operator=(const WindowLayer&) = delete;
-  WindowLayer(WindowLayer&&) = delete;
-  WindowLayer& operator=(WindowLayer&&) = delete;
 
   virtual void openSplash(Form1& form) = 0;
   virtual void closeSplash() = 0;

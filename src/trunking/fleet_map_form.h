@@ -5,6 +5,7 @@
 #include "link/scanner_link.h"
 #include "platform/controls.h"
 #include "platform/dialogs.h"
+#include "platform/non_copyable.h"
 #include "platform/notifier.h"
 #include "platform/window.h"
 #include "trunking/fleet_map.h"
@@ -17,13 +18,9 @@ namespace tarnvex::trunking {
 ///
 /// The rule for the larger size codes only ever writes forwards: a block that was taken stays taken
 /// when the code before it gets smaller, and the user mends that by hand.
-class Form5 {
+class Form5 : private platform::NonCopyable {
  public:
   Form5(link::ScannerLink& link, platform::Dialogs& dialogs);
-  Form5(const Form5&) = delete;
-  Form5& operator=(const Form5&) = delete;
-  Form5(Form5&&) = delete;
-  Form5& operator=(Form5&&) = delete;
   ~Form5() = default;
 
   void load();

@@ -7,6 +7,7 @@
 #include "platform/controls.h"
 #include "platform/dialogs.h"
 #include "platform/event_gate.h"
+#include "platform/non_copyable.h"
 #include "platform/notifier.h"
 #include "platform/shared_state.h"
 #include "platform/table.h"
@@ -30,13 +31,9 @@ struct SystemTypeOutside {
 /// for a bank; it also makes the form and runs `load`.
 ///
 /// The replies to what it sends aren't looked at: a type that the radio refuses goes unnoticed.
-class Form3 {
+class Form3 : private platform::NonCopyable {
  public:
   explicit Form3(SystemTypeOutside outside);
-  Form3(const Form3&) = delete;
-  Form3& operator=(const Form3&) = delete;
-  Form3(Form3&&) = delete;
-  Form3& operator=(Form3&&) = delete;
   ~Form3() = default;
 
   /// Fills the form in and chooses the type that the radio has for the bank.

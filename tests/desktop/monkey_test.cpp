@@ -10,6 +10,8 @@
 #include <condition_variable>
 #include <thread>
 
+#include "platform/non_copyable.h"
+
 namespace tarnvex::test {
 namespace {
 
@@ -17,7 +19,7 @@ constexpr int kEvents = 7000;
 constexpr std::chrono::seconds kStill{25};
 
 /// The user's folders, the folder of work and the messages of Qt, for the time of a test.
-class Surroundings {
+class Surroundings : private platform::NonCopyable {
  public:
   explicit Surroundings(const QString& home) : palette_(QApplication::palette()) {
     for (const char* name : kFolders) {
@@ -36,7 +38,6 @@ class Surroundings {
     QDir::setCurrent(work_);
     QApplication::setPalette(palette_);
   }
-  Surroundings(const Surroundings&) = delete;
 
   /// Each with what led to it.
   static inline QMap<QString, std::string> warnings;

@@ -10,15 +10,15 @@
 #include <vector>
 
 #include "desktop/program.h"
+#include "platform/non_copyable.h"
 
 namespace tarnvex::test {
 
 /// A tarnvex-radio of its own, steered by its control lines. Fails the test if it refuses one.
-class RadioProcess {
+class RadioProcess : private platform::NonCopyable {
  public:
   explicit RadioProcess(const QStringList& arguments);
   ~RadioProcess();
-  RadioProcess(const RadioProcess&) = delete;
 
   void say(const QByteArray& line);
   /// A value of the radio's state.

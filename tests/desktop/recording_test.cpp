@@ -8,6 +8,7 @@
 
 #include "desktop/program_rig.h"
 #include "desktop/sound_server.h"
+#include "platform/non_copyable.h"
 
 namespace tarnvex::test {
 namespace {
@@ -142,7 +143,7 @@ TEST_F(Recorder, KeepsWhatItHasWhenTheSoundEnds) {
 }
 
 /// No file may grow beyond so much while this lives.
-class FullDisk {
+class FullDisk : private platform::NonCopyable {
  public:
   explicit FullDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
     getrlimit(RLIMIT_FSIZE, &before_);
@@ -154,7 +155,6 @@ class FullDisk {
     setrlimit(RLIMIT_FSIZE, &before_);
     std::signal(SIGXFSZ, handler_);
   }
-  FullDisk(const FullDisk&) = delete;
 
  private:
   void (*handler_)(int);

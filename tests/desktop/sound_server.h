@@ -6,17 +6,18 @@
 #include <string>
 #include <vector>
 
+#include "platform/non_copyable.h"
+
 namespace tarnvex::test {
 
 /// A sound server of the test's own, without any sound card: two sources that hum, of which one is
 /// the default one. While it lives, the program under test records from it.
-class SoundServer {
+class SoundServer : private platform::NonCopyable {
  public:
   static constexpr int kDefaultHertz = 440;
 
   SoundServer();
   ~SoundServer();
-  SoundServer(const SoundServer&) = delete;
 
   void kill();
 

@@ -5,19 +5,19 @@
 #include <QObject>
 
 #include "desktop/ports/qt_event_loop.h"
+#include "platform/non_copyable.h"
 
 namespace tarnvex::test {
 
 /// Counts how often the event loop wakes up. A device that reports an error without end, or a loop
 /// that doesn't sleep, makes it tens of thousands a second.
-class TurnCounter {
+class TurnCounter : private platform::NonCopyable {
  public:
   TurnCounter() {
     connection_ = QObject::connect(QAbstractEventDispatcher::instance(),
                                    &QAbstractEventDispatcher::awake, [this] { ++turns_; });
   }
   ~TurnCounter() { QObject::disconnect(connection_); }
-  TurnCounter(const TurnCounter&) = delete;
 
   [[nodiscard]] int turns() const { return turns_; }
 

@@ -9,12 +9,12 @@
 #include <stdexcept>
 #include <vector>
 
-#include "desktop/ports/posix_files.h"
 #include "desktop/ports/qt_common_dialog.h"
 #include "desktop/ports/qt_event_loop.h"
 #include "desktop/ports/wall_clock.h"
 #include "desktop/windows/main_window.h"
 #include "desktop/windows/qt_windows.h"
+#include "files/posix_files.h"
 #include "support/fake_dialogs.h"
 #include "support/fake_media_control.h"
 #include "support/fake_settings.h"
@@ -39,8 +39,8 @@ class Below {
   platform::EventGate gate{loop};
   desktop::DeviceSlots devices{settings};
   desktop::QtCommonDialogs commonDialogs{gate};
-  desktop::FileCalls fileCalls;
-  desktop::PosixFiles fileStore{fileCalls};
+  files::FileCalls fileCalls;
+  files::PosixFiles fileStore{fileCalls};
   platform::SequentialFiles files{fileStore};
   FakeMediaControls media;
   desktop::WallClock clock;

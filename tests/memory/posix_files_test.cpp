@@ -1,4 +1,4 @@
-#include "desktop/ports/posix_files.h"
+#include "files/posix_files.h"
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
@@ -17,7 +17,7 @@ namespace tarnvex::test {
 namespace {
 
 namespace fs = std::filesystem;
-using desktop::PosixFiles;
+using files::PosixFiles;
 using platform::OpenMode;
 using testing::ElementsAre;
 using testing::Eq;
@@ -25,8 +25,8 @@ using testing::Optional;
 
 /// The machine's calls, of which the n-th fails, or is where the process gets killed. Opened files
 /// are counted.
-class FailingCalls : public desktop::FileCalls {
-  using Calls = desktop::FileCalls;
+class FailingCalls : public files::FileCalls {
+  using Calls = files::FileCalls;
 
  public:
   int stat(const char* path, struct stat* status) override {

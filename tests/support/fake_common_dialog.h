@@ -27,7 +27,6 @@ struct ShownDialog {
 class FakeCommonDialog : public platform::CommonDialog {
  public:
   FakeCommonDialog() = default;
-  FakeCommonDialog(const FakeCommonDialog&) = delete;
   ~FakeCommonDialog() override {
     if (!choices.empty()) {
       ADD_FAILURE() << choices.size() << " choices of a file were not asked for";

@@ -35,7 +35,6 @@ inline std::ostream& operator<<(std::ostream& out, const Box& box) {
 class FakeDialogs : public platform::Dialogs {
  public:
   FakeDialogs() = default;
-  FakeDialogs(const FakeDialogs&) = delete;
   ~FakeDialogs() override {
     if (!answers.empty()) {
       ADD_FAILURE() << answers.size() << " answers to message boxes were not asked for";

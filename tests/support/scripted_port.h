@@ -16,6 +16,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/non_copyable.h"
 #include "platform/serial_port.h"
 
 namespace tarnvex::test {
@@ -85,10 +86,8 @@ inline std::vector<Exchange> operator+(const std::vector<Exchange>& first,
 /// The radio at the other end of the line. It expects exact commands: an unexpected or another one
 /// fails the test and is met with silence, one that never comes fails it too. No real time passes;
 /// `spins` is the line's clock.
-class ScriptedRadio {
+class ScriptedRadio : private platform::NonCopyable {
  public:
-  ScriptedRadio() = default;
-  ScriptedRadio(const ScriptedRadio&) = delete;
   ~ScriptedRadio() { expectSpent(); }
 
   void expect(const std::vector<Exchange>& exchanges) {
@@ -198,7 +197,6 @@ class ScriptedRadio {
 class ScriptedPort : public platform::SerialPort {
  public:
   explicit ScriptedPort(ScriptedRadio& radio) : radio_(radio) { ++radio_.ports; }
-  ScriptedPort(const ScriptedPort&) = delete;
   ~ScriptedPort() override {
     radio_.taken_ = radio_.taken_ && !open_;
     --radio_.ports;

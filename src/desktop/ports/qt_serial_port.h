@@ -19,10 +19,6 @@ class QtSerialPort : public QObject, public platform::SerialPort {
  public:
   QtSerialPort(QtEventLoop& loop, const platform::EventGate& gate, const DeviceSlots& devices);
   ~QtSerialPort() override;
-  QtSerialPort(const QtSerialPort&) = delete;
-  QtSerialPort& operator=(const QtSerialPort&) = delete;
-  QtSerialPort(QtSerialPort&&) = delete;
-  QtSerialPort& operator=(QtSerialPort&&) = delete;
 
   void setCommPort(int slot) override;
   [[nodiscard]] int commPort() const override { return slot_; }

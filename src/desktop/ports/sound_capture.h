@@ -7,6 +7,8 @@
 #include <string>
 #include <thread>
 
+#include "platform/non_copyable.h"
+
 struct pa_context;
 struct pa_mainloop;
 struct pa_stream;
@@ -18,14 +20,10 @@ class WaveFile;
 /// Records the sound server's default source to a wave file, from its making until `finish`. It
 /// works in a thread of its own, so that neither a busy window nor a slow server or disk costs the
 /// other anything. Only one thread uses it.
-class SoundCapture {
+class SoundCapture : private platform::NonCopyable {
  public:
   /// See `WaveFile::create`.
   SoundCapture(std::string directory, QString name);
-  SoundCapture(const SoundCapture&) = delete;
-  SoundCapture& operator=(const SoundCapture&) = delete;
-  SoundCapture(SoundCapture&&) = delete;
-  SoundCapture& operator=(SoundCapture&&) = delete;
   /// Waits for the end.
   ~SoundCapture();
 

@@ -4,18 +4,15 @@
 #include <QTimer>
 
 #include "platform/event_gate.h"
+#include "platform/non_copyable.h"
 
 namespace tarnvex::desktop {
 
 /// Lets a timer of the core fire in Qt's event loop, through the event gate. The next run is due an
 /// interval after the last one started, or as soon as the last one ends, whichever is later.
-class TimerDriver {
+class TimerDriver : private platform::NonCopyable {
  public:
   TimerDriver(platform::Timer& timer, platform::EventGate& gate);
-  TimerDriver(const TimerDriver&) = delete;
-  TimerDriver& operator=(const TimerDriver&) = delete;
-  TimerDriver(TimerDriver&&) = delete;
-  TimerDriver& operator=(TimerDriver&&) = delete;
   ~TimerDriver();
 
  private:

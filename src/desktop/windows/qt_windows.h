@@ -23,10 +23,6 @@ class QtWindows : public shell::WindowLayer {
   QtWindows(QtEventLoop& loop, platform::EventGate& gate, DeviceSlots& devices)
       : loop_(loop), gate_(gate), devices_(devices) {}
   ~QtWindows() override { removeAll(); }
-  QtWindows(const QtWindows&) = delete;
-  QtWindows& operator=(const QtWindows&) = delete;
-  QtWindows(QtWindows&&) = delete;
-  QtWindows& operator=(QtWindows&&) = delete;
 
   void openSplash(shell::Form1& form) override;
   void closeSplash() override;

@@ -5,18 +5,15 @@
 
 #include <cstddef>
 
-namespace tarnvex::desktop {
+#include "platform/non_copyable.h"
+
+namespace tarnvex::files {
 
 /// The system calls that files are read and written with, each as its manual page tells: a negative
 /// result is a failure, and `errno` says which. Replaced by tests, so that any one can fail.
-class FileCalls {
+class FileCalls : private platform::NonCopyable {
  public:
-  FileCalls() = default;
   virtual ~FileCalls() = default;
-  FileCalls(const FileCalls&) = delete;
-  FileCalls& operator=(const FileCalls&) = delete;
-  FileCalls(FileCalls&&) = delete;
-  FileCalls& operator=(FileCalls&&) = delete;
 
   virtual int stat(const char* path, struct stat* status);
   virtual int access(const char* path, int mode);
@@ -33,4 +30,4 @@ class FileCalls {
   virtual int unlink(const char* path);
 };
 
-}  // namespace tarnvex::desktop
+}  // namespace tarnvex::files

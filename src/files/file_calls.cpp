@@ -1,11 +1,11 @@
-#include "desktop/ports/file_calls.h"
+#include "files/file_calls.h"
 
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <cstdio>
 
-namespace tarnvex::desktop {
+namespace tarnvex::files {
 
 int FileCalls::stat(const char* path, struct stat* status) {
   return ::stat(path, status);
@@ -59,4 +59,4 @@ int FileCalls::unlink(const char* path) {
   return ::unlink(path);
 }
 
-}  // namespace tarnvex::desktop
+}  // namespace tarnvex::files

@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
-#include "desktop/ports/file_calls.h"
+#include "files/file_calls.h"
 #include "platform/sequential_files.h"
 
-namespace tarnvex::desktop {
+namespace tarnvex::files {
 
 /// The machine's files.
 ///
@@ -42,4 +42,4 @@ class PosixFiles : public platform::FileStore {
   unsigned temporaries_ = 0;
 };
 
-}  // namespace tarnvex::desktop
+}  // namespace tarnvex::files

@@ -1,4 +1,4 @@
-#include "desktop/ports/posix_files.h"
+#include "files/posix_files.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -14,7 +14,9 @@
 #include <utility>
 #include <vector>
 
-namespace tarnvex::desktop {
+#include "platform/non_copyable.h"
+
+namespace tarnvex::files {
 
 using platform::Failure;
 
@@ -85,7 +87,7 @@ bool isStray(const std::filesystem::directory_entry& entry) {
 }
 
 /// Closes a file that the scope is done with, whatever the way out. Keeps `errno`.
-class Closing {
+class Closing : private platform::NonCopyable {
  public:
   Closing(FileCalls& calls, int file) : calls_(calls), file_(file) {}
   ~Closing() {
@@ -95,10 +97,6 @@ class Closing {
       errno = error;
     }
   }
-  Closing(const Closing&) = delete;
-  Closing& operator=(const Closing&) = delete;
-  Closing(Closing&&) = delete;
-  Closing& operator=(Closing&&) = delete;
 
   [[nodiscard]] int file() const { return file_; }
   int release() { return std::exchange(file_, -1); }
@@ -326,4 +324,4 @@ bool PosixFiles::moveInto(const Target& target, const std::string& temporary) {
   return calls_.fsync(folder.file()) == 0 || errno == EINVAL || errno == ENOTSUP;
 }
 
-}  // namespace tarnvex::desktop
+}  // namespace tarnvex::files
