@@ -1,6 +1,7 @@
 #include "radio/air.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "radio/built_in_memory.h"
 
@@ -20,9 +21,13 @@ int levelAt(const Transmission& transmission, Millis now) {
 
 void Air::play(std::span<const Source> sources, double jitter, Millis now) {
   jitter_ = jitter;
+  now_ = now;
+  trafficClock_ = static_cast<double>(now);
   stations_.clear();
   active_.clear();
-  for (const Source& source : sources) stations_.push_back({source, now + source.firstAt});
+  for (const Source& source : sources) {
+    stations_.push_back({source, trafficClock_ + static_cast<double>(source.firstAt)});
+  }
   advance(now);
 }
 
@@ -33,18 +38,25 @@ void Air::transmit(Transmission transmission, Millis length, Millis now) {
   active_.push_back(std::move(transmission));
 }
 
-void Air::advance(Millis now) {
+void Air::advance(Millis now, double traffic) {
+  trafficClock_ += static_cast<double>(now - now_) * traffic;
+  now_ = now;
   for (Station& station : stations_) {
-    while (station.nextAt <= now) start(station);
+    while (station.nextAt <= trafficClock_) {
+      start(station, now);
+    }
   }
   std::erase_if(active_, [now](const Transmission& each) { return each.end <= now; });
 }
 
-void Air::start(Station& station) {
+void Air::start(Station& station, Millis now) {
   const Source& source = station.source;
   Transmission transmission;
   transmission.tone = source.tone;
   transmission.peak = source.peak;
+  if (source.sway > 0) {
+    transmission.peak += static_cast<int>(chance_.below(2 * source.sway + 1)) - source.sway;
+  }
   transmission.frequency = source.frequency;
   if (source.bank != 0) {
     const auto voices = voiceChannels(source.bank);
@@ -53,10 +65,10 @@ void Air::start(Station& station) {
     transmission.frequency = voices[(serial_ + 1) % voices.size()];
   }
   const Millis length = vary(source.length);
-  const Millis begin = station.nextAt;
-  transmit(std::move(transmission), length, begin);
-  constexpr Millis kNever = INT64_MAX;
-  station.nextAt = source.gap > 0 ? begin + length + vary(source.gap) : kNever;
+  const auto late = static_cast<Millis>(trafficClock_ - station.nextAt);
+  transmit(std::move(transmission), length, now - late);
+  constexpr double kNever = std::numeric_limits<double>::infinity();
+  station.nextAt += source.gap > 0 ? static_cast<double>(length + vary(source.gap)) : kNever;
 }
 
 Millis Air::vary(Millis length) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "radio/options.h"
+#include "radio/scenes.h"
 
 namespace tarnvex::radio {
 namespace {
@@ -53,7 +54,7 @@ std::string becomeModel(Request& request) {
 
 std::string tempo(Request& request) {
   const auto value = number(request, 0);
-  if (!value || *value < 0 || *value > 1000) return refuse("a number from 0 to 1000");
+  if (!value || *value < 0 || *value > kMostTempo) return refuse("a number from 0 to 10000");
   request.wire.radio().setTempo(*value);
   return kDone;
 }
@@ -113,9 +114,14 @@ std::string clearFaults(Request& request) {
   return kDone;
 }
 
+std::string hourLine(const Radio& radio) {
+  const auto hour = radio.hour();
+  return hour ? "\nhour=" + std::to_string(*hour) : "";
+}
+
 std::string state(Request& request) {
   return describe(request.wire.radio().state()) +
-         "scene=" + std::string(request.wire.radio().scene()) +
+         "scene=" + std::string(request.wire.radio().scene()) + hourLine(request.wire.radio()) +
          "\nterminal=" + request.wire.path() + '\n' + kDone;
 }
 
@@ -164,10 +170,10 @@ std::string control(Wire& wire, std::string_view line, Instant now, bool& quit) 
 }
 
 std::string_view controlHelp() {
-  return "scene NAME             quiet, city, busy, steady, tour\n"
+  return "scene NAME             quiet, city, busy, day, steady, tour\n"
          "mode MDxx              change the mode at the radio\n"
          "become bc895|bc245     another radio on the same line\n"
-         "tempo X                speed of the scene\n"
+         "tempo X                speed of the scene; of \"day\", that of its clock\n"
          "reception CHANNEL S    a transmission on that channel for S seconds\n"
          "talk ID S              a transmission of that talkgroup for S seconds\n"
          "state                  what the radio is doing, as key=value lines\n"

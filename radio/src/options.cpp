@@ -52,7 +52,9 @@ const std::map<std::string, Setter, std::less<>>& setters() {
          o.wire.line.seed = o.seed;
        }},
       {"--tempo",
-       [](Options& o, const std::string& text) { o.tempo = numberIn("--tempo", text, 0, 1000); }},
+       [](Options& o, const std::string& text) {
+         o.tempo = numberIn("--tempo", text, 0, kMostTempo);
+       }},
       {"--baud",
        [](Options& o, const std::string& text) {
          o.wire.line.baud = static_cast<int>(numberIn("--baud", text, 0, 1e6));
@@ -102,9 +104,11 @@ std::string_view usage() {
          "A simulated radio on a pseudo terminal. Prints \"ready PATH\" when it can be opened.\n"
          "\n"
          "  --model bc895|bc245  the radio (bc895)\n"
-         "  --scene NAME         what is on the air: quiet, city, busy, steady, tour (city)\n"
+         "  --scene NAME         what is on the air: quiet, city, busy, day, steady, tour (city)\n"
          "  --mode MDxx          the mode to start in (MD00)\n"
-         "  --tempo X            speed of the scene (1)\n"
+         "  --tempo X            speed of the scene (1); of \"day\", that of its clock: 1440 makes "
+         "a\n"
+         "                       minute of the day, while transmissions keep their length\n"
          "  --seed N             another course of the same scene and faults (1)\n"
          "  --link PATH          keep a symbolic link to the terminal there\n"
          "  --baud N             line speed; 0 for no pacing (9600)\n"

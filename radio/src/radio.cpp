@@ -1,6 +1,7 @@
 #include "radio/radio.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "radio/built_in_memory.h"
 #include "radio/replies.h"
@@ -25,7 +26,9 @@ void Radio::advance(Millis ms) {
   for (Millis left = ms; left > 0; left -= kStep) {
     const Millis now = std::min(left, kStep);
     clock_ += now;
-    owed_ += static_cast<double>(now) * tempo_;
+    const bool hasClock = !scene_->hours.empty();
+    day_ += static_cast<double>(now) * tempo_;
+    owed_ += static_cast<double>(now) * (hasClock ? 1 : tempo_);
     const auto whole = static_cast<Millis>(owed_);
     owed_ -= static_cast<double>(whole);
     live(whole);
@@ -36,8 +39,21 @@ void Radio::advance(Millis ms) {
 void Radio::live(Millis ms) {
   state_.now += ms;
   runScene();
-  air_.advance(state_.now);
+  air_.advance(state_.now, traffic());
   tune(state_, air_);
+}
+
+std::optional<int> Radio::hour() const {
+  constexpr double kHour = 3600000;
+  if (scene_->hours.empty()) {
+    return std::nullopt;
+  }
+  return static_cast<int>(std::fmod(kFirstHour + day_ / kHour, 24));
+}
+
+double Radio::traffic() const {
+  const auto now = hour();
+  return now ? scene_->hours[*now] : 1;
 }
 
 void Radio::runScene() {
@@ -88,6 +104,7 @@ bool Radio::playScene(std::string_view name) {
   scene_ = scene;
   sceneStart_ = state_.now;
   nextStep_ = 0;
+  day_ = 0;
   state_.delay = scene->delay;
   air_.play(scene->sources, scene->jitter, state_.now);
   runScene();

@@ -7,12 +7,17 @@ namespace {
 
 constexpr Source station(Frequency frequency, int tone, int peak, Millis firstAt, Millis length,
                          Millis gap) {
-  return {frequency, 0, "", tone, peak, firstAt, length, gap};
+  return {frequency, 0, "", tone, peak, 0, firstAt, length, gap};
 }
 
 constexpr Source talkgroup(char bank, std::string_view id, int peak, Millis firstAt, Millis length,
                            Millis gap) {
-  return {0, bank, id, 0, peak, firstAt, length, gap};
+  return {0, bank, id, 0, peak, 0, firstAt, length, gap};
+}
+
+constexpr Source swaying(Source source, int sway) {
+  source.sway = sway;
+  return source;
 }
 
 constexpr std::array kCity{
@@ -63,6 +68,40 @@ constexpr std::array kBusy{
     talkgroup('H', "04-032", 23, 200, 700, 600), talkgroup('H', "05-021", 22, 600, 500, 700),
 };
 
+constexpr std::array kDay{
+    swaying(station(1551150, 13, 25, 200, 1400, 4500), 1),     // the favourites
+    swaying(station(1181000, 0, 22, 900, 1100, 5000), 3),      //
+    swaying(station(1607700, 0, 20, 2500, 1600, 7000), 3),     //
+    swaying(station(4601250, 0, 24, 1800, 1200, 8000), 2),     // now and then
+    swaying(station(1544300, 0, 22, 4000, 1500, 11000), 3),    //
+    swaying(station(1568000, 0, 21, 3200, 1300, 12000), 4),    //
+    swaying(station(1197000, 0, 23, 5200, 1200, 13000), 2),    //
+    swaying(station(4539500, 19, 22, 6000, 1500, 16000), 3),   //
+    swaying(station(1516250, 0, 20, 1300, 1200, 6000), 3),     //
+    swaying(station(1587450, 0, 22, 2700, 1000, 7000), 3),     //
+    swaying(station(1553400, 0, 18, 9000, 1800, 21000), 2),    // seldom
+    swaying(station(395000, 0, 18, 14000, 1100, 25000), 2),    //
+    swaying(station(1512500, 24, 19, 12000, 1400, 27000), 3),  //
+    swaying(station(1571000, 0, 24, 17000, 2200, 30000), 1),   //
+    swaying(station(1542800, 16, 24, 20000, 3500, 40000), 2),  //
+    swaying(station(1469400, 12, 22, 11000, 3000, 18000), 3),  //
+    station(1625500, 0, 26, 0, 3600000, 10),                   //
+    swaying(talkgroup('B', "001616", 24, 100, 1300, 2500), 2),
+    swaying(talkgroup('B', "003216", 24, 1500, 1500, 4500), 2),
+    swaying(talkgroup('B', "001648", 22, 2600, 1200, 6000), 3),
+    swaying(talkgroup('B', "007216", 23, 3900, 1100, 8000), 3),
+    swaying(talkgroup('B', "004848", 21, 5000, 1000, 11000), 3),
+    swaying(talkgroup('B', "003280", 23, 8000, 1600, 15000), 2),
+    swaying(talkgroup('B', "009616", 20, 15000, 2500, 30000), 3),
+    swaying(talkgroup('H', "04-032", 22, 300, 1300, 3500), 3),
+    swaying(talkgroup('H', "02-115", 23, 2000, 1500, 6000), 2),
+    swaying(talkgroup('H', "05-021", 21, 4500, 1200, 9000), 3),
+};
+
+constexpr std::array<double, 24> kDayHours{0.12, 0.06, 0.04, 0.04, 0.06, 0.2,  0.5, 0.9,
+                                           1,    0.8,  0.5,  0.4,  0.5,  0.5,  0.4, 0.5,
+                                           0.8,  1,    0.9,  0.6,  0.45, 0.35, 0.3, 0.2};
+
 constexpr std::array kSteady{station(1551150, 13, 25, 0, 1000000000000, 10)};
 
 constexpr std::array kTourTraffic{
@@ -73,33 +112,37 @@ constexpr std::array kTourTraffic{
     station(1553400, 0, 24, 3250, 500, 20000),        // search: in memory
     station(1587450, 0, 22, 3700, 700, 20000),        // search, then hold
     station(1625500, 0, 25, 4400, 900, 20000),        // weather
-    station(1542800, 16, 20, 5350, 300, 20000),       // auto
-    talkgroup('B', "007216", 20, 5700, 300, 20000),   // trunked search
-    talkgroup('B', "001616", 25, 6100, 500, 20000),   // ID scan
-    talkgroup('B', "003216", 22, 6650, 700, 20000),   // ID scan, then manual
-    talkgroup('B', "007216", 24, 7700, 400, 20000),   // ID search: not in memory
-    talkgroup('B', "001648", 21, 8150, 1100, 20000),  // ID search, then hold
+    station(1542800, 16, 20, 6050, 300, 20000),       // auto
+    station(1197000, 0, 24, 6450, 500, 20000),        // manual
+    talkgroup('B', "007216", 20, 7050, 300, 20000),   // trunked search
+    talkgroup('B', "001616", 25, 7450, 500, 20000),   // ID scan
+    talkgroup('B', "003216", 22, 8000, 700, 20000),   // ID scan, then manual
+    talkgroup('B', "007216", 24, 9050, 400, 20000),   // ID search: not in memory
+    talkgroup('B', "001648", 21, 9500, 1100, 20000),  // ID search, then hold
 };
 
+// Weather and Auto each end in a manual step: it clears the indicators that they leave on.
 constexpr std::array kTourSteps{
     Step{0, Activity::Scan},           Step{2200, Activity::Manual, 61},
     Step{2850, Activity::Search},      Step{4000, Activity::SearchHold},
     Step{4400, Activity::Weather},     Step{4900, Activity::WeatherHold},
-    Step{5300, Activity::Auto},        Step{5700, Activity::TrunkSearch, 1},
-    Step{6050, Activity::IdScan, 1},   Step{7000, Activity::IdManual, 1},
-    Step{7600, Activity::IdSearch, 1}, Step{8700, Activity::IdHold, 1},
-    Step{9350, Activity::Send},        Step{9700, Activity::Scan},
+    Step{5300, Activity::Manual, 61},  Step{6000, Activity::Auto},
+    Step{6400, Activity::Manual, 62},  Step{7050, Activity::TrunkSearch, 1},
+    Step{7400, Activity::IdScan, 1},   Step{8350, Activity::IdManual, 1},
+    Step{8950, Activity::IdSearch, 1}, Step{10050, Activity::IdHold, 1},
+    Step{10700, Activity::Send},       Step{11050, Activity::Scan},
 };
 
-// The tour has no time to wait for answers.
-constexpr Millis kDelay = 2000, kTourDelay = 100;
+// The tour has no time to wait for answers, and neither has a day that is a minute long.
+constexpr Millis kDelay = 2000, kDayDelay = 500, kTourDelay = 100;
 
 constexpr std::array kScenes{
     Scene{"quiet", 0, 0, kDelay, {}, {}},
     Scene{"city", 0, 0.4, kDelay, kCity, {}},
     Scene{"busy", 0, 0.3, kDelay, kBusy, {}},
+    Scene{"day", 0, 0.4, kDayDelay, kDay, {}, kDayHours},
     Scene{"steady", 0, 0, kDelay, kSteady, {}},
-    Scene{"tour", 10000, 0, kTourDelay, kTourTraffic, kTourSteps},
+    Scene{"tour", 12000, 0, kTourDelay, kTourTraffic, kTourSteps},
 };
 
 }  // namespace

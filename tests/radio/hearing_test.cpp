@@ -1,4 +1,5 @@
 // What the receiver makes of the air, and lines that come by themselves.
+#include <map>
 #include <set>
 
 #include "script.h"
@@ -128,7 +129,7 @@ TEST(Hearing, Bc245StreamsInIdSearch) {
   EXPECT_EQ(part(lines[0], 5, 99), " 05-021");
 }
 
-TEST(Scenes, TourShowsEveryModeInTenSeconds) {
+TEST(Scenes, TourShowsEveryMode) {
   for (const auto& [model, tour] :
        {std::pair<Model, std::string>{Model::BC895XLT, "00 01 02 03 04 05 06 07 08 09 10 15 16 "},
         {Model::BC245XLT, "00 01 02 03 04 05 09 10 11 12 14 "}}) {
@@ -137,7 +138,7 @@ TEST(Scenes, TourShowsEveryModeInTenSeconds) {
     play(radio, "MA > C001 F01551150*");
     std::set<std::string> seen;
     std::set<std::string> open;
-    for (int i = 0; i < 200; ++i) {
+    for (int i = 0; i < 240; ++i) {
       seen.insert(radio.exchange("MD"));
       if (radio.exchange("SQ") == "+") open.insert(radio.exchange("MD"));
       radio.advance(50);
@@ -166,6 +167,33 @@ TEST(Scenes, SameSeedSameLife) {
   EXPECT_NE(run(7, 1, 100), run(8, 1, 100));
   EXPECT_NE(run(7, 1, 100), run(7, 2, 100));
   EXPECT_NE(run(7, 1, 100).find("C061"), std::string::npos);
+}
+
+TEST(Scenes, ADayHasBusyAndQuietHoursAndFavourites) {
+  Radio radio;
+  radio.setTempo(1440);
+  radio.playScene("day");
+  std::array<int, 24> heard{};
+  std::map<std::string, std::set<std::string>> levels;
+  std::map<std::string, int> visits;
+  std::string last;
+  for (int minutes = 0; minutes < 20; ++minutes) {
+    for (int i = 0; i < 600; ++i) {
+      radio.advance(100);
+      const std::string channel = radio.exchange("MA").substr(0, 4);
+      heard[*radio.hour()] += radio.exchange("SQ") == "+" ? 1 : 0;
+      visits[channel] += channel != last ? 1 : 0;
+      levels[channel].insert(radio.exchange("SG").substr(0, 4));
+      last = channel;
+    }
+  }
+  EXPECT_GT(heard[8], 3 * heard[2]) << "of 500 looks in the hour";
+  EXPECT_GT(heard[8], 250);
+  EXPECT_GT(heard[2], 0);
+  EXPECT_GT(visits["C001"], 5 * visits["C008"]);
+  EXPECT_GT(visits["C008"], 3);
+  EXPECT_GT(levels["C061"].size(), 8U);
+  EXPECT_EQ(radio.hour(), kFirstHour);
 }
 
 TEST(Scenes, LongJumpsMeetWhatShortStepsMeet) {

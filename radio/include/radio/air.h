@@ -22,6 +22,7 @@ struct Source {
   std::string_view id;
   int tone = 0;
   int peak = 24;       ///< signal level, 16 to 26
+  int sway = 0;        ///< how far the peak is from that at most, by chance
   Millis firstAt = 0;  ///< after the scene's start
   Millis length = 2000;
   Millis gap = 0;  ///< silence until the next transmission; 0: once only
@@ -53,19 +54,22 @@ class Air {
   void play(std::span<const Source> sources, double jitter, Millis now);
   /// A transmission from outside any scene, starting now.
   void transmit(Transmission transmission, Millis length, Millis now);
-  void advance(Millis now);
+  /// Up to now, with so much traffic: at 0.5, the gaps between transmissions take twice as long.
+  void advance(Millis now, double traffic = 1);
   const std::vector<Transmission>& active() const { return active_; }
 
  private:
   struct Station {
     Source source;
-    Millis nextAt;
+    double nextAt;  ///< on the clock of the traffic
   };
-  void start(Station& station);
+  void start(Station& station, Millis now);
   Millis vary(Millis length);
 
   Chance chance_;
   double jitter_ = 0;
+  Millis now_ = 0;
+  double trafficClock_ = 0;  ///< runs as fast as there is traffic
   std::uint64_t serial_ = 0;
   std::vector<Station> stations_;
   std::vector<Transmission> active_;

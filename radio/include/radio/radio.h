@@ -27,7 +27,8 @@ class Radio {
   /// line is "ERR", like anything unknown.
   std::string exchange(std::string_view line);
 
-  /// Lets time pass, in milliseconds. Scenes run `tempo` times as fast; streaming doesn't.
+  /// Lets time pass, in milliseconds. Scenes run `tempo` times as fast, or, where a scene has a
+  /// clock, that clock does; streaming keeps its pace.
   void advance(Millis ms);
 
   /// Takes the lines that the radio has sent by itself: while streaming is on, one when the line
@@ -50,10 +51,13 @@ class Radio {
   const State& state() const { return state_; }
   State& state() { return state_; }
   std::string_view scene() const { return scene_->name; }
+  /// The scene's time of day, 0 to 23; nothing for a scene without a clock.
+  std::optional<int> hour() const;
 
  private:
   void live(Millis ms);
   void runScene();
+  double traffic() const;
   void takeStep(const Step& step);
   void stream();
 
@@ -63,6 +67,7 @@ class Radio {
   double owed_ = 0;  ///< scene time that is less than a millisecond
   Millis clock_ = 0;
   Millis lineDue_ = 0;
+  double day_ = 0;  ///< milliseconds on the scene's own clock, since it began
   const Scene* scene_;
   Millis sceneStart_ = 0;
   std::size_t nextStep_ = 0;

@@ -20,8 +20,12 @@ struct Step {
 ///   quiet    nothing on the air
 ///   city     traffic on all of the built-in memory; the radio is left to its user
 ///   busy     the same, with hardly a pause
+///   day      a day from six in the morning on: rush hours, a quiet night, favourites, stations
+///   near
+///            and far. The tempo is that of its clock, so that 1440 makes a minute of the day;
+///            transmissions keep their length
 ///   steady   one endless transmission, 155.1150 MHz
-///   tour     about ten seconds that walk through every mode
+///   tour     twelve seconds that walk through every mode
 struct Scene {
   std::string_view name;
   Millis length;
@@ -29,7 +33,15 @@ struct Scene {
   Millis delay;  ///< how long a stop with delay outlives its transmission
   std::span<const Source> sources;
   std::span<const Step> steps;
+  /// How much traffic there is in each hour of the day, 0 to 1; empty for scenes without a clock.
+  std::span<const double> hours{};
 };
+
+/// The highest speed of a scene or its clock that a user can ask for.
+constexpr double kMostTempo = 10000;
+
+/// The hour of the day at which a scene with a clock begins.
+constexpr int kFirstHour = 6;
 
 std::span<const Scene> scenes();
 const Scene* sceneNamed(std::string_view name);
