@@ -112,25 +112,26 @@ constexpr std::array kTourTraffic{
     station(1553400, 0, 24, 3250, 500, 20000),        // search: in memory
     station(1587450, 0, 22, 3700, 700, 20000),        // search, then hold
     station(1625500, 0, 25, 4400, 900, 20000),        // weather
-    station(1542800, 16, 20, 6050, 300, 20000),       // auto
-    station(1197000, 0, 24, 6450, 500, 20000),        // manual
-    talkgroup('B', "007216", 20, 7050, 300, 20000),   // trunked search
-    talkgroup('B', "001616", 25, 7450, 500, 20000),   // ID scan
-    talkgroup('B', "003216", 22, 8000, 700, 20000),   // ID scan, then manual
-    talkgroup('B', "007216", 24, 9050, 400, 20000),   // ID search: not in memory
-    talkgroup('B', "001648", 21, 9500, 1100, 20000),  // ID search, then hold
+    talkgroup('B', "007216", 20, 6050, 300, 20000),   // trunked search
+    talkgroup('B', "001616", 25, 6450, 500, 20000),   // ID scan
+    talkgroup('B', "003216", 22, 7000, 700, 20000),   // ID scan, then manual
+    talkgroup('B', "007216", 24, 8050, 400, 20000),   // ID search: not in memory
+    talkgroup('B', "001648", 21, 8500, 1100, 20000),  // ID search, then hold
+    station(1542800, 16, 20, 10100, 300, 20000),      // auto
+    station(1197000, 0, 24, 10500, 500, 20000),       // manual
 };
 
-// Weather and Auto each end in a manual step: it clears the indicators that they leave on.
+// Weather and Auto each end in a manual step, which clears what they leave on a display. Auto comes
+// late, as a display may go on saying so.
 constexpr std::array kTourSteps{
     Step{0, Activity::Scan},           Step{2200, Activity::Manual, 61},
     Step{2850, Activity::Search},      Step{4000, Activity::SearchHold},
     Step{4400, Activity::Weather},     Step{4900, Activity::WeatherHold},
-    Step{5300, Activity::Manual, 61},  Step{6000, Activity::Auto},
-    Step{6400, Activity::Manual, 62},  Step{7050, Activity::TrunkSearch, 1},
-    Step{7400, Activity::IdScan, 1},   Step{8350, Activity::IdManual, 1},
-    Step{8950, Activity::IdSearch, 1}, Step{10050, Activity::IdHold, 1},
-    Step{10700, Activity::Send},       Step{11050, Activity::Scan},
+    Step{5300, Activity::Manual, 61},  Step{6050, Activity::TrunkSearch, 1},
+    Step{6400, Activity::IdScan, 1},   Step{7350, Activity::IdManual, 1},
+    Step{7950, Activity::IdSearch, 1}, Step{9050, Activity::IdHold, 1},
+    Step{9700, Activity::Send},        Step{10050, Activity::Auto},
+    Step{10450, Activity::Manual, 62}, Step{11150, Activity::Scan},
 };
 
 // The tour has no time to wait for answers, and neither has a day that is a minute long.

@@ -9,16 +9,16 @@
 
 #include "desktop/program.h"
 
-/// Runs the program by itself for ten seconds, for machines without a display: prints the panel's
-/// elements as text whenever they change and writes pictures of the window to the folder given.
-/// Ends with 0 if the panel came alive.
+/// Runs the program by itself for some twelve seconds, for machines without a display: prints the
+/// panel's elements as text whenever they change and writes pictures of the window to the folder
+/// given. Ends with 0 if the panel came alive.
 namespace {
 
 using tarnvex::desktop::Program;
 
 constexpr int kLookMilliseconds = 20;
 constexpr int kPictureMilliseconds = 1250;
-constexpr int kRunMilliseconds = 10500;
+constexpr int kRunMilliseconds = 12500;
 
 class Demo {
  public:
