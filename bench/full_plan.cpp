@@ -1,7 +1,7 @@
 #include "bench/full_plan.h"
 
-#include "memory/memory_traits.h"
-#include "memory/tone_table.h"
+#include "link/tone_table.h"
+#include "memory/plan_records.h"
 #include "platform/convert.h"
 
 namespace tarnvex::bench {
@@ -22,7 +22,7 @@ void fillPlan(platform::Table& channels, platform::Table& talkgroups, int number
     write(ChannelRecord::Lockout, flag(row, 3));
     write(ChannelRecord::Line, flag(row, 5));
     write(ChannelRecord::Ctcss,
-          memory::ToneTable()[static_cast<std::size_t>((row + number) % 38 + 1)]);
+          link::ToneTable()[static_cast<std::size_t>((row + number) % 38 + 1)]);
     write(ChannelRecord::AlphaTag, "Station " + std::to_string(row) + tag);
   }
   for (int row = 1; row <= TalkgroupRecord::kRows; ++row) {

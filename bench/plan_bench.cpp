@@ -91,7 +91,7 @@ class ShownPlan {
   memory::ChannelMemory memory_{{channels_, talkgroups_, tabs_},
                                 state_,
                                 dialogs_,
-                                memory::bc895MemoryTraits(),
+                                link::bc895Model(),
                                 [](const std::string&) {}};
   memory::FrequencyFile file_{memory_, {files_, *Dlg1_, dialogs_, settings_, window_}};
   desktop::PlanTable channelView_{channels_, gate_, memory::ChannelRecord::AlphaTag, nullptr};

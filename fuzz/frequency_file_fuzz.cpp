@@ -10,7 +10,7 @@ namespace {
 
 /// A plan with its file commands, in a folder of its own.
 struct Plan : test::PlanFixture {
-  Plan() : PlanFixture(memory::bc895MemoryTraits()) {}
+  Plan() : PlanFixture(link::bc895Model()) {}
 
   test::MemoryStore store;
   platform::SequentialFiles files{store};

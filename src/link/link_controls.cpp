@@ -9,8 +9,8 @@ std::string lineSettings(std::string_view baudRate) {
   return std::string(baudRate) + ",n,8,1";
 }
 
-LinkControls::LinkControls(const LinkTraits& traits, Parts parts, Outside outside)
-    : traits_(traits), parts_(parts), outside_(outside) {
+LinkControls::LinkControls(const RadioModel& model, Parts parts, Outside outside)
+    : model_(model), parts_(parts), outside_(outside) {
   for (int slot = 1; slot <= 4; ++slot) {
     parts_.options[static_cast<std::size_t>(slot - 1)]->onClick = [this, slot] {
       choosePort(slot);
@@ -26,7 +26,7 @@ std::string LinkControls::storedPort() const {
 }
 
 std::string LinkControls::storedBaudRate() const {
-  return outside_.settings.getSetting(traits_.section, "Baudrate", "9600");
+  return outside_.settings.getSetting(model_.key, "Baudrate", "9600");
 }
 
 void LinkControls::chooseStoredPort() {
@@ -76,7 +76,7 @@ void LinkControls::changeBaudRate() {
     showRestoredRate();
   } else {
     const std::string old = storedBaudRate();
-    outside_.settings.saveSetting(traits_.section, "Baudrate", parts_.baudBox.text());
+    outside_.settings.saveSetting(model_.key, "Baudrate", parts_.baudBox.text());
     reopen(storedBaudRate());
     if (!radioAnswers()) {
       restoreBaudRate(old);
@@ -100,7 +100,7 @@ void LinkControls::restoreBaudRate(const std::string& rate) {
       "problems connecting your scanner, you should determine it's baudrate per the instructions "
       "in your scanner's users manual.",
       "Scanner Not Responding", platform::kWarning);
-  outside_.settings.saveSetting(traits_.section, "Baudrate", rate);
+  outside_.settings.saveSetting(model_.key, "Baudrate", rate);
   showRestoredRate();
   reopen(rate);
 }
@@ -109,7 +109,7 @@ void LinkControls::restoreBaudRate(const std::string& rate) {
 /// while the baud box goes on showing what was chosen. Users know the window so; it stays.
 void LinkControls::showRestoredRate() {
   if (const auto rate = platform::toReal(storedBaudRate())) {
-    if (const auto index = platform::toInteger(*rate / traits_.restoreStep - 1)) {
+    if (const auto index = platform::toInteger(*rate / model_.baudStep - 1)) {
       parts_.restoreBox.setListIndex(*index);
     }
   }

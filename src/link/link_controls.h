@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "link/radio_model.h"
 #include "platform/controls.h"
 #include "platform/dialogs.h"
 #include "platform/serial_port.h"
@@ -14,15 +15,6 @@ namespace tarnvex::link {
 
 /// Text of the `Settings` property for a baud rate: no parity, eight data bits, one stop bit.
 std::string lineSettings(std::string_view baudRate);
-
-/// What differs between the main windows' link controls.
-struct LinkTraits {
-  /// Settings section of the radio.
-  std::string_view section;
-  /// The combo that shows the old rate again after a declined or failed change has the list index
-  /// rate / step - 1.
-  int restoreStep;
-};
 
 /// How a main window keeps its link: the COM options, the baud rate box and the Connect button of
 /// its Options page. The main window owns the controls; this class is what they do. Choosing a COM
@@ -35,7 +27,7 @@ class LinkControls {
     platform::Timer& pollTimer;
     Options options;
     platform::ComboBox& baudBox;
-    /// Receives the list index of the old rate: see LinkTraits.
+    /// Receives the list index of the old rate: see RadioModel::baudStep.
     platform::ComboBox& restoreBox;
     platform::Button& connectButton;
   };
@@ -45,7 +37,7 @@ class LinkControls {
     platform::Dialogs& dialogs;
   };
 
-  LinkControls(const LinkTraits& traits, Parts parts, Outside outside);
+  LinkControls(const RadioModel& model, Parts parts, Outside outside);
 
   /// Spins that the radio has for an answer after a change of the baud rate.
   static constexpr int kBaudProbeSpins = 12500;
@@ -68,7 +60,7 @@ class LinkControls {
   void showRestoredRate();
   void reopen(const std::string& rate);
 
-  const LinkTraits& traits_;
+  const RadioModel& model_;
   Parts parts_;
   Outside outside_;
 };

@@ -1,7 +1,7 @@
 #include <limits>
 
 #include "memory/apf_file.h"
-#include "memory/memory_traits.h"
+#include "memory/plan_records.h"
 #include "platform/convert.h"
 
 namespace tarnvex::memory {

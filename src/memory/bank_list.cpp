@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "link/scanner_commands.h"
-#include "memory/memory_traits.h"
+#include "memory/plan_records.h"
 
 namespace tarnvex::memory {
 namespace {

@@ -13,6 +13,11 @@ using platform::Table;
 
 namespace {
 
+static_assert(ChannelRecord::kColumns ==
+              std::tuple_size_v<decltype(link::RadioModel::channelHeadings)>);
+static_assert(TalkgroupRecord::kColumns ==
+              std::tuple_size_v<decltype(link::RadioModel::talkgroupHeadings)>);
+
 constexpr char kFirstBank = 'A';
 
 /// A hit list's way into its table.
@@ -43,14 +48,14 @@ bool mayStore(const HitPlace& place, platform::Dialogs& dialogs) {
 }  // namespace
 
 ChannelMemory::ChannelMemory(MemoryControls controls, platform::SharedState& state,
-                             platform::Dialogs& dialogs, const MemoryTraits& traits,
+                             platform::Dialogs& dialogs, const link::RadioModel& model,
                              SendCommand sendCommand)
     : grid1_(controls.MSFlexGrid1),
       grid2_(controls.MSFlexGrid2),
       tabs_(controls.SSTab1),
       state_(state),
       dialogs_(dialogs),
-      traits_(traits),
+      model_(model),
       sendCommand_(std::move(sendCommand)) {
   for (Table* table : {&grid1_, &grid2_}) {
     table->onKey = [this, table](char key) {
@@ -75,12 +80,12 @@ void ChannelMemory::layOut() {
   constexpr std::array<int, TalkgroupRecord::kColumns> kTalkgroupWidths = {1500, 1500, 3000, 500};
   for (int col = 0; col < ChannelRecord::kColumns; ++col) {
     const auto at = static_cast<std::size_t>(col);
-    grid1_.setTextMatrix(0, col, traits_.channelHeadings[at]);
-    grid1_.setColWidth(col, traits_.channelWidths[at]);
+    grid1_.setTextMatrix(0, col, std::string(model_.channelHeadings[at]));
+    grid1_.setColWidth(col, model_.channelWidths[at]);
   }
   for (int col = 0; col < TalkgroupRecord::kColumns; ++col) {
     const auto at = static_cast<std::size_t>(col);
-    grid2_.setTextMatrix(0, col, traits_.talkgroupHeadings[at]);
+    grid2_.setTextMatrix(0, col, std::string(model_.talkgroupHeadings[at]));
     grid2_.setColWidth(col, kTalkgroupWidths[at]);
   }
   for (int row = 1; row <= TalkgroupRecord::kRows; ++row) {
@@ -167,7 +172,7 @@ void ChannelMemory::StoreHit(HitList list, std::string_view line) {
     table.setTextMatrix(row, ChannelRecord::Ctcss, "");
     table.setTextMatrix(row, ChannelRecord::AlphaTag, "");
   } else {
-    table.setTextMatrix(row, TalkgroupRecord::Id, platform::mid(line, traits_.hitIdStart, 6));
+    table.setTextMatrix(row, TalkgroupRecord::Id, platform::mid(line, model_.hitIdStart, 6));
     table.setTextMatrix(row, TalkgroupRecord::AlphaTag, "");
   }
   if (row < place.lastRow) {

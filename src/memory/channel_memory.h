@@ -4,7 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "memory/memory_traits.h"
+#include "link/radio_model.h"
+#include "memory/plan_records.h"
 #include "platform/controls.h"
 #include "platform/dialogs.h"
 #include "platform/non_copyable.h"
@@ -35,7 +36,7 @@ class ChannelMemory : private platform::NonCopyable {
   using SendCommand = std::function<void(const std::string& command)>;
 
   ChannelMemory(MemoryControls controls, platform::SharedState& state, platform::Dialogs& dialogs,
-                const MemoryTraits& traits, SendCommand sendCommand);
+                const link::RadioModel& model, SendCommand sendCommand);
   ~ChannelMemory();
 
   /// Writes headings, widths and column 0. Run when a window opens, after the last file was read.
@@ -61,7 +62,7 @@ class ChannelMemory : private platform::NonCopyable {
   [[nodiscard]] platform::Table& MSFlexGrid1() { return grid1_; }
   [[nodiscard]] platform::Table& MSFlexGrid2() { return grid2_; }
   [[nodiscard]] platform::SharedState& state() { return state_; }
-  [[nodiscard]] const MemoryTraits& traits() const { return traits_; }
+  [[nodiscard]] const link::RadioModel& model() const { return model_; }
 
  private:
   bool channelKey(char key);
@@ -80,7 +81,7 @@ class ChannelMemory : private platform::NonCopyable {
   platform::TabStrip& tabs_;
   platform::SharedState& state_;
   platform::Dialogs& dialogs_;
-  const MemoryTraits& traits_;
+  const link::RadioModel& model_;
   SendCommand sendCommand_;
 };
 

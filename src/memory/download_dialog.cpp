@@ -3,8 +3,8 @@
 #include <string>
 #include <utility>
 
-#include "memory/memory_traits.h"
-#include "memory/tone_table.h"
+#include "link/tone_table.h"
+#include "memory/plan_records.h"
 
 namespace tarnvex::memory {
 
@@ -48,7 +48,7 @@ void frmDownload::fillRow(platform::Table& grid, int channel, const link::Channe
   write(ChannelRecord::Line, flag(reply.line()));
   grid.setCol(ChannelRecord::Ctcss);
   // A tone that is no number, or none of the table's, leaves the cell as it was.
-  const auto& tones = ToneTable();
+  const auto& tones = link::ToneTable();
   const auto tone = reply.tone();
   if (tone && *tone >= 0 && static_cast<std::size_t>(*tone) < tones.size()) {
     grid.setText(tones[static_cast<std::size_t>(*tone)]);

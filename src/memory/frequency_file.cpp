@@ -146,7 +146,7 @@ bool FrequencyFile::chooseSaveName() {
     if (dialog.FileName.empty()) {
       return false;
     }
-    settled = !memory_.traits().asksBeforeReplacing || dialog.FileName == current ||
+    settled = !memory_.model().asksBeforeReplacing || dialog.FileName == current ||
               !ports_.files.exists(dialog.FileName) ||
               ports_.dialogs.messageBox("Overwrite existing file?", "Confirm Overwrite",
                                         platform::kYesNoQuestion) == Answer::Yes;
@@ -155,7 +155,7 @@ bool FrequencyFile::chooseSaveName() {
 }
 
 void FrequencyFile::loadLastPlan() {
-  const std::string path = ports_.settings.getSetting(memory_.traits().section, "LastFreqFile", "");
+  const std::string path = ports_.settings.getSetting(memory_.model().key, "LastFreqFile", "");
   ports_.Dlg1.FileName = path;
   if (path.empty()) {
     ports_.window.setCaption("Tarnvex - Untitled");
@@ -170,7 +170,7 @@ void FrequencyFile::loadLastPlan() {
 
 void FrequencyFile::adopt(const std::string& path) {
   ports_.window.setCaption("Tarnvex - " + path);
-  ports_.settings.saveSetting(memory_.traits().section, "LastFreqFile", path);
+  ports_.settings.saveSetting(memory_.model().key, "LastFreqFile", path);
 }
 
 void FrequencyFile::report(const std::string& description) {

@@ -61,11 +61,13 @@ bool ChannelMemory::channelKey(char key) {
 }
 
 bool ChannelMemory::talkgroupKey(char key) {
-  const bool marks =
-      traits_.talkgroupDirtyRule == DirtyRule::EveryKey ? key != kEnter : state_.CellEditActive;
+  const bool marks = model_.talkgroupDirtyRule == link::DirtyRule::EveryKey ? key != kEnter
+                                                                            : state_.CellEditActive;
   state_.MemoryModified = state_.MemoryModified || marks;
   if (key == kEnter) {
-    enterKey(grid2_, traits_.talkgroupLastColumn, traits_.talkgroupLastRow);
+    enterKey(grid2_,
+             model_.enterVisitsPriority ? TalkgroupRecord::Priority : TalkgroupRecord::AlphaTag,
+             model_.enterLastRow);
     return false;
   }
   switch (grid2_.col()) {
@@ -131,7 +133,7 @@ void ChannelMemory::inheritFromRowAbove() {
 bool ChannelMemory::tagKey(Table& table, char key) {
   if (key == kBackspace) {
     deleteLast(table);
-  } else if (table.text().size() < traits_.tagLimit) {
+  } else if (table.text().size() < model_.tagLimit) {
     table.append(key);
   } else {
     return true;

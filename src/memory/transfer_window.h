@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "link/radio_model.h"
 #include "link/scanner_link.h"
 #include "platform/clock.h"
 #include "platform/controls.h"
@@ -14,22 +15,9 @@
 
 namespace tarnvex::memory {
 
-/// Everything in which the two radios' transfers of channels differ.
-struct TransferTraits {
-  /// The dialog blocks its main window.
-  bool modal;
-  /// The keys that pick a bank (0 to 9) while the radio is being given trunked channels.
-  std::string (*bankKey)(int bank);
-  /// A trunked bank must be told its system type: `Form3` asks once for each.
-  bool asksSystemType;
-};
-
-const TransferTraits& bc895TransferTraits();
-const TransferTraits& bc245TransferTraits();
-
 /// What a transfer drives of the main window. All of it outlives the transfer.
 struct TransferWindow {
-  const TransferTraits& traits;
+  const link::RadioModel& model;
   platform::Table& MSFlexGrid1;
   platform::Table& MSFlexGrid2;
   /// Labels of the panel.

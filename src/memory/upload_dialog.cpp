@@ -4,20 +4,20 @@
 #include <utility>
 
 #include "link/scanner_commands.h"
-#include "memory/memory_traits.h"
-#include "memory/tone_table.h"
+#include "link/tone_table.h"
+#include "memory/plan_records.h"
 #include "platform/convert.h"
 
 namespace tarnvex::memory {
 
-frmUpload::frmUpload(MainWindow mainWindow, TransferOutside outside, ShowForm3 showForm3)
+frmUpload::frmUpload(MainWindow mainWindow, TransferOutside outside, AskSystemType askSystemType)
     : ChannelTransfer({"frmUpload", "Upload Conventional Data", "Select Bank(s) to Upload",
                        "Upload Now", "Uploading..."},
                       std::move(mainWindow), outside),
-      showForm3_(std::move(showForm3)) {}
+      askSystemType_(std::move(askSystemType)) {}
 
 void frmUpload::enterBank(const TransferWindow& main, bool /*selected*/) {
-  if (main.traits.asksSystemType) {
+  if (main.model.asksSystemType) {
     outside_.state.DigitKeyed = false;
   }
 }
@@ -45,10 +45,10 @@ void frmUpload::transferChannel(const TransferWindow& main, int bank, int channe
 
 bool frmUpload::enterTrunkedBank(const TransferWindow& main, int bank) {
   keyTrunkedBank(main, bank);
-  if (!main.traits.asksSystemType || outside_.state.DigitKeyed) {
+  if (!main.model.asksSystemType || outside_.state.DigitKeyed) {
     return true;
   }
-  if (!askSystemType(main)) {
+  if (!learnSystemType(main)) {
     return false;
   }
   // Setting the type has taken the radio out of the bank.
@@ -59,18 +59,15 @@ bool frmUpload::enterTrunkedBank(const TransferWindow& main, int bank) {
 
 void frmUpload::keyTrunkedBank(const TransferWindow& main, int bank) {
   outside_.link.SendCommand(link::key::kTrunkHeld);
-  outside_.link.SendCommand(main.traits.bankKey(bank));
+  outside_.link.SendCommand(main.model.bankKey(bank));
   outside_.link.SendCommand(link::key::kEnter);
 }
 
-bool frmUpload::askSystemType(const TransferWindow& main) {
+bool frmUpload::learnSystemType(const TransferWindow& main) {
   if (outside_.gate.ended()) {
     return false;
   }
-  trunking::Form3 form({main.Channel, main.MSFlexGrid1, outside_.state, outside_.link,
-                        outside_.gate, outside_.dialogs});
-  form.load();
-  showForm3_(form);
+  askSystemType_();
   return holdPoll(main);
 }
 
@@ -89,7 +86,7 @@ void frmUpload::sendFlags(const TransferWindow& main, int channel) {
 }
 
 void frmUpload::sendTone(std::string_view tone) {
-  const auto& tones = ToneTable();
+  const auto& tones = link::ToneTable();
   for (std::size_t index = 1; index < tones.size(); ++index) {
     if (!tone.empty() && tone == tones[index]) {
       outside_.link.SendCommand(link::command::setTone(static_cast<int>(index)));

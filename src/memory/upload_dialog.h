@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "memory/bank_list.h"
-#include "trunking/system_type_form.h"
 
 namespace tarnvex::memory {
 
@@ -13,13 +12,14 @@ namespace tarnvex::memory {
 /// can be set, but not taken away. The radio stands on channel 1 afterwards.
 ///
 /// A channel with the `Trunk` flag is keyed into its trunked bank. Where the radio wants to know
-/// the system type of such a bank, `Form3` asks for it once a bank.
+/// the system type of such a bank, the user is asked for it once a bank.
 class frmUpload : public ChannelTransfer {
  public:
-  /// Shows the loaded form modally: returns once it has told `closed` or the program has ended.
-  using ShowForm3 = std::function<void(trunking::Form3&)>;
+  /// Asks the user for the system type of the bank that the radio is in and programs the bank with
+  /// it. Returns when the dialog has closed or the program has ended.
+  using AskSystemType = std::function<void()>;
 
-  frmUpload(MainWindow mainWindow, TransferOutside outside, ShowForm3 showForm3);
+  frmUpload(MainWindow mainWindow, TransferOutside outside, AskSystemType askSystemType);
 
  protected:
   void enterBank(const TransferWindow& main, bool selected) override;
@@ -29,11 +29,11 @@ class frmUpload : public ChannelTransfer {
  private:
   bool enterTrunkedBank(const TransferWindow& main, int bank);
   void keyTrunkedBank(const TransferWindow& main, int bank);
-  bool askSystemType(const TransferWindow& main);
+  bool learnSystemType(const TransferWindow& main);
   void sendFlags(const TransferWindow& main, int channel);
   void sendTone(std::string_view tone);
 
-  ShowForm3 showForm3_;
+  AskSystemType askSystemType_;
 };
 
 }  // namespace tarnvex::memory

@@ -1,8 +1,8 @@
 #include <array>
 
+#include "memory/plan_lookup.h"
 #include "monitor/bc245_poll.h"
 #include "monitor/hit_capture.h"
-#include "monitor/tag_finder.h"
 #include "platform/convert.h"
 #include "trunking/talkgroup_id.h"
 
@@ -60,8 +60,8 @@ Bc245Poll::Reception Bc245Poll::askReception() {
   const link::SignalReply signal(ask(command::kReception));
   Reception reception{signal.tableFrequency(), {}};
   if (const auto megahertz = signal.megahertz()) {
-    if (const auto row = findChannel(controls_.MSFlexGrid1, *megahertz)) {
-      reception.bank = bankOfChannel(*row);
+    if (const auto row = memory::findChannel(controls_.MSFlexGrid1, *megahertz)) {
+      reception.bank = memory::bankOfChannel(*row);
     }
   }
   return reception;
@@ -76,8 +76,8 @@ void Bc245Poll::showTalkgroupTag(const std::string& id, std::optional<int> bank)
   const auto others = decimal ? trunking::dashedForms(id) : trunking::decimalForms(id);
   std::optional<std::string> tag;
   if (bank) {
-    tag =
-        findTalkgroupTag(controls_.MSFlexGrid2, *bank, std::array{id, others.first, others.second});
+    tag = memory::findTalkgroupTag(controls_.MSFlexGrid2, *bank,
+                                   std::array{id, others.first, others.second});
   }
   panel_.Alpha.setCaption(tag.value_or(""));
 }

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 
-#include "memory/tone_table.h"
+#include "link/tone_table.h"
+#include "memory/plan_lookup.h"
 #include "monitor/hit_capture.h"
-#include "monitor/tag_finder.h"
 #include "platform/convert.h"
 #include "trunking/talkgroup_id.h"
 
@@ -204,7 +204,7 @@ void Bc895Poll::conventional(const std::string& mode) {
 /// there.
 void Bc895Poll::showTone(const link::ChannelReply& channel) {
   const auto index = channel.tone();
-  const auto& tones = memory::ToneTable();
+  const auto& tones = link::ToneTable();
   if (!panel_.CtcssStat.visible() || !index || *index < 0 ||
       static_cast<std::size_t>(*index) >= tones.size()) {
     return;
@@ -252,13 +252,14 @@ void Bc895Poll::showVoiceId(const link::TrunkIdReply& id) {
 void Bc895Poll::showTalkgroupTag(const std::string& id, bool& onTable) {
   const auto frequency = link::SignalReply(ask(command::kSignal)).tableFrequency();
   const auto channel =
-      frequency ? findChannel(controls_.MSFlexGrid1, *frequency) : std::optional<int>();
+      frequency ? memory::findChannel(controls_.MSFlexGrid1, *frequency) : std::optional<int>();
   onTable = channel.has_value();
   if (!channel) {
     panel_.Alpha.setCaption("");
   } else if (!state().EntryActive) {
     panel_.Alpha.setCaption(
-        findTalkgroupTag(controls_.MSFlexGrid2, bankOfChannel(*channel), id).value_or(""));
+        memory::findTalkgroupTag(controls_.MSFlexGrid2, memory::bankOfChannel(*channel), id)
+            .value_or(""));
   }
 }
 

@@ -1,7 +1,7 @@
 #include "monitor/poll_cycle.h"
 
+#include "memory/plan_lookup.h"
 #include "monitor/hit_capture.h"
-#include "monitor/tag_finder.h"
 #include "platform/convert.h"
 
 namespace tarnvex::monitor {
@@ -67,7 +67,7 @@ void PollCycle::showActiveChannel(const link::ChannelReply& channel, bool markBa
 void PollCycle::showChannelTag(const std::string& frequency, const std::string& number) {
   if (!state().EntryActive) {
     front_.Frequency.setCaption(frequency);
-    if (const auto tag = findTag(controls_.MSFlexGrid1, frequency, number)) {
+    if (const auto tag = memory::findTag(controls_.MSFlexGrid1, frequency, number)) {
       front_.Alpha.setCaption(*tag);
       return;
     }
@@ -82,7 +82,7 @@ void PollCycle::showChannelNumber(const std::string& number, bool markBank) {
     front_.Channel.setCaption(number);
     return;
   }
-  const char bank = link::bankLetter(bankOfChannel(*channel));
+  const char bank = link::bankLetter(memory::bankOfChannel(*channel));
   const auto priority = link::priorityChannelOf(ask(command::priorityChannel(bank)));
   front_.Channel.setCaption(priority == channel ? "P  " + number : number);
   if (markBank) {
@@ -91,7 +91,7 @@ void PollCycle::showChannelNumber(const std::string& number, bool markBank) {
 }
 
 bool PollCycle::showTagOf(const std::string& frequency) {
-  const auto tag = findTag(controls_.MSFlexGrid1, frequency);
+  const auto tag = memory::findTag(controls_.MSFlexGrid1, frequency);
   if (tag) {
     front_.Alpha.setCaption(*tag);
   }

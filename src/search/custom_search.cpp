@@ -5,22 +5,12 @@
 
 namespace tarnvex::search {
 
-const CustomSearchTraits& bc895CustomSearchTraits() {
-  static const CustomSearchTraits traits{bc895SearchListTraits(), true};
-  return traits;
-}
-
-const CustomSearchTraits& bc245CustomSearchTraits() {
-  static const CustomSearchTraits traits{bc245SearchListTraits(), false};
-  return traits;
-}
-
-CustomSearch::CustomSearch(const CustomSearchTraits& traits, Parts parts, Outside outside)
-    : traits_(traits),
+CustomSearch::CustomSearch(const link::RadioModel& model, Parts parts, Outside outside)
+    : model_(model),
       parts_(parts),
       link_(outside.link),
       dialogs_(outside.dialogs),
-      list_(traits.list, parts.controls,
+      list_(model, parts.controls,
             {outside.files, outside.dialogs, std::move(outside.programDirectory)}) {
   parts_.controls.List3.onClick = [this] { choose(); };
   parts_.controls.List3.onRightPress = [this] { popUp(); };
@@ -44,7 +34,7 @@ void CustomSearch::choose() {
   if (dialogs_.messageBox("Start searching now?", "Confirm Search", platform::kYesNoQuestion) ==
       platform::Answer::Yes) {
     link_.SendCommand(link::key::kSearch);
-  } else if (traits_.scansAfterNo) {
+  } else if (model_.scansAfterNo) {
     link_.SendCommand(link::key::kScan);
   }
 }

@@ -21,16 +21,6 @@ struct SearchlistMenu {
   platform::Notifier<> shown;
 };
 
-/// Everything in which the two radios' custom searches differ.
-struct CustomSearchTraits {
-  const SearchListTraits& list;
-  /// After No the radio is sent on scanning.
-  bool scansAfterNo;
-};
-
-const CustomSearchTraits& bc895CustomSearchTraits();
-const CustomSearchTraits& bc245CustomSearchTraits();
-
 /// The saved searches on the Options page: choosing one, its popup menu, saving and deleting.
 /// Choosing sends the limits at once, unchecked, before the user confirms the search.
 class CustomSearch {
@@ -50,7 +40,7 @@ class CustomSearch {
   };
 
   /// Takes over the clicks of the parts.
-  CustomSearch(const CustomSearchTraits& traits, Parts parts, Outside outside);
+  CustomSearch(const link::RadioModel& model, Parts parts, Outside outside);
 
   /// A step of the main window's load: fills `List3`.
   void load() { list_.load(); }
@@ -60,7 +50,7 @@ class CustomSearch {
   void sendLimit(std::string_view command, const platform::TextBox& box);
   void popUp();
 
-  const CustomSearchTraits& traits_;
+  const link::RadioModel& model_;
   Parts parts_;
   link::ScannerLink& link_;
   platform::Dialogs& dialogs_;

@@ -1,32 +1,18 @@
 #include "search/lockouts.h"
 
 #include <algorithm>
-#include <array>
 
+#include "link/scanner_commands.h"
 #include "platform/convert.h"
 
 namespace tarnvex::search {
 namespace {
 
 namespace key = link::key;
-namespace mode895 = link::mode895;
-namespace mode245 = link::mode245;
 
 /// Places of the BC245XLT's lists.
 constexpr int kSkips245 = 50;
 constexpr int kLockouts245 = 100;
-
-/// At Done one mode more counts as an ID mode than at the opening: a list of frequencies is then
-/// given back as IDs. The radio never reports that mode, and the form keeps it.
-constexpr std::array kIdModesAtDone895{mode895::kIdSearch, mode895::kIdHold, mode895::kTrunkScan,
-                                       mode895::kTrunkManual, mode895::kUnassigned};
-constexpr std::array kSearchKeyModes895{mode895::kIdSearch, mode895::kIdHold};
-constexpr std::array kIdModes245{
-    mode245::kIdSearch,    mode245::kIdHold,         mode245::kTrunkScan,
-    mode245::kTrunkManual, mode245::kTrunkSearch,    mode245::kIdSearchEdacs,
-    mode245::kIdHoldEdacs, mode245::kTrunkScanEdacs, mode245::kTrunkManualEdacs};
-constexpr std::array kSearchKeyModes245{mode245::kIdSearch, mode245::kIdHold, mode245::kTrunkSearch,
-                                        mode245::kIdSearchEdacs};
 
 std::string shown(double megahertz) {
   return platform::format(megahertz, "0.0000");
@@ -71,24 +57,21 @@ std::vector<std::string> readIds245(link::ScannerLink& link) {
   return ids;
 }
 
+using Entries = std::vector<std::string>;
+
+Entries readFrequencies(const link::RadioModel& model, link::ScannerLink& link) {
+  return model.numberedLockouts ? readFrequencies245(link) : readFrequencies895(link);
+}
+
+Entries readIds(const link::RadioModel& model, link::ScannerLink& link) {
+  return model.numberedLockouts ? readIds245(link) : readIds895(link);
+}
+
 }  // namespace
 
-const LockoutTraits& bc895LockoutTraits() {
-  static const LockoutTraits traits{mode895::kIdModes, kIdModesAtDone895,  kSearchKeyModes895, true,
-                                    link::kLockout895, readFrequencies895, readIds895};
-  return traits;
-}
-
-const LockoutTraits& bc245LockoutTraits() {
-  static const LockoutTraits traits{kIdModes245, kIdModes245,       kSearchKeyModes245,
-                                    false,       link::kLockout245, readFrequencies245,
-                                    readIds245};
-  return traits;
-}
-
-frmLockouts::frmLockouts(const LockoutTraits& traits, const platform::Label& mode,
+frmLockouts::frmLockouts(const link::RadioModel& model, const platform::Label& mode,
                          link::ScannerLink& link)
-    : traits_(traits), mode_(mode), link_(link) {
+    : model_(model), mode_(mode), link_(link) {
   Command1.onClick = [this] { done(); };
   Command2.onClick = [this] { unlockAll(); };
 }
@@ -98,9 +81,9 @@ bool frmLockouts::modeIsIn(std::span<const std::string_view> modes) const {
 }
 
 void frmLockouts::load() {
-  const auto read = modeIsIn(traits_.idModesAtLoad) ? traits_.readIds : traits_.readFrequencies;
+  const auto read = modeIsIn(model_.idModesAtLoad) ? readIds : readFrequencies;
   List1.clear();
-  for (const std::string& entry : read(link_)) {
+  for (const std::string& entry : read(model_, link_)) {
     List1.add(entry);
   }
   for (int i = 0; i < List1.count(); ++i) {
@@ -110,7 +93,7 @@ void frmLockouts::load() {
 }
 
 void frmLockouts::done() {
-  if (modeIsIn(traits_.idModesAtDone)) {
+  if (modeIsIn(model_.idModesAtDone)) {
     restoreIds();
   } else {
     restoreFrequencies();
@@ -136,18 +119,18 @@ void frmLockouts::restoreIds() {
   std::string_view back = returnKey();
   link_.SendCommand(key::kHold);
   link_.SendCommand(key::kLockoutHeld);
-  if (traits_.keysBeforeMode) {
+  if (model_.clearsBeforeMode) {
     back = returnKey();
   }
   for (int i = 0; i < List1.count(); ++i) {
-    const auto word = List1.selected(i) ? traits_.words.lock : traits_.words.unlock;
+    const auto word = List1.selected(i) ? model_.lockoutWords.lock : model_.lockoutWords.unlock;
     link_.SendCommand(link::command::lockId(word, List1.item(i)));
   }
   link_.SendCommand(back);
 }
 
 std::string_view frmLockouts::returnKey() const {
-  return modeIsIn(traits_.searchKeyModes) ? key::kSearch : key::kScan;
+  return modeIsIn(model_.searchKeyModes) ? key::kSearch : key::kScan;
 }
 
 void frmLockouts::unlockAll() {

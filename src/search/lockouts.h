@@ -1,11 +1,9 @@
 #pragma once
 
 #include <span>
-#include <string>
 #include <string_view>
-#include <vector>
 
-#include "link/scanner_commands.h"
+#include "link/radio_model.h"
 #include "link/scanner_link.h"
 #include "platform/controls.h"
 #include "platform/non_copyable.h"
@@ -13,25 +11,6 @@
 #include "platform/window.h"
 
 namespace tarnvex::search {
-
-/// Everything in which the two radios' lockout lists differ.
-struct LockoutTraits {
-  /// Modes in which the lists are those of IDs; in all others those of frequencies. As the form
-  /// opens and at Done.
-  std::span<const std::string_view> idModesAtLoad;
-  std::span<const std::string_view> idModesAtDone;
-  /// Modes that the radio is sent back to by its search key; to all others by its scan key.
-  std::span<const std::string_view> searchKeyModes;
-  /// At Done the mode is read behind the keys that clear the list, instead of before them.
-  bool keysBeforeMode;
-  const link::LockoutWords& words;
-  /// Read the entries as `List1` shows them.
-  std::vector<std::string> (*readFrequencies)(link::ScannerLink& link);
-  std::vector<std::string> (*readIds)(link::ScannerLink& link);
-};
-
-const LockoutTraits& bc895LockoutTraits();
-const LockoutTraits& bc245LockoutTraits();
 
 /// "Search Skip Memory": the radio's list of skipped search frequencies, or of locked-out IDs,
 /// whichever fits its mode. Every entry is ticked; unticked ones are let in again at Done.
@@ -41,8 +20,8 @@ const LockoutTraits& bc245LockoutTraits();
 /// `closed`; asking for it while it stands only brings it to the front.
 class frmLockouts : private platform::NonCopyable {
  public:
-  /// `mode` is the panel's label. It, the link and the traits outlive the form.
-  frmLockouts(const LockoutTraits& traits, const platform::Label& mode, link::ScannerLink& link);
+  /// `mode` is the panel's label. It, the link and the model outlive the form.
+  frmLockouts(const link::RadioModel& model, const platform::Label& mode, link::ScannerLink& link);
   ~frmLockouts() = default;
 
   /// Reads the list from the radio.
@@ -69,7 +48,7 @@ class frmLockouts : private platform::NonCopyable {
   [[nodiscard]] std::string_view returnKey() const;
   [[nodiscard]] bool modeIsIn(std::span<const std::string_view> modes) const;
 
-  const LockoutTraits& traits_;
+  const link::RadioModel& model_;
   const platform::Label& mode_;
   link::ScannerLink& link_;
 };

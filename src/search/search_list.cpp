@@ -67,18 +67,8 @@ std::optional<double> savedLimit(const platform::TextBox& box, std::string_view 
 
 }  // namespace
 
-const SearchListTraits& bc895SearchListTraits() {
-  static const SearchListTraits traits{"00000000", std::nullopt};
-  return traits;
-}
-
-const SearchListTraits& bc245SearchListTraits() {
-  static const SearchListTraits traits{"0000.0000", 200};
-  return traits;
-}
-
-SearchList::SearchList(const SearchListTraits& traits, SearchControls controls, Ports ports)
-    : traits_(traits), controls_(controls), ports_(std::move(ports)) {}
+SearchList::SearchList(const link::RadioModel& model, SearchControls controls, Ports ports)
+    : model_(model), controls_(controls), ports_(std::move(ports)) {}
 
 std::string SearchList::path() const {
   return ports_.programDirectory + std::string(kFileName);
@@ -138,12 +128,12 @@ void SearchList::append() {
     return;
   }
   const int id = controls_.List3.count();
-  if (traits_.mostSaved && id >= *traits_.mostSaved) {
+  if (model_.mostSearches && id >= *model_.mostSearches) {
     ports_.dialogs.messageBox("You may only have up to 200 Custom Searches Saved.",
                               "Maximum Saved Searches Exceeded", platform::kWarning);
   } else if (open(OpenMode::Append)) {
-    platform::assign(current_.lower, savedLimit(controls_.LLimit, traits_.mask));
-    platform::assign(current_.upper, savedLimit(controls_.Ulimit, traits_.mask));
+    platform::assign(current_.lower, savedLimit(controls_.LLimit, model_.searchMask));
+    platform::assign(current_.upper, savedLimit(controls_.Ulimit, model_.searchMask));
     current_.id = id;
     current_.name = name;
     write(ports_.files, current_);

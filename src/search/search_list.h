@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "link/radio_model.h"
 #include "platform/controls.h"
 #include "platform/dialogs.h"
 #include "platform/sequential_files.h"
@@ -21,18 +22,6 @@ struct SearchListRecord {
   double upper = 0;
   std::string name;
 };
-
-/// Everything in which the two radios' saved searches differ.
-struct SearchListTraits {
-  /// The limits go through this picture when they are saved. With the BC895XLT's only whole MHz
-  /// are left of them.
-  std::string_view mask;
-  /// How many searches may be saved, if there is a limit.
-  std::optional<int> mostSaved;
-};
-
-const SearchListTraits& bc895SearchListTraits();
-const SearchListTraits& bc245SearchListTraits();
 
 /// The controls of the main window that show the saved searches and their limits.
 struct SearchControls {
@@ -56,7 +45,7 @@ class SearchList {
     std::string programDirectory;
   };
 
-  SearchList(const SearchListTraits& traits, SearchControls controls, Ports ports);
+  SearchList(const link::RadioModel& model, SearchControls controls, Ports ports);
 
   /// How many records Delete can rewrite.
   static constexpr int kMostRewritten = 201;
@@ -83,7 +72,7 @@ class SearchList {
   void fill();
   void rewriteWithout(const std::string& name, const std::vector<Fields>& records);
 
-  const SearchListTraits& traits_;
+  const link::RadioModel& model_;
   SearchControls controls_;
   Ports ports_;
   SearchListRecord current_;

@@ -8,30 +8,22 @@
 #include "trunking/id_transfer.h"
 
 namespace tarnvex::shell {
-namespace {
-
-constexpr link::LinkTraits kLinkTraits{"BC245", 2400};
-
-}  // namespace
-
 Form2::Form2(const Services& services, MainFormOutside outside)
-    : MainForm(services, std::move(outside),
-               {memory::bc245MemoryTraits(), memory::bc245TransferTraits(),
-                search::bc245LockoutTraits()}),
+    : MainForm(services, std::move(outside), link::bc245Model()),
       speed_({Option5, Option6, MSBank, Timer2},
              {panel, services.link, services.state, services.settings}),
       keypad_(panel, Option8, keypadOutside()),
-      customSearch_(search::bc245CustomSearchTraits(), searchParts(panel.mode), searchOutside()),
+      customSearch_(model_, searchParts(panel.mode), searchOutside()),
       receiver_(
           {Check1, Check2, Check3, Check4, Check5, Check6, Check7, Option7, Option8, panel.Att},
           services.link, services.settings),
       poll_(panel, pollControls(), pollOutside(), {Scantimer, *MSComm1, Check2, Check5, Option8}),
       link_(
-          kLinkTraits,
+          model_,
           {*MSComm1, Scantimer, {&Option1, &Option2, &Option3, &Option4}, Combo1, Combo4, Command3},
           {services.state, services.settings, services.dialogs}) {
-  setUpBankBoxes(Combo4, {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"});
-  Combo1.setItems({"2400", "4800", "9600", "19200"});
+  setUpBankBoxes(Combo4);
+  Combo1.setItems(model_.baudRates);
   // Speed Enhancement can't be on while no bank is ticked.
   Option5.setEnabled(false);
   Scantimer.onTick = [this] { poll_.tick(); };

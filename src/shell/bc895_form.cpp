@@ -5,30 +5,26 @@
 namespace tarnvex::shell {
 namespace {
 
-/// The box that shows the baud rate is the one that shows it again after a change that didn't hold.
-constexpr link::LinkTraits kLinkTraits{"BC895", 4800};
 /// Pale yellow, as if lit from behind.
 constexpr std::string_view kDefaultBackcolor = "8454143";
 
 }  // namespace
 
 Form4::Form4(const Services& services, MainFormOutside outside)
-    : MainForm(services, std::move(outside),
-               {memory::bc895MemoryTraits(), memory::bc895TransferTraits(),
-                search::bc895LockoutTraits()}),
+    : MainForm(services, std::move(outside), link::bc895Model()),
       idTransfer(transferWindow(), transferOutside()),
       multiscan_({Option5, Option6, MSBank, Timer1},
                  {panel, services.link, services.gate, services.state, services.settings,
                   services.dialogs, services.clock}),
       keypad_(panel, keypadOutside(), [this] { requestUnload(); }),
-      customSearch_(search::bc895CustomSearchTraits(), searchParts(panel.mode), searchOutside()),
+      customSearch_(model_, searchParts(panel.mode), searchOutside()),
       poll_(panel, pollControls(), pollOutside()),
       link_(
-          kLinkTraits,
+          model_,
           {*MSComm1, Scantimer, {&Option1, &Option2, &Option3, &Option4}, Combo4, Combo4, Command3},
           {services.state, services.settings, services.dialogs}) {
-  setUpBankBoxes(Combo1, {"A", "B", "C", "D", "E", "F", "G", "H", "I", "J"});
-  Combo4.setItems({"4800", "9600"});
+  setUpBankBoxes(Combo1);
+  Combo4.setItems(model_.baudRates);
   // Multiscan can't be on while no bank is ticked.
   Option5.setEnabled(false);
   Scantimer.onTick = [this] { poll_.tick(); };
@@ -95,7 +91,7 @@ void Form4::chooseDisplayColour() {
 void Form4::loadLink() {
   link_.chooseStoredPort();
   if (const auto rate = platform::toReal(link_.storedBaudRate())) {
-    if (const auto index = platform::toInteger(*rate / kLinkTraits.restoreStep - 1)) {
+    if (const auto index = platform::toInteger(*rate / model_.baudStep - 1)) {
       Combo4.setListIndex(*index);
     }
   }

@@ -8,20 +8,21 @@
 #include "memory/scanner_reset.h"
 #include "memory/upload_dialog.h"
 #include "shell/about_form.h"
+#include "trunking/system_type_form.h"
 
 namespace tarnvex::shell {
 
-MainForm::MainForm(const Services& services, MainFormOutside outside, const MainFormTraits& traits)
+MainForm::MainForm(const Services& services, MainFormOutside outside, const link::RadioModel& model)
     : window(monitor::mainTitle({})),
       Dlg1(services.commonDialogs.create()),
       MSComm1(services.ports.create()),
       MMControl1(services.mediaControls.create()),
       services_(services),
-      memory_({MSFlexGrid1, MSFlexGrid2, SSTab1}, services.state, services.dialogs, traits.memory,
+      model_(model),
+      memory_({MSFlexGrid1, MSFlexGrid2, SSTab1}, services.state, services.dialogs, model,
               [&link = services.link](const std::string& command) { link.SendCommand(command); }),
       frequencyFile_(memory_, {services.files, *Dlg1, services.dialogs, services.settings, window}),
       outside_(std::move(outside)),
-      traits_(traits),
       recording_({chkRecord, *MMControl1, services.state, services.gate, services.dialogs,
                   services.clock, services.programDirectory}),
       lower_({LLimit, services.state.LowerLimitEditing, link::command::kLowerLimit, Ulimit},
@@ -104,7 +105,7 @@ void MainForm::showApf() {
                                      [this]() -> platform::Table& { return MSFlexGrid1; }})});
         return std::shared_ptr<Form>(kept, &kept->form);
       },
-      traits_.transfers.modal, [](Form& form) { form.load(); });
+      model_.modalDialogs, [](Form& form) { form.load(); });
 }
 
 void MainForm::mnuImport() {
@@ -117,7 +118,14 @@ void MainForm::mnuExport() {
 
 void MainForm::mnuUpload() {
   showDialog<memory::frmUpload>([this] { return transferWindow(); }, transferOutside(),
-                                [this](trunking::Form3& form) { dialogHost_.showAndWait(form); });
+                                [this] { askSystemType(); });
+}
+
+void MainForm::askSystemType() {
+  trunking::Form3 form({front().Channel, MSFlexGrid1, services_.state, services_.link,
+                        services_.gate, services_.dialogs});
+  form.load();
+  dialogHost_.showAndWait(form);
 }
 
 void MainForm::mnuDownload() {
@@ -159,8 +167,7 @@ void MainForm::closeQuickView() {
 void MainForm::showLockouts() {
   auto* form = dialogHost_.show<search::frmLockouts>(
       [this] {
-        return std::make_shared<search::frmLockouts>(traits_.lockouts, front().mode,
-                                                     services_.link);
+        return std::make_shared<search::frmLockouts>(model_, front().mode, services_.link);
       },
       false);
   if (form != nullptr) {
@@ -173,8 +180,8 @@ memory::TransferOutside MainForm::transferOutside() {
 }
 
 memory::TransferWindow MainForm::transferWindow() {
-  return {traits_.transfers, MSFlexGrid1,  MSFlexGrid2, front().Frequency,
-          front().Channel,   front().mode, Scantimer};
+  return {model_,          MSFlexGrid1,  MSFlexGrid2, front().Frequency,
+          front().Channel, front().mode, Scantimer};
 }
 
 monitor::PollControls MainForm::pollControls() {
@@ -200,10 +207,9 @@ search::CustomSearch::Outside MainForm::searchOutside() {
   return {services_.link, services_.files, services_.dialogs, services_.programDirectory};
 }
 
-void MainForm::setUpBankBoxes(platform::ComboBox& trunkBank,
-                              const std::vector<std::string>& names) {
+void MainForm::setUpBankBoxes(platform::ComboBox& trunkBank) {
   for (auto* box : {&trunkBank, &Combo2, &Combo3}) {
-    box->setItems(names);
+    box->setItems(model_.bankNames);
   }
   Combo3.onClick = [this] { memory_.JumpToBank(MSFlexGrid1, Combo3.listIndex()); };
   const auto jump = [this, &trunkBank] {

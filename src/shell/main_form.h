@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "link/link_controls.h"
+#include "link/radio_model.h"
 #include "memory/channel_memory.h"
 #include "memory/frequency_file.h"
 #include "memory/transfer_window.h"
@@ -26,13 +27,6 @@
 
 namespace tarnvex::shell {
 
-/// Everything in which the two radios' main windows differ as data.
-struct MainFormTraits {
-  const memory::MemoryTraits& memory;
-  const memory::TransferTraits& transfers;
-  const search::LockoutTraits& lockouts;
-};
-
 /// What the main window asks of the program around it.
 struct MainFormOutside {
   /// The other model has answered.
@@ -49,7 +43,7 @@ struct MainFormOutside {
 /// no earlier than when no function of the core is on the stack.
 class MainForm : private platform::NonCopyable {
  public:
-  MainForm(const Services& services, MainFormOutside outside, const MainFormTraits& traits);
+  MainForm(const Services& services, MainFormOutside outside, const link::RadioModel& model);
   virtual ~MainForm() = default;
 
   /// Reads the settings, opens the port and starts the poll. Errors of every step are passed over.
@@ -136,7 +130,7 @@ class MainForm : private platform::NonCopyable {
   [[nodiscard]] search::CustomSearch::Outside searchOutside();
   /// Fills the bank boxes and lets them jump. `Combo3` jumps in the channel table, `trunkBank` and
   /// `Combo2` pick bank and group of the talkgroup table.
-  void setUpBankBoxes(platform::ComboBox& trunkBank, const std::vector<std::string>& names);
+  void setUpBankBoxes(platform::ComboBox& trunkBank);
 
   /// What a transfer drives of this window.
   [[nodiscard]] memory::TransferWindow transferWindow();
@@ -146,7 +140,7 @@ class MainForm : private platform::NonCopyable {
   void showDialog(Arguments&&... arguments) {
     dialogHost_.show<Form>(
         [&] { return std::make_shared<Form>(std::forward<Arguments>(arguments)...); },
-        traits_.transfers.modal,
+        model_.modalDialogs,
         [](Form& form) {
           if constexpr (requires { form.load(); }) {
             form.load();
@@ -159,6 +153,7 @@ class MainForm : private platform::NonCopyable {
   virtual void releaseSound() {}
 
   Services services_;
+  const link::RadioModel& model_;
   memory::ChannelMemory memory_;
   memory::FrequencyFile frequencyFile_;
 
@@ -167,10 +162,10 @@ class MainForm : private platform::NonCopyable {
   template <class Form>
   void showApf();
   void showLockouts();
+  void askSystemType();
   void closeQuickView();
 
   MainFormOutside outside_;
-  MainFormTraits traits_;
   monitor::Recording recording_;
   search::LimitBox lower_;
   search::LimitBox upper_;

@@ -10,11 +10,11 @@ constexpr const char* kTop = "QVTop";
 
 }  // namespace
 
-QuickViewForm::QuickViewForm(const QuickViewTraits& traits,
+QuickViewForm::QuickViewForm(const link::RadioModel& model,
                              std::vector<monitor::PanelElement> elements,
                              const platform::Label& background, platform::SettingsStore& settings)
-    : window(std::string(traits.caption)),
-      section_(traits.section),
+    : window(std::string(model.quickViewCaption)),
+      section_(model.key),
       elements_(std::move(elements)),
       background_(background),
       settings_(settings) {}
@@ -33,11 +33,9 @@ void QuickViewForm::unload() {
 }
 
 QuickView::QuickView(const monitor::PanelState& panel, platform::SettingsStore& settings)
-    : QuickViewForm({" BC895xlt - Quick View", "BC895"}, panel.elements(), panel.Label1, settings) {
-}
+    : QuickViewForm(link::bc895Model(), panel.elements(), panel.Label1, settings) {}
 
 Form9::Form9(const monitor::Bc245Panel& panel, platform::SettingsStore& settings)
-    : QuickViewForm({"Quick View - BC245xlt", "BC245"}, panel.elements(), panel.Display, settings) {
-}
+    : QuickViewForm(link::bc245Model(), panel.elements(), panel.Display, settings) {}
 
 }  // namespace tarnvex::shell

@@ -3,6 +3,7 @@
 #include <string_view>
 #include <vector>
 
+#include "link/radio_model.h"
 #include "monitor/bc245_panel.h"
 #include "monitor/panel_state.h"
 #include "platform/non_copyable.h"
@@ -17,13 +18,6 @@ namespace tarnvex::shell {
 struct Twips {
   double x = 0;
   double y = 0;
-};
-
-/// What is the radio's own in its small window.
-struct QuickViewTraits {
-  std::string_view caption;
-  /// Section of the settings store.
-  std::string_view section;
 };
 
 /// The small window over all others: a copy of the radio's display, for as long as the main window
@@ -50,7 +44,7 @@ class QuickViewForm : private platform::NonCopyable {
   platform::Notifier<> closed;
 
  protected:
-  QuickViewForm(const QuickViewTraits& traits, std::vector<monitor::PanelElement> elements,
+  QuickViewForm(const link::RadioModel& model, std::vector<monitor::PanelElement> elements,
                 const platform::Label& background, platform::SettingsStore& settings);
   ~QuickViewForm() = default;
 

@@ -1,7 +1,7 @@
 #include <utility>
 
 #include "link/scanner_commands.h"
-#include "memory/memory_traits.h"
+#include "memory/plan_records.h"
 #include "trunking/id_transfer.h"
 
 namespace tarnvex::trunking {

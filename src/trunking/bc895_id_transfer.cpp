@@ -1,8 +1,8 @@
 #include <algorithm>
 
 #include "link/scanner_commands.h"
-#include "memory/memory_traits.h"
-#include "monitor/tag_finder.h"
+#include "memory/plan_lookup.h"
+#include "memory/plan_records.h"
 #include "trunking/id_transfer.h"
 
 namespace tarnvex::trunking {
@@ -19,8 +19,8 @@ constexpr int kSlots = 10;
 std::optional<int> TrunkBankResolver(link::ScannerLink& link, const platform::Table& MSFlexGrid1) {
   const link::SignalReply signal(link.SendCommand(link::command::kSignal));
   const auto frequency = signal.tableFrequency();
-  const auto row = frequency ? monitor::findChannel(MSFlexGrid1, *frequency) : std::nullopt;
-  return row ? std::optional(monitor::bankOfChannel(*row)) : std::nullopt;
+  const auto row = frequency ? memory::findChannel(MSFlexGrid1, *frequency) : std::nullopt;
+  return row ? std::optional(memory::bankOfChannel(*row)) : std::nullopt;
 }
 
 /// While another transfer runs the mode isn't known: the poll stands still.

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "link/scanner_commands.h"
-#include "memory/memory_traits.h"
+#include "memory/plan_records.h"
 #include "platform/convert.h"
 #include "trunking/system_type.h"
 

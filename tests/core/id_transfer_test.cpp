@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "memory/download_dialog.h"
-#include "memory/memory_traits.h"
+#include "memory/plan_records.h"
 #include "platform/convert.h"
 #include "radio/commands.h"
 #include "support/radio_port.h"

@@ -26,10 +26,10 @@ struct LockoutsTest : testing::Test, test::World {
     port->open();
     radio.log.clear();
   }
-  void open(const LockoutTraits& traits, const std::string& inMode,
+  void open(const link::RadioModel& model, const std::string& inMode,
             const std::vector<Exchange>& exchanges) {
     mode.setCaption(inMode);
-    form = std::make_unique<frmLockouts>(traits, mode, link);
+    form = std::make_unique<frmLockouts>(model, mode, link);
     closed = form->closed.connect([this] { ++closings; });
     radio.expect(exchanges);
     form->load();
@@ -68,7 +68,7 @@ std::vector<Exchange> numbered(const std::string& word, std::string_view mask,
 }
 
 TEST_F(LockoutsTest, Bc895FrequenciesGoBackAsTheyCame) {
-  open(bc895LockoutTraits(), "MD02", query("SS", "SS08510125\rSS 0290000\rSS00460125\r"));
+  open(link::bc895Model(), "MD02", query("SS", "SS08510125\rSS 0290000\rSS00460125\r"));
   EXPECT_THAT(form->List1.items(), ElementsAre("851.0125", "29.0000", "46.0125"));
   form->List1.userSelect({true, false, true});
   EXPECT_EQ(done(), "KEY09; KEY07; KEY06H; SS08510125; SS00460125");
@@ -76,7 +76,7 @@ TEST_F(LockoutsTest, Bc895FrequenciesGoBackAsTheyCame) {
   EXPECT_EQ(radio.takeLog(), "");
   EXPECT_EQ(done(), "KEY09; KEY07; KEY06H") << "the skip list is emptied";
 
-  open(bc895LockoutTraits(), "MD03", query("SS", ""));
+  open(link::bc895Model(), "MD03", query("SS", ""));
   EXPECT_THAT(form->List1.items(), IsEmpty());
   EXPECT_EQ(done(), "KEY09; KEY07; KEY06H");
 }
@@ -87,25 +87,25 @@ TEST_F(LockoutsTest, Bc895IdsGoBackByTheModeAtDone) {
       {"MD10", "MD10", "KEY00"}, {"MD07", "MD11", "KEY00"}, {"MD09", "MD07", "KEY09"}};
   for (const auto& [opened, atDone, back] : cases) {
     SCOPED_TRACE(std::string(opened) + " " + atDone);
-    open(bc895LockoutTraits(), opened, query("IL", "IL001234\rIL12-345\r"));
+    open(link::bc895Model(), opened, query("IL", "IL001234\rIL12-345\r"));
     EXPECT_THAT(form->List1.items(), ElementsAre("001234", "12-345"));
     form->List1.userSelect({false, true});
     mode.setCaption(atDone);
     EXPECT_EQ(done(), std::string("KEY07; KEY06H; ILD 001234; ILR 12-345; ") + back);
   }
-  open(bc895LockoutTraits(), "MD11", query("SS", "SS08510125\r"));
+  open(link::bc895Model(), "MD11", query("SS", "SS08510125\r"));
   EXPECT_EQ(done(), "KEY07; KEY06H; ILR 851.0125; KEY00")
       << "read as frequencies, given back as IDs";
-  open(bc895LockoutTraits(), "MD07", query("IL", "IL001234\r"));
+  open(link::bc895Model(), "MD07", query("IL", "IL001234\r"));
   mode.setCaption("MD00");
   EXPECT_EQ(done(), "KEY09; KEY07; KEY06H; SS12340000") << "the other way round";
 }
 
 TEST_F(LockoutsTest, ReadsTheModeBehindTheKeysOnTheBc895Only) {
   for (const bool small : {false, true}) {
-    const auto& traits = small ? bc245LockoutTraits() : bc895LockoutTraits();
+    const auto& model = small ? link::bc245Model() : link::bc895Model();
     state.ModelKey = small ? "BC245" : "BC895";
-    small ? open(traits, "MD09", {{"IL001", "IL ------"}}) : open(traits, "MD07", query("IL", ""));
+    small ? open(model, "MD09", {{"IL001", "IL ------"}}) : open(model, "MD07", query("IL", ""));
     radio.whileWaiting = [this] { mode.setCaption("MD12"); };
     EXPECT_EQ(done(), small ? "KEY07; KEY06H; KEY09" : "KEY07; KEY06H; KEY00");
     radio.whileWaiting = nullptr;
@@ -114,7 +114,7 @@ TEST_F(LockoutsTest, ReadsTheModeBehindTheKeysOnTheBc895Only) {
 
 TEST_F(LockoutsTest, Bc245ListsAreReadPlaceByPlace) {
   state.ModelKey = "BC245";
-  open(bc245LockoutTraits(), "MD02",
+  open(link::bc245Model(), "MD02",
        numbered("SS", "00", {"SS 08510125", "SS00290000", "SS 00000000"}));
   EXPECT_THAT(form->List1.items(), ElementsAre("851.0125", "29.0000"));
   const std::tuple<const char*, int, const char*, int> cases[] = {{"MD04", 1, "SS 00000000", 0},
@@ -123,7 +123,7 @@ TEST_F(LockoutsTest, Bc245ListsAreReadPlaceByPlace) {
                                                                   {"MD09", 100, "IL 001234", 100}};
   for (const auto& [inMode, places, reply, entries] : cases) {
     const bool ids = *reply == 'I';
-    open(bc245LockoutTraits(), inMode,
+    open(link::bc245Model(), inMode,
          numbered(ids ? "IL" : "SS", ids ? "000" : "00",
                   std::vector<std::string>(static_cast<std::size_t>(places), reply)));
     EXPECT_EQ(form->List1.count(), entries);
@@ -137,7 +137,7 @@ TEST_F(LockoutsTest, Bc245IdsGoBackByTheMode) {
     SCOPED_TRACE(digits);
     const bool ids = std::string("09 10 11 12 14 15 16 17 18").find(digits) != std::string::npos;
     const bool search = std::string("09 10 14 15").find(digits) != std::string::npos;
-    open(bc245LockoutTraits(), "MD" + digits,
+    open(link::bc245Model(), "MD" + digits,
          ids ? numbered("IL", "000", {"IL 001234", "IL 12-345", "IL ------"})
              : numbered("SS", "00", {"SS 08510125", ""}));
     form->List1.userSelect({true});
@@ -155,8 +155,7 @@ TEST_F(LockoutsTest, ASilentRadioGivesAnEmptyListAndOneMessage) {
       const std::string word = std::string_view(inMode) == "MD09" ? "IL" : "SS";
       const std::string number = !small ? "" : word == "IL" ? "001" : "01";
       dialogs.boxes.clear();
-      open(small ? bc245LockoutTraits() : bc895LockoutTraits(), inMode,
-           test::script(word + number));
+      open(small ? link::bc245Model() : link::bc895Model(), inMode, test::script(word + number));
       EXPECT_THAT(form->List1.items(), IsEmpty());
       EXPECT_EQ(dialogs.boxes.size(), 1U);
       EXPECT_EQ(done(), "") << "the port is closed";

@@ -35,13 +35,13 @@ struct Lists {
   platform::TextBox Ulimit;
   SearchList list;
 
-  Lists(test::World& world, const SearchListTraits& traits)
-      : list(traits, {List3, LLimit, Ulimit}, {world.files, world.dialogs, "/program"}) {}
+  Lists(test::World& world, const link::RadioModel& model)
+      : list(model, {List3, LLimit, Ulimit}, {world.files, world.dialogs, "/program"}) {}
 };
 
 struct SearchListTest : testing::Test, test::World {
-  Lists bc895{*this, bc895SearchListTraits()};
-  Lists bc245{*this, bc245SearchListTraits()};
+  Lists bc895{*this, link::bc895Model()};
+  Lists bc245{*this, link::bc245Model()};
   std::string& file = store.files[kPath];
 
   void save(Lists& lists, const std::string& lower, const std::string& upper,
@@ -175,7 +175,7 @@ TEST_F(SearchListTest, FindsTheFileInAnySpelling) {
   } disk;
   disk.files["/SEARCHLIST.TXT"] = kThree;
   platform::SequentialFiles onDisk(disk);
-  SearchList list(bc245SearchListTraits(), {bc245.List3, bc245.LLimit, bc245.Ulimit},
+  SearchList list(link::bc245Model(), {bc245.List3, bc245.LLimit, bc245.Ulimit},
                   {onDisk, dialogs, ""});
   dialogs.lines = {"New"};
   list.append();

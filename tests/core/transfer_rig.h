@@ -12,6 +12,7 @@
 #include "support/fake_dialogs.h"
 #include "support/fake_loop.h"
 #include "support/scripted_port.h"
+#include "trunking/system_type_form.h"
 
 namespace tarnvex::test {
 
@@ -41,8 +42,8 @@ struct TransferRig {
   }
 
   memory::TransferWindow window() {
-    const auto& traits = bc245 ? memory::bc245TransferTraits() : memory::bc895TransferTraits();
-    return {traits, channels, talkgroups, Frequency, Channel, mode, Scantimer};
+    const auto& model = bc245 ? link::bc245Model() : link::bc895Model();
+    return {model, channels, talkgroups, Frequency, Channel, mode, Scantimer};
   }
   memory::TransferOutside outside() { return {state, link, gate, dialogs, clock}; }
 
@@ -66,6 +67,13 @@ struct TransferRig {
       dialog.List1.setSelected(bank, true);
     }
     dialog.Command1.userClick();
+  }
+  /// What a main window does where an upload must know the system type; `answer` is the user.
+  template <class Answer>
+  void askSystemType(Answer answer) {
+    trunking::Form3 form({Channel, channels, state, link, gate, dialogs});
+    form.load();
+    answer(form);
   }
   /// The user closes the program.
   void end() {
@@ -91,7 +99,7 @@ struct TransferRig {
   memory::ChannelMemory memory{{channels, talkgroups, tabs},
                                state,
                                dialogs,
-                               bc245 ? memory::bc245MemoryTraits() : memory::bc895MemoryTraits(),
+                               bc245 ? link::bc245Model() : link::bc895Model(),
                                [](const std::string&) {}};
   platform::Label Frequency{"Scanning"};
   platform::Label Channel;

@@ -35,7 +35,7 @@ TEST_P(RoundTrip, BringsThePlanBackFromTheRadio) {
     form.BFText.userEdit("151.25");
     form.Command1.userClick();
   };
-  frmUpload upload([&] { return rig.window(); }, rig.outside(), answer);
+  frmUpload upload([&] { return rig.window(); }, rig.outside(), [&] { rig.askSystemType(answer); });
   rig.run(upload, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9});
   EXPECT_EQ(asked, bc245 ? 10 : 0);
   EXPECT_EQ(radio.state().memory.banks[9].base, bc245 ? 1512500U : 0U);

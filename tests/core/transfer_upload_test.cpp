@@ -26,9 +26,11 @@ struct UploadRig : TransferRig {
   };
   Lines form3Shown;
   frmUpload dialog{[this] { return window(); }, outside(),
-                   [this](trunking::Form3& form) {
-                     form3Shown.push_back(form.Label2.caption());
-                     answerForm3(form);
+                   [this] {
+                     askSystemType([this](trunking::Form3& form) {
+                       form3Shown.push_back(form.Label2.caption());
+                       answerForm3(form);
+                     });
                    }};
 };
 

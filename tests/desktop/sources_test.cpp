@@ -47,17 +47,4 @@ TEST(Sources, TurnTheEventLoopInOnePlace) {
   EXPECT_TRUE(foundInPlace) << "the pattern finds what it is to find";
 }
 
-TEST(Sources, KeepQtInTheDesktopRoom) {
-  const std::regex qt(R"(#\s*include\s*[<"]Q)");
-  const std::regex desktop(R"(#\s*include\s*"desktop/)");
-  forEachSource([&](const std::string& path, const std::string& text) {
-    // The programs' own files stand beside the rooms.
-    const bool program = path.find('/') == std::string::npos;
-    if (!path.starts_with("desktop/") && !program) {
-      EXPECT_FALSE(holds(text, qt)) << path;
-      EXPECT_FALSE(holds(text, desktop)) << path;
-    }
-  });
-}
-
 }  // namespace

@@ -10,7 +10,7 @@
 #include <QTest>
 
 #include "desktop/program_rig.h"
-#include "memory/memory_traits.h"
+#include "memory/plan_records.h"
 #include "support/sample_plan.h"
 
 namespace tarnvex::test {

@@ -11,7 +11,7 @@
 namespace tarnvex::test {
 namespace {
 
-using memory::bc895MemoryTraits;
+using link::bc895Model;
 using memory::Form7;
 using memory::Form8;
 using testing::ElementsAre;
@@ -30,7 +30,7 @@ Box importError(const std::string& description) {
 template <class Form>
 struct ApfFixture : PlanFixture {
   ApfFixture()
-      : PlanFixture(bc895MemoryTraits()),
+      : PlanFixture(bc895Model()),
         form({files, dialog, dialogs, state, [this]() -> platform::Table& { return channels; }}),
         seeClosed(form.closed.connect([this] { ++closed; })) {}
 

@@ -7,8 +7,8 @@
 namespace tarnvex::test {
 namespace {
 
-using memory::bc245MemoryTraits;
-using memory::bc895MemoryTraits;
+using link::bc245Model;
+using link::bc895Model;
 using memory::HitList;
 using platform::Answer;
 using platform::Table;
@@ -25,8 +25,8 @@ std::vector<std::string> rowOf(const Table& table, int row) {
 }
 
 TEST(Layout, HeadingsWidthsAndLabels) {
-  PlanFixture big(bc895MemoryTraits());
-  PlanFixture small(bc245MemoryTraits());
+  PlanFixture big(bc895Model());
+  PlanFixture small(bc245Model());
   EXPECT_THAT(rowOf(big.channels, 0),
               ElementsAre("Ch.", "Frequency", "Trnk", "Dly", "L/O", "Line", "CTCSS", "Alpha Tag"));
   EXPECT_THAT(rowOf(small.talkgroups, 0),
@@ -44,7 +44,7 @@ TEST(Layout, HeadingsWidthsAndLabels) {
 }
 
 TEST(Cursor, NormalisesTheRowsAroundIt) {
-  PlanFixture on(bc895MemoryTraits());
+  PlanFixture on(bc895Model());
   on.channels.setTextMatrix(9, 1, "155");
   on.channels.setTextMatrix(10, 1, "118.10006");
   on.channels.setTextMatrix(12, 1, "1.5.5");
@@ -61,7 +61,7 @@ TEST(Cursor, NormalisesTheRowsAroundIt) {
 }
 
 TEST(Cursor, NormalisesIdsButNotBelowRow300) {
-  PlanFixture on(bc245MemoryTraits());
+  PlanFixture on(bc245Model());
   on.talkgroups.setTextMatrix(20, 1, "123");
   on.talkgroups.setTextMatrix(21, 1, "12-34");
   on.talkgroups.setTextMatrix(22, 1, "1234567");
@@ -77,7 +77,7 @@ TEST(Cursor, NormalisesIdsButNotBelowRow300) {
 }
 
 TEST(DoubleClick, TunesToTheChannelAndNothingElse) {
-  PlanFixture on(bc895MemoryTraits());
+  PlanFixture on(bc895Model());
   on.channels.userMoveTo(7, 3);
   on.channels.userDoubleClick();
   on.talkgroups.userDoubleClick();
@@ -85,7 +85,7 @@ TEST(DoubleClick, TunesToTheChannelAndNothingElse) {
 }
 
 TEST(Jump, PutsTheBankOnTopAndTheCursorInColumnOne) {
-  PlanFixture on(bc895MemoryTraits());
+  PlanFixture on(bc895Model());
   std::vector<int> tops;
   int focused = 0;
   const auto seeTop = on.channels.scrollRequested.connect([&](int row) { tops.push_back(row); });
@@ -104,7 +104,7 @@ TEST(Jump, PutsTheBankOnTopAndTheCursorInColumnOne) {
 }
 
 TEST(StoredHit, FillsAnOpenRowAndMovesOn) {
-  PlanFixture on(bc895MemoryTraits());
+  PlanFixture on(bc895Model());
   on.tabs.setTab(3);
   on.channels.userMoveTo(4, 6);
   for (int col = 2; col < 8; ++col) {
@@ -123,7 +123,7 @@ TEST(StoredHit, FillsAnOpenRowAndMovesOn) {
 
 TEST(StoredHit, TakesTheIdFromWhereTheRadioHasIt) {
   for (const bool bc895 : {true, false}) {
-    PlanFixture on(bc895 ? bc895MemoryTraits() : bc245MemoryTraits());
+    PlanFixture on(bc895 ? bc895Model() : bc245Model());
     on.talkgroups.setTextMatrix(1, 3, "X");
     on.plan.StoreHit(HitList::Talkgroups, bc895 ? "001234 - now" : " 001234 - now");
     EXPECT_THAT(rowOf(on.talkgroups, 1), ElementsAre("Bank A: A1", "001234", "", "X"));
@@ -136,7 +136,7 @@ TEST(StoredHit, TakesTheIdFromWhereTheRadioHasIt) {
 }
 
 TEST(StoredHit, AsksBeforeItOverwrites) {
-  PlanFixture on(bc895MemoryTraits());
+  PlanFixture on(bc895Model());
   on.channels.setText("118.1000");
   on.talkgroups.setText("12-34");
   on.changes(on.channels);

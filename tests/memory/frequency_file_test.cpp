@@ -13,8 +13,8 @@
 namespace tarnvex::test {
 namespace {
 
-using memory::bc245MemoryTraits;
-using memory::bc895MemoryTraits;
+using link::bc245Model;
+using link::bc895Model;
 using platform::Answer;
 using platform::FileDialogKind;
 using testing::ElementsAre;
@@ -30,8 +30,8 @@ Box failed(const std::string& description) {
 
 /// A main window with files.
 struct FileFixture : PlanFixture {
-  explicit FileFixture(const memory::MemoryTraits& traits = bc895MemoryTraits())
-      : PlanFixture(traits), file(plan, {files, Dlg1, dialogs, settings, window}) {
+  explicit FileFixture(const link::RadioModel& model = bc895Model())
+      : PlanFixture(model), file(plan, {files, Dlg1, dialogs, settings, window}) {
     store.piece = 4096;
   }
 
@@ -94,8 +94,8 @@ TEST(FrequencyFile, NewYieldsAClearedPlanOnDisk) {
 TEST(FrequencyFile, OpenAndSaveRoundTripByteForByteOnBothRadios) {
   const std::string stored = fullFile("\r\n");
   for (const std::string& content : {stored, fullFile("\n"), stored + "\"more\",2\r\n"}) {
-    for (const auto* traits : {&bc895MemoryTraits(), &bc245MemoryTraits()}) {
-      FileFixture on(*traits);
+    for (const auto* model : {&bc895Model(), &bc245Model()}) {
+      FileFixture on(*model);
       on.store.files["a.tvf"] = content;
       on.state.MemoryModified = true;
       on.channels.userMoveTo(40, 7);
@@ -110,8 +110,8 @@ TEST(FrequencyFile, OpenAndSaveRoundTripByteForByteOnBothRadios) {
       EXPECT_FALSE(on.state.MemoryModified);
       EXPECT_EQ(on.window.caption(), "Tarnvex - b.tvf");
       EXPECT_THAT(on.settings.saved,
-                  ElementsAre(SavedSetting{traits->section, "LastFreqFile", "a.tvf"},
-                              SavedSetting{traits->section, "LastFreqFile", "b.tvf"}));
+                  ElementsAre(SavedSetting{std::string(model->key), "LastFreqFile", "a.tvf"},
+                              SavedSetting{std::string(model->key), "LastFreqFile", "b.tvf"}));
       EXPECT_THAT(on.dialogs.takeBoxes(), ElementsAre(kSaveChanges));
     }
   }
@@ -209,7 +209,7 @@ TEST(FrequencyFile, OnlyTheBc245AsksBeforeSavingOverAnotherFile) {
   big.file.SavePlan();
   EXPECT_THAT(big.dialogs.boxes, IsEmpty());
 
-  FileFixture small(bc245MemoryTraits());
+  FileFixture small(bc245Model());
   small.store.files = {{"a.tvf", "old"}, {"b.tvf", "old"}};
   small.Dlg1.FileName = "a.tvf";
   small.Dlg1.choices = {"a.tvf"};
@@ -255,7 +255,7 @@ TEST(FrequencyFile, StartUpLoadsTheLastFileOfTheRadioWithoutAWord) {
   none.file.loadLastPlan();
   EXPECT_EQ(none.window.caption(), "Tarnvex - Untitled");
 
-  FileFixture gone(bc245MemoryTraits());
+  FileFixture gone(bc245Model());
   gone.settings.values[{"BC245", "LastFreqFile"}] = "gone.tvf";
   gone.file.loadLastPlan();
   EXPECT_EQ(gone.window.caption(), "Tarnvex - gone.tvf");

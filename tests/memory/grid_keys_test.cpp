@@ -1,13 +1,13 @@
 #include <gmock/gmock.h>
 
-#include "memory/memory_traits.h"
+#include "memory/plan_records.h"
 #include "plan_fixture.h"
 
 namespace tarnvex::test {
 namespace {
 
-using memory::bc245MemoryTraits;
-using memory::bc895MemoryTraits;
+using link::bc245Model;
+using link::bc895Model;
 using testing::ElementsAre;
 using testing::Pair;
 
@@ -26,9 +26,9 @@ struct KeyCase {
 
 class CellKeys : public testing::TestWithParam<KeyCase> {
  protected:
-  static void check(const memory::MemoryTraits& traits, bool modified) {
+  static void check(const link::RadioModel& model, bool modified) {
     const KeyCase& given = GetParam();
-    PlanFixture on(traits);
+    PlanFixture on(model);
     platform::Table& table = given.talkgroups ? on.talkgroups : on.channels;
     table.userMoveTo(1, given.col);
     table.setText(given.before);
@@ -45,13 +45,13 @@ class CellKeys : public testing::TestWithParam<KeyCase> {
 };
 
 TEST_P(CellKeys, OnTheBc895) {
-  check(bc895MemoryTraits(), GetParam().modified);
+  check(bc895Model(), GetParam().modified);
 }
 
 TEST_P(CellKeys, OnTheBc245) {
   // In its talkgroups every key but the quote marks the plan.
   const bool onlyQuotes = std::string(GetParam().keys) == "\"\"";
-  check(bc245MemoryTraits(), GetParam().talkgroups ? !onlyQuotes : GetParam().modified);
+  check(bc245Model(), GetParam().talkgroups ? !onlyQuotes : GetParam().modified);
 }
 
 const KeyCase kKeyCases[] = {
@@ -74,7 +74,7 @@ INSTANTIATE_TEST_SUITE_P(Cells, CellKeys, testing::ValuesIn(kKeyCases),
 TEST(GridKeys, ATagEndsAtThirtyCharactersOnTheBc895Alone) {
   const std::string tag(30, 'a');
   for (const bool limited : {true, false}) {
-    PlanFixture on(limited ? bc895MemoryTraits() : bc245MemoryTraits());
+    PlanFixture on(limited ? bc895Model() : bc245Model());
     for (platform::Table* table : {&on.channels, &on.talkgroups}) {
       table->userMoveTo(1, table == &on.channels ? 7 : 2);
       PlanFixture::type(*table, tag + "bc");
@@ -85,7 +85,7 @@ TEST(GridKeys, ATagEndsAtThirtyCharactersOnTheBc895Alone) {
 }
 
 TEST(GridKeys, ANewFrequencyInheritsFromTheRowAbove) {
-  PlanFixture on(bc895MemoryTraits());
+  PlanFixture on(bc895Model());
   const char* above[] = {"X", " ", "X", "X", "103.5", "Fire"};
   for (int col = 2; col < 8; ++col) {
     on.channels.setTextMatrix(6, col, above[col - 2]);
@@ -122,7 +122,7 @@ TEST(GridKeys, EnterWalksTheTable) {
       {false, true, {500, 3}, {501, 1}},  {false, true, {1000, 3}, {1000, 1}},
   };
   for (const auto& [bc895, talkgroups, from, to] : cases) {
-    PlanFixture on(bc895 ? bc895MemoryTraits() : bc245MemoryTraits());
+    PlanFixture on(bc895 ? bc895Model() : bc245Model());
     platform::Table& table = talkgroups ? on.talkgroups : on.channels;
     table.userMoveTo(from.first, from.second);
     PlanFixture::type(table, "\r");
@@ -133,7 +133,7 @@ TEST(GridKeys, EnterWalksTheTable) {
 
 TEST(GridKeys, EnterMarksThePlanAfterAKeyButNotInTheTalkgroupsOfTheBc245) {
   for (const bool bc895 : {true, false}) {
-    PlanFixture on(bc895 ? bc895MemoryTraits() : bc245MemoryTraits());
+    PlanFixture on(bc895 ? bc895Model() : bc245Model());
     PlanFixture::type(on.channels, "1\r");
     EXPECT_TRUE(std::exchange(on.state.MemoryModified, false));
     EXPECT_FALSE(on.state.CellEditActive);
@@ -147,7 +147,7 @@ TEST(GridKeys, EnterMarksThePlanAfterAKeyButNotInTheTalkgroupsOfTheBc245) {
 
 TEST(GridKeys, PriorityIsOneInAGroup) {
   for (const int home : {1, 5, 10, 996, 1000}) {
-    PlanFixture on(bc895MemoryTraits());
+    PlanFixture on(bc895Model());
     const int first = (home - 1) / 10 * 10 + 1;
     for (int row = 1; row <= 1000; ++row) {
       on.talkgroups.setTextMatrix(row, 3, row == home ? " " : "X");

@@ -13,8 +13,8 @@ namespace tarnvex::test {
 /// A main window's plan as it stands after the window has opened, with a memory of what the cells
 /// held.
 struct PlanFixture {
-  explicit PlanFixture(const memory::MemoryTraits& traits)
-      : plan({channels, talkgroups, tabs}, state, dialogs, traits,
+  explicit PlanFixture(const link::RadioModel& model)
+      : plan({channels, talkgroups, tabs}, state, dialogs, model,
              [this](const std::string& command) { sent.push_back(command); }) {
     plan.layOut();
     changes(channels);

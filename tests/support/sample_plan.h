@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "memory/tone_table.h"
+#include "link/tone_table.h"
 #include "platform/convert.h"
 
 namespace tarnvex::test {
@@ -21,7 +21,7 @@ inline std::vector<std::string> channelOf(int number) {
           flag(2),
           flag(3),
           flag(5),
-          memory::ToneTable()[static_cast<std::size_t>(number % 39)],
+          link::ToneTable()[static_cast<std::size_t>(number % 39)],
           "tag " + std::to_string(number)};
 }
 

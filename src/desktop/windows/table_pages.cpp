@@ -3,7 +3,7 @@
 
 #include "desktop/windows/pages.h"
 #include "desktop/windows/plan_table.h"
-#include "memory/memory_traits.h"
+#include "memory/plan_records.h"
 
 namespace tarnvex::desktop {
 namespace {

@@ -1,6 +1,6 @@
-#include "memory/tone_table.h"
+#include "link/tone_table.h"
 
-namespace tarnvex::memory {
+namespace tarnvex::link {
 
 const std::array<std::string, 40>& ToneTable() {
   static const std::array<std::string, 40> kTones = {
@@ -11,4 +11,4 @@ const std::array<std::string, 40>& ToneTable() {
   return kTones;
 }
 
-}  // namespace tarnvex::memory
+}  // namespace tarnvex::link

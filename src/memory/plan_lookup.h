@@ -9,7 +9,7 @@
 
 /// Lookups of what the radio shows in the plan's two tables. Linear searches over 300 and some 100
 /// rows: quick enough for the poll, so there is no index beside the tables.
-namespace tarnvex::monitor {
+namespace tarnvex::memory {
 
 /// The bank index 0 to 9 that holds a channel from 1 to 300.
 int bankOfChannel(int channel);
@@ -38,4 +38,4 @@ std::optional<std::string> findTalkgroupTag(const platform::Table& talkgroups, i
 std::optional<std::string> findTalkgroupTag(const platform::Table& talkgroups, int bank,
                                             std::span<const std::string> forms);
 
-}  // namespace tarnvex::monitor
+}  // namespace tarnvex::memory

@@ -1,9 +1,5 @@
 #pragma once
 
-#include <array>
-#include <cstddef>
-#include <string>
-
 namespace tarnvex::memory {
 
 /// One row of `MSFlexGrid1`, a conventional channel; the values are its columns. Every field is
@@ -45,35 +41,5 @@ constexpr int bankRow(int bank) {
 constexpr int groupRow(int bank, int group) {
   return 100 * bank + 10 * group + 1;
 }
-
-/// Which keys in `MSFlexGrid2` mark the plan as changed.
-enum class DirtyRule {
-  AfterFirstKey,  ///< every key but the first in a cell, Enter included
-  EveryKey,       ///< every key but Enter
-};
-
-/// Everything in which the two radios' plans differ.
-struct MemoryTraits {
-  /// Section of the settings store.
-  std::string section;
-  std::array<std::string, ChannelRecord::kColumns> channelHeadings;
-  /// Widths as `platform::Table` takes them.
-  std::array<int, ChannelRecord::kColumns> channelWidths;
-  std::array<std::string, TalkgroupRecord::kColumns> talkgroupHeadings;
-  /// Characters that an alpha tag takes at the keyboard.
-  std::size_t tagLimit;
-  DirtyRule talkgroupDirtyRule;
-  /// Where Enter turns back to column 1 of `MSFlexGrid2`, and the last row that it leaves
-  /// downwards.
-  int talkgroupLastColumn;
-  int talkgroupLastRow;
-  /// Position, from 1, of the ID in a line of the talkgroup hit list.
-  std::size_t hitIdStart;
-  /// Save asks before it replaces a file other than the current one.
-  bool asksBeforeReplacing;
-};
-
-const MemoryTraits& bc895MemoryTraits();
-const MemoryTraits& bc245MemoryTraits();
 
 }  // namespace tarnvex::memory

@@ -1,15 +1,12 @@
-#include "monitor/tag_finder.h"
+#include "memory/plan_lookup.h"
 
 #include <algorithm>
 
-#include "memory/memory_traits.h"
+#include "memory/plan_records.h"
 #include "platform/convert.h"
 
-namespace tarnvex::monitor {
+namespace tarnvex::memory {
 namespace {
-
-using memory::ChannelRecord;
-using memory::TalkgroupRecord;
 
 constexpr int kBankRows = 100;
 
@@ -87,4 +84,4 @@ std::optional<std::string> findTalkgroupTag(const platform::Table& talkgroups, i
       [forms](const std::string& held) { return std::ranges::find(forms, held) != forms.end(); });
 }
 
-}  // namespace tarnvex::monitor
+}  // namespace tarnvex::memory

@@ -1,17 +1,17 @@
-#include "monitor/tag_finder.h"
+#include "memory/plan_lookup.h"
 
 #include <gtest/gtest.h>
 
-namespace tarnvex::monitor {
+namespace tarnvex::memory {
 namespace {
 
-TEST(TagFinder, KnowsTheBankOfEachChannel) {
+TEST(PlanLookup, KnowsTheBankOfEachChannel) {
   for (int channel = 1; channel <= 300; ++channel) {
     EXPECT_EQ(bankOfChannel(channel), (channel - 1) / 30) << channel;
   }
 }
 
-TEST(TagFinder, FindsChannelsByWholeTexts) {
+TEST(PlanLookup, FindsChannelsByWholeTexts) {
   platform::Table channels(301, 8);
   const auto put = [&](int row, const char* frequency, const char* tag) {
     channels.setTextMatrix(row, 0, std::to_string(row));
@@ -36,7 +36,7 @@ TEST(TagFinder, FindsChannelsByWholeTexts) {
   EXPECT_EQ(findTag(channels, "155.1150", "005"), std::nullopt);
 }
 
-TEST(TagFinder, FindsTalkgroupsInTheirBankAndTheRowBeforeIt) {
+TEST(PlanLookup, FindsTalkgroupsInTheirBankAndTheRowBeforeIt) {
   platform::Table talkgroups(1001, 4);
   const auto put = [&](int row, const char* id, const char* tag) {
     talkgroups.setTextMatrix(row, 1, id);
@@ -58,4 +58,4 @@ TEST(TagFinder, FindsTalkgroupsInTheirBankAndTheRowBeforeIt) {
 }
 
 }  // namespace
-}  // namespace tarnvex::monitor
+}  // namespace tarnvex::memory

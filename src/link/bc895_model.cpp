@@ -1,0 +1,48 @@
+#include "link/radio_model.h"
+
+namespace tarnvex::link {
+namespace {
+
+/// Deliberate: at Done one mode more counts as an ID mode than when the form opens. A list of
+/// frequencies is then returned as IDs. The radio never reports that mode.
+constexpr std::array kIdModesAtDone{mode895::kIdSearch, mode895::kIdHold, mode895::kTrunkScan,
+                                    mode895::kTrunkManual, mode895::kUnassigned};
+constexpr std::array kSearchKeyModes{mode895::kIdSearch, mode895::kIdHold};
+
+}  // namespace
+
+const RadioModel& bc895Model() {
+  static const RadioModel kModel = {
+      .key = "BC895",
+      .quickViewCaption = " BC895xlt - Quick View",
+      .bankNames = {"A", "B", "C", "D", "E", "F", "G", "H", "I", "J"},
+      .baudRates = {"4800", "9600"},
+      .baudStep = 4800,
+      .channelHeadings = {"Ch.", "Frequency", "Trnk", "Dly", "L/O", "Line", "CTCSS", "Alpha Tag"},
+      .channelWidths = {500, -1, 500, 500, 500, 500, 700, 3000},
+      .talkgroupHeadings = {"Channel", "Talkgroup ID", "Alpha Tag", "PRI"},
+      .tagLimit = 30,
+      .talkgroupDirtyRule = DirtyRule::AfterFirstKey,
+      .enterVisitsPriority = false,
+      // Deliberate: half of the table. Enter walks the first five banks and no more.
+      .enterLastRow = 500,
+      .hitIdStart = 1,
+      .asksBeforeReplacing = false,
+      .modalDialogs = false,
+      .bankKey = [](int bank) { return key::bank(bankLetter(bank)); },
+      .asksSystemType = false,
+      // Deliberate: only whole MHz of a limit are saved.
+      .searchMask = "00000000",
+      .mostSearches = std::nullopt,
+      .scansAfterNo = true,
+      .idModesAtLoad = mode895::kIdModes,
+      .idModesAtDone = kIdModesAtDone,
+      .searchKeyModes = kSearchKeyModes,
+      .clearsBeforeMode = true,
+      .lockoutWords = kLockout895,
+      .numberedLockouts = false,
+  };
+  return kModel;
+}
+
+}  // namespace tarnvex::link

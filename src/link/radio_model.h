@@ -1,0 +1,83 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "link/scanner_commands.h"
+
+namespace tarnvex::link {
+
+/// Which keys in `MSFlexGrid2` mark the plan as changed.
+enum class DirtyRule {
+  AfterFirstKey,  ///< every key except the first in a cell, Enter included
+  EveryKey,       ///< every key except Enter
+};
+
+/// Everything in which the two radios differ as data. Each main window hands its radio's model to
+/// the rooms it uses. What differs in behaviour has code of its own instead, in files named after
+/// the radio.
+struct RadioModel {
+  /// The radio's section of the settings, and the value of `SharedState::ModelKey`.
+  std::string_view key;
+  std::string_view quickViewCaption;
+  std::vector<std::string> bankNames;
+
+  // The link.
+  std::vector<std::string> baudRates;
+  /// After a baud rate change that failed, the list index to show is rate / step - 1.
+  int baudStep;
+
+  // The plan's tables. Widths are as `platform::Table` takes them.
+  std::array<std::string_view, 8> channelHeadings;
+  std::array<int, 8> channelWidths;
+  std::array<std::string_view, 4> talkgroupHeadings;
+  /// The most characters of an alpha tag that the keyboard can enter.
+  std::size_t tagLimit;
+  DirtyRule talkgroupDirtyRule;
+  /// Enter also visits the priority column of `MSFlexGrid2`, and leaves rows downwards up to the
+  /// last one given.
+  bool enterVisitsPriority;
+  int enterLastRow;
+  /// Position, from 1, of the ID in a line of the talkgroup hit list.
+  std::size_t hitIdStart;
+  /// Save asks before it replaces a file other than the current one.
+  bool asksBeforeReplacing;
+
+  // Transfers.
+  /// The dialogs block their main window.
+  bool modalDialogs;
+  /// The keys that pick a bank (0 to 9) for trunked channels.
+  std::string (*bankKey)(int bank);
+  /// A trunked bank must be told its system type, once during an upload.
+  bool asksSystemType;
+
+  // Saved searches.
+  /// The picture in which limits are saved.
+  std::string_view searchMask;
+  /// How many searches may be saved, if there is a limit.
+  std::optional<int> mostSearches;
+  /// After the user declines to search, the radio goes back to scanning.
+  bool scansAfterNo;
+
+  // The lockout review.
+  /// Modes in which the lists hold IDs instead of frequencies, when the form opens and at Done.
+  std::span<const std::string_view> idModesAtLoad;
+  std::span<const std::string_view> idModesAtDone;
+  /// Modes that the search key returns the radio to. The scan key does for all others.
+  std::span<const std::string_view> searchKeyModes;
+  /// At Done the mode is read after the keys that clear the list instead of before them.
+  bool clearsBeforeMode;
+  LockoutWords lockoutWords;
+  /// The lists are read entry by entry, by number, instead of in one query.
+  bool numberedLockouts;
+};
+
+const RadioModel& bc895Model();
+const RadioModel& bc245Model();
+
+}  // namespace tarnvex::link
