@@ -1,13 +1,26 @@
 #include <QApplication>
 
+#include "desktop/command_line.h"
 #include "desktop/program.h"
+#include "platform/version.h"
+
+using namespace tarnvex;
 
 int main(int argc, char** argv) {
+  QStringList arguments;
+  std::for_each(argv + 1, argv + argc,
+                [&](const char* argument) { arguments << QString::fromLocal8Bit(argument); });
+  if (const auto status = desktop::answerQuestion(arguments)) {
+    return *status;
+  }
   QApplication application(argc, argv);
+  if (const auto status = desktop::refuseArguments(QApplication::arguments().mid(1))) {
+    return *status;
+  }
   QApplication::setApplicationName(QStringLiteral("Tarnvex"));
-  QApplication::setApplicationVersion(QStringLiteral("1.00"));
+  QApplication::setApplicationVersion(QString::fromLatin1(platform::version()));
   QApplication::setDesktopFileName(QStringLiteral("io.github.tarnvex.Tarnvex"));
   // The program ends by its own closing steps, not because no window shows for a moment.
   QApplication::setQuitOnLastWindowClosed(false);
-  return tarnvex::desktop::Program().run();
+  return desktop::Program().run();
 }

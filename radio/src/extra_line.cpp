@@ -82,8 +82,9 @@ std::size_t ExtraLine::take(Words words) {
   const auto number = words.size() > 1 ? parseNumber(words[1]) : std::nullopt;
   if (word == "late") {
     where_ = Where::Late;
-    lateness_ = milliseconds(static_cast<std::int64_t>(number.value_or(0)));
-    return number && *number >= 0 && *number < 1e9 ? 2 : 0;
+    const double given = number.value_or(-1);
+    lateness_ = milliseconds(static_cast<std::int64_t>(given));
+    return given >= 0 && given < 1e9 ? 2 : 0;
   }
   if (word == "every" || parseNumber(word)) {
     when_.assign(words.begin(), words.begin() + (word == "every" && number ? 2 : 1));

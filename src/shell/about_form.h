@@ -3,6 +3,7 @@
 #include "platform/controls.h"
 #include "platform/notifier.h"
 #include "platform/shared_state.h"
+#include "platform/version.h"
 #include "platform/window.h"
 
 namespace tarnvex::shell {
@@ -22,7 +23,7 @@ class frmAbout {
   platform::Label lblSerial;
   platform::Label lblFirmware;
   platform::Label Label1{"Computer Control Software for Uniden Bearcat Trunking Scanners"};
-  platform::Label Label2{"Version: 1.00"};
+  platform::Label Label2{std::string("Version: ") + platform::version()};
   platform::Button Command1{"OK"};
 
   platform::Notifier<> closed;
