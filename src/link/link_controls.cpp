@@ -1,5 +1,6 @@
 #include "link/link_controls.h"
 
+#include "link/resync.h"
 #include "link/scanner_commands.h"
 #include "platform/convert.h"
 
@@ -41,13 +42,13 @@ void LinkControls::openStoredPort() {
     parts_.port.setCommPort(*slot);
   }
   parts_.port.setSettings(lineSettings(storedBaudRate()));
-  parts_.port.open();
+  openQuietly(parts_.port);
 }
 
 void LinkControls::choosePort(int slot) {
   parts_.port.close();
   parts_.port.setCommPort(slot);
-  if (const auto failure = parts_.port.open()) {
+  if (const auto failure = openQuietly(parts_.port)) {
     outside_.dialogs.messageBox("A communications error has occurred: " + *failure,
                                 "COM Selection error", platform::kWarning);
     return;
@@ -58,7 +59,7 @@ void LinkControls::choosePort(int slot) {
 
 void LinkControls::connect() {
   parts_.port.close();
-  parts_.port.open();
+  openQuietly(parts_.port);
   parts_.pollTimer.setEnabled(true);
 }
 
@@ -118,7 +119,7 @@ void LinkControls::showRestoredRate() {
 void LinkControls::reopen(const std::string& rate) {
   parts_.port.close();
   parts_.port.setSettings(lineSettings(rate));
-  parts_.port.open();
+  openQuietly(parts_.port);
 }
 
 }  // namespace tarnvex::link

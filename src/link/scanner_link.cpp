@@ -1,11 +1,48 @@
 #include "link/scanner_link.h"
 
+#include <utility>
+
+#include "link/answer_filter.h"
+#include "link/resync.h"
+
 namespace tarnvex::link {
 namespace {
 
 constexpr std::string_view kLineEnd = "\r";
 /// The closing line of a list is "END".
 constexpr std::string_view kListEnd = "ND\r";
+constexpr std::string_view kClosingLine = "\rEND\r";
+
+std::string withoutLast(std::string text) {
+  if (!text.empty()) {
+    text.pop_back();
+  }
+  return text;
+}
+
+/// Where a list ends with its closing line, though a stray line may follow in the same piece;
+/// nothing while it goes on.
+std::optional<std::size_t> endOfList(const std::string& lines) {
+  if (lines.starts_with(kClosingLine.substr(1))) {
+    return kClosingLine.size() - 1;
+  }
+  if (const std::size_t closing = lines.find(kClosingLine); closing != std::string::npos) {
+    return closing + kClosingLine.size();
+  }
+  return lines.ends_with(kListEnd) ? std::optional(lines.size()) : std::nullopt;
+}
+
+/// Reads until `ended` holds, without a limit. False if the device is lost first; true also if the
+/// user wants to leave.
+bool readUntil(platform::SerialPort& port, std::string& buffer,
+               bool (*ended)(const std::string& buffer)) {
+  while (!ended(buffer) && port.waitForInput(1)) {
+    buffer += port.input();
+  }
+  // A lost device ends a wait before any of its spins is used.
+  platform::Spins look{1};
+  return ended(buffer) || port.waitForInput(1, look) || look.left == 0;
+}
 
 }  // namespace
 
@@ -22,20 +59,49 @@ std::string ScannerLink::SendCommand(std::string_view command) {
   if (!send(line, command, 1)) {
     return {};
   }
-  std::string buffer;
+  auto reply = readReply(*line.port, command);
+  if (!reply) {
+    reportSilence(line);
+    return {};
+  }
+  state_.LinkWaiting = false;
+  return *std::move(reply);
+}
+
+std::optional<std::string> ScannerLink::readReply(platform::SerialPort& port,
+                                                  std::string_view command) {
+  ReplyReader reader(command);
   // One spin is gone with the first byte. A reply without its end, after the last spin, loses a
   // real character to the cut: a reply that late is of no use to anybody.
   platform::Spins budget{kReadSpins - 1};
-  while (!buffer.ends_with(kLineEnd) && line.port->waitForInput(1, budget)) {
-    buffer += line.port->input();
+  while (!reader.complete() && port.waitForInput(1, budget)) {
+    reader.add(port.input());
   }
-  return finish(std::move(buffer));
+  if (!reader.complete() && budget.left > 0) {
+    return std::nullopt;
+  }
+  std::string reply = reader.take();
+  inDoubt_ = reader.leavesDoubt();
+  return reply;
 }
 
 std::string ScannerLink::MultiLineQuery(std::string_view command) {
   const Line line = this->line();
   // An answer of three bytes or fewer is no list and counts as silence.
-  return send(line, command, 4) ? finish(readToEnd(*line.port, kListEnd)) : std::string();
+  if (!send(line, command, 4)) {
+    return {};
+  }
+  std::string lines;
+  const auto hasEnded = [](const std::string& text) { return endOfList(text).has_value(); };
+  if (!readUntil(*line.port, lines, hasEnded)) {
+    reportSilence(line);
+    return {};
+  }
+  state_.LinkWaiting = false;
+  if (const auto end = endOfList(lines)) {
+    lines = withoutStrayLines(command, lines.substr(0, *end));
+  }
+  return withoutLast(std::move(lines));
 }
 
 std::string ScannerLink::ReadReply() {
@@ -44,25 +110,40 @@ std::string ScannerLink::ReadReply() {
       !waitForFirst(*port, 1, kUnsolicitedSpins)) {
     return {};
   }
-  return finish(readToEnd(*port, kLineEnd));
+  std::string buffer;
+  const auto lineHasEnded = [](const std::string& text) { return text.ends_with(kLineEnd); };
+  if (!readUntil(*port, buffer, lineHasEnded)) {
+    // The next exchange reports it.
+    return {};
+  }
+  state_.LinkWaiting = false;
+  return withoutLast(std::move(buffer));
 }
 
 std::string ScannerLink::ProbeCommand(platform::SerialPort& port, std::string_view command) {
   if (!port.portOpen()) {
     return {};
   }
+  // The port has just been opened.
+  letFallQuiet(port);
   port.discardInput();
   port.output(std::string(command) + std::string(kLineEnd));
-  if (!waitForFirst(port, 1, kFirstByteSpins)) {
-    port.close();
-    return {};
+  if (waitForFirst(port, 1, kFirstByteSpins)) {
+    if (auto reply = readReply(port, command)) {
+      state_.LinkWaiting = false;
+      return *std::move(reply);
+    }
   }
-  return finish(readToEnd(port, kLineEnd));
+  port.close();
+  return {};
 }
 
 bool ScannerLink::send(const Line& line, std::string_view command, std::size_t waiting) {
   if (line.port == nullptr || reporting_) {
     return false;
+  }
+  if (std::exchange(inDoubt_, false)) {
+    letFallQuiet(*line.port);
   }
   line.port->discardInput();
   if (!line.port->portOpen()) {
@@ -85,25 +166,12 @@ bool ScannerLink::waitForFirst(platform::SerialPort& port, std::size_t atLeast, 
   return port.waitForInput(atLeast, budget);
 }
 
-std::string ScannerLink::readToEnd(platform::SerialPort& port, std::string_view ending) {
-  std::string buffer;
-  while (!buffer.ends_with(ending) && port.waitForInput(1)) {
-    buffer += port.input();
-  }
-  return buffer;
-}
-
-std::string ScannerLink::finish(std::string buffer) {
-  if (!buffer.empty()) {
-    buffer.pop_back();
-  }
-  state_.LinkWaiting = false;
-  return buffer;
-}
-
 void ScannerLink::reportSilence(const Line& line) {
-  // While the message stands, other handlers may run: their exchanges fail quietly, so that there
-  // is one notice.
+  if (!line.port->portOpen()) {
+    return;
+  }
+  // While the message is open, other handlers may run. Their exchanges fail quietly, so that the
+  // user sees one message.
   reporting_ = true;
   dialogs_.messageBox(
       "Your scanner is not responding. Please check your connections and verify that you have "

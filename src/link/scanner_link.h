@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,12 +12,16 @@
 namespace tarnvex::link {
 
 /// The one door to the radio: a strict exchange of one command and one reply in plain text. A
-/// carriage return ends both. It doesn't know what a command means; that stands in
-/// scanner_commands.h. No queue, no retry, no checksum.
+/// carriage return ends both. It doesn't know what a command means; scanner_commands.h does. No
+/// queue, no retry, no checksum.
 ///
 /// Who calls: the poll and every handler that talks to the radio, from the one thread of the
 /// program. A call returns when the reply has come or the wait was given up; nothing of the core
 /// runs in between.
+///
+/// A line that surely isn't the answer (see answer_filter.h) is passed over, and the wait goes on
+/// within its limit. After an exchange that leaves a doubt about what is still under way, the next
+/// one lets the line fall quiet first (see resync.h).
 ///
 /// All operations return the reply without its last character, inner carriage returns and all, and
 /// the empty text on any failure. A closed port isn't an error: the result is empty at once.
@@ -32,29 +37,35 @@ class ScannerLink {
   ScannerLink(platform::SharedState& state, platform::Dialogs& dialogs)
       : state_(state), dialogs_(dialogs) {}
 
-  /// A main window puts its port and its poll timer at the link's disposal, for as long as it
-  /// lives. The exchange takes those of the window that `ModelKey` picks: the BC245XLT's for
-  /// "BC245", the BC895XLT's for all else.
+  /// A main window lends its port and its poll timer to the link for as long as it lives. The
+  /// exchange uses those of the window that `ModelKey` picks: the BC245XLT's for "BC245", the
+  /// BC895XLT's for everything else.
   struct Line {
     platform::SerialPort* port = nullptr;
     platform::Timer* pollTimer = nullptr;
   };
   void attachBc895(Line line) { bc895_ = line; }
   void attachBc245(Line line) { bc245_ = line; }
-  /// The window of this port goes. Exchanges for its model then find no port and return empty.
+  /// The window with this port is about to go. Exchanges for its model then find no port and return
+  /// empty.
   void detach(const platform::SerialPort& port);
 
-  /// Sends a command and returns its reply. Throws away first what is still waiting. Silence: one
-  /// message, the poll stops, the port closes.
+  /// Throws away what is still waiting, sends a command and returns its reply. If the radio stays
+  /// silent, or its device is lost before the reply ends: one message, the poll stops, the port
+  /// closes.
   std::string SendCommand(std::string_view command);
   /// The radio's list of skipped search frequencies: lines up to and with the closing "END".
   std::string QuerySearchSkips() { return MultiLineQuery("SS"); }
   /// The radio's list of locked-out IDs, likewise.
   std::string QueryIdLockouts() { return MultiLineQuery("IL"); }
-  /// Takes one line that the radio sends by itself. Gives up soon, without a word.
+  /// Takes one line that the radio sends by itself. Gives up soon and reports nothing.
   std::string ReadReply();
   /// The splash window's exchange, on its own port. Silence closes the port, without a message.
   std::string ProbeCommand(platform::SerialPort& port, std::string_view command);
+
+  /// For callers that can tell from a reply that the exchange is out of step: the next exchange
+  /// lets the line fall quiet first.
+  void resynchronise() { inDoubt_ = true; }
 
  private:
   [[nodiscard]] Line line() const { return state_.ModelKey == "BC245" ? bc245_ : bc895_; }
@@ -63,8 +74,8 @@ class ScannerLink {
   bool send(const Line& line, std::string_view command, std::size_t waiting);
   bool waitForFirst(platform::SerialPort& port, std::size_t atLeast, int spins);
   std::string MultiLineQuery(std::string_view command);
-  std::string readToEnd(platform::SerialPort& port, std::string_view ending);
-  std::string finish(std::string buffer);
+  /// The reply, or what has come of it when the limit is reached; nothing if the device is gone.
+  std::optional<std::string> readReply(platform::SerialPort& port, std::string_view command);
   void reportSilence(const Line& line);
 
   platform::SharedState& state_;
@@ -72,6 +83,7 @@ class ScannerLink {
   Line bc895_;
   Line bc245_;
   bool reporting_ = false;
+  bool inDoubt_ = false;
 };
 
 }  // namespace tarnvex::link

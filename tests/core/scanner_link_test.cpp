@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "link/resync.h"
 #include "support/world.h"
 
 namespace tarnvex::link {
@@ -111,10 +112,76 @@ TEST_F(ScannerLinkTest, ReadsAReplyNoLongerThanItsSecondLimit) {
   EXPECT_EQ(send({"MD", std::vector<Piece>{{"MD0"}, {"0\r", 72500}}}), "MD");
   EXPECT_FALSE(state.LinkWaiting);
   expectReported(0);
-  // What came too late belongs to nobody.
-  radio.expect({{"SI", std::vector<Piece>{{"ERR\r", 2}}}});
-  EXPECT_EQ(link.SendCommand("SI"), "0") << "the end of the last reply comes first";
+  EXPECT_EQ(send("SI > ERR"), "ERR") << "what came too late belongs to nobody";
+}
+
+TEST_F(ScannerLinkTest, PassesOverLinesThatBelongElsewhere) {
+  struct Case {
+    const char* command;
+    std::vector<Piece> pieces;
+    std::string reply;
+    int boxes = 0;
+  };
+  const Case cases[] = {
+      // Before the answer, in pieces, joined with it, behind it.
+      {"MD", {{"ID S 001234\r"}, {"MD08\r", 60000}}, "MD08"},
+      {"MD", {{"MD\r"}, {"LO"}, {"F\rMD"}, {"08\r"}}, "MD08"},
+      {"MD", {{"ID E\rMD08\rID E\r"}}, "MD08"},
+      {"MD", {{"ID E\r"}, {"OK\r"}}, "OK"},
+      {"SB AC", {{"SQ\r"}, {"SB AC\r"}}, "SB AC"},
+      {"IDF", {{"ID S 001234\r"}, {"IDF\r"}}, "IDF"},
+      {"PM007", {{"PM006 01551150\r"}, {"PM007 08510125\r"}}, "PM007 08510125"},
+      // All that has come by the limit; an answer about another place is better than none.
+      {"MD", {{"LOF\r"}, {"ID E\r", 72400}}, ""},
+      {"MD", {{"LOF\r"}, {"MD0"}}, "MD"},
+      {"PM007", {{"ID E\r"}, {"PM006 01551150\r"}}, "PM006 01551150"},
+      {"MD", {{"LOF\r"}, {"MD0", 1, true}}, "", 1},
+      {"KEY00", {{"ID E\r"}}, "ID E"},
+  };
+  for (const auto& [command, pieces, reply, boxes] : cases) {
+    SCOPED_TRACE(std::string(command) + " answered by " + pieces.front().bytes);
+    connect();
+    EXPECT_EQ(send({command, pieces}), reply);
+    expectReported(boxes);
+  }
+}
+
+TEST_F(ScannerLinkTest, LetsTheLineFallQuietWhereAnAnswerMayBeUnderWay) {
+  const std::tuple<const char*, std::vector<Piece>, bool> cases[] = {
+      // A line of somebody else's taken for a key's answer, and a second answer still to come.
+      {"KEY00", {{"ID E\r"}, {"OK\r", 1500}}, true},
+      {"KEY00\r", {{"OK\r"}, {"ERR\r", 1500}}, true},
+      {"IDN", {{"MD08\r"}, {"OK\r", 1500}}, true},
+      {"MD", {{"MD0"}, {"8\r", 72600}}, true},
+      // No delay behind answers that are in order.
+      {"KEY00", {{"OK\r"}}, false},
+      {"KEY00\r", {{"OK\rERR\r"}}, false},
+      {"IDN", {{"ID S 001234\r"}}, false},
+      {"MD", {{"LOF\r"}, {"MD08\r"}}, false},
+      {"LO", {{"#\r"}}, false},
+  };
+  for (const auto& [command, pieces, waits] : cases) {
+    SCOPED_TRACE(command + pieces.front().bytes);
+    connect();
+    send({command, pieces});
+    const auto before = radio.spins;
+    EXPECT_EQ(send("SI > ERR"), "ERR");
+    EXPECT_EQ(radio.spins - before > 1, waits);
+  }
+  link.resynchronise();
+  radio.send("OK\r");
   EXPECT_EQ(send("SI > ERR"), "ERR");
+  // A line that never falls quiet is used as it is.
+  send({"IDN", std::vector<Piece>(100, Piece{"ID E\r", 1000})});
+  link.resynchronise();
+  const auto before = radio.spins;
+  auto sent = before;
+  radio.answer = [&](std::string_view /*command*/) {
+    sent = radio.spins;
+    return std::vector<Piece>{};
+  };
+  link.SendCommand("KEY00");
+  EXPECT_NEAR(static_cast<double>(sent - before), kMostQuietSpins, 1000);
 }
 
 TEST_F(ScannerLinkTest, ReportsSilenceOnceAndThenReturnsAtOnce) {
@@ -151,7 +218,15 @@ TEST_F(ScannerLinkTest, StaysQuietWhileItsMessageStands) {
 }
 
 TEST_F(ScannerLinkTest, RunsIntoItsMessageAtOnceWhenTheDeviceIsGone) {
-  EXPECT_EQ(send({"MD", std::vector<Piece>{{"MD0", 1, true}}}), "MD") << "lost in the middle";
+  const auto lost = [](const std::string& bytes) { return std::vector<Piece>{{bytes, 1, true}}; };
+  EXPECT_EQ(send({"MD", lost("MD0")}), "") << "in the middle of a reply";
+  expectReported(1);
+  connect();
+  EXPECT_EQ(query(lost("SS01551150\rEN")), "");
+  expectReported(1);
+  connect();
+  send({"IDN", std::vector<Piece>{{"OK\r"}, {"ID S 00", 1, true}}});
+  EXPECT_EQ(link.ReadReply(), "");
   expectReported(0);
   const auto spins = radio.spins;
   EXPECT_EQ(link.SendCommand("SI"), "");
@@ -163,6 +238,9 @@ TEST_F(ScannerLinkTest, ReadsListsUpToTheirEnd) {
   EXPECT_EQ(query({{"SS01551150\rSS0"}, {"8510125\r", 90000}, {"EN"}, {"D\r"}}),
             "SS01551150\rSS08510125\rEND");
   EXPECT_EQ(query({{"END\r"}}), "END");
+  // Lines of somebody else's, also right behind the end.
+  EXPECT_EQ(query({{"ID E\rSS\rSS01551150\r"}, {"MD02\rSS08510125\rEND\rID E\r"}}),
+            "SS01551150\rSS08510125\rEND");
   radio.expect({{"IL", "IL001234\rEND"}});
   EXPECT_EQ(link.QueryIdLockouts(), "IL001234\rEND");
   expectReported(0);
@@ -191,8 +269,12 @@ TEST_F(ScannerLinkTest, TakesStreamedLinesAsTheyCome) {
 
 TEST_F(ScannerLinkTest, ProbesItsOwnPort) {
   link.detach(*port);
-  radio.expect({{"SI", "ERR"}});
+  // What is under way when the port is opened belongs to nobody.
+  radio.send("OK\r");
+  radio.expect({{"SI", std::vector<Piece>{{"SI\r"}, {"ERR\r"}}}});
   EXPECT_EQ(link.ProbeCommand(*port, "SI"), "ERR");
+  radio.expect({{"SI", std::vector<Piece>{{"x"}}}});
+  EXPECT_EQ(link.ProbeCommand(*port, "SI"), "") << "an answer without an end doesn't hold it";
   EXPECT_TRUE(port->portOpen());
   EXPECT_EQ(link.SendCommand("SI"), "") << "no main window yet";
   expectReported(0);
