@@ -11,7 +11,9 @@ int levelAt(const Transmission& transmission, Millis now) {
   constexpr Millis kRamp = 200;
   const Millis age = now - transmission.start;
   const Millis left = transmission.end - now;
-  if (age < 0 || left <= 0) return kNoiseLevel;
+  if (age < 0 || left <= 0) {
+    return kNoiseLevel;
+  }
   const int rise = transmission.peak - kNoiseLevel;
   const Millis edge = std::min({age, left, kRamp});
   const int flutter = edge < kRamp ? 0 : static_cast<int>(age / 170 % 3);
@@ -72,7 +74,9 @@ void Air::start(Station& station, Millis now) {
 }
 
 Millis Air::vary(Millis length) {
-  if (jitter_ <= 0) return length;
+  if (jitter_ <= 0) {
+    return length;
+  }
   const double factor = 1 + jitter_ * (2 * chance_.fraction() - 1);
   return std::max<Millis>(1, static_cast<Millis>(length * factor));
 }

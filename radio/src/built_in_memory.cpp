@@ -75,7 +75,9 @@ void fillTalkgroups(Memory& memory) {
     const int group = row.group - 'A';
     bank.ids[group][row.slot - 1] = row.id;
     bank.scanned[group] = true;
-    if (row.priority) bank.prioritySlot[group] = row.slot;
+    if (row.priority) {
+      bank.prioritySlot[group] = row.slot;
+    }
   }
 }
 
@@ -95,9 +97,13 @@ Memory builtInMemory() {
     memory.channels[row.number] = {row.frequency, row.trunked, row.delay,
                                    row.lockout,   false,       row.tone};
   }
-  for (int bank = 0; bank < kBanks; ++bank) memory.priorityChannel[bank] = bank * kBankSize + 1;
+  for (int bank = 0; bank < kBanks; ++bank) {
+    memory.priorityChannel[bank] = bank * kBankSize + 1;
+  }
   memory.banks['H' - 'A'].type = SystemType::Edacs;
-  for (TrunkBank& bank : memory.banks) bank.scanned[0] = true;
+  for (TrunkBank& bank : memory.banks) {
+    bank.scanned[0] = true;
+  }
   fillTalkgroups(memory);
   memory.skips = {1525500, 1588200};
   memory.lockedIds = {"006416"};
@@ -105,8 +111,12 @@ Memory builtInMemory() {
 }
 
 std::span<const Frequency> voiceChannels(char bank) {
-  if (bank == 'B') return kCityVoice;
-  if (bank == 'H') return kCountyVoice;
+  if (bank == 'B') {
+    return kCityVoice;
+  }
+  if (bank == 'H') {
+    return kCountyVoice;
+  }
   return {};
 }
 

@@ -19,12 +19,16 @@ std::string trunkType(State& state, std::string_view) {
   return trunkTypeReply(state);
 }
 
-// The list may follow the word at once: a list read as empty has no blank in front.
+// A program that adds letters to an empty list sends them without a blank.
 std::string setScanGroups(State& state, std::string_view line) {
   std::array<bool, kGroups> groups{};
   for (const char letter : line.substr(2)) {
-    if (letter == ' ') continue;
-    if (letter < 'A' || letter > 'J') return kError;
+    if (letter == ' ') {
+      continue;
+    }
+    if (letter < 'A' || letter > 'J') {
+      return kError;
+    }
     groups[letter - 'A'] = true;
   }
   trunkBank(state).scanned = groups;

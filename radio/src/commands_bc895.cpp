@@ -2,8 +2,8 @@
 
 #include "radio/commands.h"
 #include "radio/lockouts.h"
+#include "radio/readings.h"
 #include "radio/replies.h"
-#include "radio/tuning.h"
 
 namespace tarnvex::radio {
 namespace {
@@ -12,7 +12,7 @@ std::string signal(State& state, std::string_view) {
   return signalReply(state);
 }
 
-// In use: switched on, and the active channel has a tone.
+// CTCSS is in use if it is on and the active channel has a tone.
 std::string toneInUse(State& state, std::string_view) {
   const int channel = activeChannel(state);
   const bool used = channel != 0 && state.switches.ctcss && state.memory.channels[channel].tone > 0;

@@ -3,9 +3,9 @@
 
 #include "radio/commands.h"
 #include "radio/entry.h"
+#include "radio/readings.h"
 #include "radio/replies.h"
 #include "radio/trunking.h"
-#include "radio/tuning.h"
 
 namespace tarnvex::radio {
 namespace {
@@ -17,7 +17,7 @@ Slot slotAt(Line line, std::size_t from) {
   return {line[from] - 'A', digit == 0 ? kSlots : digit};
 }
 
-// "NG" unless one of the groups in the scan holds an ID.
+// "NG" if no group in the scan holds an ID.
 std::string scanGroups(State& state, Line) {
   const TrunkBank& bank = trunkBank(state);
   const auto isFull = [](const std::string& id) { return !id.empty(); };
@@ -26,7 +26,7 @@ std::string scanGroups(State& state, Line) {
   for (int group = 0; group < groupsOf(state.model); ++group) {
     groups[group] = bank.scanned[group];
     const auto& ids = bank.ids[group];
-    any = any || (groups[group] && std::any_of(ids.begin(), ids.end(), isFull));
+    any = any || (groups[group] && std::ranges::any_of(ids, isFull));
   }
   return any ? "IS " + letters(groups) : kNothing;
 }
@@ -38,8 +38,12 @@ std::string currentId(State& state, Line) {
 
 std::string readSlot(State& state, Line line) {
   const Slot slot = slotAt(line, 3);
-  if (!followsIds(state.activity) || slot.group >= groupsOf(state.model)) return kError;
-  if (state.activity == Activity::IdManual) state.slot = slot;
+  if (!followsIds(state.activity) || slot.group >= groupsOf(state.model)) {
+    return kError;
+  }
+  if (state.activity == Activity::IdManual) {
+    state.slot = slot;
+  }
   state.entry = {};
   state.entry.slot = slot;
   return slotReply(state, slot);
@@ -47,30 +51,40 @@ std::string readSlot(State& state, Line line) {
 
 std::string writeSlot(State& state, Line line) {
   const Slot slot = slotAt(line, 3);
-  if (!followsIds(state.activity) || slot.group >= groupsOf(state.model)) return kError;
+  if (!followsIds(state.activity) || slot.group >= groupsOf(state.model)) {
+    return kError;
+  }
   return storeId(state, slot, line.substr(6)) ? kOk : kError;
 }
 
 std::string prioritySlot(State& state, Line line) {
   const int slot = trunkBank(state).prioritySlot[line[3] - 'A'];
-  if (slot == 0) return kNothing;
+  if (slot == 0) {
+    return kNothing;
+  }
   return std::string(line) + static_cast<char>('0' + slot % 10);
 }
 
 std::string setPrioritySlot(State& state, Line line) {
   const Slot slot = slotAt(line, 3);
   TrunkBank& bank = trunkBank(state);
-  if (slot.group >= groupsOf(state.model)) return kError;
-  if (bank.ids[slot.group][slot.number - 1].empty()) return kError;
+  if (slot.group >= groupsOf(state.model)) {
+    return kError;
+  }
+  if (bank.ids[slot.group][slot.number - 1].empty()) {
+    return kError;
+  }
   bank.prioritySlot[slot.group] = slot.number;
   return kOk;
 }
 
-// A new type leaves no fleet map behind: Type 1 takes no dashed IDs before its blocks are set.
+// A new type clears the fleet map: Type 1 takes no dashed IDs until its blocks are set.
 std::string setType(State& state, Line line) {
   const int type = line[5] - '0';
   const bool tuned = type == 4 || type == 5;
-  if (type < 1 || type > 6 || tuned != (line.size() > 6)) return kError;
+  if (type < 1 || type > 6 || tuned != (line.size() > 6)) {
+    return kError;
+  }
   TrunkBank& bank = state.memory.banks[line[3] - 'A'];
   bank.type = static_cast<SystemType>(type);
   bank.blocks.fill(kUnmapped);
@@ -87,7 +101,9 @@ std::string setBlock(State& state, Line line) {
   const int block = line[5] - '0';
   const int size = numberAt(line, 7, 2);
   const int span = size == 14 ? 8 : size == 13 ? 4 : size == 12 ? 2 : 1;
-  if (bank.type != SystemType::Type1 || block > 7 || size > 14 || block + span > 8) return kError;
+  if (bank.type != SystemType::Type1 || block > 7 || size > 14 || block + span > 8) {
+    return kError;
+  }
   bank.blocks[block] = size;
   return kOk;
 }

@@ -18,17 +18,19 @@ std::string refuse(std::string_view why) {
   return "error: " + std::string(why) + '\n';
 }
 
-/// A control line, taken apart.
+/// A control line in its parts.
 struct Request {
   Wire& wire;
-  std::string_view rest;  ///< behind the first word and its blank
+  std::string_view rest;  ///< after the first word and its blank
   std::vector<std::string> arguments;
   Instant now;
   bool& quit;
 };
 
 std::optional<double> number(const Request& request, std::size_t index) {
-  if (index >= request.arguments.size()) return std::nullopt;
+  if (index >= request.arguments.size()) {
+    return std::nullopt;
+  }
   const auto value = parseNumber(request.arguments[index]);
   return value && std::isfinite(*value) ? value : std::nullopt;
 }
@@ -47,14 +49,18 @@ std::string mode(Request& request) {
 
 std::string becomeModel(Request& request) {
   const auto model = modelNamed(first(request));
-  if (!model) return refuse("bc895 or bc245");
+  if (!model) {
+    return refuse("bc895 or bc245");
+  }
   request.wire.radio().become(*model);
   return kDone;
 }
 
 std::string tempo(Request& request) {
   const auto value = number(request, 0);
-  if (!value || *value < 0 || *value > kMostTempo) return refuse("a number from 0 to 10000");
+  if (!value || *value < 0 || *value > kMostTempo) {
+    return refuse("a number from 0 to 10000");
+  }
   request.wire.radio().setTempo(*value);
   return kDone;
 }
@@ -97,14 +103,18 @@ std::string replug(Request& request) {
 
 std::string baud(Request& request) {
   const auto value = number(request, 0);
-  if (!value || *value < 0 || *value > 1e6) return refuse("a baud rate");
+  if (!value || *value < 0 || *value > 1e6) {
+    return refuse("a baud rate");
+  }
   request.wire.line().setBaud(static_cast<int>(*value));
   return kDone;
 }
 
 std::string think(Request& request) {
   const auto value = number(request, 0);
-  if (!value || *value < 0 || *value > 1e5) return refuse("milliseconds");
+  if (!value || *value < 0 || *value > 1e5) {
+    return refuse("milliseconds");
+  }
   request.wire.line().setThink(Instant{static_cast<std::int64_t>(*value * 1e6)});
   return kDone;
 }
@@ -151,7 +161,9 @@ constexpr std::array kWords{
 }  // namespace
 
 std::string control(Wire& wire, std::string_view line, Instant now, bool& quit) {
-  if (line.ends_with('\r')) line.remove_suffix(1);
+  if (line.ends_with('\r')) {
+    line.remove_suffix(1);
+  }
   const std::size_t blank = line.find(' ');
   const std::string_view word = line.substr(0, blank);
   const std::string_view rest = blank == std::string_view::npos ? "" : line.substr(blank + 1);
@@ -164,53 +176,11 @@ std::string control(Wire& wire, std::string_view line, Instant now, bool& quit) 
     request.arguments.push_back(each);
   }
   for (const Word& known : kWords) {
-    if (known.word == word) return known.act(request);
+    if (known.word == word) {
+      return known.act(request);
+    }
   }
   return refuse("unknown word, see help");
-}
-
-std::string_view controlHelp() {
-  return "scene NAME             quiet, city, busy, day, steady, tour\n"
-         "mode MDxx              change the mode at the radio\n"
-         "become bc895|bc245     another radio on the same line\n"
-         "tempo X                speed of the scene; of \"day\", that of its clock\n"
-         "reception CHANNEL S    a transmission on that channel for S seconds\n"
-         "talk ID S              a transmission of that talkgroup for S seconds\n"
-         "state                  what the radio is doing, as key=value lines\n"
-         "stray TEXT             send TEXT now, unasked\n"
-         "hangup | replug        unplug the radio; plug it in again\n"
-         "baud N                 line speed; 0 for no pacing\n"
-         "think MS               time from a command to its reply\n"
-         "quit\n"
-         "\n"
-         "Faults of replies. WHEN is nothing (the next reply), N (the next N) or \"every N\"\n"
-         "(one in N, by chance):\n"
-         "wrong-length [N [WHEN]]  N characters longer or, below 0, shorter (-3)\n"
-         "garble [WHEN]          every third character is another one\n"
-         "8bit [WHEN]            the top bit of every character is set\n"
-         "cut N [WHEN]           the CR and N characters before it are lost\n"
-         "delay MS [WHEN]        late\n"
-         "join [WHEN]            twice, in one piece\n"
-         "split [WHEN]           in two halves, 50 ms apart\n"
-         "slow [WHEN]            one byte each 20 ms\n"
-         "\n"
-         "Lines that nobody asked for, around the replies:\n"
-         "stream N               in one exchange of N, at any moment, the ID line of the ID\n"
-         "                       modes, while the program has asked for such lines\n"
-         "extra WHAT [WHERE] [HOW] [WHEN]\n"
-         "  WHAT   id (the ID line), stream (the same, if asked for), echo (of the command),\n"
-         "         copy (of the reply), previous (the reply to another command), noise,\n"
-         "         flood [BYTES] (without an end, 65536 bytes), text TEXT (must come last)\n"
-         "  WHERE  before (between command and reply), after (directly after the reply),\n"
-         "         late MS (that long after the command), anywhere (one of these, by chance)\n"
-         "  HOW    joined (in one piece with the reply), cut (without CR), 8bit, slow\n"
-         "\n"
-         "The line as a whole:\n"
-         "noise PERCENT [lost|doubled|changed]\n"
-         "                       share of all bytes that is spoilt; 0 for none\n"
-         "silence on|off         nothing is sent at all\n"
-         "silence after N        nothing more after N replies\n"
-         "clear                  no more faults\n";
 }
 
 }  // namespace tarnvex::radio

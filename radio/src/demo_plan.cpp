@@ -12,7 +12,9 @@ namespace {
 std::string quoted(std::initializer_list<std::string_view> fields) {
   std::string line;
   for (const std::string_view field : fields) {
-    if (!line.empty()) line += ',';
+    if (!line.empty()) {
+      line += ',';
+    }
     line += '"' + std::string(field) + '"';
   }
   return line + "\r\n";
@@ -47,14 +49,18 @@ std::string slotLine(char bank, char group, int slot) {
 std::string demoPlan() {
   const Memory memory = builtInMemory();
   std::map<int, std::string_view> tags;
-  for (const BuiltInChannel& row : builtInChannels()) tags[row.number] = row.tag;
+  for (const BuiltInChannel& row : builtInChannels()) {
+    tags[row.number] = row.tag;
+  }
   std::string text;
   for (int number = 1; number <= kChannels; ++number) {
     text += channelLine(number, memory.channels[number], tags[number]);
   }
   for (char bank = 'A'; bank <= 'J'; ++bank) {
     for (char group = 'A'; group <= 'J'; ++group) {
-      for (int slot = 1; slot <= kSlots; ++slot) text += slotLine(bank, group, slot);
+      for (int slot = 1; slot <= kSlots; ++slot) {
+        text += slotLine(bank, group, slot);
+      }
     }
   }
   return text;

@@ -6,7 +6,6 @@
 
 #include "radio/commands.h"
 #include "radio/trunking.h"
-#include "radio/tuning.h"
 
 namespace tarnvex::radio {
 namespace {
@@ -20,7 +19,9 @@ Frequency keyedFrequency(const std::string& text) {
 }
 
 bool isChannel(const std::string& text) {
-  if (text.empty() || text.find('.') != std::string::npos) return false;
+  if (text.empty() || text.find('.') != std::string::npos) {
+    return false;
+  }
   const long value = std::strtol(text.c_str(), nullptr, 10);
   return value >= 1 && value <= kChannels;
 }
@@ -32,7 +33,9 @@ void goTo(State& state, int channel) {
 
 std::string enterLimit(State& state, Entry::Limit limit, const std::string& text) {
   const Frequency frequency = keyedFrequency(text);
-  if (frequency < kLowestLimit || frequency > kHighestLimit) return kError;
+  if (frequency < kLowestLimit || frequency > kHighestLimit) {
+    return kError;
+  }
   (limit == Entry::Limit::Lower ? state.lower : state.upper) = frequency;
   return kOk;
 }
@@ -40,7 +43,9 @@ std::string enterLimit(State& state, Entry::Limit limit, const std::string& text
 std::string enterTone(State& state, const std::string& text) {
   const auto tone = std::find(kTones.begin() + 1, kTones.end() - 1, text);
   const bool none = text == "0";
-  if (tone == kTones.end() - 1 && !none) return kError;
+  if (tone == kTones.end() - 1 && !none) {
+    return kError;
+  }
   state.memory.channels[state.channel].tone = none ? 0 : static_cast<int>(tone - kTones.begin());
   enter(state, Activity::Manual);
   return kOk;
@@ -48,11 +53,15 @@ std::string enterTone(State& state, const std::string& text) {
 
 std::string enterTrunked(State& state, const std::string& text) {
   const Frequency frequency = keyedFrequency(text);
-  if (state.programBank < 0 || !receivable(frequency)) return kError;
+  if (state.programBank < 0 || !receivable(frequency)) {
+    return kError;
+  }
   const int first = state.programBank * kBankSize + 1;
   for (int number = first; number < first + kBankSize; ++number) {
     Channel& channel = state.memory.channels[number];
-    if (channel.frequency != 0) continue;
+    if (channel.frequency != 0) {
+      continue;
+    }
     channel = {frequency, true, false, false, false, 0};
     return kOk;
   }
@@ -61,7 +70,9 @@ std::string enterTrunked(State& state, const std::string& text) {
 
 std::string enterFrequency(State& state, const std::string& text) {
   const Frequency frequency = keyedFrequency(text);
-  if (!receivable(frequency)) return kError;
+  if (!receivable(frequency)) {
+    return kError;
+  }
   if (searches(state.activity)) {
     enter(state, Activity::SearchHold);
     state.searchAt = frequency;
@@ -81,16 +92,22 @@ std::string scanDigit(State& state, int digit) {
 std::string keyDigit(State& state, std::string_view line) {
   const int digit = line.back() - '0';
   const bool ten = line.ends_with("10");
-  if (state.activity == Activity::Send) return kError;
+  if (state.activity == Activity::Send) {
+    return kError;
+  }
   if (state.model == Model::BC245XLT && state.activity == Activity::SelectBank) {
     chooseProgramBank(state, ten ? 9 : (digit + 9) % 10);
     return kOk;
   }
-  if (ten) return kError;
+  if (ten) {
+    return kError;
+  }
   if (state.model == Model::BC245XLT && state.activity == Activity::Scan) {
     return scanDigit(state, digit);
   }
-  if (state.entry.text.size() >= kEntryLimit) return kError;
+  if (state.entry.text.size() >= kEntryLimit) {
+    return kError;
+  }
   state.entry.text += line.back();
   return kOk;
 }
@@ -101,7 +118,9 @@ std::string keyPoint(State& state, std::string_view) {
     return kOk;
   }
   const char point = followsIds(state.activity) ? '-' : '.';
-  if (state.entry.text.find(point) != std::string::npos) return kError;
+  if (state.entry.text.find(point) != std::string::npos) {
+    return kError;
+  }
   state.entry.text += point;
   return kOk;
 }
@@ -110,17 +129,30 @@ std::string keyEnter(State& state, std::string_view) {
   const Entry entry = state.entry;
   state.entry = {};
   if (state.activity == Activity::SelectBank) {
-    if (state.programBank < 0) return kError;
+    if (state.programBank < 0) {
+      return kError;
+    }
     enter(state, Activity::ProgramTrunk);
     return kOk;
   }
-  if (entry.text.empty()) return kOk;
-  if (entry.limit != Entry::Limit::None) return enterLimit(state, entry.limit, entry.text);
-  if (followsIds(state.activity))
+  if (entry.text.empty()) {
+    return kOk;
+  }
+  if (entry.limit != Entry::Limit::None) {
+    return enterLimit(state, entry.limit, entry.text);
+  }
+  if (followsIds(state.activity)) {
     return storeId(state, entry.slot.value_or(state.slot), entry.text) ? kOk : kError;
-  if (state.activity == Activity::ToneEntry) return enterTone(state, entry.text);
-  if (state.activity == Activity::ProgramTrunk) return enterTrunked(state, entry.text);
-  if (!isChannel(entry.text)) return enterFrequency(state, entry.text);
+  }
+  if (state.activity == Activity::ToneEntry) {
+    return enterTone(state, entry.text);
+  }
+  if (state.activity == Activity::ProgramTrunk) {
+    return enterTrunked(state, entry.text);
+  }
+  if (!isChannel(entry.text)) {
+    return enterFrequency(state, entry.text);
+  }
   goTo(state, std::atoi(entry.text.c_str()));
   return kOk;
 }
@@ -139,10 +171,12 @@ std::string keyManual(State& state, std::string_view) {
 bool storeId(State& state, Slot slot, std::string_view text) {
   TrunkBank& bank = trunkBank(state);
   const std::string id = normalId(text);
-  // The BC895XLT is never told a bank's type, so it can't judge a dashed ID.
+  // The BC895XLT doesn't know the type of a bank, so it can't judge a dashed ID.
   const bool dashed = id.find('-') != std::string::npos;
   const bool judged = state.model == Model::BC245XLT || !dashed;
-  if (id.empty() || (judged && !takesId(bank, id))) return false;
+  if (id.empty() || (judged && !takesId(bank, id))) {
+    return false;
+  }
   std::string& kept = bank.ids[slot.group][slot.number - 1];
   kept = id == "000000" ? "" : id;
   if (kept.empty() && bank.prioritySlot[slot.group] == slot.number) {

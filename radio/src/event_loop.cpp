@@ -22,7 +22,9 @@ namespace {
 sigset_t endingSignals() {
   sigset_t set{};
   sigemptyset(&set);
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&set, signal);
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    sigaddset(&set, signal);
+  }
   return set;
 }
 
@@ -31,14 +33,16 @@ void print(const std::string& text) {
   std::fflush(stdout);
 }
 
-/// Lines of standard input, as they come.
+/// Reads control lines from standard input and obeys them.
 class ControlInput {
  public:
   /// False at the end of input or after "quit".
   bool serve(Wire& wire) {
     std::array<char, 1024> buffer{};
     const ssize_t count = ::read(STDIN_FILENO, buffer.data(), buffer.size());
-    if (count <= 0) return count < 0 && errno == EINTR;
+    if (count <= 0) {
+      return count < 0 && errno == EINTR;
+    }
     pending_.append(buffer.data(), static_cast<std::size_t>(count));
     bool quit = false;
     for (std::size_t end = 0; !quit && (end = pending_.find('\n')) != std::string::npos;) {
@@ -60,8 +64,12 @@ void wait(std::array<pollfd, 3>& fds, std::optional<Instant> deadline) {
     left = {ns / kSecond, ns % kSecond};
   }
   if (ppoll(fds.data(), fds.size(), deadline ? &left : nullptr, nullptr) < 0) {
-    if (errno != EINTR) throw std::system_error(errno, std::generic_category(), "ppoll");
-    for (pollfd& each : fds) each.revents = 0;
+    if (errno != EINTR) {
+      throw std::system_error(errno, std::generic_category(), "ppoll");
+    }
+    for (pollfd& each : fds) {
+      each.revents = 0;
+    }
   }
 }
 
@@ -85,7 +93,9 @@ void preferTiming() {
 void runWire(Wire& wire, bool control) {
   const sigset_t set = endingSignals();
   const int signals = signalfd(-1, &set, SFD_CLOEXEC);
-  if (signals < 0) throw std::system_error(errno, std::generic_category(), "signalfd");
+  if (signals < 0) {
+    throw std::system_error(errno, std::generic_category(), "signalfd");
+  }
   print("ready " + wire.path() + '\n');
   ControlInput input;
   std::array<pollfd, 3> fds{};
@@ -93,12 +103,20 @@ void runWire(Wire& wire, bool control) {
     fds = {pollfd{wire.fd(), POLLIN, 0}, pollfd{control ? STDIN_FILENO : -1, POLLIN, 0},
            pollfd{signals, POLLIN, 0}};
     wait(fds, wire.deadline(clockNow()));
-    if (fds[2].revents != 0) break;
-    if ((fds[0].revents & POLLIN) != 0) wire.readable(clockNow());
-    if (fds[1].revents != 0 && !input.serve(wire)) break;
+    if (fds[2].revents != 0) {
+      break;
+    }
+    if ((fds[0].revents & POLLIN) != 0) {
+      wire.readable(clockNow());
+    }
+    if (fds[1].revents != 0 && !input.serve(wire)) {
+      break;
+    }
     const Instant now = clockNow();
     const auto deadline = wire.deadline(now);
-    if (deadline && *deadline <= now) wire.due(now);
+    if (deadline && *deadline <= now) {
+      wire.due(now);
+    }
   }
   ::close(signals);
 }

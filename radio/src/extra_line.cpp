@@ -16,8 +16,8 @@ using std::chrono::milliseconds;
 template <class Value, std::size_t N>
 std::optional<Value> named(const std::array<std::pair<std::string_view, Value>, N>& names,
                            std::string_view word) {
-  const auto found = std::find_if(names.begin(), names.end(),
-                                  [word](const auto& row) { return row.first == word; });
+  const auto* const found =
+      std::ranges::find(names, word, &std::pair<std::string_view, Value>::first);
   return found == names.end() ? std::nullopt : std::optional(found->second);
 }
 
@@ -40,8 +40,7 @@ std::string noiseLine(Chance& chance) {
 
 std::string flood(std::size_t count, Chance& chance) {
   std::string bytes(count, '\0');
-  std::generate(bytes.begin(), bytes.end(),
-                [&] { return static_cast<char>('A' + chance.below(26)); });
+  std::ranges::generate(bytes, [&] { return static_cast<char>('A' + chance.below(26)); });
   return bytes;
 }
 
@@ -182,23 +181,6 @@ void ExtraLine::join(std::vector<OutgoingPart>& parts, const Exchange& exchange,
     }
   }
   parts.insert(where == Where::Before ? parts.begin() : parts.end(), extra.begin(), extra.end());
-}
-
-std::string withTopBits(std::string bytes) {
-  for (char& c : bytes) {
-    c = c == '\r' ? c : static_cast<char>(c | 0x80);
-  }
-  return bytes;
-}
-
-std::vector<OutgoingPart> slowly(const OutgoingPart& part) {
-  std::vector<OutgoingPart> parts;
-  Instant delay = part.delay;
-  for (const char c : part.bytes) {
-    parts.push_back({std::string(1, c), delay, true, part.timing});
-    delay += milliseconds(20);
-  }
-  return parts;
 }
 
 }  // namespace tarnvex::radio

@@ -12,48 +12,12 @@ namespace {
 
 using Words = std::span<const std::string>;
 
-/// In the order of Faults::Kind.
-struct ReplyWord {
-  std::string_view word;
-  bool hasAmount = false;
-  std::optional<std::int64_t> usualAmount{};
-  std::int64_t leastAmount = 0;
-};
-constexpr std::array kReplyWords{ReplyWord{"wrong-length", true, -3, -1000000},
-                                 ReplyWord{"garble"},
-                                 ReplyWord{"8bit"},
-                                 ReplyWord{"cut", true},
-                                 ReplyWord{"delay", true},
-                                 ReplyWord{"join"},
-                                 ReplyWord{"split"},
-                                 ReplyWord{"slow"}};
-constexpr std::array<std::string_view, 4> kOtherWords{"silence", "noise", "extra", "stream"};
-
-auto replyWord(std::string_view word) {
-  return std::find_if(kReplyWords.begin(), kReplyWords.end(),
-                      [word](const ReplyWord& row) { return row.word == word; });
-}
-
-void changeLength(std::string& reply, std::int64_t by) {
-  if (by > 0) {
-    reply.insert(reply.size() - 1, static_cast<std::size_t>(by), 'X');
-  } else {
-    const auto less = std::min<std::size_t>(reply.size() - 1, static_cast<std::size_t>(-by));
-    reply.erase(reply.size() - 1 - less, less);
-  }
-}
-
-void garble(std::string& reply) {
-  for (std::size_t at = 0; at + 1 < reply.size(); at += 3) {
-    reply[at] = static_cast<char>('!' + (reply[at] * 7 + 13) % 64);
-  }
-}
+constexpr std::array<std::string_view, 4> kWords{"silence", "noise", "extra", "stream"};
 
 }  // namespace
 
 bool Faults::isFault(std::string_view word) {
-  return replyWord(word) != kReplyWords.end() ||
-         std::find(kOtherWords.begin(), kOtherWords.end(), word) != kOtherWords.end();
+  return ReplyFaults::isFault(word) || std::ranges::find(kWords, word) != kWords.end();
 }
 
 bool Faults::set(std::string_view line) {
@@ -77,33 +41,7 @@ bool Faults::set(std::string_view line) {
     return rest.size() == 1 &&
            addExtra(std::array<std::string, 4>{"stream", "anywhere", "every", rest[0]});
   }
-  const auto row = replyWord(word);
-  return row != kReplyWords.end() &&
-         setReplyFault(static_cast<Kind>(row - kReplyWords.begin()), rest);
-}
-
-bool Faults::setReplyFault(Kind kind, Words words) {
-  const ReplyWord& row = kReplyWords[kind];
-  ReplyFault fault;
-  if (row.hasAmount) {
-    const auto number = words.empty() ? std::nullopt : parseNumber(words[0]);
-    if (number) {
-      words = words.subspan(1);
-    }
-    const auto amount =
-        number ? std::optional(static_cast<std::int64_t>(*number)) : row.usualAmount;
-    if (!amount || *amount < row.leastAmount || *amount > 1000000) {
-      return false;
-    }
-    fault.amount = *amount;
-  }
-  const auto occasion = Occasion::parse(words);
-  if (!occasion) {
-    return false;
-  }
-  fault.occasion = *occasion;
-  replyFaults_[kind] = fault;
-  return true;
+  return replies_.set(all);
 }
 
 bool Faults::setSilence(Words words) {
@@ -126,7 +64,7 @@ bool Faults::setNoise(Words words) {
   }
   Noise kind = Noise::Any;
   if (words.size() == 2) {
-    const auto found = std::find(kKindsOfNoise.begin(), kKindsOfNoise.end(), words[1]);
+    const auto* const found = std::ranges::find(kKindsOfNoise, words[1]);
     if (found == kKindsOfNoise.end()) {
       return false;
     }
@@ -143,45 +81,6 @@ bool Faults::addExtra(Words words) {
     extras_.push_back(*extra);
   }
   return extra.has_value();
-}
-
-std::optional<std::int64_t> Faults::strike(Kind kind) {
-  ReplyFault& fault = replyFaults_[kind];
-  return fault.occasion.strikes(chance_) ? std::optional(fault.amount) : std::nullopt;
-}
-
-/// `reply` ends with CR.
-void Faults::spoil(std::string& reply) {
-  if (const auto by = strike(kWrongLength)) {
-    changeLength(reply, *by);
-  }
-  if (strike(kGarble)) {
-    garble(reply);
-  }
-  if (strike(kEightBit)) {
-    reply = withTopBits(std::move(reply));
-  }
-  if (const auto cut = strike(kCut)) {
-    reply.resize(reply.size() - std::min(static_cast<std::size_t>(*cut) + 1, reply.size()));
-  }
-}
-
-std::vector<OutgoingPart> Faults::replyParts(std::string reply) {
-  spoil(reply);
-  OutgoingPart part;
-  part.delay = std::chrono::milliseconds(strike(kDelay).value_or(0));
-  part.whole = strike(kJoin).has_value();
-  part.bytes = part.whole ? reply + reply : reply;
-  const bool split = strike(kSplit).has_value();
-  if (strike(kSlow)) {
-    return slowly(part);
-  }
-  if (!split) {
-    return {part};
-  }
-  const std::size_t half = part.bytes.size() / 2;
-  return {{part.bytes.substr(0, half), part.delay, true},
-          {part.bytes.substr(half), part.delay + std::chrono::milliseconds(50), true}};
 }
 
 void Faults::remember(const Exchange& exchange) {
@@ -203,7 +102,7 @@ std::vector<OutgoingPart> Faults::apply(const Exchange& exchange) {
   if (silent_) {
     return {};
   }
-  auto parts = replyParts(exchange.reply);
+  auto parts = replies_.apply(exchange.reply, chance_);
   for (ExtraLine& extra : extras_) {
     extra.join(parts, exchange, previous_, chance_);
   }

@@ -27,18 +27,26 @@ bool LineLog::open(const std::string& path) {
 }
 
 void LineLog::add(char direction, std::string& line, std::string_view bytes, Instant now) {
-  if (!isOpen()) return;
+  if (!isOpen()) {
+    return;
+  }
   for (const char c : bytes) {
     line += c;
-    if (c != '\r') continue;
+    if (c != '\r') {
+      continue;
+    }
     write(direction, line, now);
     line.clear();
   }
 }
 
 void LineLog::write(char direction, std::string_view line, Instant now) {
-  if (!isOpen()) return;
-  if (!started_) start_ = now;
+  if (!isOpen()) {
+    return;
+  }
+  if (!started_) {
+    start_ = now;
+  }
   started_ = true;
   const double seconds = static_cast<double>((now - start_).count()) / 1e9;
   std::fprintf(file_.get(), "%12.6f %c %s\n", seconds, direction, shown(line).c_str());

@@ -5,13 +5,15 @@
 namespace tarnvex::radio {
 
 Instant LinePacer::spanOf(std::size_t count) const {
-  if (baud_ <= 0) return Instant{0};
+  if (baud_ <= 0) {
+    return Instant{0};
+  }
   constexpr std::int64_t kBitsPerByte = 10, kSecond = 1'000'000'000;
   return Instant{static_cast<std::int64_t>(count) * kBitsPerByte * kSecond / baud_};
 }
 
 Instant LinePacer::arrive(Instant now, std::size_t count) {
-  // The sender answered a delivery that came late: on a real line it would have begun earlier.
+  // Bytes were delivered late, and this answers them: on a real line it would have come earlier.
   const Instant begin = std::max(now - late_, inputFree_);
   late_ = Instant{0};
   inputFree_ = begin + spanOf(count);
@@ -34,7 +36,9 @@ void LinePacer::send(std::string_view bytes, Instant from, bool whole) {
 }
 
 std::optional<Instant> LinePacer::nextDue() const {
-  if (pieces_.empty()) return std::nullopt;
+  if (pieces_.empty()) {
+    return std::nullopt;
+  }
   return pieces_.front().due;
 }
 

@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "radio/commands.h"
+#include "radio/readings.h"
 #include "radio/tuning.h"
 
 namespace tarnvex::radio {
@@ -11,9 +12,15 @@ namespace {
 
 bool skipFrequency(State& state, Frequency frequency) {
   auto& skips = state.memory.skips;
-  if (!receivable(frequency)) return false;
-  if (isSkipped(state, frequency)) return true;
-  if (skips.size() >= kSkipLimit) return false;
+  if (!receivable(frequency)) {
+    return false;
+  }
+  if (isSkipped(state, frequency)) {
+    return true;
+  }
+  if (skips.size() >= kSkipLimit) {
+    return false;
+  }
   skips.push_back(frequency);
   return true;
 }
@@ -21,23 +28,33 @@ bool skipFrequency(State& state, Frequency frequency) {
 bool setLockedId(State& state, std::string_view text, bool on) {
   auto& locked = state.memory.lockedIds;
   const std::string id = normalId(text);
-  if (id.empty() || id == "000000") return false;
+  if (id.empty() || id == "000000") {
+    return false;
+  }
   std::erase(locked, id);
-  if (!on) return true;
-  if (locked.size() >= kLockedIdLimit) return false;
+  if (!on) {
+    return true;
+  }
+  if (locked.size() >= kLockedIdLimit) {
+    return false;
+  }
   locked.push_back(id);
   return true;
 }
 
 std::string listing(std::string_view word, const std::vector<std::string>& entries) {
   std::string text;
-  for (const std::string& entry : entries) text += std::string(word) + entry + '\r';
+  for (const std::string& entry : entries) {
+    text += std::string(word) + entry + '\r';
+  }
   return text + "END";
 }
 
 std::vector<std::string> skipTexts(const State& state) {
   std::vector<std::string> texts;
-  for (const Frequency skip : state.memory.skips) texts.push_back(digits(skip, 8));
+  for (const Frequency skip : state.memory.skips) {
+    texts.push_back(digits(skip, 8));
+  }
   return texts;
 }
 
@@ -53,7 +70,9 @@ std::string keyLockout(State& state, std::string_view) {
   if (searches(state.activity)) {
     const bool there = state.stop || state.activity == Activity::SearchHold ||
                        state.activity == Activity::WeatherHold;
-    if (!there || !skipFrequency(state, displayedFrequency(state))) return kError;
+    if (!there || !skipFrequency(state, displayedFrequency(state))) {
+      return kError;
+    }
     passOn(state);
     return kOk;
   }
@@ -67,7 +86,9 @@ std::string keyLockoutHeld(State& state, std::string_view) {
     state.memory.lockedIds.clear();
   } else {
     for (Channel& channel : state.memory.channels) {
-      if (channel.frequency != 0) channel.lockout = false;
+      if (channel.frequency != 0) {
+        channel.lockout = false;
+      }
     }
   }
   return kOk;
@@ -103,16 +124,24 @@ std::string lockedIdNumber(State& state, std::string_view line) {
 }
 
 bool isLockedOut(const State& state) {
-  if (followsIds(state.activity)) return isLockedId(state, activeId(state));
-  if (searches(state.activity)) return isSkipped(state, displayedFrequency(state));
+  if (followsIds(state.activity)) {
+    return isLockedId(state, activeId(state));
+  }
+  if (searches(state.activity)) {
+    return isSkipped(state, displayedFrequency(state));
+  }
   const int channel = activeChannel(state);
   return channel != 0 && state.memory.channels[channel].lockout;
 }
 
 bool setLockedOut(State& state, bool on) {
-  if (followsIds(state.activity)) return setLockedId(state, activeId(state), on);
+  if (followsIds(state.activity)) {
+    return setLockedId(state, activeId(state), on);
+  }
   const int channel = activeChannel(state);
-  if (channel == 0) return false;
+  if (channel == 0) {
+    return false;
+  }
   state.memory.channels[channel].lockout = on;
   return true;
 }

@@ -14,7 +14,9 @@ int writePlan(const std::string& path) {
   std::ofstream file(path, std::ios::binary);
   file << demoPlan();
   file.close();
-  if (file.good()) return 0;
+  if (file.good()) {
+    return 0;
+  }
   std::fprintf(stderr, "tarnvex-radio: cannot write %s\n", path.c_str());
   return 1;
 }
@@ -28,7 +30,9 @@ int run(const Options& options) {
     std::fprintf(stderr, "tarnvex-radio: no such mode: %s\n", options.mode.c_str());
     return 2;
   }
-  if (options.wire.line.baud > 0) preferTiming();
+  if (options.wire.line.baud > 0) {
+    preferTiming();
+  }
   Wire wire(radio, options.wire, clockNow());
   for (const std::string& fault : options.faults) {
     wire.line().faults().set(fault);

@@ -7,8 +7,7 @@ namespace tarnvex::radio {
 namespace {
 
 bool allDigits(std::string_view text) {
-  return !text.empty() &&
-         std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+  return !text.empty() && std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
 }
 
 int number(std::string_view text) {
@@ -17,18 +16,22 @@ int number(std::string_view text) {
   return value;
 }
 
-// Sizes 12 to 14 spread over the blocks behind their own.
+// Sizes 12 to 14 also cover the blocks that follow.
 bool isMapped(const TrunkBank& bank, int block) {
   for (int first = block; first >= 0; --first) {
     const int size = bank.blocks[first];
     const int span = size == 14 ? 8 : size == 13 ? 4 : size == 12 ? 2 : size >= 0 ? 1 : 0;
-    if (first + span > block) return true;
+    if (first + span > block) {
+      return true;
+    }
   }
   return false;
 }
 
 bool takesDashed(const TrunkBank& bank, std::string_view left, std::string_view right) {
-  if (!allDigits(left) || !allDigits(right)) return false;
+  if (!allDigits(left) || !allDigits(right)) {
+    return false;
+  }
   if (bank.type == SystemType::Edacs) {
     return left.size() == 2 && right.size() == 3 && number(left) <= 15 &&
            number(right.substr(0, 2)) <= 15 && right[2] <= '7';
@@ -74,7 +77,9 @@ bool hasTrunkedChannel(const Memory& memory, int bank) {
 
 Frequency controlChannel(const Memory& memory, int bank) {
   for (int channel = bank * kBankSize + 1; channel <= (bank + 1) * kBankSize; ++channel) {
-    if (memory.channels[channel].trunked) return memory.channels[channel].frequency;
+    if (memory.channels[channel].trunked) {
+      return memory.channels[channel].frequency;
+    }
   }
   return 0;
 }
@@ -85,7 +90,7 @@ bool receivable(Frequency frequency) {
   };
   constexpr std::array<Band, 4> kBands{
       {{290000, 540000}, {1080000, 1740000}, {2160000, 5120000}, {8060000, 9560000}}};
-  return std::any_of(kBands.begin(), kBands.end(), [frequency](const Band& band) {
+  return std::ranges::any_of(kBands, [frequency](const Band& band) {
     return frequency >= band.first && frequency <= band.last;
   });
 }
@@ -95,16 +100,24 @@ bool takesId(const TrunkBank& bank, std::string_view id) {
   if (dash != std::string_view::npos) {
     return takesDashed(bank, id.substr(0, dash), id.substr(dash + 1));
   }
-  if (!allDigits(id) || id.size() > 6) return false;
+  if (!allDigits(id) || id.size() > 6) {
+    return false;
+  }
   return number(id) <= (bank.type == SystemType::Edacs ? 2047 : 65535);
 }
 
 std::string normalId(std::string_view text) {
   const auto first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return "";
+  if (first == std::string_view::npos) {
+    return "";
+  }
   text = text.substr(first, text.find_last_not_of(' ') - first + 1);
-  if (text.size() > 6) return "";
-  if (allDigits(text)) return digits(number(text), 6);
+  if (text.size() > 6) {
+    return "";
+  }
+  if (allDigits(text)) {
+    return digits(number(text), 6);
+  }
   const std::size_t dash = text.find('-');
   const bool dashed = dash != std::string_view::npos && allDigits(text.substr(0, dash)) &&
                       allDigits(text.substr(dash + 1));
@@ -113,7 +126,9 @@ std::string normalId(std::string_view text) {
 
 std::string digits(std::uint64_t value, int width) {
   std::string text = std::to_string(value);
-  if (text.size() < static_cast<std::size_t>(width)) text.insert(0, width - text.size(), '0');
+  if (text.size() < static_cast<std::size_t>(width)) {
+    text.insert(0, width - text.size(), '0');
+  }
   return text;
 }
 

@@ -35,7 +35,9 @@ constexpr std::array<Row, 17> kRows{{
 
 const Row& rowOf(Activity activity) {
   for (const Row& row : kRows) {
-    if (row.activity == activity) return row;
+    if (row.activity == activity) {
+      return row;
+    }
   }
   return kRows.front();
 }
@@ -44,15 +46,21 @@ const Row& rowOf(Activity activity) {
 
 std::string_view modeCode(Model model, Activity activity, Family family) {
   const Row& row = rowOf(activity);
-  if (model == Model::BC895XLT) return row.bc895;
+  if (model == Model::BC895XLT) {
+    return row.bc895;
+  }
   return family == Family::Edacs ? row.edacs : row.motorola;
 }
 
 std::optional<std::pair<Activity, Family>> activityOf(Model model, std::string_view code) {
-  if (code.empty()) return std::nullopt;
+  if (code.empty()) {
+    return std::nullopt;
+  }
   for (const Row& row : kRows) {
     const bool motorola = code == (model == Model::BC895XLT ? row.bc895 : row.motorola);
-    if (motorola) return std::pair{row.activity, Family::Motorola};
+    if (motorola) {
+      return std::pair{row.activity, Family::Motorola};
+    }
     if (model == Model::BC245XLT && code == row.edacs) {
       return std::pair{row.activity, Family::Edacs};
     }
@@ -61,8 +69,12 @@ std::optional<std::pair<Activity, Family>> activityOf(Model model, std::string_v
 }
 
 std::optional<Model> modelNamed(std::string_view name) {
-  if (name == "bc895") return Model::BC895XLT;
-  if (name == "bc245") return Model::BC245XLT;
+  if (name == "bc895") {
+    return Model::BC895XLT;
+  }
+  if (name == "bc245") {
+    return Model::BC245XLT;
+  }
   return std::nullopt;
 }
 

@@ -20,17 +20,23 @@ double numberIn(std::string_view name, const std::string& text, double least, do
 
 void setModel(Options& options, const std::string& text) {
   const auto model = modelNamed(text);
-  if (!model) throw std::invalid_argument("--model: bc895 or bc245, not " + text);
+  if (!model) {
+    throw std::invalid_argument("--model: bc895 or bc245, not " + text);
+  }
   options.model = *model;
 }
 
 void setScene(Options& options, const std::string& text) {
-  if (sceneNamed(text) == nullptr) throw std::invalid_argument("--scene: no such scene: " + text);
+  if (sceneNamed(text) == nullptr) {
+    throw std::invalid_argument("--scene: no such scene: " + text);
+  }
   options.scene = text;
 }
 
 void addFault(Options& options, const std::string& text) {
-  if (!Faults().set(text)) throw std::invalid_argument("not a fault: " + text);
+  if (!Faults().set(text)) {
+    throw std::invalid_argument("not a fault: " + text);
+  }
   options.faults.push_back(text);
 }
 
@@ -74,7 +80,9 @@ std::optional<double> parseNumber(std::string_view text) {
   const std::string copy(text);
   char* end = nullptr;
   const double value = std::strtod(copy.c_str(), &end);
-  if (copy.empty() || end != copy.c_str() + copy.size()) return std::nullopt;
+  if (copy.empty() || end != copy.c_str() + copy.size()) {
+    return std::nullopt;
+  }
   return value;
 }
 

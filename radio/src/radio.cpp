@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "radio/built_in_memory.h"
+#include "radio/readings.h"
 #include "radio/replies.h"
 #include "radio/tuning.h"
 
@@ -16,12 +17,14 @@ std::string Radio::exchange(std::string_view line) {
   const bool streamed = streamsLines(state_);
   std::string reply = answer(state_, line);
   tune(state_, air_);
-  if (streamed || streamsLines(state_)) lineDue_ = clock_ + kStreamQuiet;
+  if (streamed || streamsLines(state_)) {
+    lineDue_ = clock_ + kStreamQuiet;
+  }
   return reply;
 }
 
 void Radio::advance(Millis ms) {
-  // Short steps, so that a long jump meets everything that a slow clock would have met.
+  // In short steps, so that one long call gives the same as many short ones.
   constexpr Millis kStep = 10;
   for (Millis left = ms; left > 0; left -= kStep) {
     const Millis now = std::min(left, kStep);
@@ -69,7 +72,9 @@ void Radio::runScene() {
 }
 
 void Radio::takeStep(const Step& step) {
-  if (modeCode(state_.model, step.activity, Family::Motorola).empty()) return;
+  if (modeCode(state_.model, step.activity, Family::Motorola).empty()) {
+    return;
+  }
   if (followsIds(step.activity) || step.activity == Activity::TrunkSearch) {
     state_.trunkBank = step.argument;
   }
@@ -79,12 +84,18 @@ void Radio::takeStep(const Step& step) {
   } else {
     enter(state_, step.activity);
   }
-  if (searches(step.activity)) state_.searchAt = here;
-  if (step.activity == Activity::Manual) state_.channel = step.argument;
+  if (searches(step.activity)) {
+    state_.searchAt = here;
+  }
+  if (step.activity == Activity::Manual) {
+    state_.channel = step.argument;
+  }
 }
 
 void Radio::stream() {
-  if (!streamsLines(state_) || clock_ < lineDue_) return;
+  if (!streamsLines(state_) || clock_ < lineDue_) {
+    return;
+  }
   lines_.push_back(streamedLine(state_));
   lineDue_ = clock_ + kStreamPeriod;
 }
@@ -94,13 +105,17 @@ std::vector<std::string> Radio::unsolicited() {
 }
 
 std::optional<Millis> Radio::nextLineIn() const {
-  if (!streamsLines(state_)) return std::nullopt;
+  if (!streamsLines(state_)) {
+    return std::nullopt;
+  }
   return std::max<Millis>(0, lineDue_ - clock_);
 }
 
 bool Radio::playScene(std::string_view name) {
   const Scene* scene = sceneNamed(name);
-  if (scene == nullptr) return false;
+  if (scene == nullptr) {
+    return false;
+  }
   scene_ = scene;
   sceneStart_ = state_.now;
   nextStep_ = 0;
@@ -114,24 +129,34 @@ bool Radio::playScene(std::string_view name) {
 
 bool Radio::setMode(std::string_view code) {
   const auto found = activityOf(state_.model, code);
-  if (!found) return false;
+  if (!found) {
+    return false;
+  }
   const auto [activity, family] = *found;
-  if (familyOf(state_) != family) state_.trunkBank = family == Family::Edacs ? 7 : 1;
+  if (familyOf(state_) != family) {
+    state_.trunkBank = family == Family::Edacs ? 7 : 1;
+  }
   if (activity == Activity::IdHold) {
     holdId(state_);
   } else {
     const Frequency here = displayedFrequency(state_);
     enter(state_, activity);
-    if (searches(activity)) state_.searchAt = here;
+    if (searches(activity)) {
+      state_.searchAt = here;
+    }
   }
   tune(state_, air_);
   return true;
 }
 
 bool Radio::receive(int channel, Millis length) {
-  if (channel < 1 || channel > kChannels || length <= 0) return false;
+  if (channel < 1 || channel > kChannels || length <= 0) {
+    return false;
+  }
   const Channel& stored = state_.memory.channels[channel];
-  if (stored.frequency == 0) return false;
+  if (stored.frequency == 0) {
+    return false;
+  }
   Transmission transmission;
   transmission.frequency = stored.frequency;
   transmission.tone = stored.tone;
@@ -147,7 +172,9 @@ bool Radio::talk(std::string_view id, Millis length) {
   const auto voices = voiceChannels(static_cast<char>('A' + state_.trunkBank));
   transmission.frequency =
       voices.empty() ? controlChannel(state_.memory, state_.trunkBank) : voices.front();
-  if (transmission.id.empty() || transmission.frequency == 0 || length <= 0) return false;
+  if (transmission.id.empty() || transmission.frequency == 0 || length <= 0) {
+    return false;
+  }
   air_.transmit(std::move(transmission), length, state_.now);
   tune(state_, air_);
   return true;

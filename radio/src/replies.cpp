@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "radio/tuning.h"
+#include "radio/readings.h"
 
 namespace tarnvex::radio {
 namespace {
@@ -11,7 +11,7 @@ std::string flag(char letter, bool on) {
   return {' ', letter, on ? 'N' : 'F'};
 }
 
-// A BC245XLT has no tone squelch: it has a number to tell only if one was set over the line.
+// The BC245XLT has no tone squelch of its own and says "NG" unless a tone was set over the line.
 std::string toneField(const State& state, int tone) {
   return tone == 0 && state.model == Model::BC245XLT ? "NG" : digits(tone, 2);
 }
@@ -42,9 +42,13 @@ std::string windowReply(const State& state) {
 
 std::string slotReply(const State& state, Slot slot) {
   std::string id = trunkBank(state).ids[slot.group][slot.number - 1];
-  if (id.empty()) id = "------";
+  if (id.empty()) {
+    id = "------";
+  }
   id.resize(6, ' ');
-  if (state.model == Model::BC245XLT) std::replace(id.begin(), id.end(), '-', '\xFE');
+  if (state.model == Model::BC245XLT) {
+    std::ranges::replace(id, '-', '\xFE');
+  }
   return std::string("IC ") + static_cast<char>('A' + slot.group) +
          static_cast<char>('0' + slot.number % 10) + ' ' + id;
 }
@@ -61,7 +65,9 @@ std::string trunkTypeReply(const State& state) {
 }
 
 std::string streamingReply(const State& state) {
-  if (state.model != Model::BC895XLT || state.activity != Activity::IdSearch) return "IDN";
+  if (state.model != Model::BC895XLT || state.activity != Activity::IdSearch) {
+    return "IDN";
+  }
   const std::string id = activeId(state);
   return id.empty() ? "IDN E" : "IDN S   " + id;
 }
@@ -72,7 +78,9 @@ std::string streamedLine(const State& state) {
 }
 
 bool streamsLines(const State& state) {
-  if (!state.streaming) return false;
+  if (!state.streaming) {
+    return false;
+  }
   return state.activity == Activity::IdHold ||
          (state.model == Model::BC245XLT && state.activity == Activity::IdSearch);
 }

@@ -154,7 +154,9 @@ std::span<const Scene> scenes() {
 
 const Scene* sceneNamed(std::string_view name) {
   for (const Scene& scene : kScenes) {
-    if (scene.name == name) return &scene;
+    if (scene.name == name) {
+      return &scene;
+    }
   }
   return nullptr;
 }

@@ -2,12 +2,14 @@
 
 #include "radio/built_in_memory.h"
 #include "radio/commands.h"
-#include "radio/tuning.h"
+#include "radio/readings.h"
 
 namespace tarnvex::radio {
 
 State::State(Model which) : model(which), memory(builtInMemory()) {
-  for (const char bank : {'A', 'B', 'C', 'D', 'E'}) scanBanks[bank - 'A'] = true;
+  for (const char bank : {'A', 'B', 'C', 'D', 'E'}) {
+    scanBanks[bank - 'A'] = true;
+  }
   lower = 1510000;
   upper = 1620000;
   searchAt = lower;
@@ -44,7 +46,9 @@ void become(State& state, Model model) {
   state.model = model;
   state.streaming = false;
   state.bankKeyOpen = false;
-  if (modeCode(state).empty() || programsTrunk(state.activity)) enter(state, Activity::Scan);
+  if (modeCode(state).empty() || programsTrunk(state.activity)) {
+    enter(state, Activity::Scan);
+  }
 }
 
 std::string describe(const State& state) {

@@ -3,16 +3,17 @@
 #include <algorithm>
 
 #include "radio/commands.h"
-#include "radio/tuning.h"
 
 namespace tarnvex::radio {
 namespace {
 
-// Without a trunked channel in the scan the radio searches on and on, until it is sent elsewhere.
+// Without a trunked channel in the scan the radio keeps searching until its user ends it.
 std::string startBc245(State& state) {
   enter(state, Activity::TrunkSearch);
   for (int bank = 0; bank < kBanks; ++bank) {
-    if (!state.scanBanks[bank] || !hasTrunkedChannel(state.memory, bank)) continue;
+    if (!state.scanBanks[bank] || !hasTrunkedChannel(state.memory, bank)) {
+      continue;
+    }
     state.trunkBank = bank;
     state.acquiredAt = state.now + kAcquire;
     break;
@@ -48,7 +49,9 @@ std::string keyTrunk(State& state, std::string_view) {
 }
 
 std::string keyTrunkHeld(State& state, std::string_view) {
-  if (!programsTrunk(state.activity)) state.resume = state.activity;
+  if (!programsTrunk(state.activity)) {
+    state.resume = state.activity;
+  }
   state.programBank = -1;
   enter(state, Activity::SelectBank);
   return kOk;
@@ -60,14 +63,18 @@ std::string keyBank(State& state, std::string_view line) {
     chooseProgramBank(state, bank);
     return kOk;
   }
-  if (state.activity == Activity::ProgramTrunk || state.activity == Activity::Send) return kError;
+  if (state.activity == Activity::ProgramTrunk || state.activity == Activity::Send) {
+    return kError;
+  }
   if (followsIds(state.activity)) {
     if (state.bankKeyOpen) {
       state.trunkBank = bank;
       enter(state, state.activity);
       return kOk;
     }
-    if (bank >= groupsOf(state.model)) return kError;
+    if (bank >= groupsOf(state.model)) {
+      return kError;
+    }
     if (state.activity != Activity::IdManual) {
       return toggleBank(trunkBank(state).scanned, bank) ? kOk : kError;
     }
@@ -87,14 +94,18 @@ void chooseProgramBank(State& state, int bank) {
 }
 
 void programTrunk(State& state, int bank) {
-  if (!programsTrunk(state.activity)) state.resume = state.activity;
+  if (!programsTrunk(state.activity)) {
+    state.resume = state.activity;
+  }
   state.programBank = bank;
   enter(state, Activity::ProgramTrunk);
 }
 
 bool toggleBank(std::array<bool, kBanks>& banks, int bank) {
-  const auto count = std::count(banks.begin(), banks.end(), true);
-  if (banks[bank] && count == 1) return false;
+  const auto count = std::ranges::count(banks, true);
+  if (banks[bank] && count == 1) {
+    return false;
+  }
   banks[bank] = !banks[bank];
   return true;
 }

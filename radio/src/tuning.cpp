@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "radio/readings.h"
+
 namespace tarnvex::radio {
 namespace {
-
-constexpr Frequency kWeatherFirst = 1624000, kWeatherLast = 1625500;
 
 bool toneFits(const State& state, const Channel& channel, const Transmission& transmission) {
   return channel.tone == 0 || !state.switches.ctcss || channel.tone == transmission.tone;
@@ -17,7 +17,7 @@ bool scans(const State& state, int number) {
          !channel.trunked;
 }
 
-// The first channel of the scan that stops for the transmission; 0 for none.
+// The first channel in the scan that takes the transmission; 0 for none.
 int scannedChannel(const State& state, const Transmission& transmission) {
   for (int number = 1; number <= kChannels; ++number) {
     const Channel& channel = state.memory.channels[number];
@@ -78,18 +78,26 @@ bool wants(const State& state, const Transmission& each) {
 }
 
 bool delays(const State& state) {
-  if (state.activity == Activity::Scan) return state.memory.channels[state.channel].delay;
-  if (state.activity == Activity::IdScan) return trunkBank(state).delay;
+  if (state.activity == Activity::Scan) {
+    return state.memory.channels[state.channel].delay;
+  }
+  if (state.activity == Activity::IdScan) {
+    return trunkBank(state).delay;
+  }
   return searches(state.activity) && state.searchDelay;
 }
 
 void storeFound(Memory& memory, Frequency frequency) {
   const auto& channels = memory.channels;
   const auto holds = [frequency](const Channel& each) { return each.frequency == frequency; };
-  if (std::any_of(channels.begin(), channels.end(), holds)) return;
+  if (std::ranges::any_of(channels, holds)) {
+    return;
+  }
   for (int number = kChannels - kBankSize + 1; number <= kChannels; ++number) {
     Channel& channel = memory.channels[number];
-    if (channel.frequency != 0) continue;
+    if (channel.frequency != 0) {
+      continue;
+    }
     channel = {frequency, false, true, false, false, 0};
     return;
   }
@@ -98,12 +106,20 @@ void storeFound(Memory& memory, Frequency frequency) {
 void stopOn(State& state, const Transmission& transmission) {
   state.stop = transmission;
   state.open = true;
-  if (state.activity == Activity::Auto) storeFound(state.memory, transmission.frequency);
-  if (state.activity == Activity::Scan) state.channel = scannedChannel(state, transmission);
-  if (searches(state.activity)) state.searchAt = transmission.frequency;
+  if (state.activity == Activity::Auto) {
+    storeFound(state.memory, transmission.frequency);
+  }
+  if (state.activity == Activity::Scan) {
+    state.channel = scannedChannel(state, transmission);
+  }
+  if (searches(state.activity)) {
+    state.searchAt = transmission.frequency;
+  }
   if (followsIds(state.activity) && state.activity != Activity::IdHold) {
     const auto slot = slotOf(trunkBank(state), transmission.id, groupsOf(state.model));
-    if (slot) state.slot = *slot;
+    if (slot) {
+      state.slot = *slot;
+    }
   }
 }
 
@@ -117,14 +133,20 @@ bool callsOn(const State& state, const Transmission& each, int number) {
          each.serial != state.passed && toneFits(state, channel, each);
 }
 
-// Priority takes over only where a scan has stopped on a lesser channel. Asks the ten channels, not
-// the memory: this runs with every command.
+// Priority takes over only where a scan has stopped on a channel without priority. Looks at the ten
+// priority channels only, as this runs with every command.
 const Transmission* priorityCall(const State& state, const Air& air) {
-  if (!state.switches.priority || state.activity != Activity::Scan || !state.stop) return nullptr;
-  if (isPriority(state, state.channel)) return nullptr;
+  if (!state.switches.priority || state.activity != Activity::Scan || !state.stop) {
+    return nullptr;
+  }
+  if (isPriority(state, state.channel)) {
+    return nullptr;
+  }
   for (const Transmission& each : air.active()) {
     for (const int number : state.memory.priorityChannel) {
-      if (callsOn(state, each, number)) return &each;
+      if (callsOn(state, each, number)) {
+        return &each;
+      }
     }
   }
   return nullptr;
@@ -132,11 +154,11 @@ const Transmission* priorityCall(const State& state, const Air& air) {
 
 // True while the receiver stays where it is.
 bool stays(State& state, const Air& air) {
-  if (!state.stop) return false;
+  if (!state.stop) {
+    return false;
+  }
   const auto& active = air.active();
-  const auto same = std::find_if(active.begin(), active.end(), [&](const Transmission& each) {
-    return each.serial == state.stop->serial;
-  });
+  const auto same = std::ranges::find(active, state.stop->serial, &Transmission::serial);
   if (same != active.end() && wants(state, *same)) {
     state.open = true;
     return true;
@@ -145,7 +167,9 @@ bool stays(State& state, const Air& air) {
     state.stop.reset();
     return false;
   }
-  if (state.open) state.dwellUntil = state.stop->end + (delays(state) ? state.delay : 0);
+  if (state.open) {
+    state.dwellUntil = state.stop->end + (delays(state) ? state.delay : 0);
+  }
   state.open = false;
   return state.now < state.dwellUntil;
 }
@@ -156,8 +180,12 @@ bool answersStop(const State& state, const Transmission& each) {
 }
 
 void sweep(State& state) {
-  if (state.activity != Activity::Search && state.activity != Activity::Auto) return;
-  if (state.stop || state.upper < state.lower) return;
+  if (state.activity != Activity::Search && state.activity != Activity::Auto) {
+    return;
+  }
+  if (state.stop || state.upper < state.lower) {
+    return;
+  }
   constexpr Millis kStepTime = 10;
   const Frequency steps = (state.upper - state.lower) / state.step + 1;
   state.searchAt = state.lower + state.step * (state.now / kStepTime % steps);
@@ -175,13 +203,19 @@ void tune(State& state, const Air& air) {
     return;
   }
   const bool dwelling = stays(state, air);
-  if (dwelling && state.open) return;
+  if (dwelling && state.open) {
+    return;
+  }
   for (const Transmission& each : air.active()) {
-    if ((dwelling && !answersStop(state, each)) || !wants(state, each)) continue;
+    if ((dwelling && !answersStop(state, each)) || !wants(state, each)) {
+      continue;
+    }
     stopOn(state, each);
     return;
   }
-  if (dwelling) return;
+  if (dwelling) {
+    return;
+  }
   state.stop.reset();
   state.open = false;
   sweep(state);
@@ -192,7 +226,9 @@ void holdId(State& state) {
   const TrunkBank& bank = trunkBank(state);
   for (int group = 0; id.empty() && group < kGroups; ++group) {
     for (const std::string& each : bank.ids[group]) {
-      if (id.empty()) id = each;
+      if (id.empty()) {
+        id = each;
+      }
     }
   }
   enter(state, Activity::IdHold);
@@ -200,65 +236,11 @@ void holdId(State& state) {
 }
 
 void passOn(State& state) {
-  if (state.stop) state.passed = state.stop->serial;
+  if (state.stop) {
+    state.passed = state.stop->serial;
+  }
   state.stop.reset();
   state.open = false;
-}
-
-int signalLevel(const State& state) {
-  return state.stop && state.open ? levelAt(*state.stop, state.now) : kNoiseLevel;
-}
-
-Frequency displayedFrequency(const State& state) {
-  if (state.stop) return state.stop->frequency;
-  if (searches(state.activity)) {
-    const bool weather = state.activity == Activity::Weather;
-    return weather ? kWeatherFirst + 250 * (state.now / 100 % 7) : state.searchAt;
-  }
-  const bool programs = programsTrunk(state.activity) && state.programBank >= 0;
-  const bool follows = followsIds(state.activity) || state.activity == Activity::TrunkSearch;
-  const int bank = programs ? state.programBank : state.trunkBank;
-  const Frequency control = programs || follows ? controlChannel(state.memory, bank) : 0;
-  return control != 0 ? control : state.memory.channels[state.channel].frequency;
-}
-
-int activeChannel(const State& state) {
-  if (state.activity == Activity::Manual || state.activity == Activity::ToneEntry) {
-    return state.channel;
-  }
-  return state.activity == Activity::Scan && state.stop ? state.channel : 0;
-}
-
-std::string activeId(const State& state) {
-  if (state.activity == Activity::IdManual) {
-    return trunkBank(state).ids[state.slot.group][state.slot.number - 1];
-  }
-  return followsIds(state.activity) && state.stop ? state.stop->id : "";
-}
-
-std::optional<Slot> activeSlot(const State& state) {
-  if (activeId(state).empty()) return std::nullopt;
-  if (state.activity == Activity::IdManual) return state.slot;
-  return slotOf(trunkBank(state), activeId(state), groupsOf(state.model));
-}
-
-std::optional<Slot> slotOf(const TrunkBank& bank, std::string_view id, int groups) {
-  for (int group = 0; group < groups && !id.empty(); ++group) {
-    for (int slot = 1; slot <= kSlots; ++slot) {
-      if (bank.ids[group][slot - 1] == id) return Slot{group, slot};
-    }
-  }
-  return std::nullopt;
-}
-
-bool isSkipped(const State& state, Frequency frequency) {
-  const auto& skips = state.memory.skips;
-  return std::find(skips.begin(), skips.end(), frequency) != skips.end();
-}
-
-bool isLockedId(const State& state, std::string_view id) {
-  const auto& locked = state.memory.lockedIds;
-  return std::find(locked.begin(), locked.end(), id) != locked.end();
 }
 
 }  // namespace tarnvex::radio

@@ -1,3 +1,5 @@
+#include <gtest/gtest.h>
+
 #include "radio/serial_line.h"
 
 namespace tarnvex::radio {

@@ -14,8 +14,8 @@ namespace tarnvex::radio {
 /// Milliseconds of the scene's clock.
 using Millis = std::int64_t;
 
-/// One station's habit: a row of a scene. A talkgroup has a bank letter and an ID and is given a
-/// voice channel for each transmission; any other station has a frequency.
+/// A station and how often it transmits: a row of a scene. A talkgroup has a bank letter and an ID
+/// and gets a voice channel for each transmission; any other station has a frequency.
 struct Source {
   Frequency frequency = 0;
   char bank = 0;
@@ -28,6 +28,7 @@ struct Source {
   Millis gap = 0;  ///< silence until the next transmission; 0: once only
 };
 
+/// A station that is on the air for a while.
 struct Transmission {
   std::uint64_t serial = 0;  ///< unique while the program runs
   Frequency frequency = 0;
@@ -44,8 +45,8 @@ struct Transmission {
 constexpr int kNoiseLevel = 13;
 int levelAt(const Transmission& transmission, Millis now);
 
-/// What is on the air, whoever listens. Deterministic: the same sources, seed and steps of time
-/// give the same transmissions.
+/// All that is on the air. Deterministic: the same sources, seed and steps of time give the same
+/// transmissions.
 class Air {
  public:
   explicit Air(std::uint64_t seed) : chance_(seed) {}
@@ -56,7 +57,7 @@ class Air {
   void transmit(Transmission transmission, Millis length, Millis now);
   /// Up to now, with so much traffic: at 0.5, the gaps between transmissions take twice as long.
   void advance(Millis now, double traffic = 1);
-  const std::vector<Transmission>& active() const { return active_; }
+  [[nodiscard]] const std::vector<Transmission>& active() const { return active_; }
 
  private:
   struct Station {

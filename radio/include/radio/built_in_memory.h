@@ -7,8 +7,8 @@
 
 namespace tarnvex::radio {
 
-/// The memory that the simulated radios leave the factory with. The demo plan (demo_plan.h) is
-/// written from the same two tables, so that plan and radio agree channel by channel.
+/// A channel of the memory that a new radio has. The demo plan (demo_plan.h) is written from the
+/// same tables, so that plan and radio agree channel by channel.
 struct BuiltInChannel {
   int number;
   Frequency frequency;
@@ -19,6 +19,7 @@ struct BuiltInChannel {
   std::string_view tag;
 };
 
+/// A talkgroup of that memory.
 struct BuiltInTalkgroup {
   char bank;
   char group;
@@ -31,11 +32,13 @@ struct BuiltInTalkgroup {
 std::span<const BuiltInChannel> builtInChannels();
 std::span<const BuiltInTalkgroup> builtInTalkgroups();
 
-/// Bank B holds a Motorola Type 2 system, bank H an EDACS system; one frequency and one ID of bank
-/// B are locked out, and channel 1 is a priority channel, as the first of every bank.
+/// The memory of a new radio. Bank B holds a Motorola Type 2 system, bank H an EDACS system; one
+/// frequency and one ID of bank B are locked out, and channel 1 is a priority channel, as the first
+/// of every bank.
 Memory builtInMemory();
 
-/// Frequencies that the trunked system of a bank gives to its talkgroups; empty without a system.
+/// The frequencies that the trunked system of a bank uses for its talkgroups; none without a
+/// system.
 std::span<const Frequency> voiceChannels(char bank);
 
 }  // namespace tarnvex::radio

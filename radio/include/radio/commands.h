@@ -20,10 +20,10 @@ struct Command {
 
 bool matches(std::string_view pattern, std::string_view line);
 
-/// All commands of a model, keys included; the first match counts. What none matches is "ERR".
+/// All commands of a model, keys included. The first match counts.
 const std::vector<Command>& commandsOf(Model model);
 
-/// Parts of those tables, joined by commandsOf().
+/// The tables that commandsOf() puts together.
 std::span<const Command> commonCommands();
 std::span<const Command> trunkedCommands();
 std::span<const Command> bc895Commands();
@@ -32,8 +32,8 @@ std::span<const Command> commonKeys();
 std::span<const Command> bc895Keys();
 std::span<const Command> bc245Keys();
 
-/// A family of three: the bare word reads, the word with `on` or `off` behind it sets.
-/// Every reply is the word with the letter that now holds.
+/// A switch with three commands: the bare word reads it, the word followed by `on` or `off` sets
+/// it. Every reply is the word followed by the letter of the switch's state.
 struct Switch {
   std::string_view word;
   char on;
@@ -48,6 +48,7 @@ int numberAt(std::string_view line, std::size_t from, std::size_t count);
 /// "AC" for the first and the third.
 std::string letters(const std::array<bool, kBanks>& banks);
 
+/// The reply to any line; "ERR" to one that isn't a command of the model.
 std::string answer(State& state, std::string_view line);
 
 inline const std::string kOk = "OK";

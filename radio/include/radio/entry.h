@@ -7,7 +7,7 @@
 
 namespace tarnvex::radio {
 
-/// Keys that build an entry, and KEY04 and KEY01 that end it. All return the reply.
+/// The keys of an entry, and KEY04 and KEY01, which end it. All return the reply.
 ///
 /// Digits are taken in every mode but Send; the BC245XLT's digits toggle banks while it scans, and
 /// pick the bank (0 is bank 10) in the bank step of trunk programming.
@@ -16,7 +16,7 @@ std::string keyDigit(State& state, std::string_view line);
 /// keyed switches the attenuator.
 std::string keyPoint(State& state, std::string_view line);
 
-/// What the entry means, in this order:
+/// What an entry means; the first that fits:
 ///   bank step of trunk programming    the bank is taken, frequencies follow
 ///   LIMIT pressed before              that search limit, in MHz
 ///   IDs followed                      the ID of the selected slot; 0 empties the slot
@@ -25,7 +25,7 @@ std::string keyPoint(State& state, std::string_view line);
 ///   a point, or above 300             a frequency: stored in the manual channel, or, in a search,
 ///                                     held
 ///   otherwise                         a channel to go to
-/// Anything that doesn't fit is "ERR"; either way the entry is gone.
+/// Anything that makes no sense is "ERR". Either way the entry is dropped.
 std::string keyEnter(State& state, std::string_view line);
 /// Goes to the channel keyed, if one is; else stays on the channel or slot last heard.
 std::string keyManual(State& state, std::string_view line);

@@ -7,15 +7,15 @@ namespace tarnvex::radio {
 /// The steady clock of this machine.
 Instant clockNow();
 
-/// Blocks SIGINT, SIGTERM and SIGHUP, to be met in runWire(). Call before anything else.
+/// Blocks SIGINT, SIGTERM and SIGHUP, which then end runWire(). Call before anything else.
 void holdSignals();
 
-/// Asks the system to wake this program before others, as a radio isn't slowed down by what else
-/// its computer does. Without the right to ask, nothing happens.
+/// Asks the system to wake this program before others, so that the line keeps its speed on a busy
+/// computer. Has no effect for users without that right.
 void preferTiming();
 
-/// Serves the wire until a signal, "quit" or, with `control`, the end of standard input. Sleeps
-/// until something is to be done. Prints "ready PATH" first; throws std::system_error.
+/// Prints "ready PATH", then runs the wire until a signal, "quit" or, with `control`, the end of
+/// standard input. Sleeps while there is nothing to do. Throws std::system_error.
 void runWire(Wire& wire, bool control);
 
 }  // namespace tarnvex::radio

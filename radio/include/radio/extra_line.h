@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <string>
@@ -8,30 +8,9 @@
 #include <vector>
 
 #include "radio/chance.h"
-#include "radio/line_pacer.h"
+#include "radio/outgoing.h"
 
 namespace tarnvex::radio {
-
-/// Bytes on their way to the program, as one of the things that an exchange puts on the line.
-struct OutgoingPart {
-  enum class Timing {
-    Reply,   ///< after the radio's thinking time
-    AtOnce,  ///< as soon as the command has come and what is queued before it has gone
-    Apart,   ///< at its own time, without holding up the replies to later commands
-  };
-  std::string bytes;
-  Instant delay{};     ///< counted from the command's last byte
-  bool whole = false;  ///< in one piece, not byte by byte
-  Timing timing = Timing::Reply;
-};
-
-/// A command and its answer, as the faults see them.
-struct Exchange {
-  std::string command;     ///< without CR
-  std::string reply;       ///< with CR
-  std::string idLine;      ///< the line that the radio would stream now, without CR
-  bool streaming = false;  ///< "IDN" is in effect
-};
 
 /// A line that nobody asked for, sent around a reply. As text, with the words in any order:
 ///
@@ -43,7 +22,7 @@ struct Exchange {
 ///           noise           2 to 10 random bytes and a CR
 ///           flood [BYTES]   random letters without a CR, 65536 unless a number is given
 ///           text TEXT       TEXT; the last words of the line
-///   WHERE   before          between the command and its reply; so unless told otherwise
+///   WHERE   before          between the command and its reply; this is the default
 ///           after           directly after the reply, where it meets the next command
 ///           late MS         that long after the command, whatever is on the line then
 ///           anywhere        one of the three, by chance; late is 5 to 60 ms
@@ -84,10 +63,5 @@ class ExtraLine {
   std::vector<std::string> when_;
   Occasion occasion_;
 };
-
-/// The same bytes with every top bit but that of a CR set.
-std::string withTopBits(std::string bytes);
-/// Each byte a part of its own, 20 ms apart.
-std::vector<OutgoingPart> slowly(const OutgoingPart& part);
 
 }  // namespace tarnvex::radio

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "radio/chance.h"
 #include "radio/extra_line.h"
+#include "radio/reply_faults.h"
 
 namespace tarnvex::radio {
 
@@ -16,16 +16,8 @@ namespace tarnvex::radio {
 /// passes every exchange through it. All chance comes from the seed: the same faults, set at the
 /// same exchanges, spoil the same bytes.
 ///
-/// Faults of the reply itself. They add up in this order; WHEN is nothing (the next reply), N (the
-/// next N replies) or "every N" (one reply in N, by chance):
-///   wrong-length [N [WHEN]]   the text is N characters longer (less than 0: shorter); default -3
-///   garble [WHEN]             every third character is another one
-///   8bit [WHEN]               the top bit of every character but CR is set
-///   cut N [WHEN]              the CR and the N characters before it are missing
-///   delay MS [WHEN]           the reply is MS late
-///   join [WHEN]               the reply comes twice, in one piece
-///   split [WHEN]              the reply comes in two halves, 50 ms apart
-///   slow [WHEN]               the reply comes one byte each 20 ms
+/// Faults of the replies themselves:
+///   delay MS, cut N, ...      see ReplyFaults
 /// Lines that nobody asked for:
 ///   extra WHAT ...            see ExtraLine; several can be in effect
 ///   stream N                  "extra stream anywhere every N"
@@ -51,26 +43,16 @@ class Faults {
   [[nodiscard]] bool isSilent() const { return silent_; }
 
  private:
-  enum Kind { kWrongLength, kGarble, kEightBit, kCut, kDelay, kJoin, kSplit, kSlow, kKinds };
   enum class Noise { Any, Lost, Doubled, Changed };
-  struct ReplyFault {
-    std::int64_t amount = 0;
-    Occasion occasion;
-  };
-
-  bool setReplyFault(Kind kind, std::span<const std::string> words);
   bool setSilence(std::span<const std::string> words);
   bool setNoise(std::span<const std::string> words);
   bool addExtra(std::span<const std::string> words);
-  /// The amount of a fault if it strikes this reply.
-  std::optional<std::int64_t> strike(Kind kind);
-  void spoil(std::string& reply);
-  std::vector<OutgoingPart> replyParts(std::string reply);
+
   void remember(const Exchange& exchange);
 
   std::uint64_t seed_;
   Chance chance_;
-  std::array<ReplyFault, kKinds> replyFaults_;
+  ReplyFaults replies_;
   std::vector<ExtraLine> extras_;
   bool silent_ = false;
   std::int64_t silentAfter_ = -1;

@@ -17,9 +17,9 @@ class LineLog {
  public:
   /// "-" is standard error. False if the file can't be written.
   bool open(const std::string& path);
-  bool isOpen() const { return file_ != nullptr; }
+  [[nodiscard]] bool isOpen() const { return file_ != nullptr; }
 
-  /// Any bytes; a line is written when its CR has come, with the time of that.
+  /// Takes any bytes; a line is written with the time at which its CR came.
   void toRadio(std::string_view bytes, Instant now) { add('>', toRadio_, bytes, now); }
   void fromRadio(std::string_view bytes, Instant now) { add('<', fromRadio_, bytes, now); }
   void note(std::string_view text, Instant now) { write('#', text, now); }
@@ -27,7 +27,9 @@ class LineLog {
  private:
   struct Close {
     void operator()(std::FILE* file) const {
-      if (file != stderr) std::fclose(file);
+      if (file != stderr) {
+        std::fclose(file);
+      }
     }
   };
   void add(char direction, std::string& line, std::string_view bytes, Instant now);

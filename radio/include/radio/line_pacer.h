@@ -12,10 +12,11 @@ namespace tarnvex::radio {
 /// Time on a steady clock, in nanoseconds since any origin.
 using Instant = std::chrono::nanoseconds;
 
-/// When the bytes of a serial line are where they go. Ten bits a byte, both directions independent,
-/// a thinking time between the last byte of a command and the first of its reply. All times are
-/// absolute deadlines, so that errors don't add up; being late with a delivery is credited to the
-/// command that answers it. With a baud rate of 0 bytes take no time.
+/// Works out when the bytes on a serial line arrive. A byte takes ten bits, the two directions are
+/// independent, and the radio thinks for a while between the last byte of a command and the first
+/// of its reply. All times are deadlines on one clock, so that errors don't add up: when bytes were
+/// delivered late, the next command counts as sent earlier by that much. With a baud rate of 0
+/// bytes take no time.
 ///
 /// Reads no clock: the caller passes the time.
 class LinePacer {
@@ -33,10 +34,10 @@ class LinePacer {
   /// Queues a reply to what has arrived at `ready`. It comes out in pieces of a few bytes, or, if
   /// `whole`, in one piece when its last byte is due.
   void reply(std::string_view bytes, Instant ready, bool whole = false);
-  /// Queues bytes that answer nothing, so without thinking time.
+  /// Queues bytes that are no reply, so without thinking time.
   void send(std::string_view bytes, Instant from, bool whole = false);
 
-  std::optional<Instant> nextDue() const;
+  [[nodiscard]] std::optional<Instant> nextDue() const;
   /// All bytes that are due.
   std::string take(Instant now);
   void clear();
@@ -46,7 +47,7 @@ class LinePacer {
     Instant due;
     std::string bytes;
   };
-  Instant spanOf(std::size_t count) const;
+  [[nodiscard]] Instant spanOf(std::size_t count) const;
 
   int baud_;
   Instant think_;

@@ -23,7 +23,7 @@ constexpr std::size_t kLockedIdLimit = 100;
 /// The CTCSS tones by the radio's tone number; 0 and 39 are blank.
 extern const std::array<std::string_view, kLastTone + 1> kTones;
 
-/// An emptied channel is locked out, so that a scan never stops for it.
+/// A stored channel. One that was never used or is cleared is locked out.
 struct Channel {
   Frequency frequency = 0;
   bool trunked = false;
@@ -41,7 +41,7 @@ enum class SystemType { Type1 = 1, Type2At800, Type2At900, Type2Uhf, Type2Vhf, E
 /// "TYPE1", "E2-800" ... as in a `TB` reply.
 std::string_view wordOf(SystemType type);
 
-/// The trunking side of a bank. IDs are six characters ("001616", "01-157"), empty text for none.
+/// The trunked system of a bank. IDs are six characters ("001616", "01-157"), empty text for none.
 struct TrunkBank {
   SystemType type = SystemType::Type2At800;
   Frequency base = 0;
@@ -54,6 +54,7 @@ struct TrunkBank {
 };
 constexpr int kUnmapped = -1;
 
+/// All that a radio stores: channels, trunked banks, priority channels and lockouts.
 struct Memory {
   std::array<Channel, kChannels + 1> channels;  ///< 1 to 300; 0 unused
   std::array<TrunkBank, kBanks> banks;
@@ -73,10 +74,10 @@ bool receivable(Frequency frequency);
 /// Whether a bank of this type takes the ID (all zeros aside). Plain numbers to 65535, EDACS to
 /// 2047; "AA-FFS" on EDACS; "BFF-SS" on Type 1 where the fleet map covers block B.
 bool takesId(const TrunkBank& bank, std::string_view id);
-/// The form in which an ID is kept: plain numbers padded to six digits, dashed ones as they stand.
+/// The form in which an ID is stored: a plain number padded to six digits, a dashed one unchanged.
 /// Empty if the text is neither.
 std::string normalId(std::string_view text);
-/// Digits with leading zeros.
+/// The number with leading zeros.
 std::string digits(std::uint64_t value, int width);
 
 }  // namespace tarnvex::radio

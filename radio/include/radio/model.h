@@ -6,13 +6,14 @@
 
 namespace tarnvex::radio {
 
+/// The two radios.
 enum class Model { BC895XLT, BC245XLT };
 
-/// The family of a trunked system, as far as the BC245XLT's mode codes tell it.
+/// The kinds of trunked systems that the BC245XLT's mode codes distinguish.
 enum class Family { Motorola, Edacs };
 
-/// What a radio is doing. Its mode code (`MD` reply) follows from this, the model and, on the
-/// BC245XLT, the family of the trunked bank in use.
+/// What a radio is doing. This, the model and, on the BC245XLT, the family of the trunked bank in
+/// use give its mode code (`MD` reply).
 enum class Activity {
   Scan,
   Manual,
@@ -36,7 +37,7 @@ enum class Activity {
 /// The four characters of the `MD` reply; empty if the model has no such activity.
 std::string_view modeCode(Model model, Activity activity, Family family);
 
-/// The reverse. Codes that stand for two activities give the more common one.
+/// The reverse. A code of two activities gives the more common one.
 std::optional<std::pair<Activity, Family>> activityOf(Model model, std::string_view code);
 
 /// "bc895" or "bc245", as the control lines and the command line spell it.

@@ -3,26 +3,24 @@
 #include <optional>
 #include <string>
 
+#include "radio/non_copyable.h"
+
 namespace tarnvex::radio {
 
 /// The radio's end of a pseudo terminal. The other end, at path(), is what a program opens as its
-/// serial port. It is raw, starts out at the given baud rate, and stays open here too, so that it
-/// doesn't hang up when a program leaves.
-class PseudoTerminal {
+/// serial port. It is raw and starts at the given baud rate. It is kept open here too, so that it
+/// doesn't hang up when the program closes it.
+class PseudoTerminal : private NonCopyable {
  public:
   /// Throws std::system_error.
   explicit PseudoTerminal(int baud);
   ~PseudoTerminal();
-  PseudoTerminal(const PseudoTerminal&) = delete;
-  PseudoTerminal(PseudoTerminal&&) = delete;
-  PseudoTerminal& operator=(const PseudoTerminal&) = delete;
-  PseudoTerminal& operator=(PseudoTerminal&&) = delete;
 
-  int fd() const { return master_; }
-  const std::string& path() const { return path_; }
+  [[nodiscard]] int fd() const { return master_; }
+  [[nodiscard]] const std::string& path() const { return path_; }
 
   /// The baud rate that the other end is set to; nothing for a rate without a number.
-  std::optional<int> baud() const;
+  [[nodiscard]] std::optional<int> baud() const;
   /// What has come in, up to a few thousand bytes; empty if nothing has.
   std::string read();
   /// Bytes that nobody fetches are lost, as on a line without flow control.
@@ -34,16 +32,12 @@ class PseudoTerminal {
   std::string path_;
 };
 
-/// A symbolic link with a fixed name to a terminal whose own name changes.
-class StableLink {
+/// A symbolic link with a fixed name to the terminal, whose own name changes.
+class StableLink : private NonCopyable {
  public:
   /// Empty path: no link.
   explicit StableLink(std::string path) : path_(std::move(path)) {}
   ~StableLink() { remove(); }
-  StableLink(const StableLink&) = delete;
-  StableLink(StableLink&&) = delete;
-  StableLink& operator=(const StableLink&) = delete;
-  StableLink& operator=(StableLink&&) = delete;
 
   /// Replaces the link in one step. Throws std::system_error.
   void pointTo(const std::string& target);

@@ -12,8 +12,8 @@
 
 namespace tarnvex::radio {
 
-/// A simulated radio without a wire: command lines in, replies out, time by hand. It starts in a
-/// scan, in the scene "quiet". Nothing here reads a clock or touches a file.
+/// A simulated radio without a line: commands in, replies out, and time passes when the caller says
+/// so. It starts in a scan, in the scene "quiet". Reads no clock and no file.
 ///
 ///   Radio radio(Model::BC895XLT);
 ///   radio.playScene("steady");
@@ -31,11 +31,11 @@ class Radio {
   /// clock, that clock does; streaming keeps its pace.
   void advance(Millis ms);
 
-  /// Takes the lines that the radio has sent by itself: while streaming is on, one when the line
-  /// has been quiet for kStreamQuiet, then one each kStreamPeriod.
+  /// Takes the lines that the radio has sent by itself: while streaming is on, one after
+  /// kStreamQuiet without a command, then one each kStreamPeriod.
   std::vector<std::string> unsolicited();
   /// Milliseconds until the next such line, if one is to come.
-  std::optional<Millis> nextLineIn() const;
+  [[nodiscard]] std::optional<Millis> nextLineIn() const;
   static constexpr Millis kStreamQuiet = 30;
   static constexpr Millis kStreamPeriod = 100;
 
@@ -48,16 +48,16 @@ class Radio {
 
   void setTempo(double tempo) { tempo_ = tempo; }
   void become(Model model);
-  const State& state() const { return state_; }
+  [[nodiscard]] const State& state() const { return state_; }
   State& state() { return state_; }
-  std::string_view scene() const { return scene_->name; }
+  [[nodiscard]] std::string_view scene() const { return scene_->name; }
   /// The scene's time of day, 0 to 23; nothing for a scene without a clock.
-  std::optional<int> hour() const;
+  [[nodiscard]] std::optional<int> hour() const;
 
  private:
   void live(Millis ms);
   void runScene();
-  double traffic() const;
+  [[nodiscard]] double traffic() const;
   void takeStep(const Step& step);
   void stream();
 

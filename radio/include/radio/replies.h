@@ -7,7 +7,7 @@
 
 namespace tarnvex::radio {
 
-/// Reply lines with fields at fixed places. Columns count from 1.
+/// Replies with fields at fixed columns, counted from 1.
 
 /// "C001 F01551150 TF DN LF AF RF N13": number 2-4, frequency 7-14, trunked 16, delay 19, lockout
 /// 22, alert 25, line 28, tone 32-33.
@@ -25,7 +25,7 @@ std::string identityReply();
 /// "TB B E2-800": bank letter 4, system type from 6.
 std::string trunkTypeReply(const State& state);
 /// What `IDN` is answered with. BC895XLT in ID search: the ID at 9-14, or a text with an "E" for
-/// none. No bank letter stands in it, as that might be an "E".
+/// none. It holds no bank letter, which could be an "E".
 std::string streamingReply(const State& state);
 /// A line sent unasked: "ID S 001616" (state at 4, ID at 6-11), or "ID E" for no ID.
 std::string streamedLine(const State& state);

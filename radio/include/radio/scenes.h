@@ -8,15 +8,16 @@
 
 namespace tarnvex::radio {
 
-/// What the scene's listener does at the radio itself. `argument` is a channel for Manual, a bank
-/// index for the ID activities, and unused otherwise. Activities that a model lacks are left out.
+/// What a scene does at the radio itself. `argument` is a channel for Manual, a bank index for the
+/// ID activities, and unused otherwise. Activities that a model lacks are left out.
 struct Step {
   Millis at;
   Activity activity;
   int argument = 0;
 };
 
-/// A piece of life. Scenes with a length begin anew when it is over; others go on for ever.
+/// What is on the air and what happens at the radio. A scene with a length starts again when it is
+/// over; the others go on.
 ///   quiet    nothing on the air
 ///   city     traffic on all of the built-in memory; the radio is left to its user
 ///   busy     the same, with hardly a pause

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -9,10 +8,12 @@
 
 #include "radio/faults.h"
 #include "radio/line_pacer.h"
+#include "radio/non_copyable.h"
 #include "radio/radio.h"
 
 namespace tarnvex::radio {
 
+/// The properties of a serial line.
 struct LineOptions {
   int baud = 9600;  ///< 0: bytes take no time
   /// From a command to its reply. Unset: 3 ms on a paced line, nothing on an unpaced one.
@@ -37,7 +38,7 @@ struct LineOptions {
 /// An empty line is a command like any other and is answered "ERR"; if it follows a command
 /// directly (a doubled CR), both replies come in one piece, as they would through the buffer of an
 /// adapter.
-class SerialLine {
+class SerialLine : private NonCopyable {
  public:
   SerialLine(Radio& radio, const LineOptions& options, Instant now);
 

@@ -10,7 +10,7 @@
 
 namespace tarnvex::radio {
 
-/// The radio's own on/off settings. Those of the second group exist on the BC245XLT only.
+/// The radio's own on/off settings. The second group exists on the BC245XLT only.
 struct Switches {
   bool mute = false;
   bool priority = false;
@@ -37,11 +37,11 @@ struct Entry {
   enum class Limit { None, Lower, Upper };
   std::string text;
   Limit limit = Limit::None;  ///< which search limit KEY04 will set
-  std::optional<Slot> slot;   ///< picked by "IC"; else the one stopped on takes a keyed ID
+  std::optional<Slot> slot;   ///< chosen by "IC"; without one, a keyed ID goes to State::slot
 };
 
-/// Everything a radio knows. Plain data: tuning.h says what it hears, keys.h and commands.h what
-/// its user and the serial line do to it.
+/// Everything a radio knows, as plain data. commands.h and the headers of the keys say what changes
+/// it, tuning.h what it hears, readings.h what it tells.
 struct State {
   explicit State(Model model);
 
@@ -58,7 +58,7 @@ struct State {
   Frequency lower = 0;
   Frequency upper = 0;
   Frequency step = 50;
-  Frequency searchAt = 0;  ///< where a search stands
+  Frequency searchAt = 0;  ///< where a search is
 
   int trunkBank = 1;         ///< the bank whose system is followed
   bool bankKeyOpen = false;  ///< after KEY13: a bank key picks the trunked bank
@@ -83,9 +83,9 @@ const TrunkBank& trunkBank(const State& state);
 Family familyOf(const State& state);
 std::string_view modeCode(const State& state);
 
-/// Changes the activity: drops what was keyed and what was heard.
+/// Changes the activity. What was keyed and what was heard is dropped.
 void enter(State& state, Activity activity);
-/// Turns into the other model, memory and settings kept.
+/// Turns into the other model. Memory and settings stay.
 void become(State& state, Model model);
 /// State as lines of key=value, in a fixed order.
 std::string describe(const State& state);

@@ -19,13 +19,14 @@ std::string keyTrunkHeld(State& state, std::string_view line);
 /// switched on or off (the last one stays on); else the first channel or slot of it.
 std::string keyBank(State& state, std::string_view line);
 
-/// Puts the chosen bank through the bank step; -1 clears it.
+/// Chooses the bank in the bank step of trunk programming; -1 for none.
 void chooseProgramBank(State& state, int bank);
 /// Starts trunk programming of a bank directly, as "TR" does; KEY13 ends it.
 void programTrunk(State& state, int bank);
 /// Switches a bank of the scan; false if it is the last one on.
 bool toggleBank(std::array<bool, kBanks>& banks, int bank);
 
+/// How long a BC245XLT looks for a control channel.
 constexpr Millis kAcquire = 1500;
 
 }  // namespace tarnvex::radio

@@ -15,21 +15,7 @@ void tune(State& state, const Air& air);
 /// Enters ID hold on the ID heard last, or else on the first of the bank.
 void holdId(State& state);
 
-/// Leaves the present stop; its transmission isn't taken again.
+/// Leaves the present stop. Its transmission isn't taken again.
 void passOn(State& state);
-
-int signalLevel(const State& state);
-/// Where the receiver stands: the stop, else the channel, search or control-channel frequency.
-Frequency displayedFrequency(const State& state);
-/// The channel that `MA` reports: the one stopped on, or the manual one. 0 for none.
-int activeChannel(const State& state);
-/// The ID that is heard, held or selected; empty for none.
-std::string activeId(const State& state);
-/// The slot that holds `activeId`, if one does.
-std::optional<Slot> activeSlot(const State& state);
-std::optional<Slot> slotOf(const TrunkBank& bank, std::string_view id, int groups);
-
-bool isSkipped(const State& state, Frequency frequency);
-bool isLockedId(const State& state, std::string_view id);
 
 }  // namespace tarnvex::radio

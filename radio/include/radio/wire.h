@@ -11,6 +11,7 @@
 
 namespace tarnvex::radio {
 
+/// What the command line says about the wire.
 struct WireOptions {
   LineOptions line;
   bool anyBaud = false;  ///< answer at whatever baud rate the terminal is set to

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "radio/state.h"
+
+namespace tarnvex::radio {
+
+/// What a radio reports about itself. tuning.h decides what it hears.
+
+/// As in an `SG` reply.
+int signalLevel(const State& state);
+/// Where the receiver is: at the stop, else at the frequency of the channel, of the search or of
+/// the control channel.
+Frequency displayedFrequency(const State& state);
+/// The channel that `MA` reports: the one that a scan has stopped on, or the manual one. 0 for
+/// none.
+int activeChannel(const State& state);
+/// The ID that is heard, held or selected; empty for none.
+std::string activeId(const State& state);
+/// The slot that holds `activeId`, if one does.
+std::optional<Slot> activeSlot(const State& state);
+/// The first slot with that ID in the first `groups` groups of a bank.
+std::optional<Slot> slotOf(const TrunkBank& bank, std::string_view id, int groups);
+
+bool isSkipped(const State& state, Frequency frequency);
+bool isLockedId(const State& state, std::string_view id);
+
+/// The delay switch of the trunked bank, the search or the channel, whichever is in use; null if
+/// none is.
+bool* delaySwitch(State& state);
+
+/// The weather channels of the service search.
+constexpr Frequency kWeatherFirst = 1624000, kWeatherLast = 1625500;
+
+}  // namespace tarnvex::radio

@@ -1,0 +1,114 @@
+#include "radio/reply_faults.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "radio/options.h"
+
+namespace tarnvex::radio {
+namespace {
+
+/// In the order of ReplyFaults::Kind.
+struct Row {
+  std::string_view word;
+  bool hasAmount = false;
+  std::optional<std::int64_t> usualAmount{};
+  std::int64_t leastAmount = 0;
+};
+constexpr std::int64_t kMostAmount = 1000000;
+constexpr std::array kRows{Row{"wrong-length", true, -3, -kMostAmount},
+                           Row{"garble"},
+                           Row{"8bit"},
+                           Row{"cut", true},
+                           Row{"delay", true},
+                           Row{"join"},
+                           Row{"split"},
+                           Row{"slow"}};
+
+void changeLength(std::string& reply, std::int64_t by) {
+  if (by > 0) {
+    reply.insert(reply.size() - 1, static_cast<std::size_t>(by), 'X');
+  } else {
+    const auto less = std::min<std::size_t>(reply.size() - 1, static_cast<std::size_t>(-by));
+    reply.erase(reply.size() - 1 - less, less);
+  }
+}
+
+void garble(std::string& reply) {
+  for (std::size_t at = 0; at + 1 < reply.size(); at += 3) {
+    reply[at] = static_cast<char>('!' + (reply[at] * 7 + 13) % 64);
+  }
+}
+
+}  // namespace
+
+bool ReplyFaults::isFault(std::string_view word) {
+  return std::ranges::find(kRows, word, &Row::word) != kRows.end();
+}
+
+bool ReplyFaults::set(std::span<const std::string> words) {
+  const auto* const row = std::ranges::find(kRows, words[0], &Row::word);
+  if (row == kRows.end()) {
+    return false;
+  }
+  words = words.subspan(1);
+  Fault fault;
+  if (row->hasAmount) {
+    const auto number = words.empty() ? std::nullopt : parseNumber(words[0]);
+    words = words.subspan(number ? 1 : 0);
+    const double amount = number.value_or(static_cast<double>(row->usualAmount.value_or(-1)));
+    const bool known = number || row->usualAmount;
+    if (!known || !(amount >= static_cast<double>(row->leastAmount) && amount <= kMostAmount)) {
+      return false;
+    }
+    fault.amount = static_cast<std::int64_t>(amount);
+  }
+  const auto occasion = Occasion::parse(words);
+  if (!occasion) {
+    return false;
+  }
+  fault.occasion = *occasion;
+  faults_[row - kRows.begin()] = fault;
+  return true;
+}
+
+std::optional<std::int64_t> ReplyFaults::strike(Kind kind, Chance& chance) {
+  Fault& fault = faults_[kind];
+  return fault.occasion.strikes(chance) ? std::optional(fault.amount) : std::nullopt;
+}
+
+void ReplyFaults::spoil(std::string& reply, Chance& chance) {
+  if (const auto by = strike(kWrongLength, chance)) {
+    changeLength(reply, *by);
+  }
+  if (strike(kGarble, chance)) {
+    garble(reply);
+  }
+  if (strike(kEightBit, chance)) {
+    reply = withTopBits(std::move(reply));
+  }
+  if (const auto cut = strike(kCut, chance)) {
+    reply.resize(reply.size() - std::min(static_cast<std::size_t>(*cut) + 1, reply.size()));
+  }
+}
+
+std::vector<OutgoingPart> ReplyFaults::apply(std::string reply, Chance& chance) {
+  spoil(reply, chance);
+  OutgoingPart part;
+  part.delay = std::chrono::milliseconds(strike(kDelay, chance).value_or(0));
+  part.whole = strike(kJoin, chance).has_value();
+  part.bytes = part.whole ? reply + reply : reply;
+  const bool split = strike(kSplit, chance).has_value();
+  if (strike(kSlow, chance)) {
+    return slowly(part);
+  }
+  if (!split) {
+    return {part};
+  }
+  constexpr std::chrono::milliseconds kPause{50};
+  const std::size_t half = part.bytes.size() / 2;
+  return {{part.bytes.substr(0, half), part.delay, true},
+          {part.bytes.substr(half), part.delay + kPause, true}};
+}
+
+}  // namespace tarnvex::radio
