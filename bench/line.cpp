@@ -4,16 +4,15 @@
 #include <optional>
 #include <vector>
 
-#include "bench/measure.h"
-
 namespace tarnvex::bench {
 namespace {
 
 constexpr double kMillisecondsPerByte = 10 * 1000.0 / 9600;
 constexpr double kThinkMilliseconds = 3;
 
-/// A line of the log: a command or a reply with the CR behind it.
+/// A command or a reply with its CR, and when that CR came.
 struct Logged {
+  double at;
   QString text;
   bool command;
 
@@ -32,15 +31,16 @@ std::vector<Logged> readLog(const QString& path) {
   while (!file.atEnd()) {
     // A time, a direction and the text, which has blanks of its own.
     const QString line = QString::fromLatin1(file.readLine()).trimmed();
-    lines.push_back({line.section(' ', 2).replace("<CR>", "\r"), line.section(' ', 1, 1) == ">"});
+    lines.push_back({line.section(' ', 0, 0).toDouble() * 1000,
+                     line.section(' ', 2).replace("<CR>", "\r"), line.section(' ', 1, 1) == ">"});
   }
   return lines;
 }
 
 }  // namespace
 
-QStringList radioAt9600(const RadioModel& model, const QStringList& more) {
-  return QStringList{"--model", model.argument, "--baud", "9600", "--think-ms",
+QStringList radioAt9600(const Radio& radio, const QStringList& more) {
+  return QStringList{"--model", radio.argument, "--baud", "9600", "--think-ms",
                      "3",       "--scene",      "quiet"} +
          more;
 }
@@ -58,18 +58,24 @@ double lineTimePerTick(const QString& log) {
   return quantile(ticks, 0.5);
 }
 
-double lineTimeBetween(const QString& log, const QString& first, const QString& last) {
-  double sum = 0;
-  double upToLast = 0;
-  bool begun = false;
+Stretch stretchBetween(const QString& log, const QString& first, const QString& last) {
+  Stretch stretch;
+  std::optional<double> start;
+  double line = 0;
   bool atLast = false;
-  for (const Logged& line : readLog(log)) {
-    begun = begun || (line.command && line.text == first + '\r');
-    sum += begun ? line.milliseconds() : 0;
-    atLast = line.command ? line.text == last + '\r' : atLast;
-    upToLast = atLast ? sum : upToLast;
+  for (const Logged& logged : readLog(log)) {
+    if (!start && logged.command && logged.text == first + '\r') {
+      start = logged.at;
+      line = kThinkMilliseconds;
+    } else if (start) {
+      line += logged.milliseconds();
+    }
+    atLast = logged.command ? logged.text == last + '\r' : atLast;
+    if (start && atLast) {
+      stretch = {logged.at - *start, line};
+    }
   }
-  return upToLast;
+  return stretch;
 }
 
 std::function<bool()> after(double milliseconds) {

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <algorithm>
 #include <array>
 #include <cstdio>
+#include <span>
 #include <string_view>
 
 #include "bench/measure.h"
@@ -12,30 +14,64 @@ namespace tarnvex::bench {
 /// The program up to its painted splash, as a process of its own (start_bench.cpp).
 int showSplash();
 
+namespace {
+
+struct Part {
+  std::string_view name;
+  void (*run)(Table&);
+};
+constexpr std::array<Part, 6> kParts = {{{"exchange", benchExchange},
+                                         {"poll", benchPoll},
+                                         {"still", benchStill},
+                                         {"plan", benchPlan},
+                                         {"transfer", benchTransfer},
+                                         {"start", benchStart}}};
+
+bool isPart(std::string_view name) {
+  return std::ranges::find(kParts, name, &Part::name) != kParts.end();
+}
+
+/// The rig reports its trouble as a test does.
+bool rigFailed() {
+  return testing::UnitTest::GetInstance()->ad_hoc_test_result().Failed();
+}
+
+/// All parts, if none is named.
+int run(Table& table, std::span<const std::string_view> wanted) {
+  for (const Part& part : kParts) {
+    if (!wanted.empty() && std::ranges::find(wanted, part.name) == wanted.end()) {
+      continue;
+    }
+    const int before = table.rows();
+    part.run(table);
+    if (table.rows() == before || rigFailed()) {
+      table.fail("the part \"" + std::string(part.name) + "\" can't be taken");
+    }
+  }
+  return table.passed() ? 0 : 1;
+}
+
+}  // namespace
 }  // namespace tarnvex::bench
 
 int main(int argc, char** argv) {
   namespace bench = tarnvex::bench;
-  using Bench = std::pair<std::string_view, void (*)(bench::Table&)>;
-  constexpr std::array<Bench, 6> kBenches = {{{"exchange", bench::benchExchange},
-                                              {"poll", bench::benchPoll},
-                                              {"still", bench::benchStill},
-                                              {"plan", bench::benchPlan},
-                                              {"transfer", bench::benchTransfer},
-                                              {"start", bench::benchStart}}};
-  const std::vector<std::string_view> wanted(argv + 1, argv + argc);
+  const std::vector<std::string_view> arguments(argv + 1, argv + argc);
+  std::span<const std::string_view> wanted(arguments);
+  const std::string_view option = wanted.empty() ? "" : wanted.front();
+  const bool splash = option == "--splash";
+  const bool quick = option == "--quick";
+  wanted = wanted.subspan(splash || quick ? 1 : 0);
+  if (const auto unknown = std::ranges::find_if_not(wanted, bench::isPart);
+      unknown != wanted.end()) {
+    std::fprintf(stderr, "no part of the benchmark: %s\n", unknown->data());
+    return 2;
+  }
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
-  if (wanted == std::vector<std::string_view>{"--splash"}) {
+  if (splash) {
     return bench::showSplash();
   }
-  bench::Table table;
-  for (const auto& [name, run] : kBenches) {
-    if (wanted.empty() || std::ranges::find(wanted, name) != wanted.end()) {
-      run(table);
-    }
-  }
-  // The rig reports its trouble as a test does.
-  const bool trouble = testing::UnitTest::GetInstance()->ad_hoc_test_result().Failed();
-  return table.missed() || trouble ? 1 : 0;
+  bench::Table table(quick ? bench::Effort::Quick : bench::Effort::Full);
+  return bench::run(table, wanted);
 }
