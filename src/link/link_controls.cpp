@@ -1,5 +1,6 @@
 #include "link/link_controls.h"
 
+#include "link/poll_hold.h"
 #include "link/resync.h"
 #include "link/scanner_commands.h"
 #include "platform/convert.h"
@@ -68,7 +69,7 @@ void LinkControls::changeBaudRate() {
   if (!parts_.pollTimer.enabled()) {
     return;
   }
-  parts_.pollTimer.setEnabled(false);
+  const PollHold hold(parts_.pollTimer);
   const auto answer = outside_.dialogs.messageBox(
       "This setting should only be changed if you are unable to connect to your scanner. The "
       "setting should match the baudrate of your scanner. Do you wish to continue?",
@@ -83,7 +84,6 @@ void LinkControls::changeBaudRate() {
       restoreBaudRate(old);
     }
   }
-  parts_.pollTimer.setEnabled(true);
 }
 
 bool LinkControls::radioAnswers() {

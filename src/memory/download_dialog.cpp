@@ -8,7 +8,7 @@
 
 namespace tarnvex::memory {
 
-frmDownload::frmDownload(MainWindow mainWindow, TransferOutside outside)
+frmDownload::frmDownload(MainWindow mainWindow, const TransferOutside& outside)
     : ChannelTransfer({"frmDownload", "Download Conventional Data", "Select Bank(s) to Download",
                        "Download Now", "Downloading..."},
                       std::move(mainWindow), outside) {}
@@ -27,10 +27,10 @@ void frmDownload::enterBank(const TransferWindow& /*main*/, bool selected) {
   }
 }
 
-void frmDownload::transferChannel(const TransferWindow& main, int /*bank*/, int channel) {
+void frmDownload::transferChannel(Transfer& transfer, int /*bank*/, int channel) {
   const link::ChannelReply reply(outside_.link.SendCommand(link::command::readChannel(channel)));
-  if (!outside_.gate.ended() && showChannel(main, channel)) {
-    fillRow(main.MSFlexGrid1, channel, reply);
+  if (!outside_.gate.ended() && showChannel(transfer, channel)) {
+    fillRow(transfer.main.MSFlexGrid1, channel, reply);
   }
 }
 

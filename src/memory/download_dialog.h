@@ -1,7 +1,7 @@
 #pragma once
 
 #include "link/scanner_commands.h"
-#include "memory/bank_list.h"
+#include "memory/channel_transfer.h"
 
 namespace tarnvex::memory {
 
@@ -12,12 +12,12 @@ namespace tarnvex::memory {
 /// changed, and not saving it is the user's way back.
 class frmDownload : public ChannelTransfer {
  public:
-  frmDownload(MainWindow mainWindow, TransferOutside outside);
+  frmDownload(MainWindow mainWindow, const TransferOutside& outside);
 
  protected:
   void prepareRadio(const TransferWindow& main) override;
   void enterBank(const TransferWindow& main, bool selected) override;
-  void transferChannel(const TransferWindow& main, int bank, int channel) override;
+  void transferChannel(Transfer& transfer, int bank, int channel) override;
 
  private:
   static void fillRow(platform::Table& grid, int channel, const link::ChannelReply& reply);

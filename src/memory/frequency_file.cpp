@@ -2,6 +2,7 @@
 
 #include <array>
 #include <span>
+#include <vector>
 
 namespace tarnvex::memory {
 
@@ -34,25 +35,24 @@ Failure readPlan(platform::SequentialFiles& files, ChannelMemory& memory) {
   return failure ? failure : readTable(files, memory.MSFlexGrid2(), talkgroup);
 }
 
+Failure writeTable(platform::SequentialFiles& files, const Table& table) {
+  std::vector<platform::WriteField> fields;
+  for (int row = 1; row < table.rows(); ++row) {
+    fields.clear();
+    for (int col = 0; col < table.cols(); ++col) {
+      fields.emplace_back(table.textMatrix(row, col));
+    }
+    if (auto failure = files.write(kFile, fields)) {
+      return failure;
+    }
+  }
+  return std::nullopt;
+}
+
 Failure writePlan(platform::SequentialFiles& files, ChannelMemory& memory) {
-  Table& channels = memory.MSFlexGrid1();
-  Table& talkgroups = memory.MSFlexGrid2();
-  for (int row = 1; row < channels.rows(); ++row) {
-    const auto cell = [&](int col) { return platform::WriteField(channels.textMatrix(row, col)); };
-    if (auto failure = files.write(
-            kFile, {cell(0), cell(1), cell(2), cell(3), cell(4), cell(5), cell(6), cell(7)})) {
-      return failure;
-    }
-  }
-  for (int row = 1; row < talkgroups.rows(); ++row) {
-    const auto cell = [&](int col) {
-      return platform::WriteField(talkgroups.textMatrix(row, col));
-    };
-    if (auto failure = files.write(kFile, {cell(0), cell(1), cell(2), cell(3)})) {
-      return failure;
-    }
-  }
-  return files.flush(kFile);
+  auto failure = writeTable(files, memory.MSFlexGrid1());
+  failure = failure ? failure : writeTable(files, memory.MSFlexGrid2());
+  return failure ? failure : files.flush(kFile);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace tarnvex::memory {
 
 /// One row of `MSFlexGrid1`, a conventional channel; the values are its columns. Every field is
@@ -35,6 +37,11 @@ struct TalkgroupRecord {
 /// The row of `MSFlexGrid1` at which a bank (0 to 9) begins.
 constexpr int bankRow(int bank) {
   return 30 * bank + 1;
+}
+
+/// The channels of a bank (0 to 9), such as "31 to 60".
+inline std::string bankRange(int bank) {
+  return std::to_string(bankRow(bank)) + " to " + std::to_string(bankRow(bank + 1) - 1);
 }
 
 /// The row of `MSFlexGrid2` at which a group (0 to 9) of a bank (0 to 9) begins.

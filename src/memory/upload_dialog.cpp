@@ -10,7 +10,8 @@
 
 namespace tarnvex::memory {
 
-frmUpload::frmUpload(MainWindow mainWindow, TransferOutside outside, AskSystemType askSystemType)
+frmUpload::frmUpload(MainWindow mainWindow, const TransferOutside& outside,
+                     AskSystemType askSystemType)
     : ChannelTransfer({"frmUpload", "Upload Conventional Data", "Select Bank(s) to Upload",
                        "Upload Now", "Uploading..."},
                       std::move(mainWindow), outside),
@@ -22,12 +23,13 @@ void frmUpload::enterBank(const TransferWindow& main, bool /*selected*/) {
   }
 }
 
-void frmUpload::transferChannel(const TransferWindow& main, int bank, int channel) {
-  if (!showChannel(main, channel)) {
+void frmUpload::transferChannel(Transfer& transfer, int bank, int channel) {
+  if (!showChannel(transfer, channel)) {
     return;
   }
+  const TransferWindow& main = transfer.main;
   const bool trunked = main.MSFlexGrid1.textMatrix(channel, ChannelRecord::Trunk) == "X";
-  if (trunked && !enterTrunkedBank(main, bank)) {
+  if (trunked && !enterTrunkedBank(transfer, bank)) {
     return;
   }
   // A cell that is no number sends no frequency: its other fields go to the channel all the same.
@@ -43,16 +45,16 @@ void frmUpload::transferChannel(const TransferWindow& main, int bank, int channe
   sendTone(std::string(main.MSFlexGrid1.textMatrix(channel, ChannelRecord::Ctcss)));
 }
 
-bool frmUpload::enterTrunkedBank(const TransferWindow& main, int bank) {
-  keyTrunkedBank(main, bank);
-  if (!main.model.asksSystemType || outside_.state.DigitKeyed) {
+bool frmUpload::enterTrunkedBank(Transfer& transfer, int bank) {
+  keyTrunkedBank(transfer.main, bank);
+  if (!transfer.main.model.asksSystemType || outside_.state.DigitKeyed) {
     return true;
   }
-  if (!learnSystemType(main)) {
+  if (!learnSystemType(transfer)) {
     return false;
   }
   // Setting the type has taken the radio out of the bank.
-  keyTrunkedBank(main, bank);
+  keyTrunkedBank(transfer.main, bank);
   outside_.state.DigitKeyed = true;
   return true;
 }
@@ -63,12 +65,12 @@ void frmUpload::keyTrunkedBank(const TransferWindow& main, int bank) {
   outside_.link.SendCommand(link::key::kEnter);
 }
 
-bool frmUpload::learnSystemType(const TransferWindow& main) {
+bool frmUpload::learnSystemType(Transfer& transfer) {
   if (outside_.gate.ended()) {
     return false;
   }
   askSystemType_();
-  return holdPoll(main);
+  return transfer.keepPollStopped();
 }
 
 void frmUpload::sendFlags(const TransferWindow& main, int channel) {

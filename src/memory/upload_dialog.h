@@ -3,7 +3,7 @@
 #include <functional>
 #include <string_view>
 
-#include "memory/bank_list.h"
+#include "memory/channel_transfer.h"
 
 namespace tarnvex::memory {
 
@@ -19,17 +19,17 @@ class frmUpload : public ChannelTransfer {
   /// it. Returns when the dialog has closed or the program has ended.
   using AskSystemType = std::function<void()>;
 
-  frmUpload(MainWindow mainWindow, TransferOutside outside, AskSystemType askSystemType);
+  frmUpload(MainWindow mainWindow, const TransferOutside& outside, AskSystemType askSystemType);
 
  protected:
   void enterBank(const TransferWindow& main, bool selected) override;
-  void transferChannel(const TransferWindow& main, int bank, int channel) override;
+  void transferChannel(Transfer& transfer, int bank, int channel) override;
   void releaseRadio() override;
 
  private:
-  bool enterTrunkedBank(const TransferWindow& main, int bank);
+  bool enterTrunkedBank(Transfer& transfer, int bank);
   void keyTrunkedBank(const TransferWindow& main, int bank);
-  bool learnSystemType(const TransferWindow& main);
+  bool learnSystemType(Transfer& transfer);
   void sendFlags(const TransferWindow& main, int channel);
   void sendTone(std::string_view tone);
 

@@ -1,5 +1,6 @@
 #include <array>
 
+#include "link/poll_hold.h"
 #include "memory/plan_lookup.h"
 #include "monitor/bc245_poll.h"
 #include "monitor/hit_capture.h"
@@ -101,15 +102,15 @@ void Bc245Poll::followIds() {
   panel_.Search.setVisible(false);
   ask(command::kStreamIds);
   showFrequency(kNoId);
-  own_.Scantimer.setEnabled(false);
+  link::PollHold hold(own_.Scantimer);
   IdStay stay;
   // A lost line answers nothing, so the mode would never change.
   while (followsIds(state().CurrentMode) && own_.MSComm1.portOpen()) {
     idRound(stay);
   }
   ask(command::kStopIds);
-  if (own_.MSComm1.portOpen()) {
-    own_.Scantimer.setEnabled(true);
+  if (!own_.MSComm1.portOpen()) {
+    hold.giveUp();
   }
 }
 

@@ -201,7 +201,7 @@ bool SequentialFiles::endOfFile(int number) {
   return file == nullptr || !file->reader || file->reader->atEnd();
 }
 
-Failure SequentialFiles::write(int number, std::initializer_list<WriteField> fields) {
+Failure SequentialFiles::write(int number, std::span<const WriteField> fields) {
   OpenFile* file = find(number);
   if (file == nullptr || file->reader) {
     return "Bad file mode";

@@ -91,7 +91,10 @@ class SequentialFiles : private NonCopyable {
   [[nodiscard]] bool endOfFile(int number);
 
   /// Writes one line of fields, ended by CR LF. There is no escape for a double quote in a text.
-  Failure write(int number, std::initializer_list<WriteField> fields);
+  Failure write(int number, std::span<const WriteField> fields);
+  Failure write(int number, std::initializer_list<WriteField> fields) {
+    return write(number, std::span(fields.begin(), fields.size()));
+  }
   /// Puts what was written on the disk. If that fails, the number stays open, but everything
   /// written is lost and writing to it fails; the file on the disk is as it was.
   Failure flush(int number);

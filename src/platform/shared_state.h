@@ -46,7 +46,7 @@ struct SharedState {
   /// Position of Multiscan (0 to 19) or Speed Enhancement (0 to 9) in the bank boxes.
   int BankCursor = 0;
 
-  /// A transfer has the radio to itself: see memory/transfer_window.h.
+  /// A transfer has the radio to itself: see memory/transfer.h.
   bool TransferRunning = false;
   /// The plan has changes that are not in the frequency file.
   bool MemoryModified = false;

@@ -4,8 +4,8 @@
 
 #include "link/scanner_commands.h"
 #include "platform/convert.h"
+#include "trunking/bc245_id_transfer.h"
 #include "trunking/fleet_map_form.h"
-#include "trunking/id_transfer.h"
 
 namespace tarnvex::shell {
 Form2::Form2(const Services& services, MainFormOutside outside)

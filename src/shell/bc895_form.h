@@ -4,7 +4,7 @@
 #include "monitor/bc895_poll.h"
 #include "monitor/multiscan.h"
 #include "shell/main_form.h"
-#include "trunking/id_transfer.h"
+#include "trunking/bc895_id_transfer.h"
 
 namespace tarnvex::shell {
 

@@ -9,7 +9,7 @@
 #include "link/radio_model.h"
 #include "memory/channel_memory.h"
 #include "memory/frequency_file.h"
-#include "memory/transfer_window.h"
+#include "memory/transfer.h"
 #include "monitor/keypad.h"
 #include "monitor/poll_cycle.h"
 #include "monitor/recording.h"

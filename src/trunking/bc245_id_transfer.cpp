@@ -1,18 +1,18 @@
+#include "trunking/bc245_id_transfer.h"
+
 #include <utility>
 
 #include "link/scanner_commands.h"
 #include "memory/plan_records.h"
-#include "trunking/id_transfer.h"
 
 namespace tarnvex::trunking {
 namespace {
 
 using memory::TalkgroupRecord;
-using memory::TransferWindow;
 
 constexpr int kGroups = 10;
 constexpr int kSlots = 10;
-/// How long the radio may take until it trunks; in whole seconds, so three of them.
+/// How long the radio may take until it trunks. The clock counts whole seconds, so it gets three.
 constexpr double kTrunkingSeconds = 2.9;
 
 /// "1  (1 to 30)" to "10 (271 to 300)": the channels show which bank is meant.
@@ -21,67 +21,28 @@ std::vector<std::string> numberedBanks(int count) {
   for (int bank = 0; bank < count; ++bank) {
     std::string number = std::to_string(bank + 1);
     number.resize(3, ' ');
-    banks.push_back(number + "(" + std::to_string(memory::bankRow(bank)) + " to " +
-                    std::to_string(memory::bankRow(bank + 1) - 1) + ")");
+    banks.push_back(number + "(" + memory::bankRange(bank) + ")");
   }
   return banks;
 }
 
 }  // namespace
 
-Bc245IdTransfer::Bc245IdTransfer(const Words& words, MainWindow mainWindow,
-                                 memory::TransferOutside outside)
-    : BankDialog(words, numberedBanks(kBanks)),
-      outside_(outside),
-      mainWindow_(std::move(mainWindow)),
-      status_(words.status) {
-  Command1.onClick = [this] { transfer(); };
-}
+Bc245IdTransfer::Bc245IdTransfer(Words words, MainWindow mainWindow,
+                                 const memory::TransferOutside& outside)
+    : BankDialog(std::move(words), numberedBanks(kBanks), kGroups * kSlots, std::move(mainWindow),
+                 outside) {}
 
-void Bc245IdTransfer::transfer() {
-  const memory::TransferTurn turn(outside_.state);
-  if (!turn.granted()) {
-    outside_.dialogs.beep();
-    return;
-  }
-  disableControls();
-  const TransferWindow main = mainWindow_();
-  main.Scantimer.setEnabled(false);
-  main.Frequency.setCaption(status_);
-  outside_.dialogs.setBusyPointer(true);
-  progress.start(selectedBanks() * kGroups * kSlots);
-  const std::string banks = outside_.link.SendCommand(link::command::kScanBanks);
-  const Outcome outcome = transferBanks(main);
-  if (outcome == Outcome::Ended) {
-    return;
-  }
-  if (outcome == Outcome::Aborted) {
-    closed.notify();
-  }
-  outside_.dialogs.setBusyPointer(false);
-  // The answer is the command that restores it.
-  outside_.link.SendCommand(banks);
-  outside_.link.SendCommand(link::key::kTrunk);
-  outside_.link.SendCommand(link::key::kTrunk);
-  if (outside_.gate.ended()) {
-    return;
-  }
-  main.Scantimer.setEnabled(true);
-  if (outcome == Outcome::Done) {
-    closed.notify();
-  }
-}
-
-Bc245IdTransfer::Outcome Bc245IdTransfer::transferBanks(const TransferWindow& main) {
+memory::BankDialog::Outcome Bc245IdTransfer::transferBanks(memory::Transfer& transfer) {
+  choice_ = outside_.link.SendCommand(link::command::kScanBanks);
   for (int bank = 0; bank < kBanks; ++bank) {
     if (!List1.selected(bank)) {
       continue;
     }
-    outside_.gate.yield();
-    if (!holdPoll(main)) {
+    if (!transfer.letOthersRun()) {
       return Outcome::Ended;
     }
-    const Outcome outcome = transferBank(main, bank);
+    const Outcome outcome = transferBank(transfer, bank);
     if (outcome != Outcome::Done) {
       return outcome;
     }
@@ -89,25 +50,27 @@ Bc245IdTransfer::Outcome Bc245IdTransfer::transferBanks(const TransferWindow& ma
   return outside_.gate.ended() ? Outcome::Ended : Outcome::Done;
 }
 
-Bc245IdTransfer::Outcome Bc245IdTransfer::transferBank(const TransferWindow& main, int bank) {
+void Bc245IdTransfer::releaseRadio() {
+  outside_.link.SendCommand(choice_);
+  outside_.link.SendCommand(link::key::kTrunk);
+  outside_.link.SendCommand(link::key::kTrunk);
+}
+
+memory::BankDialog::Outcome Bc245IdTransfer::transferBank(memory::Transfer& transfer, int bank) {
   enterBank();
-  const auto trunking = startTrunking(main, bank);
+  const auto trunking = startTrunking(transfer, bank);
   if (!trunking) {
     return Outcome::Ended;
   }
-  if (!*trunking) {
-    tellNotTrunking(bank);
-    if (!holdPoll(main)) {
-      return Outcome::Ended;
-    }
-    outside_.link.SendCommand(link::key::kTrunk);
-    progress.advance(kGroups * kSlots);
-    return Outcome::Done;
-  }
+  return *trunking ? transferSlots(transfer, bank) : passOver(transfer, bank);
+}
+
+memory::BankDialog::Outcome Bc245IdTransfer::transferSlots(memory::Transfer& transfer, int bank) {
   for (int group = 0; group < kGroups; ++group) {
     for (int slot = 1; slot <= kSlots; ++slot) {
-      const bool goesOn = transferSlot(main, memory::groupRow(bank, group) + slot - 1, group, slot);
-      if (!holdPoll(main)) {
+      const int row = memory::groupRow(bank, group) + slot - 1;
+      const bool goesOn = transferSlot(transfer.main, row, group, slot);
+      if (!transfer.keepPollStopped()) {
         return Outcome::Ended;
       }
       if (!goesOn) {
@@ -119,7 +82,7 @@ Bc245IdTransfer::Outcome Bc245IdTransfer::transferBank(const TransferWindow& mai
   return Outcome::Done;
 }
 
-std::optional<bool> Bc245IdTransfer::startTrunking(const TransferWindow& main, int bank) {
+std::optional<bool> Bc245IdTransfer::startTrunking(memory::Transfer& transfer, int bank) {
   auto& link = outside_.link;
   link.SendCommand(link::command::scanBanks(std::string(1, link::bankLetter(bank))));
   link.SendCommand(link::key::kTrunk);
@@ -127,56 +90,47 @@ std::optional<bool> Bc245IdTransfer::startTrunking(const TransferWindow& main, i
   const auto start = outside_.clock.seconds();
   outside_.gate.waitUntil(
       [&] { return static_cast<double>(outside_.clock.seconds() - start) > kTrunkingSeconds; });
-  if (!holdPoll(main)) {
+  if (!transfer.keepPollStopped()) {
     return std::nullopt;
   }
   link.SendCommand(link::key::kManual);
   outside_.state.CurrentMode = link.SendCommand(link::command::kMode);
-  if (!holdPoll(main)) {
+  if (!transfer.keepPollStopped()) {
     return std::nullopt;
   }
   return link::mode245::holdsTrunkedBank(outside_.state.CurrentMode);
 }
 
-void Bc245IdTransfer::tellNotTrunking(int bank) {
+memory::BankDialog::Outcome Bc245IdTransfer::passOver(memory::Transfer& transfer, int bank) {
   outside_.dialogs.messageBox(
       "Unable to start trunking on Bank " + std::to_string(bank + 1) +
           ". Either this is not a trunked bank, the trunked system is not in receiver range, or "
           "the scanner was not in trunked mode initially.",
       "Not in Trunked Mode", platform::kWarning);
-}
-
-bool Bc245IdTransfer::holdPoll(const TransferWindow& main) {
-  if (outside_.gate.ended()) {
-    return false;
+  if (!transfer.keepPollStopped()) {
+    return Outcome::Ended;
   }
-  // A COM option or Connect has started it again.
-  main.Scantimer.setEnabled(false);
-  return true;
+  outside_.link.SendCommand(link::key::kTrunk);
+  progress.advance(kGroups * kSlots);
+  return Outcome::Done;
 }
 
-frmUploadtrs::frmUploadtrs(MainWindow mainWindow, memory::TransferOutside outside)
+frmUploadtrs::frmUploadtrs(MainWindow mainWindow, const memory::TransferOutside& outside)
     : Bc245IdTransfer({"frmUploadtrs", "Upload Trunked Data", "Select Bank(s) to Upload",
                        "Upload Now", "Loading ID's"},
                       std::move(mainWindow), outside) {}
 
-/// An empty slot goes out as zeros, and is reported so if the radio refuses it. A blank cell, which
-/// nobody has been at, isn't reported.
-bool frmUploadtrs::transferSlot(const TransferWindow& main, int row, int group, int slot) {
+/// An empty slot is sent as zeros and is reported that way if the radio refuses it. A blank cell,
+/// which the user never visited, isn't reported.
+bool frmUploadtrs::transferSlot(const memory::TransferWindow& main, int row, int group, int slot) {
   std::string id(main.MSFlexGrid2.textMatrix(row, TalkgroupRecord::Id));
   if (id.find("--") != std::string::npos) {
     id = "000000";
   }
   const std::string reply = outside_.link.SendCommand(link::command::writeId(group, slot, id));
-  if (reply == link::reply::kError && id.find_first_not_of(' ') != std::string::npos) {
-    const auto answer = outside_.dialogs.messageBox(
-        "Tarnvex could not upload talkgroup ID: " + id +
-            ". This talkgroup may be invalid, or you may not have the correct fleet map set. Click "
-            "OK to continue, or Cancel to abort.",
-        "Invalid Talkgroup Entry.", platform::kOkCancelWarning);
-    if (answer == platform::Answer::Cancel) {
-      return false;
-    }
+  const bool blank = id.find_first_not_of(' ') == std::string::npos;
+  if (reply == link::reply::kError && !blank && !goesOnAfterRefusal(id)) {
+    return false;
   }
   if (main.MSFlexGrid2.textMatrix(row, TalkgroupRecord::Priority) == "X") {
     outside_.link.SendCommand(link::command::setPriorityId(group, slot));
@@ -184,14 +138,23 @@ bool frmUploadtrs::transferSlot(const TransferWindow& main, int row, int group, 
   return true;
 }
 
-frmDownloadtrs::frmDownloadtrs(MainWindow mainWindow, memory::TransferOutside outside)
+bool frmUploadtrs::goesOnAfterRefusal(const std::string& id) {
+  return outside_.dialogs.messageBox(
+             "Tarnvex could not upload talkgroup ID: " + id +
+                 ". This talkgroup may be invalid, or you may not have the correct fleet map set. "
+                 "Click OK to continue, or Cancel to abort.",
+             "Invalid Talkgroup Entry.", platform::kOkCancelWarning) != platform::Answer::Cancel;
+}
+
+frmDownloadtrs::frmDownloadtrs(MainWindow mainWindow, const memory::TransferOutside& outside)
     : Bc245IdTransfer({"frmDownloadtrs", "Download Trunked Data", "Select Bank(s) to Download",
                        "Download Now", "Reading ID's"},
                       std::move(mainWindow), outside) {}
 
-/// The radio is asked for the group's priority ID at every slot: the answer may move while the
-/// transfer runs. A mark that stands in the plan already is never taken away.
-bool frmDownloadtrs::transferSlot(const TransferWindow& main, int row, int group, int slot) {
+/// Deliberate: the radio is asked for the group's priority ID at every slot, and a mark that the
+/// plan already has is never removed. If the radio's priority ID has moved, the old mark stays.
+bool frmDownloadtrs::transferSlot(const memory::TransferWindow& main, int row, int group,
+                                  int slot) {
   const link::TrunkIdReply reply(
       link::withDashes(outside_.link.SendCommand(link::command::readId(group, slot))));
   if (outside_.gate.ended()) {

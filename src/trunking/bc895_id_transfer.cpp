@@ -1,16 +1,18 @@
+#include "trunking/bc895_id_transfer.h"
+
 #include <algorithm>
 
 #include "link/scanner_commands.h"
 #include "memory/plan_lookup.h"
 #include "memory/plan_records.h"
-#include "trunking/id_transfer.h"
 
 namespace tarnvex::trunking {
 namespace {
 
 using memory::TalkgroupRecord;
+using memory::Transfer;
 
-/// The radio has half of the groups that the plan has.
+/// The radio has half of the plan's groups.
 constexpr int kGroups = 5;
 constexpr int kSlots = 10;
 
@@ -23,14 +25,13 @@ std::optional<int> TrunkBankResolver(link::ScannerLink& link, const platform::Ta
   return row ? std::optional(memory::bankOfChannel(*row)) : std::nullopt;
 }
 
-/// While another transfer runs the mode isn't known: the poll stands still.
-bool Bc895IdTransfer::mayBegin(const memory::TransferTurn& turn) {
-  if (!turn.granted()) {
-    outside_.dialogs.beep();
+/// The mode on the panel is the radio's own only while no other transfer keeps the poll stopped.
+bool Bc895IdTransfer::mayBegin(const Transfer& transfer) {
+  if (!transfer.granted()) {
     return false;
   }
-  if (std::ranges::find(link::mode895::kIdModes, main_.mode.caption()) !=
-      link::mode895::kIdModes.end()) {
+  const auto& modes = link::mode895::kIdModes;
+  if (std::ranges::find(modes, main_.mode.caption()) != modes.end()) {
     return true;
   }
   outside_.dialogs.messageBox(
@@ -39,43 +40,35 @@ bool Bc895IdTransfer::mayBegin(const memory::TransferTurn& turn) {
   return false;
 }
 
-void Bc895IdTransfer::begin(const char* status) {
-  main_.Scantimer.setEnabled(false);
-  main_.Frequency.setCaption(status);
-}
-
 void Bc895IdTransfer::upload() {
-  const memory::TransferTurn turn(outside_.state);
-  if (!mayBegin(turn)) {
+  Transfer transfer(main_, outside_);
+  if (!mayBegin(transfer)) {
     return;
   }
-  begin("Loading ID's");
-  outside_.gate.yield();
-  if (outside_.gate.ended()) {
+  transfer.begin("Loading ID's");
+  if (!transfer.letOthersRun()) {
     return;
   }
-  // A COM option or Connect may have started it again.
-  main_.Scantimer.setEnabled(false);
-  outside_.dialogs.setBusyPointer(true);
-  if (transferBank(&Bc895IdTransfer::typeId)) {
+  transfer.showHourglass();
+  if (transferBank(transfer, &Bc895IdTransfer::typeId)) {
     outside_.link.SendCommand(link::key::kScan);
   }
 }
 
 void Bc895IdTransfer::download() {
   outside_.state.MemoryModified = true;
-  const memory::TransferTurn turn(outside_.state);
-  if (!mayBegin(turn)) {
+  Transfer transfer(main_, outside_);
+  if (!mayBegin(transfer)) {
     return;
   }
-  begin("Reading ID's");
-  outside_.dialogs.setBusyPointer(true);
-  transferBank(&Bc895IdTransfer::readId);
+  transfer.begin("Reading ID's");
+  transfer.showHourglass();
+  transferBank(transfer, &Bc895IdTransfer::readId);
 }
 
-/// Without a bank the poll goes on, but the pointer stays the hourglass: it shows that nothing came
-/// of the transfer.
-bool Bc895IdTransfer::transferBank(void (Bc895IdTransfer::*transferSlot)(int, int, int)) {
+/// Deliberate: if the bank isn't known, the hourglass stays although the poll starts again.
+bool Bc895IdTransfer::transferBank(Transfer& transfer,
+                                   void (Bc895IdTransfer::*transferSlot)(int, int, int)) {
   const auto bank = TrunkBankResolver(outside_.link, main_.MSFlexGrid1);
   if (!bank && !outside_.gate.ended()) {
     outside_.dialogs.messageBox(
@@ -84,7 +77,7 @@ bool Bc895IdTransfer::transferBank(void (Bc895IdTransfer::*transferSlot)(int, in
         "Frequency not found", platform::kWarning);
   }
   progress.start(bank ? kGroups * kSlots : 0);
-  // Somebody who wants out needn't wait for all fifty.
+  // A user who wants to leave needn't wait for all fifty.
   for (int group = 0; bank && group < kGroups; ++group) {
     for (int slot = 1; slot <= kSlots && !outside_.gate.leaving(); ++slot) {
       (this->*transferSlot)(memory::groupRow(*bank, group) + slot - 1, group, slot);
@@ -92,18 +85,14 @@ bool Bc895IdTransfer::transferBank(void (Bc895IdTransfer::*transferSlot)(int, in
     }
   }
   progress.clear();
-  if (outside_.gate.ended()) {
-    return false;
+  if (bank && !outside_.gate.ended()) {
+    transfer.showArrow();
   }
-  if (bank) {
-    outside_.dialogs.setBusyPointer(false);
-  }
-  main_.Scantimer.setEnabled(true);
-  return bank.has_value();
+  return transfer.end() && bank.has_value();
 }
 
-/// Selects the slot and types its ID. A plain ID has six digits in the plan and five at the keys:
-/// its first one stays away. No ID is typed as a 0.
+/// Selects the slot and types its ID. A plain ID has six digits in the plan and five on the keys,
+/// so the first one is left out. An empty slot is typed as 0.
 void Bc895IdTransfer::typeId(int row, int group, int slot) {
   outside_.link.SendCommand(link::command::readId(group, slot));
   const std::string id(main_.MSFlexGrid2.textMatrix(row, TalkgroupRecord::Id));

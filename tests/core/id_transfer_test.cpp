@@ -1,5 +1,3 @@
-#include "trunking/id_transfer.h"
-
 #include <gmock/gmock.h>
 
 #include "memory/download_dialog.h"
@@ -8,6 +6,8 @@
 #include "radio/commands.h"
 #include "support/radio_port.h"
 #include "transfer_rig.h"
+#include "trunking/bc245_id_transfer.h"
+#include "trunking/bc895_id_transfer.h"
 
 namespace tarnvex::trunking {
 namespace {

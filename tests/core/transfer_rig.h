@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "link/scanner_link.h"
-#include "memory/bank_list.h"
+#include "memory/bank_dialog.h"
 #include "memory/channel_memory.h"
 #include "support/fake_clock.h"
 #include "support/fake_dialogs.h"

@@ -6,7 +6,7 @@
 
 #include "desktop/windows/binder.h"
 #include "memory/apf_file.h"
-#include "memory/bank_list.h"
+#include "memory/bank_dialog.h"
 #include "search/lockouts.h"
 #include "shell/about_form.h"
 #include "trunking/fleet_map_form.h"
