@@ -134,16 +134,17 @@ constexpr std::array kTourSteps{
     Step{10450, Activity::Manual, 62}, Step{11150, Activity::Scan},
 };
 
-// The tour has no time to wait for answers, and neither has a day that is a minute long.
-constexpr Millis kDelay = 2000, kDayDelay = 500, kTourDelay = 100;
+// With the usual delay, a scan would never leave a station that answers within it, and the tour
+// would be over before it had shown anything else.
+constexpr Millis kDelay = 2000, kDayDelay = 500, kShortDelay = 100;
 
 constexpr std::array kScenes{
     Scene{"quiet", 0, 0, kDelay, {}, {}},
     Scene{"city", 0, 0.4, kDelay, kCity, {}},
-    Scene{"busy", 0, 0.3, kDelay, kBusy, {}},
+    Scene{"busy", 0, 0.3, kShortDelay, kBusy, {}},
     Scene{"day", 0, 0.4, kDayDelay, kDay, {}, kDayHours},
     Scene{"steady", 0, 0, kDelay, kSteady, {}},
-    Scene{"tour", 12000, 0, kTourDelay, kTourTraffic, kTourSteps},
+    Scene{"tour", 12000, 0, kShortDelay, kTourTraffic, kTourSteps},
 };
 
 }  // namespace
