@@ -81,10 +81,10 @@ class ShownPlan {
   files::PosixFiles store_{calls};
   platform::SequentialFiles files_{store_};
   platform::SharedState state_;
-  platform::Window window_{{}};
-  platform::TabStrip tabs_;
-  platform::Table channels_{301, 8};
-  platform::Table talkgroups_{1001, 4};
+  platform::Window window_{"window", {}};
+  platform::TabStrip tabs_{"tabs"};
+  platform::Table channels_{"channels", 301, 8};
+  platform::Table talkgroups_{"talkgroups", 1001, 4};
   memory::ChannelMemory memory_;
   memory::FrequencyFile file_{memory_, {files_, *Dlg1_, dialogs_, settings_, window_}};
   desktop::PlanTable channelView_{channels_, gate_, memory::ChannelRecord::AlphaTag, nullptr};

@@ -15,7 +15,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   test::FakeCommonDialog dialog;
   test::FakeDialogs dialogs;
   platform::SharedState state;
-  platform::Table channels(301, 8);
+  platform::Table channels("channels", 301, 8);
   store.files["given.apf"] = bytes.substr(std::min<std::size_t>(1, size));
   dialog.choices = {"given.apf"};
   memory::Form7 form(

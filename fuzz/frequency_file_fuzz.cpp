@@ -16,7 +16,7 @@ struct Plan : test::PlanFixture {
   platform::SequentialFiles files{store};
   test::FakeCommonDialog dialog;
   test::FakeSettings settings;
-  platform::Window window{"Tarnvex"};
+  platform::Window window{"window", "Tarnvex"};
   memory::FrequencyFile file{plan, {files, dialog, dialogs, settings, window}};
 };
 

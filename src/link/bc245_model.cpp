@@ -17,6 +17,10 @@ constexpr std::array kSearchKeyModes{mode245::kIdSearch, mode245::kIdHold, mode2
 const RadioModel& bc245Model() {
   static const RadioModel kModel = {
       .key = "BC245",
+      .mainWindow = "Form2",
+      .baudBox = "Combo1",
+      .trunkBankBox = "Combo4",
+      .quickView = "Form9",
       .quickViewCaption = "Quick View - BC245xlt",
       .bankNames = {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"},
       .baudRates = {"2400", "4800", "9600", "19200"},

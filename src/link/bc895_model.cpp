@@ -14,6 +14,10 @@ constexpr std::array kSearchKeyModes{mode895::kIdSearch, mode895::kIdHold};
 const RadioModel& bc895Model() {
   static const RadioModel kModel = {
       .key = "BC895",
+      .mainWindow = "Form4",
+      .baudBox = "Combo4",
+      .trunkBankBox = "Combo1",
+      .quickView = "QuickView",
       .quickViewCaption = " BC895xlt - Quick View",
       .bankNames = {"A", "B", "C", "D", "E", "F", "G", "H", "I", "J"},
       .baudRates = {"4800", "9600"},

@@ -24,6 +24,12 @@ enum class DirtyRule {
 struct RadioModel {
   /// The radio's section of the settings, and the value of `SharedState::ModelKey`.
   std::string_view key;
+  /// Names of the main window, of its boxes for the baud rate and for the bank of the talkgroup
+  /// table, and of the small window.
+  std::string_view mainWindow;
+  std::string_view baudBox;
+  std::string_view trunkBankBox;
+  std::string_view quickView;
   std::string_view quickViewCaption;
   std::vector<std::string> bankNames;
 

@@ -51,7 +51,8 @@ void chooseMode(Exported& record) {
 }  // namespace
 
 Form8::Form8(ApfPorts ports)
-    : ApfForm(std::move(ports), "Export APF File", "Start Export from Channel:", "Export Now") {
+    : ApfForm(std::move(ports), "Form8", "Export APF File",
+              "Start Export from Channel:", "Export Now") {
   Command1.onClick = [this] { openTarget(); };
   Command3.onClick = [this] { exportNow(); };
 }

@@ -10,10 +10,11 @@ std::string ApfRecord::listed() const {
   return platform::format(at(Frequency), "0.0000") + " " + at(AlphaTag);
 }
 
-ApfForm::ApfForm(ApfPorts ports, std::string caption, std::string label, std::string action)
-    : window(std::move(caption)),
-      Label1(std::move(label)),
-      Command3(std::move(action)),
+ApfForm::ApfForm(ApfPorts ports, std::string name, std::string caption, std::string label,
+                 std::string action)
+    : window(std::move(name), std::move(caption)),
+      Label1("Label1", std::move(label)),
+      Command3("Command3", std::move(action)),
       CommonDialog1(ports.CommonDialog1),
       ports_(std::move(ports)) {
   CommonDialog1.DialogTitle = "Select APF File";

@@ -60,13 +60,13 @@ class ApfForm : private platform::NonCopyable {
 
   platform::Window window;
   /// Several entries can be selected.
-  platform::ListBox List1;
+  platform::ListBox List1{"List1"};
   platform::Label Label1;
-  platform::TextBox Text1;
-  platform::Button Command1{"Open APF File"};
-  platform::Button Command2{"Select All"};
+  platform::TextBox Text1{"Text1"};
+  platform::Button Command1{"Command1", "Open APF File"};
+  platform::Button Command2{"Command2", "Select All"};
   platform::Button Command3;
-  platform::Button Command4{"Cancel"};
+  platform::Button Command4{"Command4", "Cancel"};
   platform::CommonDialog& CommonDialog1;
 
   /// The form has done its work or was cancelled.
@@ -75,7 +75,8 @@ class ApfForm : private platform::NonCopyable {
  protected:
   static constexpr int kFile = 1;
 
-  ApfForm(ApfPorts ports, std::string caption, std::string label, std::string action);
+  ApfForm(ApfPorts ports, std::string name, std::string caption, std::string label,
+          std::string action);
 
   ApfPorts ports_;
 };

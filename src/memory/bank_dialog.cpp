@@ -6,10 +6,9 @@ namespace tarnvex::memory {
 
 BankDialog::BankDialog(Words words, const std::vector<std::string>& banks, int stepsPerBank,
                        MainWindow mainWindow, const TransferOutside& outside)
-    : name(words.name),
-      window(words.caption),
-      Label1(words.label),
-      Command1(words.action),
+    : window(words.name, words.caption),
+      Label1("Label1", words.label),
+      Command1("Command1", words.action),
       outside_(outside),
       status_(std::move(words.status)),
       stepsPerBank_(stepsPerBank),

@@ -26,15 +26,13 @@ class BankDialog : private platform::NonCopyable {
 
   virtual ~BankDialog() = default;
 
-  /// The form's own name.
-  const std::string name;
   platform::Window window;
   platform::Label Label1;
   /// The ten banks, of which any number can be selected. The index is the bank.
-  platform::ListBox List1;
+  platform::ListBox List1{"List1"};
   platform::Button Command1;
-  platform::Button Command2{"Cancel"};
-  platform::Button Command3{"Select All"};
+  platform::Button Command2{"Command2", "Cancel"};
+  platform::Button Command3{"Command3", "Select All"};
   Progress progress;
   /// A box below the list, in a dialog that has one.
   [[nodiscard]] virtual platform::CheckBox* option() { return nullptr; }

@@ -24,25 +24,4 @@ Bc245Panel::Bc245Panel() {
   light(false);
 }
 
-std::vector<PanelElement> Bc245Panel::elements() const {
-  std::vector<PanelElement> all = {{"Frequency", &Frequency},
-                                   {"Alpha", &Alpha},
-                                   {"Channel", &Channel},
-                                   {"TrunkType", &TrunkType},
-                                   {"Scan", &Scan},
-                                   {"Hold", &Hold},
-                                   {"Search", &Search},
-                                   {"Trunk", &Trunk},
-                                   {"Att", &Att},
-                                   {"Police", &Police},
-                                   {"Pri", &Pri},
-                                   {"Dly", &Dly},
-                                   {"LO", &LO},
-                                   {"Data", &Data},
-                                   {"Keylock", &Keylock}};
-  addElements(all, "Bank", Bank);
-  addElements(all, "Bankltr", Bankltr);
-  return all;
-}
-
 }  // namespace tarnvex::monitor

@@ -16,33 +16,25 @@ struct Bc245Panel : PanelBase {
   static constexpr std::string_view kDesignText = "888.8888";
 
   /// "M" in a mode on a Motorola system, "E" on an EDACS one, else empty.
-  platform::Label TrunkType;
-  platform::Label Pri{"PRI", false};
-  platform::Label Dly{"DLY", false};
-  platform::Label Att{"ATT", false};
-  platform::Label Police{"SERVICE SEARCH ON", false};
+  PanelElement TrunkType{"TrunkType", drawn_};
+  PanelElement Pri{"Pri", drawn_, "PRI", false};
+  PanelElement Dly{"Dly", drawn_, "DLY", false};
+  PanelElement Att{"Att", drawn_, "ATT", false};
+  PanelElement Police{"Police", drawn_, "SERVICE SEARCH ON", false};
   /// Part of the picture; nothing in the poll touches them.
-  platform::Label Data{"DATA", false};
-  platform::Label Keylock{"KEYLOCK", false};
+  PanelElement Data{"Data", drawn_, "DATA", false};
+  PanelElement Keylock{"Keylock", drawn_, "KEYLOCK", false};
   /// The digits of the ten banks, over their marks, and the word before them.
-  std::array<platform::Label, 11> Bank;
+  std::array<PanelElement, 11> Bank = platform::controlArray<PanelElement, 11>("Bank", drawn_);
   static constexpr std::size_t kBankWord = 10;
 
   /// The display's background. Its back colour is that of one of the next two, which are never
   /// seen.
-  platform::Label Display;
-  platform::Label lighton{{}, false};
-  platform::Label lightoff{{}, false};
+  platform::Label Display{"Display"};
+  platform::Label lighton{"lighton", {}, false};
+  platform::Label lightoff{"lightoff", {}, false};
 
   void light(bool on) { Display.setBackColor((on ? lighton : lightoff).backColor()); }
-
-  /// All elements that are drawn, each under its name.
-  [[nodiscard]] std::vector<PanelElement> elements() const;
 };
-
-/// See the other `describe`: "Bank: 1 2 3 4 5 6 7 8 9 10 BANK", "Bankltr: 1 3".
-inline std::vector<std::string> describe(const Bc245Panel& panel) {
-  return describe(panel.elements());
-}
 
 }  // namespace tarnvex::monitor

@@ -34,10 +34,12 @@ bool Knob::moveMark(int mark, int direction) {
   }
   const auto to = static_cast<std::size_t>((mark + direction + PanelState::kKnobMarks) %
                                            PanelState::kKnobMarks);
-  for (auto* marks : {&panel_.KnobMark, &panel_.KnobShadow}) {
-    (*marks)[from].setVisible(false);
-    (*marks)[to].setVisible(true);
-  }
+  const auto move = [from, to](auto& marks) {
+    marks[from].setVisible(false);
+    marks[to].setVisible(true);
+  };
+  move(panel_.KnobMark);
+  move(panel_.KnobShadow);
   return true;
 }
 

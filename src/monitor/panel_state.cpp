@@ -27,38 +27,13 @@ PanelState::PanelState() {
   }
 }
 
-std::vector<PanelElement> PanelState::elements() const {
-  std::vector<PanelElement> all = {{"Frequency", &Frequency},
-                                   {"Alpha", &Alpha},
-                                   {"Channel", &Channel},
-                                   {"CTCSS", &CTCSS},
-                                   {"Scan", &Scan},
-                                   {"Hold", &Hold},
-                                   {"Search", &Search},
-                                   {"Trunk", &Trunk},
-                                   {"Wx", &Wx},
-                                   {"Auto", &Auto},
-                                   {"Priority", &Priority},
-                                   {"Delay", &Delay},
-                                   {"LO", &LO},
-                                   {"MHZ", &MHZ},
-                                   {"CtcssStat", &CtcssStat},
-                                   {"Bank", &Bank},
-                                   {"Alert", &Alert},
-                                   {"Line", &Line},
-                                   {"STEP", &STEP}};
-  addElements(all, "Bankltr", Bankltr);
-  addElements(all, "Sig", Sig);
-  addElements(all, "Knob", KnobMark);
-  return all;
-}
-
-std::vector<std::string> describe(const std::vector<PanelElement>& elements) {
+std::vector<std::string> describe(const PanelBase& panel) {
   std::vector<std::string> lines;
   std::string digits;
   std::string banks;
   int bars = 0;
-  for (const auto& [name, label] : elements) {
+  for (const platform::Label* label : panel.elements()) {
+    const std::string& name = label->name();
     if (!label->visible()) {
       continue;
     }

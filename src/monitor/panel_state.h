@@ -8,81 +8,84 @@
 
 namespace tarnvex::monitor {
 
-/// An element of a radio's front by its control name, arrays as "Bankltr(3)".
-struct PanelElement {
-  std::string name;
-  const platform::Label* label;
-};
+/// The labels of a radio's front that are drawn, in the order in which they are declared.
+using PanelElements = std::vector<const platform::Label*>;
 
-/// Appends the members of an array under their names.
-template <std::size_t N>
-void addElements(std::vector<PanelElement>& elements, const std::string& name,
-                 const std::array<platform::Label, N>& labels) {
-  for (std::size_t i = 0; i < N; ++i) {
-    elements.push_back({name + "(" + std::to_string(i) + ")", &labels[i]});
+/// A label that is drawn. It adds itself to its front's elements.
+class PanelElement : public platform::Label {
+ public:
+  PanelElement(std::string name, PanelElements& front, std::string caption = {},
+               bool visible = true)
+      : Label(std::move(name), std::move(caption), visible) {
+    front.push_back(this);
   }
-}
+};
 
 /// What every radio's front has. The labels are the live state: other rooms read the captions back.
 /// Indicators never change their caption, only their visibility.
-struct PanelBase {
-  /// Main line: a frequency, an ID, or a word such as "Scanning".
-  platform::Label Frequency;
-  /// Tag of the channel or talkgroup.
-  platform::Label Alpha;
-  /// Channel number, or an ID's slot in trunked modes.
-  platform::Label Channel;
-  /// The raw answer to "MD". Hidden; dialogs and the recording gate read it.
-  platform::Label mode{"FM", false};
-  platform::Label Scan{"SCAN", false};
-  platform::Label Hold{"HOLD", false};
-  platform::Label Search{"SEARCH", false};
-  platform::Label Trunk{"TRUNK", false};
-  platform::Label LO{"L/O", false};
-  /// Marks of the ten banks.
-  std::array<platform::Label, 10> Bankltr;
+class PanelBase {
+ public:
+  /// All elements that are drawn.
+  [[nodiscard]] const PanelElements& elements() const { return drawn_; }
 
   /// Shows the marks of the banks whose letters the text holds, hides the others.
   void showBanks(std::string_view letters);
   void hideBanks() { showBanks({}); }
+
+ protected:
+  PanelElements drawn_;
+
+ public:
+  /// Main line: a frequency, an ID, or a word such as "Scanning".
+  PanelElement Frequency{"Frequency", drawn_};
+  /// Tag of the channel or talkgroup.
+  PanelElement Alpha{"Alpha", drawn_};
+  /// Channel number, or an ID's slot in trunked modes.
+  PanelElement Channel{"Channel", drawn_};
+  /// The raw answer to "MD". Hidden; dialogs and the recording gate read it.
+  platform::Label mode{"mode", "FM", false};
+  PanelElement Scan{"Scan", drawn_, "SCAN", false};
+  PanelElement Hold{"Hold", drawn_, "HOLD", false};
+  PanelElement Search{"Search", drawn_, "SEARCH", false};
+  PanelElement Trunk{"Trunk", drawn_, "TRUNK", false};
+  PanelElement LO{"LO", drawn_, "L/O", false};
+  /// Marks of the ten banks.
+  std::array<PanelElement, 10> Bankltr =
+      platform::controlArray<PanelElement, 10>("Bankltr", drawn_);
 };
 
 /// The front of the BC895XLT.
 struct PanelState : PanelBase {
   PanelState();
 
-  platform::Label CTCSS{"000.0", false};
-  platform::Label Wx{"WX", false};
-  platform::Label Auto{"AUTO", false};
-  platform::Label Priority{"PRIORITY", false};
-  platform::Label Delay{"DELAY", false};
-  platform::Label MHZ{"MHz", false};
-  platform::Label CtcssStat{"CTCSS", false};
+  PanelElement CTCSS{"CTCSS", drawn_, "000.0", false};
+  PanelElement Wx{"Wx", drawn_, "WX", false};
+  PanelElement Auto{"Auto", drawn_, "AUTO", false};
+  PanelElement Priority{"Priority", drawn_, "PRIORITY", false};
+  PanelElement Delay{"Delay", drawn_, "DELAY", false};
+  PanelElement MHZ{"MHZ", drawn_, "MHz", false};
+  PanelElement CtcssStat{"CtcssStat", drawn_, "CTCSS", false};
   /// The word before the bank letters.
-  platform::Label Bank{"BANK", false};
+  PanelElement Bank{"Bank", drawn_, "BANK", false};
   /// Signal bars; the fifth is only ever cleared.
-  std::array<platform::Label, 5> Sig;
+  std::array<PanelElement, 5> Sig = platform::controlArray<PanelElement, 5>("Sig", drawn_);
   /// Part of the picture; nothing in the poll touches them.
-  platform::Label Alert{"ALERT", false};
-  platform::Label Line{"LINE", false};
-  platform::Label STEP{"12.5KHz", false};
+  PanelElement Alert{"Alert", drawn_, "ALERT", false};
+  PanelElement Line{"Line", drawn_, "LINE", false};
+  PanelElement STEP{"STEP", drawn_, "12.5KHz", false};
   /// The display's background, in its stored colour.
-  platform::Label Label1;
+  platform::Label Label1{"Label1"};
   /// The knob's 13 marks and their shadows, of which exactly one each is visible.
   static constexpr int kKnobMarks = 13;
-  std::array<platform::Label, kKnobMarks> KnobMark;
-  std::array<platform::Label, kKnobMarks> KnobShadow;
-
-  /// All elements that are drawn, each under its name.
-  [[nodiscard]] std::vector<PanelElement> elements() const;
+  std::array<PanelElement, kKnobMarks> KnobMark =
+      platform::controlArray<PanelElement, kKnobMarks>("Knob", drawn_);
+  std::array<platform::Label, kKnobMarks> KnobShadow =
+      platform::controlArray<platform::Label, kKnobMarks>("KnobShadow");
 };
 
 /// A panel's elements as text, a line for each one that shows something: "Frequency: 155.1150".
 /// Indicators show their caption, arrays one line with the members that are on, such as "Bankltr: A
 /// B" and "Sig: 3".
-std::vector<std::string> describe(const std::vector<PanelElement>& elements);
-inline std::vector<std::string> describe(const PanelState& panel) {
-  return describe(panel.elements());
-}
+std::vector<std::string> describe(const PanelBase& panel);
 
 }  // namespace tarnvex::monitor

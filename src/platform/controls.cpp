@@ -27,7 +27,8 @@ void Control::setEnabled(bool enabled) {
   }
 }
 
-Label::Label(std::string caption, bool visible) : caption_(std::move(caption)) {
+Label::Label(std::string name, std::string caption, bool visible)
+    : Control(std::move(name)), caption_(std::move(caption)) {
   setVisible(visible);
 }
 
@@ -51,7 +52,8 @@ void Button::userClick() {
   }
 }
 
-CheckBox::CheckBox(std::string caption, bool value) : caption_(std::move(caption)), value_(value) {}
+CheckBox::CheckBox(std::string name, std::string caption, bool value)
+    : Control(std::move(name)), caption_(std::move(caption)), value_(value) {}
 
 void CheckBox::setValue(bool value) {
   if (value_ != value) {
@@ -67,8 +69,8 @@ void CheckBox::userClick() {
   }
 }
 
-OptionButton::OptionButton(std::string caption, bool value)
-    : caption_(std::move(caption)), value_(value), group_{this} {}
+OptionButton::OptionButton(std::string name, std::string caption, bool value)
+    : Control(std::move(name)), caption_(std::move(caption)), value_(value), group_{this} {}
 
 void OptionButton::setValue(bool value) {
   if (value_ == value) {

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/non_copyable.h"
@@ -12,6 +16,9 @@
 /// Window-free models of the controls that the program's windows are made of. The core holds and
 /// changes them; the window layer draws them and passes the user's events on. Rules such as
 /// "setting a check box from code runs its click" live here, once.
+///
+/// Each control has the name that it has in the program's own language, such as "chkRecord", or
+/// "MSBank(3)" for a member of an array. It is the only place where the name is written.
 ///
 /// Two kinds of operations: setters, which the core calls, and user operations (`userClick`, ...),
 /// which the window layer calls through the event gate; the latter do nothing on a control that is
@@ -23,8 +30,14 @@ using Colour = std::uint32_t;
 
 class Control : private NonCopyable {
  public:
+  explicit Control(std::string name) : name_(std::move(name)) {}
   virtual ~Control() = default;
 
+  [[nodiscard]] const std::string& name() const { return name_; }
+  /// Whether characters typed while the control has the focus drive the radio, as they do on the
+  /// tab strip. The window layer asks when it binds the control.
+  [[nodiscard]] bool passesKeysOn() const { return passesKeysOn_; }
+  void passKeysOn() { passesKeysOn_ = true; }
   [[nodiscard]] bool visible() const { return visible_; }
   void setVisible(bool visible);
   [[nodiscard]] bool enabled() const { return enabled_; }
@@ -40,14 +53,32 @@ class Control : private NonCopyable {
   [[nodiscard]] bool operable() const { return visible_ && enabled_; }
 
  private:
+  std::string name_;
+  bool passesKeysOn_ = false;
   bool visible_ = true;
   bool enabled_ = true;
 };
 
+inline void passKeysOn(std::initializer_list<Control*> controls) {
+  for (Control* control : controls) {
+    control->passKeysOn();
+  }
+}
+
+/// Makes an array of controls, each named for its place: "MSBank(0)", "MSBank(1)" and so on. All
+/// get the same arguments after the name.
+template <class AnyControl, std::size_t N, class... Arguments>
+std::array<AnyControl, N> controlArray(std::string_view name, Arguments&... arguments) {
+  return [&]<std::size_t... I>(std::index_sequence<I...>) {
+    return std::array<AnyControl, N>{
+        AnyControl(std::string(name) + "(" + std::to_string(I) + ")", arguments...)...};
+  }
+  (std::make_index_sequence<N>());
+}
+
 class Label : public Control {
  public:
-  Label() = default;
-  explicit Label(std::string caption, bool visible = true);
+  explicit Label(std::string name, std::string caption = {}, bool visible = true);
 
   [[nodiscard]] const std::string& caption() const { return caption_; }
   void setCaption(std::string caption);
@@ -61,7 +92,8 @@ class Label : public Control {
 
 class Button : public Control {
  public:
-  explicit Button(std::string caption) : caption_(std::move(caption)) {}
+  Button(std::string name, std::string caption)
+      : Control(std::move(name)), caption_(std::move(caption)) {}
   [[nodiscard]] const std::string& caption() const { return caption_; }
   void userClick();
 
@@ -73,7 +105,7 @@ class Button : public Control {
 
 class CheckBox : public Control {
  public:
-  explicit CheckBox(std::string caption = {}, bool value = false);
+  explicit CheckBox(std::string name, std::string caption = {}, bool value = false);
   [[nodiscard]] const std::string& caption() const { return caption_; }
   [[nodiscard]] bool value() const { return value_; }
   /// Setting another value runs the click, as a user's click does; setting the same one does
@@ -91,7 +123,7 @@ class CheckBox : public Control {
 /// One of a group of which at most one is chosen.
 class OptionButton : public Control {
  public:
-  explicit OptionButton(std::string caption, bool value = false);
+  OptionButton(std::string name, std::string caption, bool value = false);
   [[nodiscard]] const std::string& caption() const { return caption_; }
   [[nodiscard]] bool value() const { return value_; }
   /// Choosing one that isn't chosen yet clears the others of its group and runs its click. Clearing
@@ -117,8 +149,8 @@ void groupOptions(std::vector<OptionButton*> options);
 /// A drop-down list without free text. Its list index is -1 while nothing is chosen.
 class ComboBox : public Control {
  public:
-  ComboBox() = default;
-  explicit ComboBox(std::vector<std::string> items) : items_(std::move(items)) {}
+  explicit ComboBox(std::string name, std::vector<std::string> items = {})
+      : Control(std::move(name)), items_(std::move(items)) {}
   [[nodiscard]] const std::vector<std::string>& items() const { return items_; }
   void setItems(std::vector<std::string> items);
   [[nodiscard]] int listIndex() const { return listIndex_; }
@@ -139,6 +171,8 @@ class ComboBox : public Control {
 /// A list of lines, each of which can be selected (or ticked, where the window shows it so).
 class ListBox : public Control {
  public:
+  using Control::Control;
+
   [[nodiscard]] int count() const { return static_cast<int>(items_.size()); }
   [[nodiscard]] const std::vector<std::string>& items() const { return items_; }
   /// The line at `index`, or the empty text outside the list.
@@ -174,6 +208,8 @@ class ListBox : public Control {
 /// A one-line text that the user can edit.
 class TextBox : public Control {
  public:
+  using Control::Control;
+
   [[nodiscard]] const std::string& text() const { return text_; }
   void setText(std::string text);
   /// The user's edit, after `userKey` has let the key through. Doesn't notify of a text that is the
@@ -199,6 +235,8 @@ class TextBox : public Control {
 /// The tab strip of a main window.
 class TabStrip : public Control {
  public:
+  using Control::Control;
+
   [[nodiscard]] int tab() const { return tab_; }
   void setTab(int tab);
 

@@ -2,8 +2,9 @@
 
 namespace tarnvex::platform {
 
-Table::Table(int rows, int columns)
-    : rows_(rows),
+Table::Table(std::string name, int rows, int columns)
+    : Control(std::move(name)),
+      rows_(rows),
       columns_(columns),
       cells_(static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns)),
       widths_(static_cast<std::size_t>(columns), kDesignWidth) {}

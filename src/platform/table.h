@@ -15,7 +15,7 @@ class Table : public Control {
   /// What `columnWidth` says of a column that keeps the width the window gives it.
   static constexpr int kDesignWidth = -1;
 
-  Table(int rows, int columns);
+  Table(std::string name, int rows, int columns);
 
   [[nodiscard]] int rows() const { return rows_; }
   [[nodiscard]] int cols() const { return columns_; }

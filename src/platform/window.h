@@ -6,11 +6,14 @@
 
 namespace tarnvex::platform {
 
-/// A window of the program as the core sees it.
+/// A window of the program as the core sees it, with its name in the program's own language, such
+/// as "Form4".
 class Window {
  public:
-  explicit Window(std::string caption) : caption_(std::move(caption)) {}
+  Window(std::string name, std::string caption)
+      : name_(std::move(name)), caption_(std::move(caption)) {}
 
+  [[nodiscard]] const std::string& name() const { return name_; }
   [[nodiscard]] const std::string& caption() const { return caption_; }
   void setCaption(std::string caption) {
     if (caption_ != caption) {
@@ -25,6 +28,7 @@ class Window {
   Notifier<> changed;
 
  private:
+  std::string name_;
   std::string caption_;
   bool minimised_ = false;
 };

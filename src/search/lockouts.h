@@ -29,14 +29,15 @@ class frmLockouts : private platform::NonCopyable {
   /// The user closes the window by its own button: the radio isn't told anything.
   void userClose() { closed.notify(); }
 
-  platform::Window window{"Search Skip Memory"};
+  platform::Window window{"frmLockouts", "Search Skip Memory"};
   /// Shown with a box to tick at each line: ticked is `selected`.
-  platform::ListBox List1;
+  platform::ListBox List1{"List1"};
   platform::Label Label1{
+      "Label1",
       "To restore a locked out frequency or talkgroup, uncheck it in the list above, then click "
       "Done."};
-  platform::Button Command1{"Done"};
-  platform::Button Command2{"Unlock All"};
+  platform::Button Command1{"Command1", "Done"};
+  platform::Button Command2{"Command2", "Unlock All"};
 
   platform::Notifier<> closed;
 

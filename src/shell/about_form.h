@@ -12,19 +12,20 @@ namespace tarnvex::shell {
 class frmAbout {
  public:
   explicit frmAbout(const platform::SharedState& state)
-      : lblScanner("Scanner: " + state.ScannerName),
-        lblSerial("Serial No. " + state.SerialNumberText),
-        lblFirmware("Firmware Ver. " + state.FirmwareText) {
+      : lblScanner("lblScanner", "Scanner: " + state.ScannerName),
+        lblSerial("lblSerial", "Serial No. " + state.SerialNumberText),
+        lblFirmware("lblFirmware", "Firmware Ver. " + state.FirmwareText) {
     Command1.onClick = [this] { closed.notify(); };
   }
 
-  platform::Window window{"About Tarnvex"};
+  platform::Window window{"frmAbout", "About Tarnvex"};
   platform::Label lblScanner;
   platform::Label lblSerial;
   platform::Label lblFirmware;
-  platform::Label Label1{"Computer Control Software for Uniden Bearcat Trunking Scanners"};
-  platform::Label Label2{std::string("Version: ") + platform::version()};
-  platform::Button Command1{"OK"};
+  platform::Label Label1{"Label1",
+                         "Computer Control Software for Uniden Bearcat Trunking Scanners"};
+  platform::Label Label2{"Label2", std::string("Version: ") + platform::version()};
+  platform::Button Command1{"Command1", "OK"};
 
   platform::Notifier<> closed;
 };

@@ -8,6 +8,7 @@
 #include "trunking/fleet_map_form.h"
 
 namespace tarnvex::shell {
+
 Form2::Form2(const Services& services, MainFormOutside outside)
     : MainForm(services, std::move(outside), link::bc245Model()),
       speed_({Option5, Option6, MSBank, Timer2},
@@ -27,6 +28,11 @@ Form2::Form2(const Services& services, MainFormOutside outside)
   // Speed Enhancement can't be on while no bank is ticked.
   Option5.setEnabled(false);
   Scantimer.onTick = [this] { poll_.tick(); };
+  platform::passKeysOn({&Check1, &Check2, &Check3, &Check4, &Check5, &Check6, &Check7, &chkKeyBeep,
+                        &chkRecord, &chkSkip, &Command4, &Option7, &Option8});
+  for (auto& box : MSBank) {
+    box.passKeysOn();
+  }
   services_.link.attachBc245({MSComm1.get(), &Scantimer});
 }
 

@@ -32,18 +32,19 @@ class Form2 : public MainForm {
 
   monitor::Bc245Panel panel;
   /// The Speed Enhancement frame: banks 1 to 10, and `Option5` and `Option6`.
-  monitor::SpeedEnhancement::BankBoxes MSBank;
+  monitor::SpeedEnhancement::BankBoxes MSBank =
+      platform::controlArray<platform::CheckBox, monitor::SpeedEnhancement::kBanks>("MSBank");
   platform::Timer Timer2{2000};
   /// The frame `Frame3`, "BC245XLT Options", with `Check6`.
-  platform::CheckBox Check1{"EDACS Decimal Mode"};
-  platform::CheckBox Check2{"Auto Light Mode"};
-  platform::CheckBox Check3{"Attenuator On"};
-  platform::CheckBox Check4{"Status Bit On"};
-  platform::CheckBox Check5{"Frequency ID On"};
-  platform::CheckBox Check7{"Tone Detection On"};
-  platform::Label Label48{"When Trunking, View:"};
-  platform::OptionButton Option7{"Scanlists"};
-  platform::OptionButton Option8{"Active Banks", true};
+  platform::CheckBox Check1{"Check1", "EDACS Decimal Mode"};
+  platform::CheckBox Check2{"Check2", "Auto Light Mode"};
+  platform::CheckBox Check3{"Check3", "Attenuator On"};
+  platform::CheckBox Check4{"Check4", "Status Bit On"};
+  platform::CheckBox Check5{"Check5", "Frequency ID On"};
+  platform::CheckBox Check7{"Check7", "Tone Detection On"};
+  platform::Label Label48{"Label48", "When Trunking, View:"};
+  platform::OptionButton Option7{"Option7", "Scanlists"};
+  platform::OptionButton Option8{"Option8", "Active Banks", true};
 
  protected:
   [[nodiscard]] monitor::PanelBase& front() override { return panel; }

@@ -28,6 +28,10 @@ Form4::Form4(const Services& services, MainFormOutside outside)
   // Multiscan can't be on while no bank is ticked.
   Option5.setEnabled(false);
   Scantimer.onTick = [this] { poll_.tick(); };
+  platform::passKeysOn({&Combo1, &Combo2, &Combo3, &Command1, &List1, &List2, &List3});
+  for (auto& box : MSBank) {
+    box.passKeysOn();
+  }
   services_.link.attachBc895({MSComm1.get(), &Scantimer});
 }
 

@@ -35,7 +35,8 @@ class Form4 : public MainForm {
 
   monitor::PanelState panel;
   /// The Multiscan frame: banks A to J conventional (0 to 9) and trunked (10 to 19).
-  monitor::Multiscan::BankBoxes MSBank;
+  monitor::Multiscan::BankBoxes MSBank =
+      platform::controlArray<platform::CheckBox, monitor::Multiscan::kBanks>("MSBank");
   platform::Timer Timer1{1000};
   /// Runs without a dialog: the window shows how far it has come.
   trunking::Bc895IdTransfer idTransfer;

@@ -13,7 +13,7 @@
 namespace tarnvex::shell {
 
 MainForm::MainForm(const Services& services, MainFormOutside outside, const link::RadioModel& model)
-    : window(monitor::mainTitle({})),
+    : window(std::string(model.mainWindow), monitor::mainTitle({})),
       Dlg1(services.commonDialogs.create()),
       MSComm1(services.ports.create()),
       MMControl1(services.mediaControls.create()),
@@ -31,6 +31,8 @@ MainForm::MainForm(const Services& services, MainFormOutside outside, const link
              services.link, [&dialogs = services.dialogs] { dialogs.beep(); }),
       dialogHost_(services.gate, outside_.windows) {
   bindCommonControls();
+  platform::passKeysOn(
+      {&Option1, &Option2, &Option3, &Option4, &Option5, &Option6, &Command2, &Command3});
 }
 
 void MainForm::bindCommonControls() {

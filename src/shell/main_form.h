@@ -79,41 +79,41 @@ class MainForm : private platform::NonCopyable {
   virtual void typeKey(char character) = 0;
 
   platform::Window window;
-  platform::TabStrip SSTab1;
+  platform::TabStrip SSTab1{"SSTab1"};
   /// The file dialog; its `FileName` is the current frequency file.
   std::unique_ptr<platform::CommonDialog> Dlg1;
 
   /// Pages "Station Program" and "Trunked Data".
-  platform::Table MSFlexGrid1{301, 8};
-  platform::Table MSFlexGrid2{1001, 4};
-  platform::ComboBox Combo1;
-  platform::ComboBox Combo2;
-  platform::ComboBox Combo3;
-  platform::ComboBox Combo4;
+  platform::Table MSFlexGrid1{"MSFlexGrid1", 301, 8};
+  platform::Table MSFlexGrid2{"MSFlexGrid2", 1001, 4};
+  platform::ComboBox Combo1{"Combo1"};
+  platform::ComboBox Combo2{"Combo2"};
+  platform::ComboBox Combo3{"Combo3"};
+  platform::ComboBox Combo4{"Combo4"};
 
   /// Page "Options".
-  platform::OptionButton Option1{"COM 1", true};
-  platform::OptionButton Option2{"COM 2"};
-  platform::OptionButton Option3{"COM 3"};
-  platform::OptionButton Option4{"COM 4"};
-  platform::Button Command3{"Connect"};
-  platform::CheckBox chkKeyBeep{"Beep When Key is Pressed", true};
-  platform::CheckBox chkRecord{"Record Output to File"};
-  platform::CheckBox Check6{"Speaker Mute"};
-  platform::OptionButton Option5{"On"};
-  platform::OptionButton Option6{"Off", true};
-  platform::TextBox LLimit;
-  platform::TextBox Ulimit;
-  platform::ListBox List3;
+  platform::OptionButton Option1{"Option1", "COM 1", true};
+  platform::OptionButton Option2{"Option2", "COM 2"};
+  platform::OptionButton Option3{"Option3", "COM 3"};
+  platform::OptionButton Option4{"Option4", "COM 4"};
+  platform::Button Command3{"Command3", "Connect"};
+  platform::CheckBox chkKeyBeep{"chkKeyBeep", "Beep When Key is Pressed", true};
+  platform::CheckBox chkRecord{"chkRecord", "Record Output to File"};
+  platform::CheckBox Check6{"Check6", "Speaker Mute"};
+  platform::OptionButton Option5{"Option5", "On"};
+  platform::OptionButton Option6{"Option6", "Off", true};
+  platform::TextBox LLimit{"LLimit"};
+  platform::TextBox Ulimit{"Ulimit"};
+  platform::ListBox List3{"List3"};
   search::SearchlistMenu mnuSearchlist;
-  platform::Button Command4{"Save Search As.."};
+  platform::Button Command4{"Command4", "Save Search As.."};
 
   /// Page "Search Results".
-  platform::ListBox List1;
-  platform::ListBox List2;
-  platform::Button Command1{"Clear List"};
-  platform::Button Command2{"Clear List"};
-  platform::CheckBox chkSkip{"Skip Found Frequencies/ Talkgroup ID's"};
+  platform::ListBox List1{"List1"};
+  platform::ListBox List2{"List2"};
+  platform::Button Command1{"Command1", "Clear List"};
+  platform::Button Command2{"Command2", "Clear List"};
+  platform::CheckBox chkSkip{"chkSkip", "Skip Found Frequencies/ Talkgroup ID's"};
 
   platform::Timer Scantimer{25};
   std::unique_ptr<platform::SerialPort> MSComm1;

@@ -10,10 +10,9 @@ constexpr const char* kTop = "QVTop";
 
 }  // namespace
 
-QuickViewForm::QuickViewForm(const link::RadioModel& model,
-                             std::vector<monitor::PanelElement> elements,
+QuickViewForm::QuickViewForm(const link::RadioModel& model, monitor::PanelElements elements,
                              const platform::Label& background, platform::SettingsStore& settings)
-    : window(std::string(model.quickViewCaption)),
+    : window(std::string(model.quickView), std::string(model.quickViewCaption)),
       section_(model.key),
       elements_(std::move(elements)),
       background_(background),

@@ -37,20 +37,20 @@ class QuickViewForm : private platform::NonCopyable {
 
   /// `Left` and `Top`.
   [[nodiscard]] Twips place() const { return place_; }
-  [[nodiscard]] const std::vector<monitor::PanelElement>& elements() const { return elements_; }
+  [[nodiscard]] const monitor::PanelElements& elements() const { return elements_; }
   [[nodiscard]] const platform::Label& background() const { return background_; }
 
   platform::Window window;
   platform::Notifier<> closed;
 
  protected:
-  QuickViewForm(const link::RadioModel& model, std::vector<monitor::PanelElement> elements,
+  QuickViewForm(const link::RadioModel& model, monitor::PanelElements elements,
                 const platform::Label& background, platform::SettingsStore& settings);
   ~QuickViewForm() = default;
 
  private:
   std::string section_;
-  std::vector<monitor::PanelElement> elements_;
+  monitor::PanelElements elements_;
   const platform::Label& background_;
   platform::SettingsStore& settings_;
   Twips place_;

@@ -51,7 +51,8 @@ class frmDownloadtrs : public Bc245IdTransfer {
   frmDownloadtrs(MainWindow mainWindow, const memory::TransferOutside& outside);
 
   [[nodiscard]] platform::CheckBox* option() override { return &Check1; }
-  platform::CheckBox Check1{"Tarnvex should clear Alpha tags for ID's written to this bank."};
+  platform::CheckBox Check1{"Check1",
+                            "Tarnvex should clear Alpha tags for ID's written to this bank."};
 
  protected:
   void enterBank() override { outside_.state.MemoryModified = true; }

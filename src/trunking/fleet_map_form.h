@@ -25,12 +25,13 @@ class Form5 : private platform::NonCopyable {
 
   void load();
 
-  platform::Window window{"Custom Fleet Map"};
-  platform::ComboBox cboPreset;
-  std::array<platform::ComboBox, kFleetBlocks> cboBlock;
-  platform::ComboBox cboBank;
-  platform::Button Command2{"Save Fleetmap"};
-  platform::Button Command1{"Done"};
+  platform::Window window{"Form5", "Custom Fleet Map"};
+  platform::ComboBox cboPreset{"cboPreset"};
+  std::array<platform::ComboBox, kFleetBlocks> cboBlock =
+      platform::controlArray<platform::ComboBox, kFleetBlocks>("cboBlock");
+  platform::ComboBox cboBank{"cboBank"};
+  platform::Button Command2{"Command2", "Save Fleetmap"};
+  platform::Button Command1{"Command1", "Done"};
 
   platform::Notifier<> closed;
 

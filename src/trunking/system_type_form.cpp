@@ -33,7 +33,7 @@ std::vector<std::string> stepNames(const TrunkSystemType& type) {
 
 }  // namespace
 
-Form3::Form3(SystemTypeOutside outside) : Combo1(typeNames()), outside_(outside) {
+Form3::Form3(SystemTypeOutside outside) : Combo1("Combo1", typeNames()), outside_(outside) {
   BFText.setVisible(false);
   Combo2.setVisible(false);
   Combo1.onClick = [this] { chooseType(); };

@@ -41,17 +41,18 @@ class Form3 : private platform::NonCopyable {
   /// The user closes the window by its own button: the bank keeps the type that it has.
   void userClose() { closed.notify(); }
 
-  platform::Window window{"Select Trunking System Type"};
-  platform::Label Label1{"Select the type of trunking system you are programming into this bank."};
+  platform::Window window{"Form3", "Select Trunking System Type"};
+  platform::Label Label1{"Label1",
+                         "Select the type of trunking system you are programming into this bank."};
   /// The channel being programmed.
-  platform::Label Label2;
+  platform::Label Label2{"Label2"};
   platform::ComboBox Combo1;
   /// The controls of a type that is tuned; hidden for the others. `BFText` holds MHz.
-  platform::Label BFLabel{"Base Frequency:", false};
-  platform::TextBox BFText;
-  platform::Label OSLabel{"Offset Step:", false};
-  platform::ComboBox Combo2{{"0.0005 MHz", "0.0125 MHz"}};
-  platform::Button Command1{"Continue"};
+  platform::Label BFLabel{"BFLabel", "Base Frequency:", false};
+  platform::TextBox BFText{"BFText"};
+  platform::Label OSLabel{"OSLabel", "Offset Step:", false};
+  platform::ComboBox Combo2{"Combo2", {"0.0005 MHz", "0.0125 MHz"}};
+  platform::Button Command1{"Command1", "Continue"};
 
   /// The form has done its work or was closed.
   platform::Notifier<> closed;

@@ -10,7 +10,7 @@ namespace tarnvex::platform {
 namespace {
 
 TEST(Controls, CheckBoxRunsItsClickOnEveryRealChange) {
-  CheckBox box("Speaker Mute");
+  CheckBox box("Check6", "Speaker Mute");
   std::vector<bool> clicks;
   box.onClick = [&] { clicks.push_back(box.value()); };
   box.setValue(false);
@@ -27,8 +27,8 @@ TEST(Controls, CheckBoxRunsItsClickOnEveryRealChange) {
 }
 
 TEST(Controls, OptionsOfAGroupExcludeEachOther) {
-  std::array<OptionButton, 3> options{OptionButton("1", true), OptionButton("2"),
-                                      OptionButton("3")};
+  std::array<OptionButton, 3> options{OptionButton("Option1", "1", true),
+                                      OptionButton("Option2", "2"), OptionButton("Option3", "3")};
   std::string clicks;
   for (auto& option : options) {
     option.onClick = [&] { clicks += option.caption(); };
@@ -55,7 +55,7 @@ TEST(Controls, OptionsOfAGroupExcludeEachOther) {
 }
 
 TEST(Controls, ComboRunsItsClickForEachChoiceWithinItsList) {
-  ComboBox combo({"4800", "9600"});
+  ComboBox combo("Combo4", {"4800", "9600"});
   int clicks = 0;
   combo.onClick = [&] { ++clicks; };
   EXPECT_EQ(combo.text(), "");
@@ -72,7 +72,7 @@ TEST(Controls, ComboRunsItsClickForEachChoiceWithinItsList) {
 }
 
 TEST(Controls, ListBoxKeepsItsLinesInBounds) {
-  ListBox list;
+  ListBox list("List1");
   std::string clicked;
   list.onClick = [&] { clicked += list.text(); };
   list.userClick(0);
@@ -93,7 +93,7 @@ TEST(Controls, ListBoxKeepsItsLinesInBounds) {
 }
 
 TEST(Controls, TextBoxLetsItsHandlerSwallowAKey) {
-  TextBox box;
+  TextBox box("Text1");
   EXPECT_TRUE(box.userKey('x')) << "without a handler all keys pass";
   box.onKey = [](char key) { return key == '1'; };
   EXPECT_TRUE(box.userKey('1'));
@@ -123,7 +123,7 @@ TEST(Controls, TimerNeitherFiresWhileOffNorWithinItself) {
 }
 
 TEST(Controls, NotifyOfEachChangeOnce) {
-  Label label("FM");
+  Label label("mode", "FM");
   int changes = 0;
   const auto watching = label.changed.connect([&] { ++changes; });
   label.setCaption("FM");
@@ -151,7 +151,7 @@ TEST(Controls, NotifierForgetsWhoDisconnectsEvenMeanwhile) {
 }
 
 TEST(Controls, TableRefusesWhatLiesOutside) {
-  Table table(3, 2);
+  Table table("MSFlexGrid1", 3, 2);
   int moves = 0;
   table.onCursorChanged = [&] { ++moves; };
   for (const auto& [row, col] : {std::pair{3, 0}, {-1, 0}, {0, 2}, {0, -1}}) {

@@ -76,7 +76,7 @@ TEST_F(HitsTest, KeepTheCountWithinALineThatOtherwiseMisleads) {
                                     {"46.0125 - Hits: 32767(Lake)", "32768"},
                                     {"46.0125 - Hits: 32768(Lake)", "1"},
                                     {"46.0125", "1"}}) {
-    platform::ListBox hits;
+    platform::ListBox hits{"hits"};
     hits.add(line);
     state.HitCounted = false;
     EXPECT_TRUE(captureFrequency(hits, "46.0125", "Lake", clock, state));

@@ -10,7 +10,7 @@ using test::kLeft;
 using test::kRight;
 
 struct Bc245KeypadTest : test::KeypadRig<Bc245Panel> {
-  platform::OptionButton option8{"Active Banks", true};
+  platform::OptionButton option8{"option8", "Active Banks", true};
   Bc245Keypad keypad{panel, option8, outside()};
 
   Bc245KeypadTest() {

@@ -24,7 +24,7 @@ struct KeypadRig : testing::Test {
   ScriptedPort port{radio};
   platform::Timer poll{25};
   link::ScannerLink link{state, dialogs};
-  platform::CheckBox chkKeyBeep{{}, true};
+  platform::CheckBox chkKeyBeep{"chkKeyBeep", {}, true};
   Panel panel;
   int lockouts = 0;
   std::map<std::string, std::string> replies;

@@ -15,7 +15,7 @@ using testing::IsEmpty;
 struct LockoutsTest : testing::Test, test::World {
   std::unique_ptr<platform::SerialPort> port = ports.create();
   platform::Timer poll{25};
-  platform::Label mode;
+  platform::Label mode{"mode"};
   std::unique_ptr<frmLockouts> form;
   int closings = 0;
   platform::Connection closed;

@@ -12,7 +12,7 @@ TEST(PlanLookup, KnowsTheBankOfEachChannel) {
 }
 
 TEST(PlanLookup, FindsChannelsByWholeTexts) {
-  platform::Table channels(301, 8);
+  platform::Table channels("channels", 301, 8);
   const auto put = [&](int row, const char* frequency, const char* tag) {
     channels.setTextMatrix(row, 0, std::to_string(row));
     channels.setTextMatrix(row, 1, frequency);
@@ -37,7 +37,7 @@ TEST(PlanLookup, FindsChannelsByWholeTexts) {
 }
 
 TEST(PlanLookup, FindsTalkgroupsInTheirBankAndTheRowBeforeIt) {
-  platform::Table talkgroups(1001, 4);
+  platform::Table talkgroups("talkgroups", 1001, 4);
   const auto put = [&](int row, const char* id, const char* tag) {
     talkgroups.setTextMatrix(row, 1, id);
     talkgroups.setTextMatrix(row, 2, tag);

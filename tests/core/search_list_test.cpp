@@ -30,9 +30,9 @@ std::string many(int count) {
 
 /// One radio's list over its own controls; a second one may share the world.
 struct Lists {
-  platform::ListBox List3;
-  platform::TextBox LLimit;
-  platform::TextBox Ulimit;
+  platform::ListBox List3{"List3"};
+  platform::TextBox LLimit{"LLimit"};
+  platform::TextBox Ulimit{"Ulimit"};
   SearchList list;
 
   Lists(test::World& world, const link::RadioModel& model)

@@ -93,17 +93,17 @@ struct TransferRig {
   ScriptedRadio radio;
   std::unique_ptr<platform::SerialPort> port;
   link::ScannerLink link{state, dialogs};
-  platform::Table channels{301, 8};
-  platform::Table talkgroups{1001, 4};
-  platform::TabStrip tabs;
+  platform::Table channels{"channels", 301, 8};
+  platform::Table talkgroups{"talkgroups", 1001, 4};
+  platform::TabStrip tabs{"tabs"};
   memory::ChannelMemory memory{{channels, talkgroups, tabs},
                                state,
                                dialogs,
                                bc245 ? link::bc245Model() : link::bc895Model(),
                                [](const std::string&) {}};
-  platform::Label Frequency{"Scanning"};
-  platform::Label Channel;
-  platform::Label mode{"MD00", false};
+  platform::Label Frequency{"Frequency", "Scanning"};
+  platform::Label Channel{"Channel"};
+  platform::Label mode{"mode", "MD00", false};
   platform::Timer Scantimer{25};
   int ticks = 0;
   int closings = 0;

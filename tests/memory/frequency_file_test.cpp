@@ -39,7 +39,7 @@ struct FileFixture : PlanFixture {
   platform::SequentialFiles files{store};
   FakeCommonDialog Dlg1;
   FakeSettings settings;
-  platform::Window window{"Tarnvex"};
+  platform::Window window{"window", "Tarnvex"};
   memory::FrequencyFile file;
 };
 

@@ -51,9 +51,9 @@ struct PlanFixture {
     return {table.row(), table.col()};
   }
 
-  platform::Table channels{301, 8};
-  platform::Table talkgroups{1001, 4};
-  platform::TabStrip tabs;
+  platform::Table channels{"channels", 301, 8};
+  platform::Table talkgroups{"talkgroups", 1001, 4};
+  platform::TabStrip tabs{"tabs"};
   platform::SharedState state;
   FakeDialogs dialogs;
   std::vector<std::string> sent;

@@ -132,8 +132,11 @@ void focusIfShown(QWidget* widget) {
   }
 }
 
-void Binder::bindControl(QWidget* widget, platform::Control& model, const QString& name) {
-  widget->setObjectName(name);
+void Binder::bindControl(QWidget* widget, platform::Control& model) {
+  widget->setObjectName(QString::fromStdString(model.name()));
+  if (model.passesKeysOn()) {
+    widget->installEventFilter(forwarder_);
+  }
   keep(model.focusRequested.connect([widget] { focusIfShown(widget); }));
 }
 
@@ -145,8 +148,8 @@ void Binder::enter(Urgency urgency, platform::EventGate::Handler handler) {
   }
 }
 
-void Binder::bind(QPushButton* widget, platform::Button& model, const char* name, Urgency urgency) {
-  bindControl(widget, model, QLatin1String(name));
+void Binder::bind(QPushButton* widget, platform::Button& model, Urgency urgency) {
+  bindControl(widget, model);
   widget->setText(toScreen(model.caption()));
   const auto show = [widget, &model] { widget->setEnabled(model.enabled()); };
   show();
@@ -155,8 +158,8 @@ void Binder::bind(QPushButton* widget, platform::Button& model, const char* name
                    [this, urgency, &model] { enter(urgency, [&model] { model.userClick(); }); });
 }
 
-void Binder::bind(QCheckBox* widget, platform::CheckBox& model, const QString& name) {
-  bindControl(widget, model, name);
+void Binder::bind(QCheckBox* widget, platform::CheckBox& model) {
+  bindControl(widget, model);
   widget->setText(toScreen(model.caption()));
   const auto show = [widget, &model] {
     widget->setEnabled(model.enabled());
@@ -174,9 +177,8 @@ void Binder::bind(QCheckBox* widget, platform::CheckBox& model, const QString& n
   });
 }
 
-void Binder::bind(QRadioButton* widget, platform::OptionButton& model, const char* name,
-                  Urgency urgency) {
-  bindControl(widget, model, QLatin1String(name));
+void Binder::bind(QRadioButton* widget, platform::OptionButton& model, Urgency urgency) {
+  bindControl(widget, model);
   widget->setText(toScreen(model.caption()));
   // The model knows which of the group is chosen; also none may be.
   widget->setAutoExclusive(false);
@@ -196,8 +198,8 @@ void Binder::bind(QRadioButton* widget, platform::OptionButton& model, const cha
   });
 }
 
-void Binder::bind(QComboBox* widget, platform::ComboBox& model, const QString& name) {
-  bindControl(widget, model, name);
+void Binder::bind(QComboBox* widget, platform::ComboBox& model) {
+  bindControl(widget, model);
   const auto show = [widget, &model] {
     widget->setEnabled(model.enabled());
     showIf(widget, model.visible());
@@ -216,8 +218,8 @@ void Binder::bind(QComboBox* widget, platform::ComboBox& model, const QString& n
   });
 }
 
-void Binder::bind(QListWidget* widget, platform::ListBox& model, const char* name) {
-  bindControl(widget, model, QLatin1String(name));
+void Binder::bind(QListWidget* widget, platform::ListBox& model) {
+  bindControl(widget, model);
   const auto show = [widget, &model] {
     const QSignalBlocker silent(widget);
     showLines(widget, model);
@@ -250,8 +252,8 @@ void Binder::bind(QListWidget* widget, platform::ListBox& model, const char* nam
                    [this, &model] { gate_.enter([&model] { model.userRightPress(); }); });
 }
 
-void Binder::bindSelection(QListWidget* widget, platform::ListBox& model, const char* name) {
-  bindControl(widget, model, QLatin1String(name));
+void Binder::bindSelection(QListWidget* widget, platform::ListBox& model) {
+  bindControl(widget, model);
   widget->setSelectionMode(QAbstractItemView::ExtendedSelection);
   const auto show = [widget, &model] {
     const QSignalBlocker silent(widget);
@@ -276,8 +278,8 @@ void Binder::bindSelection(QListWidget* widget, platform::ListBox& model, const 
   });
 }
 
-void Binder::bindTicks(QListWidget* widget, platform::ListBox& model, const char* name) {
-  bindControl(widget, model, QLatin1String(name));
+void Binder::bindTicks(QListWidget* widget, platform::ListBox& model) {
+  bindControl(widget, model);
   const auto show = [widget, &model] {
     const QSignalBlocker silent(widget);
     showLines(widget, model);
@@ -300,8 +302,8 @@ void Binder::bindTicks(QListWidget* widget, platform::ListBox& model, const char
   });
 }
 
-void Binder::bind(QLineEdit* widget, platform::TextBox& model, const char* name) {
-  bindControl(widget, model, QLatin1String(name));
+void Binder::bind(QLineEdit* widget, platform::TextBox& model) {
+  bindControl(widget, model);
   const auto show = [widget, &model] {
     widget->setEnabled(model.enabled());
     showIf(widget, model.visible());
@@ -312,7 +314,6 @@ void Binder::bind(QLineEdit* widget, platform::TextBox& model, const char* name)
   };
   show();
   keep(model.changed.connect(show));
-  keep(model.selectAllRequested.connect([widget] { widget->selectAll(); }));
   keep(model.selectAllRequested.connect([widget] { widget->selectAll(); }));
   new KeyFilter(widget, model, gate_);
   QObject::connect(widget, &QLineEdit::textEdited, widget,

@@ -24,38 +24,40 @@ void keepRoom(QWidget* widget);
 void focusIfShown(QWidget* widget);
 
 /// Binds widgets to the core's control models: a widget shows its model's state and passes the
-/// user's events on, through the event gate. It takes no decision. The widget's object name is the
-/// control's name.
+/// user's events on, through the event gate. It takes no decision. The widget gets the control's
+/// name as its object name.
 ///
-/// A binder belongs to a window; models and gate outlive it.
+/// A binder belongs to a window; models, gate and forwarder outlive it.
 class Binder {
  public:
-  explicit Binder(platform::EventGate& gate) : gate_(gate) {}
+  /// `forwarder` is the event filter of the widgets whose controls pass their keys on. A window
+  /// without such controls has none.
+  explicit Binder(platform::EventGate& gate, QObject* forwarder = nullptr)
+      : gate_(gate), forwarder_(forwarder) {}
 
   /// Events that mean that the user wants out of a wait (Connect, a COM option).
   enum class Urgency { Normal, Leaving };
 
-  void bind(QPushButton* widget, platform::Button& model, const char* name,
-            Urgency urgency = Urgency::Normal);
-  void bind(QCheckBox* widget, platform::CheckBox& model, const QString& name);
-  void bind(QRadioButton* widget, platform::OptionButton& model, const char* name,
-            Urgency urgency = Urgency::Normal);
-  void bind(QComboBox* widget, platform::ComboBox& model, const QString& name);
-  void bind(QListWidget* widget, platform::ListBox& model, const char* name);
+  void bind(QPushButton* widget, platform::Button& model, Urgency urgency = Urgency::Normal);
+  void bind(QCheckBox* widget, platform::CheckBox& model);
+  void bind(QRadioButton* widget, platform::OptionButton& model, Urgency urgency = Urgency::Normal);
+  void bind(QComboBox* widget, platform::ComboBox& model);
+  void bind(QListWidget* widget, platform::ListBox& model);
   /// A list in which any number of lines can be selected.
-  void bindSelection(QListWidget* widget, platform::ListBox& model, const char* name);
+  void bindSelection(QListWidget* widget, platform::ListBox& model);
   /// A list with a box to tick at each line: ticked is `selected`.
-  void bindTicks(QListWidget* widget, platform::ListBox& model, const char* name);
-  void bind(QLineEdit* widget, platform::TextBox& model, const char* name);
+  void bindTicks(QListWidget* widget, platform::ListBox& model);
+  void bind(QLineEdit* widget, platform::TextBox& model);
 
   [[nodiscard]] platform::EventGate& gate() { return gate_; }
   void keep(platform::Connection connection) { connections_.push_back(std::move(connection)); }
 
  private:
-  void bindControl(QWidget* widget, platform::Control& model, const QString& name);
+  void bindControl(QWidget* widget, platform::Control& model);
   void enter(Urgency urgency, platform::EventGate::Handler handler);
 
   platform::EventGate& gate_;
+  QObject* forwarder_;
   std::vector<platform::Connection> connections_;
 };
 

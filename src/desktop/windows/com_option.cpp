@@ -10,8 +10,7 @@ namespace tarnvex::desktop {
 
 ComOption::ComOption(int slot, platform::OptionButton& model, DeviceSlots& devices, Binder& binder)
     : slot_(slot), model_(model), devices_(devices), gate_(binder.gate()), device_(new QLabel) {
-  const QByteArray name = QByteArrayLiteral("Option") + QByteArray::number(slot);
-  binder.bind(this, model, name.constData(), Binder::Urgency::Leaving);
+  binder.bind(this, model, Binder::Urgency::Leaving);
   device_->setForegroundRole(QPalette::PlaceholderText);
   device_->installEventFilter(this);
   showDevice();

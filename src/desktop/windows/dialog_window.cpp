@@ -11,9 +11,9 @@ namespace tarnvex::desktop {
 namespace {
 
 /// Captions and visibility of a label.
-QLabel* addLabel(Binder& binder, const platform::Label& model, const char* name) {
+QLabel* addLabel(Binder& binder, const platform::Label& model) {
   auto* label = new QLabel;
-  label->setObjectName(QLatin1String(name));
+  label->setObjectName(QString::fromStdString(model.name()));
   label->setWordWrap(true);
   const auto show = [label, &model] {
     label->setText(lineToScreen(model.caption()));
@@ -24,10 +24,10 @@ QLabel* addLabel(Binder& binder, const platform::Label& model, const char* name)
   return label;
 }
 
-QPushButton* addButton(Binder& binder, platform::Button& model, const char* name) {
+QPushButton* addButton(Binder& binder, platform::Button& model) {
   auto* button = new QPushButton;
   button->setAutoDefault(false);
-  binder.bind(button, model, name);
+  binder.bind(button, model);
   return button;
 }
 
@@ -51,9 +51,9 @@ ProgressBar::ProgressBar(const memory::Progress& progress) {
 }
 
 DialogWindow::DialogWindow(platform::EventGate& gate, const platform::Window& form,
-                           const char* name, std::function<void()> askToClose, QWidget* parent)
+                           std::function<void()> askToClose, QWidget* parent)
     : QDialog(parent), binder_(gate), askToClose_(std::move(askToClose)) {
-  setObjectName(QLatin1String(name));
+  setObjectName(QString::fromStdString(form.name()));
   const auto showTitle = [this, &form] { setWindowTitle(titleToScreen(form.caption())); };
   showTitle();
   binder_.keep(form.changed.connect(showTitle));
@@ -68,28 +68,26 @@ void DialogWindow::reject() {
 }
 
 DialogWindow* makeApfDialog(memory::ApfForm& form, platform::EventGate& gate, QWidget* parent) {
-  const bool imports = dynamic_cast<memory::Form7*>(&form) != nullptr;
   auto* dialog = new DialogWindow(
-      gate, form.window, imports ? "Form7" : "Form8", [&form] { form.Command4.userClick(); },
-      parent);
+      gate, form.window, [&form] { form.Command4.userClick(); }, parent);
   Binder& binder = dialog->binder();
   auto* list = new QListWidget;
-  binder.bindSelection(list, form.List1, "List1");
+  binder.bindSelection(list, form.List1);
   list->setAccessibleName(dialog->windowTitle());
   sizeList(list, 44);
   auto* number = new QLineEdit;
-  binder.bind(number, form.Text1, "Text1");
+  binder.bind(number, form.Text1);
   number->setMaximumWidth(number->fontMetrics().averageCharWidth() * 10);
-  auto* caption = addLabel(binder, form.Label1, "Label1");
+  auto* caption = addLabel(binder, form.Label1);
   caption->setBuddy(number);
   caption->setWordWrap(false);
   auto* grid = new QGridLayout(dialog);
   grid->addWidget(list, 0, 0, 6, 2);
-  grid->addWidget(addButton(binder, form.Command1, "Command1"), 0, 2);
-  grid->addWidget(addButton(binder, form.Command2, "Command2"), 1, 2);
+  grid->addWidget(addButton(binder, form.Command1), 0, 2);
+  grid->addWidget(addButton(binder, form.Command2), 1, 2);
   grid->setRowStretch(3, 1);
-  grid->addWidget(addButton(binder, form.Command3, "Command3"), 4, 2);
-  grid->addWidget(addButton(binder, form.Command4, "Command4"), 5, 2);
+  grid->addWidget(addButton(binder, form.Command3), 4, 2);
+  grid->addWidget(addButton(binder, form.Command4), 5, 2);
   grid->addWidget(caption, 6, 0);
   grid->addWidget(number, 6, 1, Qt::AlignLeft);
   grid->setColumnStretch(1, 1);
@@ -98,12 +96,12 @@ DialogWindow* makeApfDialog(memory::ApfForm& form, platform::EventGate& gate, QW
 
 DialogWindow* makeBankDialog(memory::BankDialog& form, platform::EventGate& gate, QWidget* parent) {
   auto* dialog = new DialogWindow(
-      gate, form.window, form.name.c_str(), [&form] { form.Command2.userClick(); }, parent);
+      gate, form.window, [&form] { form.Command2.userClick(); }, parent);
   Binder& binder = dialog->binder();
   auto* list = new QListWidget;
-  binder.bindSelection(list, form.List1, "List1");
+  binder.bindSelection(list, form.List1);
   sizeList(list, 32);
-  auto* caption = addLabel(binder, form.Label1, "Label1");
+  auto* caption = addLabel(binder, form.Label1);
   caption->setBuddy(list);
   list->setAccessibleName(caption->text());
   auto* bar = new ProgressBar(form.progress);
@@ -111,13 +109,13 @@ DialogWindow* makeBankDialog(memory::BankDialog& form, platform::EventGate& gate
   auto* grid = new QGridLayout(dialog);
   grid->addWidget(caption, 0, 0);
   grid->addWidget(list, 1, 0, 4, 1);
-  grid->addWidget(addButton(binder, form.Command1, "Command1"), 1, 1);
-  grid->addWidget(addButton(binder, form.Command3, "Command3"), 2, 1);
+  grid->addWidget(addButton(binder, form.Command1), 1, 1);
+  grid->addWidget(addButton(binder, form.Command3), 2, 1);
   grid->setRowStretch(3, 1);
-  grid->addWidget(addButton(binder, form.Command2, "Command2"), 4, 1);
+  grid->addWidget(addButton(binder, form.Command2), 4, 1);
   if (platform::CheckBox* option = form.option()) {
     auto* box = new QCheckBox;
-    binder.bind(box, *option, QStringLiteral("Check1"));
+    binder.bind(box, *option);
     grid->addWidget(box, 5, 0, 1, 2);
   }
   grid->addWidget(bar, 6, 0, 1, 2);
@@ -126,7 +124,7 @@ DialogWindow* makeBankDialog(memory::BankDialog& form, platform::EventGate& gate
 
 DialogWindow* makeAboutDialog(shell::frmAbout& form, platform::EventGate& gate, QWidget* parent) {
   auto* dialog = new DialogWindow(
-      gate, form.window, "frmAbout", [&form] { form.Command1.userClick(); }, parent);
+      gate, form.window, [&form] { form.Command1.userClick(); }, parent);
   Binder& binder = dialog->binder();
   auto* picture = new QLabel;
   const int side = picture->fontMetrics().height() * 4;
@@ -141,15 +139,13 @@ DialogWindow* makeAboutDialog(shell::frmAbout& form, platform::EventGate& gate, 
   grid->addWidget(picture, 0, 0, 7, 1, Qt::AlignTop);
   grid->addWidget(name, 0, 1);
   int row = 1;
-  for (const auto& [label, control] :
-       {std::pair{&form.Label2, "Label2"}, std::pair{&form.Label1, "Label1"},
-        std::pair{&form.lblScanner, "lblScanner"}, std::pair{&form.lblSerial, "lblSerial"},
-        std::pair{&form.lblFirmware, "lblFirmware"}}) {
-    auto* line = addLabel(binder, *label, control);
+  for (const platform::Label* label :
+       {&form.Label2, &form.Label1, &form.lblScanner, &form.lblSerial, &form.lblFirmware}) {
+    auto* line = addLabel(binder, *label);
     line->setWordWrap(false);
     grid->addWidget(line, row++, 1);
   }
-  auto* close = addButton(binder, form.Command1, "Command1");
+  auto* close = addButton(binder, form.Command1);
   close->setDefault(true);
   grid->addWidget(close, row, 1, Qt::AlignRight);
   return dialog;
@@ -158,19 +154,19 @@ DialogWindow* makeAboutDialog(shell::frmAbout& form, platform::EventGate& gate, 
 DialogWindow* makeLockoutsDialog(search::frmLockouts& form, platform::EventGate& gate,
                                  QWidget* parent) {
   auto* dialog = new DialogWindow(
-      gate, form.window, "frmLockouts", [&form] { form.userClose(); }, parent);
+      gate, form.window, [&form] { form.userClose(); }, parent);
   Binder& binder = dialog->binder();
   auto* list = new QListWidget;
-  binder.bindTicks(list, form.List1, "List1");
+  binder.bindTicks(list, form.List1);
   list->setAccessibleName(dialog->windowTitle());
   sizeList(list, 32);
-  auto* help = addLabel(binder, form.Label1, "Label1");
+  auto* help = addLabel(binder, form.Label1);
   help->setBuddy(list);
   auto* grid = new QGridLayout(dialog);
   grid->addWidget(list, 0, 0, 1, 2);
   grid->addWidget(help, 1, 0, 1, 2);
-  grid->addWidget(addButton(binder, form.Command1, "Command1"), 2, 0);
-  grid->addWidget(addButton(binder, form.Command2, "Command2"), 2, 1);
+  grid->addWidget(addButton(binder, form.Command1), 2, 0);
+  grid->addWidget(addButton(binder, form.Command2), 2, 1);
   grid->setRowStretch(0, 1);
   return dialog;
 }
@@ -178,60 +174,59 @@ DialogWindow* makeLockoutsDialog(search::frmLockouts& form, platform::EventGate&
 DialogWindow* makeSystemTypeDialog(trunking::Form3& form, platform::EventGate& gate,
                                    QWidget* parent) {
   auto* dialog = new DialogWindow(
-      gate, form.window, "Form3", [&form] { form.userClose(); }, parent);
+      gate, form.window, [&form] { form.userClose(); }, parent);
   Binder& binder = dialog->binder();
   auto* type = new QComboBox;
-  binder.bind(type, form.Combo1, "Combo1");
+  binder.bind(type, form.Combo1);
   type->setAccessibleName(toScreen(form.Label1.caption()));
   auto* base = new QLineEdit;
-  binder.bind(base, form.BFText, "BFText");
+  binder.bind(base, form.BFText);
   auto* step = new QComboBox;
-  binder.bind(step, form.Combo2, "Combo2");
-  auto* baseCaption = addLabel(binder, form.BFLabel, "BFLabel");
-  auto* stepCaption = addLabel(binder, form.OSLabel, "OSLabel");
+  binder.bind(step, form.Combo2);
+  auto* baseCaption = addLabel(binder, form.BFLabel);
+  auto* stepCaption = addLabel(binder, form.OSLabel);
   baseCaption->setBuddy(base);
   stepCaption->setBuddy(step);
   auto* grid = new QGridLayout(dialog);
-  grid->addWidget(addLabel(binder, form.Label1, "Label1"), 0, 0, 1, 2);
-  grid->addWidget(addLabel(binder, form.Label2, "Label2"), 1, 0, 1, 2);
+  grid->addWidget(addLabel(binder, form.Label1), 0, 0, 1, 2);
+  grid->addWidget(addLabel(binder, form.Label2), 1, 0, 1, 2);
   grid->addWidget(type, 2, 0, 1, 2);
   grid->addWidget(baseCaption, 3, 0);
   grid->addWidget(base, 3, 1);
   grid->addWidget(stepCaption, 4, 0);
   grid->addWidget(step, 4, 1);
   grid->setRowStretch(5, 1);
-  grid->addWidget(addButton(binder, form.Command1, "Command1"), 6, 0, 1, 2);
+  grid->addWidget(addButton(binder, form.Command1), 6, 0, 1, 2);
   return dialog;
 }
 
 DialogWindow* makeFleetMapDialog(trunking::Form5& form, platform::EventGate& gate,
                                  QWidget* parent) {
   auto* dialog = new DialogWindow(
-      gate, form.window, "Form5", [&form] { form.Command1.userClick(); }, parent);
+      gate, form.window, [&form] { form.Command1.userClick(); }, parent);
   Binder& binder = dialog->binder();
   auto* grid = new QGridLayout(dialog);
-  const auto add = [&](platform::ComboBox& model, const QString& name, const QString& caption,
-                       int row, int column) {
+  const auto add = [&](platform::ComboBox& model, const QString& caption, int row, int column) {
     auto* combo = new QComboBox;
-    binder.bind(combo, model, name);
+    binder.bind(combo, model);
     auto* label = new QLabel(caption);
     label->setBuddy(combo);
     grid->addWidget(label, row, column);
     grid->addWidget(combo, row, column + 1);
   };
   // Blocks in two columns of four, between the preset that fills them and the bank that takes them.
-  add(form.cboPreset, QStringLiteral("cboPreset"), QObject::tr("Preset:"), 0, 0);
+  add(form.cboPreset, QObject::tr("Preset:"), 0, 0);
   for (int block = 0; block < trunking::kFleetBlocks; ++block) {
-    add(form.cboBlock[static_cast<std::size_t>(block)], QStringLiteral("cboBlock(%1)").arg(block),
-        QObject::tr("Block %1:").arg(block), 2 + block % 4, block / 4 * 3);
+    add(form.cboBlock[static_cast<std::size_t>(block)], QObject::tr("Block %1:").arg(block),
+        2 + block % 4, block / 4 * 3);
   }
-  add(form.cboBank, QStringLiteral("cboBank"), QObject::tr("Bank:"), 7, 0);
+  add(form.cboBank, QObject::tr("Bank:"), 7, 0);
   const int gap = QFontMetrics(dialog->font()).height();
   grid->setRowMinimumHeight(1, gap / 2);
   grid->setRowMinimumHeight(6, gap / 2);
   grid->setColumnMinimumWidth(2, gap);
-  grid->addWidget(addButton(binder, form.Command2, "Command2"), 7, 3, 1, 2);
-  grid->addWidget(addButton(binder, form.Command1, "Command1"), 8, 3, 1, 2);
+  grid->addWidget(addButton(binder, form.Command2), 7, 3, 1, 2);
+  grid->addWidget(addButton(binder, form.Command1), 8, 3, 1, 2);
   grid->setColumnStretch(1, 1);
   grid->setColumnStretch(4, 1);
   return dialog;

@@ -19,7 +19,7 @@ namespace tarnvex::desktop {
 class DialogWindow : public QDialog {
  public:
   /// `askToClose` runs in the core when the user closes the window by other means than its buttons.
-  DialogWindow(platform::EventGate& gate, const platform::Window& form, const char* name,
+  DialogWindow(platform::EventGate& gate, const platform::Window& form,
                std::function<void()> askToClose, QWidget* parent);
 
   [[nodiscard]] Binder& binder() { return binder_; }

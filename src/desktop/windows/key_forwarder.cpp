@@ -1,25 +1,10 @@
 #include "desktop/windows/key_forwarder.h"
 
 #include <QKeyEvent>
-#include <QTabBar>
-#include <QWidget>
 
 #include "desktop/ports/text.h"
 
 namespace tarnvex::desktop {
-
-void KeyForwarder::watch(QWidget* window, const QStringList& names) {
-  for (QWidget* widget : window->findChildren<QWidget*>()) {
-    const QString name = widget->objectName().section(QLatin1Char('('), 0, 0);
-    if (!name.isEmpty() && names.contains(name)) {
-      widget->installEventFilter(this);
-    }
-  }
-  // The focus of the tab strip lies on its bar.
-  for (QTabBar* bar : window->findChildren<QTabBar*>()) {
-    bar->installEventFilter(this);
-  }
-}
 
 bool KeyForwarder::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease) {

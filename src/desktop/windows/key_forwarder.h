@@ -1,24 +1,19 @@
 #pragma once
 
 #include <QObject>
-#include <QStringList>
 
 #include "platform/event_gate.h"
 #include "shell/main_form.h"
 
 namespace tarnvex::desktop {
 
-/// Forwards characters that are typed while certain widgets have the focus to the form, as its
-/// keyboard control. The widgets see none of them but the blank, which presses a button or ticks a
-/// box.
+/// Forwards characters that are typed to the form, as its keyboard control. It is the event filter
+/// of the panel, the tab strip and the controls that pass their keys on. They see none of the
+/// characters but the blank, which presses a button or ticks a box.
 class KeyForwarder : public QObject {
  public:
   KeyForwarder(shell::MainForm& form, platform::EventGate& gate, QObject* parent)
       : QObject(parent), form_(form), gate_(gate) {}
-
-  /// Forwards from the children of `window` with these object names; "MSBank" stands for all of its
-  /// members.
-  void watch(QWidget* window, const QStringList& names);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -12,39 +12,37 @@
 
 namespace tarnvex::desktop {
 
-MainWindow::MainWindow(shell::MainForm& form, platform::EventGate& gate, const char* name)
-    : form_(form), binder_(gate), tabs_(new QTabWidget), keys_(new KeyForwarder(form, gate, this)) {
-  setObjectName(QLatin1String(name));
+MainWindow::MainWindow(shell::MainForm& form, platform::EventGate& gate)
+    : form_(form),
+      keys_(new KeyForwarder(form, gate, this)),
+      binder_(gate, keys_),
+      tabs_(new QTabWidget) {
+  setObjectName(QString::fromStdString(form.window.name()));
   setCentralWidget(new QWidget);
   auto* layout = new QBoxLayout(QBoxLayout::TopToBottom, centralWidget());
   layout->addWidget(tabs_);
-  tabs_->setObjectName(QStringLiteral("SSTab1"));
+  tabs_->setObjectName(QString::fromStdString(form.SSTab1.name()));
   // The keyboard drives the radio from the tab strip, so that is where the focus begins.
   tabs_->tabBar()->setFocusPolicy(Qt::StrongFocus);
   tabs_->tabBar()->setFocus();
+  tabs_->tabBar()->installEventFilter(keys_);
   addMenus();
   const auto showTitle = [this] { setWindowTitle(titleToScreen(form_.window.caption())); };
   showTitle();
   binder_.keep(form_.window.changed.connect(showTitle));
 }
 
-// The controls that forward their keys are not the same on both windows.
-
 MainWindow::MainWindow(shell::Form4& form, platform::EventGate& gate, DeviceSlots& devices)
-    : MainWindow(form, gate, "Form4") {
+    : MainWindow(form, gate) {
   auto* panel = new RadioPanel(bc895Layout());
   panelBinding_ = std::make_unique<PanelBinding>(*panel, form, gate);
   // A wide set stands above the pages.
   place(panel, QBoxLayout::TopToBottom);
-  addPages(form.Combo1, "Combo1",
-           makeOptionsPage({{makeLinkFrame(form, form.Combo4, "Combo4", devices, binder_)},
-                            {makeMultiscanFrame(form, binder_)},
-                            {makeSwitchesFrame(form, binder_, true)},
-                            {makeLimitsFrame(form, binder_)}}));
+  addPages(form.Combo1, makeOptionsPage({{makeLinkFrame(form, form.Combo4, devices, binder_)},
+                                         {makeMultiscanFrame(form, binder_)},
+                                         {makeSwitchesFrame(form, binder_, true)},
+                                         {makeLimitsFrame(form, binder_)}}));
   addProgress(form.idTransfer.progress);
-  keys_->watch(this, {"panel", "Combo1", "Combo2", "Combo3", "Command1", "Command2", "Command3",
-                      "List1", "List2", "List3", "MSBank", "Option1", "Option2", "Option3",
-                      "Option4", "Option5", "Option6"});
   // All pages fit without scrolling at a usual font size.
   const QFontMetrics metrics(font());
   const int width = metrics.averageCharWidth() * 168;
@@ -52,29 +50,25 @@ MainWindow::MainWindow(shell::Form4& form, platform::EventGate& gate, DeviceSlot
 }
 
 MainWindow::MainWindow(shell::Form2& form, platform::EventGate& gate, DeviceSlots& devices)
-    : MainWindow(form, gate, "Form2") {
+    : MainWindow(form, gate) {
   auto* panel = new RadioPanel(bc245Layout());
   panelBinding_ = std::make_unique<PanelBinding>(*panel, form, gate);
   trunkedMenu_->addSeparator();
   addCommand(trunkedMenu_, "mnuCustom", tr("&Custom Fleet Map..."), [&form] { form.mnuCustom(); });
   // An upright hand-held stands beside them.
   place(panel, QBoxLayout::LeftToRight);
-  addPages(form.Combo4, "Combo4",
-           makeOptionsPage({{makeLinkFrame(form, form.Combo1, "Combo1", devices, binder_),
+  addPages(form.Combo4,
+           makeOptionsPage({{makeLinkFrame(form, form.Combo1, devices, binder_),
                              makeSwitchesFrame(form, binder_, false)},
                             {makeSpeedFrame(form, binder_), makeLimitsFrame(form, binder_)},
                             {makeReceiverFrame(form, binder_)}}));
-  keys_->watch(this, {"panel",    "Check1",   "Check2",     "Check3",    "Check4",  "Check5",
-                      "Check6",   "Check7",   "chkKeyBeep", "chkRecord", "chkSkip", "Command2",
-                      "Command3", "Command4", "MSBank",     "Option1",   "Option2", "Option3",
-                      "Option4",  "Option5",  "Option6",    "Option7",   "Option8"});
   const QFontMetrics metrics(font());
   resize(metrics.averageCharWidth() * 168, metrics.height() * 40);
 }
 
-void MainWindow::addPages(platform::ComboBox& trunkBank, const char* name, QWidget* options) {
+void MainWindow::addPages(platform::ComboBox& trunkBank, QWidget* options) {
   tabs_->addTab(makeStationPage(form_, binder_), tr("Station Program"));
-  tabs_->addTab(makeTrunkedPage(form_, trunkBank, name, binder_), tr("Trunked Data"));
+  tabs_->addTab(makeTrunkedPage(form_, trunkBank, binder_), tr("Trunked Data"));
   tabs_->addTab(options, tr("Options"));
   tabs_->addTab(makeSearchPage(form_, binder_), tr("Search Results"));
   showTab();
@@ -133,6 +127,7 @@ QAction* MainWindow::addCommand(QMenu* menu, const char* name, const QString& ca
 
 void MainWindow::place(RadioPanel* panel, QBoxLayout::Direction direction) {
   panel->setObjectName(QStringLiteral("panel"));
+  panel->installEventFilter(keys_);
   auto* layout = static_cast<QBoxLayout*>(centralWidget()->layout());
   layout->setDirection(direction);
   layout->insertWidget(0, panel);

@@ -31,25 +31,25 @@ class MainWindow : public QMainWindow {
   void changeEvent(QEvent* event) override;
 
  private:
-  MainWindow(shell::MainForm& form, platform::EventGate& gate, const char* name);
+  MainWindow(shell::MainForm& form, platform::EventGate& gate);
   void addMenus();
   QAction* addCommand(QMenu* menu, const char* name, const QString& caption,
                       void (shell::MainForm::*command)());
   QAction* addCommand(QMenu* menu, const char* name, const QString& caption,
                       platform::EventGate::Handler command);
   void place(RadioPanel* panel, QBoxLayout::Direction direction);
-  /// `trunkBank` is the box that picks the bank of the talkgroup table, with its control name.
-  void addPages(platform::ComboBox& trunkBank, const char* name, QWidget* options);
+  /// `trunkBank` is the box that picks the bank of the talkgroup table.
+  void addPages(platform::ComboBox& trunkBank, QWidget* options);
   void showTab();
   /// Progress of work that has no dialog of its own, at the end of the menu bar, where it moves
   /// nothing.
   void addProgress(const memory::Progress& progress);
 
   shell::MainForm& form_;
+  KeyForwarder* keys_;
   Binder binder_;
   QTabWidget* tabs_;
   QMenu* trunkedMenu_ = nullptr;
-  KeyForwarder* keys_;
   std::unique_ptr<PanelBinding> panelBinding_;
 };
 

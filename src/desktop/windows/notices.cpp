@@ -40,7 +40,8 @@ QWidget* makeSplash() {
   auto* words = new QVBoxLayout;
   words->addStretch();
   words->addWidget(makeLine(QStringLiteral("Tarnvex"), 2.6, true));
-  words->addWidget(makeLine(QObject::tr("Version %1").arg(QLatin1String(platform::version())), 1, false));
+  words->addWidget(
+      makeLine(QObject::tr("Version %1").arg(QLatin1String(platform::version())), 1, false));
   words->addSpacing(picture->fontMetrics().height() / 2);
   words->addWidget(makeLine(
       QObject::tr("Computer Control Software for Uniden Bearcat Trunking Scanners"), 1, false));

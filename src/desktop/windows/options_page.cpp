@@ -19,10 +19,8 @@ void addBankRow(QGridLayout* grid, int row, const QString& caption,
                 std::array<platform::CheckBox, N>& boxes, int first, Binder& binder) {
   grid->addWidget(new QLabel(caption), row, 0);
   for (int bank = 0; bank < 10; ++bank) {
-    const int index = first + bank;
     auto* box = new QCheckBox;
-    binder.bind(box, boxes[static_cast<std::size_t>(index)],
-                QStringLiteral("MSBank(%1)").arg(index));
+    binder.bind(box, boxes[static_cast<std::size_t>(first + bank)]);
     const auto* heading = static_cast<QLabel*>(grid->itemAtPosition(0, bank + 1)->widget());
     box->setAccessibleName(caption + QLatin1Char(' ') + heading->text());
     grid->addWidget(box, row, bank + 1, Qt::AlignHCenter);
@@ -41,8 +39,8 @@ QGridLayout* addBankFrame(QGroupBox* frame, shell::MainForm& form, const QString
   }
   auto* on = new QRadioButton;
   auto* off = new QRadioButton;
-  binder.bind(on, form.Option5, "Option5");
-  binder.bind(off, form.Option6, "Option6");
+  binder.bind(on, form.Option5);
+  binder.bind(off, form.Option6);
   auto* switches = new QHBoxLayout;
   switches->addWidget(on);
   switches->addWidget(off);
@@ -54,12 +52,11 @@ QGridLayout* addBankFrame(QGroupBox* frame, shell::MainForm& form, const QString
   return grid;
 }
 
-void addCheckBoxes(QVBoxLayout* column,
-                   const std::vector<std::pair<platform::CheckBox*, const char*>>& boxes,
+void addCheckBoxes(QVBoxLayout* column, const std::vector<platform::CheckBox*>& boxes,
                    Binder& binder) {
-  for (const auto& [model, name] : boxes) {
+  for (platform::CheckBox* model : boxes) {
     auto* box = new QCheckBox;
-    binder.bind(box, *model, QLatin1String(name));
+    binder.bind(box, *model);
     column->addWidget(box);
   }
 }
@@ -88,8 +85,8 @@ void bindSearchMenu(QListWidget* list, search::SearchlistMenu& model, Binder& bi
 
 }  // namespace
 
-QWidget* makeLinkFrame(shell::MainForm& form, platform::ComboBox& baudBox, const char* name,
-                       DeviceSlots& devices, Binder& binder) {
+QWidget* makeLinkFrame(shell::MainForm& form, platform::ComboBox& baudBox, DeviceSlots& devices,
+                       Binder& binder) {
   auto* frame = new QGroupBox(QObject::tr("COM Port"));
   auto* grid = new QGridLayout(frame);
   const std::array<platform::OptionButton*, DeviceSlots::kSlots> options = {
@@ -101,11 +98,11 @@ QWidget* makeLinkFrame(shell::MainForm& form, platform::ComboBox& baudBox, const
     grid->addWidget(option->deviceLabel(), slot - 1, 1);
   }
   auto* baud = new QComboBox;
-  binder.bind(baud, baudBox, name);
+  binder.bind(baud, baudBox);
   auto* caption = new QLabel(QObject::tr("Baud Rate"));
   caption->setBuddy(baud);
   auto* connectButton = new QPushButton;
-  binder.bind(connectButton, form.Command3, "Command3", Binder::Urgency::Leaving);
+  binder.bind(connectButton, form.Command3, Binder::Urgency::Leaving);
   grid->addWidget(caption, 4, 0);
   grid->addWidget(baud, 4, 1);
   grid->addWidget(connectButton, 5, 0, 1, 2);
@@ -117,11 +114,11 @@ QWidget* makeLinkFrame(shell::MainForm& form, platform::ComboBox& baudBox, const
 QWidget* makeSwitchesFrame(shell::MainForm& form, Binder& binder, bool muteToo) {
   auto* frame = new QGroupBox(QObject::tr("Sound"));
   auto* column = new QVBoxLayout(frame);
-  addCheckBoxes(column, {{&form.chkKeyBeep, "chkKeyBeep"}}, binder);
+  addCheckBoxes(column, {&form.chkKeyBeep}, binder);
   if (muteToo) {
-    addCheckBoxes(column, {{&form.Check6, "Check6"}}, binder);
+    addCheckBoxes(column, {&form.Check6}, binder);
   }
-  addCheckBoxes(column, {{&form.chkRecord, "chkRecord"}}, binder);
+  addCheckBoxes(column, {&form.chkRecord}, binder);
   column->addStretch();
   return frame;
 }
@@ -148,22 +145,16 @@ QWidget* makeReceiverFrame(shell::Form2& form, Binder& binder) {
   frame->setObjectName(QStringLiteral("Frame3"));
   auto* column = new QVBoxLayout(frame);
   addCheckBoxes(column,
-                {{&form.Check1, "Check1"},
-                 {&form.Check2, "Check2"},
-                 {&form.Check3, "Check3"},
-                 {&form.Check4, "Check4"},
-                 {&form.Check5, "Check5"},
-                 {&form.Check6, "Check6"},
-                 {&form.Check7, "Check7"}},
+                {&form.Check1, &form.Check2, &form.Check3, &form.Check4, &form.Check5, &form.Check6,
+                 &form.Check7},
                 binder);
   auto* heading = new QLabel(toScreen(form.Label48.caption()));
-  heading->setObjectName(QStringLiteral("Label48"));
+  heading->setObjectName(QString::fromStdString(form.Label48.name()));
   column->addWidget(heading);
   auto* views = new QVBoxLayout;
-  for (const auto& [model, name] :
-       {std::pair{&form.Option8, "Option8"}, std::pair{&form.Option7, "Option7"}}) {
+  for (platform::OptionButton* model : {&form.Option8, &form.Option7}) {
     auto* option = new QRadioButton;
-    binder.bind(option, *model, name);
+    binder.bind(option, *model);
     views->addWidget(option);
   }
   column->addLayout(views);
@@ -174,23 +165,22 @@ QWidget* makeReceiverFrame(shell::Form2& form, Binder& binder) {
 QWidget* makeLimitsFrame(shell::MainForm& form, Binder& binder) {
   auto* frame = new QGroupBox(QObject::tr("Custom Search"));
   auto* rows = new QFormLayout;
-  const std::array<std::tuple<platform::TextBox*, const char*, QString>, 2> limits = {
-      {{&form.LLimit, "LLimit", QObject::tr("Lower Limit:")},
-       {&form.Ulimit, "Ulimit", QObject::tr("Upper Limit:")}}};
-  for (const auto& [model, name, caption] : limits) {
+  const std::array limits = {std::pair{&form.LLimit, QObject::tr("Lower Limit:")},
+                             std::pair{&form.Ulimit, QObject::tr("Upper Limit:")}};
+  for (const auto& [model, caption] : limits) {
     auto* box = new QLineEdit;
-    binder.bind(box, *model, name);
+    binder.bind(box, *model);
     box->setAccessibleName(caption);
     box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("0000.00000")));
     rows->addRow(caption, box);
   }
   auto* searches = new QListWidget;
-  binder.bind(searches, form.List3, "List3");
+  binder.bind(searches, form.List3);
   searches->setAccessibleName(QObject::tr("Saved searches"));
   searches->setMinimumHeight(searches->fontMetrics().lineSpacing() * 4);
   bindSearchMenu(searches, form.mnuSearchlist, binder);
   auto* save = new QPushButton;
-  binder.bind(save, form.Command4, "Command4");
+  binder.bind(save, form.Command4);
   auto* column = new QVBoxLayout(frame);
   column->addLayout(rows);
   column->addWidget(searches);

@@ -12,15 +12,14 @@
 namespace tarnvex::desktop {
 
 QWidget* makeStationPage(shell::MainForm& form, Binder& binder);
-/// `trunkBank` is the box that picks the bank of the talkgroup table, with its control name.
-QWidget* makeTrunkedPage(shell::MainForm& form, platform::ComboBox& trunkBank, const char* name,
-                         Binder& binder);
+/// `trunkBank` is the box that picks the bank of the talkgroup table.
+QWidget* makeTrunkedPage(shell::MainForm& form, platform::ComboBox& trunkBank, Binder& binder);
 QWidget* makeSearchPage(shell::MainForm& form, Binder& binder);
 
 /// The frames of the "Options" page.
-/// `baudBox` is the box of the baud rate, with its control name.
-QWidget* makeLinkFrame(shell::MainForm& form, platform::ComboBox& baudBox, const char* name,
-                       DeviceSlots& devices, Binder& binder);
+/// `baudBox` is the box of the baud rate.
+QWidget* makeLinkFrame(shell::MainForm& form, platform::ComboBox& baudBox, DeviceSlots& devices,
+                       Binder& binder);
 /// `muteToo` where the mute isn't among the radio's own options.
 QWidget* makeSwitchesFrame(shell::MainForm& form, Binder& binder, bool muteToo);
 QWidget* makeMultiscanFrame(shell::Form4& form, Binder& binder);

@@ -19,12 +19,12 @@ monitor::MouseButton buttonOf(Qt::MouseButton button) {
 
 }  // namespace
 
-PanelBinding::PanelBinding(RadioPanel& view, const std::vector<monitor::PanelElement>& elements,
+PanelBinding::PanelBinding(RadioPanel& view, const monitor::PanelElements& elements,
                            const platform::Label& background)
     : view_(view) {
-  for (const auto& element : elements) {
-    show(element);
-    connections_.push_back(element.label->changed.connect([this, element] { show(element); }));
+  for (const platform::Label* element : elements) {
+    show(*element);
+    connections_.push_back(element->changed.connect([this, element] { show(*element); }));
   }
   const auto showColour = [this, &background] {
     view_.setDisplayColour(toScreen(background.backColor()));
@@ -69,9 +69,9 @@ PanelBinding::PanelBinding(RadioPanel& view, shell::Form2& form, platform::Event
                    });
 }
 
-void PanelBinding::show(const monitor::PanelElement& element) {
-  view_.setElement(QString::fromStdString(element.name), lineToScreen(element.label->caption()),
-                   element.label->visible());
+void PanelBinding::show(const platform::Label& element) {
+  view_.setElement(QString::fromStdString(element.name()), lineToScreen(element.caption()),
+                   element.visible());
 }
 
 }  // namespace tarnvex::desktop

@@ -17,11 +17,11 @@ class PanelBinding {
   PanelBinding(RadioPanel& view, shell::Form2& form, platform::EventGate& gate);
 
   /// The display alone: the labels, with their background.
-  PanelBinding(RadioPanel& view, const std::vector<monitor::PanelElement>& elements,
+  PanelBinding(RadioPanel& view, const monitor::PanelElements& elements,
                const platform::Label& background);
 
  private:
-  void show(const monitor::PanelElement& element);
+  void show(const platform::Label& element);
 
   RadioPanel& view_;
   std::vector<platform::Connection> connections_;

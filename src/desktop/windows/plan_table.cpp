@@ -75,6 +75,7 @@ void PlanModel::cellChanged(int row, int column) {
 PlanTable::PlanTable(platform::Table& table, platform::EventGate& gate, int stretched,
                      QWidget* parent)
     : QTableView(parent), table_(table), gate_(gate), stretched_(stretched) {
+  setObjectName(QString::fromStdString(table.name()));
   setModel(new PlanModel(table, this));
   setTabKeyNavigation(false);
   setEditTriggers(NoEditTriggers);

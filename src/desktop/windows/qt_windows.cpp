@@ -69,12 +69,12 @@ void QtWindows::showMain(bool shown) {
 }
 
 void QtWindows::openQuickView(shell::QuickView& form) {
-  quickView_ = new QuickViewWindow(form, bc895Layout(), "QuickView", gate_);
+  quickView_ = new QuickViewWindow(form, bc895Layout(), gate_);
   quickView_->present();
 }
 
 void QtWindows::openQuickView(shell::Form9& form) {
-  quickView_ = new QuickViewWindow(form, bc245Layout(), "Form9", gate_);
+  quickView_ = new QuickViewWindow(form, bc245Layout(), gate_);
   quickView_->present();
 }
 

@@ -39,14 +39,14 @@ bool onAScreen(const QRect& window) {
 }  // namespace
 
 QuickViewWindow::QuickViewWindow(shell::QuickViewForm& form, const PanelLayout& radio,
-                                 const char* name, platform::EventGate& gate)
+                                 platform::EventGate& gate)
     : QWidget(nullptr, Qt::Window | Qt::WindowStaysOnTopHint | Qt::WindowTitleHint |
                            Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint),
       form_(form),
       gate_(gate),
       display_(new RadioPanel(displayOnly(radio), this)),
       binding_(*display_, form.elements(), form.background()) {
-  setObjectName(QLatin1String(name));
+  setObjectName(QString::fromStdString(form.window.name()));
   setWindowTitle(titleToScreen(form.window.caption()));
   // Clicks are the window's, wherever they fall.
   display_->setAttribute(Qt::WA_TransparentForMouseEvents);

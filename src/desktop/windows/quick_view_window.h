@@ -15,8 +15,7 @@ namespace tarnvex::desktop {
 /// the window stands where the server puts it.
 class QuickViewWindow : public QWidget {
  public:
-  QuickViewWindow(shell::QuickViewForm& form, const PanelLayout& radio, const char* name,
-                  platform::EventGate& gate);
+  QuickViewWindow(shell::QuickViewForm& form, const PanelLayout& radio, platform::EventGate& gate);
 
   /// Runs the form's load and shows the window where the form wants it.
   void present();

@@ -6,15 +6,14 @@ namespace tarnvex::desktop {
 namespace {
 
 void addHitList(QGridLayout* grid, int column, const QString& caption, platform::ListBox& list,
-                const char* listName, platform::Button& clear, const char* clearName,
-                Binder& binder) {
+                platform::Button& clear, Binder& binder) {
   auto* hits = new QListWidget;
   hits->setAlternatingRowColors(true);
   auto* label = new QLabel(caption);
   label->setBuddy(hits);
   auto* button = new QPushButton;
-  binder.bind(hits, list, listName);
-  binder.bind(button, clear, clearName);
+  binder.bind(hits, list);
+  binder.bind(button, clear);
   hits->setAccessibleName(caption);
   button->setAccessibleName(button->text() + QStringLiteral(": ") + caption);
   grid->addWidget(label, 0, column);
@@ -28,12 +27,10 @@ void addHitList(QGridLayout* grid, int column, const QString& caption, platform:
 QWidget* makeSearchPage(shell::MainForm& form, Binder& binder) {
   auto* page = new QWidget;
   auto* grid = new QGridLayout(page);
-  addHitList(grid, 0, QObject::tr("Conventional Search Hits"), form.List1, "List1", form.Command1,
-             "Command1", binder);
-  addHitList(grid, 2, QObject::tr("Trunked Search Hits"), form.List2, "List2", form.Command2,
-             "Command2", binder);
+  addHitList(grid, 0, QObject::tr("Conventional Search Hits"), form.List1, form.Command1, binder);
+  addHitList(grid, 2, QObject::tr("Trunked Search Hits"), form.List2, form.Command2, binder);
   auto* skip = new QCheckBox;
-  binder.bind(skip, form.chkSkip, QStringLiteral("chkSkip"));
+  binder.bind(skip, form.chkSkip);
   grid->addWidget(skip, 2, 0, 1, 4);
   return page;
 }

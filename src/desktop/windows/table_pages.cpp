@@ -9,19 +9,17 @@ namespace tarnvex::desktop {
 namespace {
 
 QComboBox* addSelector(QHBoxLayout* row, const QString& caption, platform::ComboBox& model,
-                       const char* name, Binder& binder) {
+                       Binder& binder) {
   auto* box = new QComboBox;
   auto* label = new QLabel(caption);
   label->setBuddy(box);
-  binder.bind(box, model, name);
+  binder.bind(box, model);
   row->addWidget(label);
   row->addWidget(box);
   return box;
 }
 
-QWidget* makeTablePage(QHBoxLayout* selectors, PlanTable* table, const char* name,
-                       const QString& spokenName) {
-  table->setObjectName(QLatin1String(name));
+QWidget* makeTablePage(QHBoxLayout* selectors, PlanTable* table, const QString& spokenName) {
   table->setAccessibleName(spokenName);
   selectors->addStretch();
   auto* page = new QWidget;
@@ -35,21 +33,20 @@ QWidget* makeTablePage(QHBoxLayout* selectors, PlanTable* table, const char* nam
 
 QWidget* makeStationPage(shell::MainForm& form, Binder& binder) {
   auto* selectors = new QHBoxLayout;
-  addSelector(selectors, QObject::tr("Select Bank:"), form.Combo3, "Combo3", binder);
+  addSelector(selectors, QObject::tr("Select Bank:"), form.Combo3, binder);
   auto* table =
       new PlanTable(form.MSFlexGrid1, binder.gate(), memory::ChannelRecord::AlphaTag, nullptr);
-  return makeTablePage(selectors, table, "MSFlexGrid1", QObject::tr("Conventional channels"));
+  return makeTablePage(selectors, table, QObject::tr("Conventional channels"));
 }
 
-QWidget* makeTrunkedPage(shell::MainForm& form, platform::ComboBox& trunkBank, const char* name,
-                         Binder& binder) {
+QWidget* makeTrunkedPage(shell::MainForm& form, platform::ComboBox& trunkBank, Binder& binder) {
   auto* selectors = new QHBoxLayout;
-  addSelector(selectors, QObject::tr("Select Bank:"), trunkBank, name, binder);
+  addSelector(selectors, QObject::tr("Select Bank:"), trunkBank, binder);
   selectors->addSpacing(selectors->spacing() * 2);
-  addSelector(selectors, QObject::tr("Scanlist:"), form.Combo2, "Combo2", binder);
+  addSelector(selectors, QObject::tr("Scanlist:"), form.Combo2, binder);
   auto* table =
       new PlanTable(form.MSFlexGrid2, binder.gate(), memory::TalkgroupRecord::AlphaTag, nullptr);
-  return makeTablePage(selectors, table, "MSFlexGrid2", QObject::tr("Talkgroup IDs"));
+  return makeTablePage(selectors, table, QObject::tr("Talkgroup IDs"));
 }
 
 }  // namespace tarnvex::desktop
