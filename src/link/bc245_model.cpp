@@ -1,9 +1,13 @@
 #include <limits>
 
 #include "link/radio_model.h"
+#include "platform/table.h"
 
 namespace tarnvex::link {
 namespace {
+
+constexpr int kOwnWidth = platform::Table::kDesignWidth;
+constexpr int kHidden = 0;
 
 constexpr std::array kIdModes{
     mode245::kIdSearch,    mode245::kIdHold,         mode245::kTrunkScan,
@@ -27,7 +31,7 @@ const RadioModel& bc245Model() {
       .baudStep = 2400,
       // The radio has neither a line output nor tones, but the plan keeps both for the other one.
       .channelHeadings = {"Channel", "Frequency", "Trnk", "Dly", "L/O", "", "", "Alpha Tag"},
-      .channelWidths = {-1, -1, 500, 500, 500, 0, 0, 3000},
+      .channelWidths = {kOwnWidth, kOwnWidth, 500, 500, 500, kHidden, kHidden, 3000},
       .talkgroupHeadings = {"Bank: Ch.", "Talkgroup ID", "Alpha Tag", "PRI"},
       .tagLimit = std::numeric_limits<std::size_t>::max(),
       .talkgroupDirtyRule = DirtyRule::EveryKey,

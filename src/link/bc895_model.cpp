@@ -1,7 +1,10 @@
 #include "link/radio_model.h"
+#include "platform/table.h"
 
 namespace tarnvex::link {
 namespace {
+
+constexpr int kOwnWidth = platform::Table::kDesignWidth;
 
 /// Deliberate: at Done one mode more counts as an ID mode than when the form opens. A list of
 /// frequencies is then returned as IDs. The radio never reports that mode.
@@ -23,7 +26,7 @@ const RadioModel& bc895Model() {
       .baudRates = {"4800", "9600"},
       .baudStep = 4800,
       .channelHeadings = {"Ch.", "Frequency", "Trnk", "Dly", "L/O", "Line", "CTCSS", "Alpha Tag"},
-      .channelWidths = {500, -1, 500, 500, 500, 500, 700, 3000},
+      .channelWidths = {500, kOwnWidth, 500, 500, 500, 500, 700, 3000},
       .talkgroupHeadings = {"Channel", "Talkgroup ID", "Alpha Tag", "PRI"},
       .tagLimit = 30,
       .talkgroupDirtyRule = DirtyRule::AfterFirstKey,

@@ -10,9 +10,10 @@ using platform::OpenMode;
 
 namespace {
 
-/// The values of the record to write; they last from one record to the next.
+/// The values of the record to write. Deliberate: values that a record doesn't set are left from
+/// the one before.
 struct Exported {
-  /// Nothing until the first record of an export whose start isn't a number has gone out.
+  /// The channel number. Nothing for the first record if the start wasn't a number.
   std::optional<int> number;
   std::string frequency;
   std::string mode;
@@ -27,7 +28,7 @@ bool inAmRange(const std::string& frequency) {
   return (megahertz > 108 && megahertz < 137) || (megahertz > 200 && megahertz < 400);
 }
 
-/// Takes a row's values. A row that isn't in the table changes nothing.
+/// Takes a row's values. A row outside the table changes nothing.
 void take(const platform::Table& grid, int row, Exported& record) {
   if (row >= grid.rows()) {
     return;
@@ -39,7 +40,8 @@ void take(const platform::Table& grid, int row, Exported& record) {
   record.tag = cell(ChannelRecord::AlphaTag);
 }
 
-/// The mode isn't blanked between records: once an export has met an AM frequency it stays "am ".
+/// Deliberate: the mode isn't reset between records. After the first AM frequency all records of an
+/// export are "am ".
 void chooseMode(Exported& record) {
   if (inAmRange(record.frequency)) {
     record.mode = "am ";
@@ -83,7 +85,8 @@ void Form8::openTarget() {
   window.setCaption("Export APF File - " + path);
 }
 
-/// Lists what the file holds already, below the channels, and gives its last channel number.
+/// Adds the file's records to the list, after the channels. Returns the last channel number in the
+/// file.
 std::string Form8::listTarget() {
   ApfRecord record;
   std::vector<std::string> lines;

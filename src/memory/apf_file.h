@@ -16,50 +16,50 @@
 
 namespace tarnvex::memory {
 
-/// One record of an APF file, a list of frequencies as other programs keep it: seven fields, each
-/// written in double quotes. The members index `fields`.
+/// One record of an APF file, a list of frequencies for exchange with other programs: seven fields,
+/// each in double quotes. The enumerators index `fields`.
 struct ApfRecord {
   enum Field : std::size_t {
     Blank,      ///< a single blank
     Channel,    ///< channel number
     Frequency,  ///< MHz
     Mode,       ///< "am " (with the blank) or "nfm"
-    Delay,      ///< "d" or " "; on unless it is one blank
-    Lockout,    ///< "l" or " "; on unless it is one blank
+    Delay,      ///< "d" or " "; anything but one blank means on
+    Lockout,    ///< "l" or " "; anything but one blank means on
     AlphaTag,
     kFields
   };
   std::array<std::string, kFields> fields;
 
   [[nodiscard]] const std::string& at(Field field) const { return fields[field]; }
-  /// The record as the dialogs list it, "118.1000 Tower".
+  /// The record as the dialogs list it, such as "118.1000 Tower".
   [[nodiscard]] std::string listed() const;
 };
 
-/// What the two dialogs need. All of it must outlive them.
+/// What the two dialogs use. All of it must outlive them.
 struct ApfPorts {
   platform::SequentialFiles& files;
-  /// A file dialog of the form's own, `CommonDialog1`.
+  /// The form's own file dialog.
   platform::CommonDialog& CommonDialog1;
   platform::Dialogs& dialogs;
   platform::SharedState& state;
-  /// `MSFlexGrid1` of the connected radio's main window, asked for at each use.
+  /// Gives `MSFlexGrid1` of the connected radio's main window. Called for each use.
   std::function<platform::Table&()> MSFlexGrid1;
 };
 
-/// What import and export have in common: the controls of the dialog, the number box that takes
-/// digits alone, "Select All" and "Cancel". The window layer makes the form, shows its window, runs
-/// `load` and closes the window on `closed`; the form may be destroyed only after that call has
+/// Base of import and export: the dialog's controls, the number box that accepts only digits,
+/// "Select All" and "Cancel". The window layer makes the form, shows its window, calls `load` and
+/// closes the window on `closed`. The form may be destroyed only after that notification has
 /// returned.
 class ApfForm : private platform::NonCopyable {
  public:
   virtual ~ApfForm() = default;
 
-  /// Run once, when the window opens.
+  /// Called once, when the window opens.
   virtual void load() = 0;
 
   platform::Window window;
-  /// Several entries can be selected.
+  /// Any number of entries can be selected.
   platform::ListBox List1{"List1"};
   platform::Label Label1;
   platform::TextBox Text1{"Text1"};
@@ -69,7 +69,7 @@ class ApfForm : private platform::NonCopyable {
   platform::Button Command4{"Command4", "Cancel"};
   platform::CommonDialog& CommonDialog1;
 
-  /// The form has done its work or was cancelled.
+  /// The work is done, or the user cancelled.
   platform::Notifier<> closed;
 
  protected:
@@ -81,9 +81,9 @@ class ApfForm : private platform::NonCopyable {
   ApfPorts ports_;
 };
 
-/// "Import APF File": lists the records of a file, and writes the selected ones into the plan, one
-/// row after the other from the start channel on, whatever their own channel numbers. What doesn't
-/// fit below row 300 is dropped without a word.
+/// "Import APF File": lists the records of a file and writes the selected ones into the plan, row
+/// after row from the start channel, whatever channel numbers they have. Deliberate: records that
+/// don't fit above row 300 are dropped without a message.
 class Form7 : public ApfForm {
  public:
   explicit Form7(ApfPorts ports);
@@ -98,8 +98,8 @@ class Form7 : public ApfForm {
   void report(const std::string& description);
 };
 
-/// "Export APF File": lists the plan's channels, and appends the selected ones to a file. No
-/// failure is reported.
+/// "Export APF File": lists the plan's channels and appends the selected ones to a file.
+/// Deliberate: failures aren't reported.
 class Form8 : public ApfForm {
  public:
   explicit Form8(ApfPorts ports);

@@ -9,7 +9,7 @@ using platform::OpenMode;
 
 namespace {
 
-/// A text as a start channel, or why it is none.
+/// Reads a start channel. On failure returns the reason.
 Failure toChannel(const std::string& text, int& channel) {
   if (platform::assign(channel, platform::toInteger(text))) {
     return std::nullopt;
@@ -89,7 +89,8 @@ void Form7::importNow() {
   if (failure) {
     report(*failure);
   } else if (ports_.state.MemoryModified) {
-    // The plan's flag, not a count: changes from before the import close the dialog as well.
+    // Deliberate: this is the plan's flag and not a count, so changes made before the import close
+    // the dialog too.
     closed.notify();
   } else {
     ports_.dialogs.messageBox("No frequencies were selected.", "No Frequencies Selected",

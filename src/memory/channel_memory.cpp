@@ -20,18 +20,18 @@ static_assert(TalkgroupRecord::kColumns ==
 
 constexpr char kFirstBank = 'A';
 
-/// A hit list's way into its table.
+/// Where a hit list stores its hits.
 struct HitPlace {
   Table& table;
   int tab;
-  /// What the message calls the hit.
+  /// The word for the hit in the message.
   const char* what;
   bool occupied;
-  /// The first row that the cursor doesn't leave downwards.
+  /// The cursor advances after a hit up to this row.
   int lastRow;
 };
 
-/// Whether the row may be overwritten: it is one, and the user agrees if it is in use.
+/// Whether the current row may be overwritten. Asks the user if it is in use.
 bool mayStore(const HitPlace& place, platform::Dialogs& dialogs) {
   if (place.table.row() < 1) {
     dialogs.messageBox(
@@ -102,12 +102,13 @@ void ChannelMemory::layOut() {
 }
 
 void ChannelMemory::CursorChanged(Table& table, int row) {
-  // In both tables: the talkgroups' rows beyond 300 don't get the row below them treated.
+  // Deliberate: the limit holds in both tables, so in rows 300 to 1000 of the talkgroups the row
+  // below isn't normalised.
   constexpr int kLastRowWithNext = 300;
   state_.CellEditActive = false;
   const auto normalise =
       &table == &grid1_ ? &ChannelMemory::normaliseFrequency : &ChannelMemory::normaliseId;
-  // The cursor has moved already, so that the cell just edited is next to it.
+  // The cursor has already moved, so the cell that was edited is a neighbour.
   (this->*normalise)(row);
   if (row > 0) {
     (this->*normalise)(row - 1);
@@ -138,7 +139,7 @@ void ChannelMemory::TuneToRow(int row) {
 
 void ChannelMemory::JumpToBank(Table& table, int bank, int group) {
   const int target = &table == &grid1_ ? bankRow(bank) : groupRow(bank, group);
-  // By way of the end: what the cursor passes there is normalised as well.
+  // Goes to the last row first, which normalises the cells there too.
   table.setRow(table.rows() - 1);
   table.setCol(0);
   table.setRow(target);
@@ -157,7 +158,8 @@ void ChannelMemory::StoreHit(HitList list, std::string_view line) {
   const std::string& cell = table.textMatrix(table.row(), 1);
   const bool occupied =
       !cell.empty() && (frequency ? cell != "0.0000" : cell.find("--") == std::string::npos);
-  // The upper half of the talkgroups is out of reach of the advance, on both radios.
+  // Deliberate: the cursor doesn't advance in the lower half of the talkgroup table, on either
+  // radio.
   const HitPlace place{table, frequency ? 0 : 1, frequency ? "Frequency" : "Talkgroup", occupied,
                        frequency ? ChannelRecord::kRows : 500};
   if (!mayStore(place, dialogs_)) {

@@ -17,7 +17,7 @@ namespace tarnvex::memory {
 /// The two hit lists of a main window.
 enum class HitList { Frequencies, Talkgroups };
 
-/// What the plan needs of its main window. All of it must outlive the `ChannelMemory`.
+/// What the plan uses of its main window. All of it must outlive the `ChannelMemory`.
 struct MemoryControls {
   /// 301 rows of 8 columns.
   platform::Table& MSFlexGrid1;
@@ -26,11 +26,10 @@ struct MemoryControls {
   platform::TabStrip& SSTab1;
 };
 
-/// The channel plan of a main window: the rules by which its two tables are laid out, edited,
-/// jumped in and written to. The tables are the only store of the plan; all others read and write
-/// their cells.
+/// The channel plan of a main window: how its two tables are laid out, edited and navigated. The
+/// tables are the only store of the plan. Other classes read and write their cells.
 ///
-/// While it lives, it handles the two tables' keys, double clicks and cursor changes.
+/// Handles the keys, double clicks and cursor changes of both tables as long as it lives.
 class ChannelMemory : private platform::NonCopyable {
  public:
   using SendCommand = std::function<void(const std::string& command)>;
@@ -39,24 +38,25 @@ class ChannelMemory : private platform::NonCopyable {
                 const link::RadioModel& model, SendCommand sendCommand);
   ~ChannelMemory();
 
-  /// Writes headings, widths and column 0. Run when a window opens, after the last file was read.
+  /// Writes headings, widths and column 0. Called when a window opens, after the last file has been
+  /// read.
   void layOut();
 
-  /// A key (character code) typed in a table, at its cursor. Returns whether to beep.
+  /// A key (a character code) was typed in a table. Returns whether to beep.
   [[nodiscard]] bool GridKey(platform::Table& table, char key);
-  /// The cursor of a table has come to `row`: ends the edit of a cell and brings the frequencies or
-  /// IDs around the row into their normal form.
+  /// The cursor of a table has moved to `row`. Ends the edit of a cell and normalises the
+  /// frequencies or IDs around the row.
   void CursorChanged(platform::Table& table, int row);
   /// Sends the radio to a memory channel.
   void TuneToRow(int row);
-  /// Brings the first row of a bank (0 to 9) to the top of the view, with the cursor on it; in
-  /// `MSFlexGrid2` the first row of a group (0 to 9) of the bank. The cursor stands in column 1, or
-  /// in column 0 while the main windows are being exchanged.
+  /// Moves the cursor to the first row of a bank (0 to 9) and scrolls it to the top; in
+  /// `MSFlexGrid2` to the first row of a group (0 to 9) of the bank. The cursor goes to column 1,
+  /// or to column 0 while the main windows are being switched.
   void JumpToBank(platform::Table& table, int bank, int group = 0);
-  /// Stores a line of a hit list in the row under the cursor of its table, after a question if the
-  /// row is in use. Doesn't mark the plan as changed.
+  /// Stores a line of a hit list in the current row of its table. Asks first if the row is in use.
+  /// Deliberate: the plan isn't marked as changed.
   void StoreHit(HitList list, std::string_view line);
-  /// Empties the plan. Column 0 and the cursors stay.
+  /// Empties the plan. Column 0 and the cursors stay as they are.
   void clear();
 
   [[nodiscard]] platform::Table& MSFlexGrid1() { return grid1_; }

@@ -14,7 +14,7 @@ frmDownload::frmDownload(MainWindow mainWindow, const TransferOutside& outside)
                       std::move(mainWindow), outside) {}
 
 void frmDownload::prepareRadio(const TransferWindow& main) {
-  // The same two for both radios, though they mean different things to them.
+  // Deliberate: the same two codes for both radios, although they mean different modes.
   const std::string& mode = main.mode.caption();
   if (mode == link::mode895::kIdSearch || mode == link::mode895::kIdHold) {
     outside_.link.SendCommand(link::key::kManual);
@@ -47,7 +47,7 @@ void frmDownload::fillRow(platform::Table& grid, int channel, const link::Channe
   write(ChannelRecord::Lockout, flag(reply.lockout()));
   write(ChannelRecord::Line, flag(reply.line()));
   grid.setCol(ChannelRecord::Ctcss);
-  // A tone that is no number, or none of the table's, leaves the cell as it was.
+  // A tone code that isn't a number, or isn't in the table, leaves the cell as it was.
   const auto& tones = link::ToneTable();
   const auto tone = reply.tone();
   if (tone && *tone >= 0 && static_cast<std::size_t>(*tone) < tones.size()) {

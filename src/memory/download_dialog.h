@@ -5,11 +5,11 @@
 
 namespace tarnvex::memory {
 
-/// "Download Conventional Data": reads the channels of the chosen banks out of the radio into the
-/// plan, by way of the table's cursor. Tags stay with their channel numbers.
+/// "Download Conventional Data": reads the channels of the chosen banks from the radio into the
+/// plan, moving the table's cursor along. Tags stay with their channel numbers.
 ///
-/// After silence the remaining rows are emptied of all but tone and tag; the plan then counts as
-/// changed, and not saving it is the user's way back.
+/// Deliberate: after silence the remaining rows lose everything except tone and tag. The plan
+/// counts as changed; the user gets the old rows back by not saving.
 class frmDownload : public ChannelTransfer {
  public:
   frmDownload(MainWindow mainWindow, const TransferOutside& outside);

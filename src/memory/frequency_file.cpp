@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kFile = 1;
 
-/// Reads the body of a table. A row that can't be read whole isn't touched.
+/// Reads the rows of a table. A row that can't be read completely isn't changed.
 Failure readTable(platform::SequentialFiles& files, Table& table, std::span<std::string> fields) {
   for (int row = 1; row < table.rows(); ++row) {
     if (auto failure = files.read(kFile, fields)) {
@@ -108,7 +108,7 @@ void FrequencyFile::NewPlan() {
 }
 
 void FrequencyFile::OpenPlan() {
-  // After No the plan still counts as changed, so that closing the program asks again.
+  // Deliberate: after No the plan still counts as changed, so closing the program asks again.
   offerToSave();
   ports_.Dlg1.ShowOpen();
   const std::string path = ports_.Dlg1.FileName;
@@ -128,7 +128,7 @@ void FrequencyFile::SavePlan() {
     return;
   }
   const std::string path = ports_.Dlg1.FileName;
-  // Before anything is written: a plan whose save failed counts as saved all the same.
+  // Deliberate: set before writing. A plan counts as saved even if saving fails.
   memory_.state().MemoryModified = false;
   if (const auto failure = WritePlanToFile(path)) {
     report(*failure);
@@ -162,7 +162,7 @@ void FrequencyFile::loadLastPlan() {
     return;
   }
   LoadPlanFromFile(path);
-  // Here nothing is left open: the close runs even if the file couldn't be read.
+  // Unlike in the commands, the file is closed even if it can't be read.
   ports_.files.close(kFile);
   resetCursors();
   ports_.window.setCaption("Tarnvex - " + path);
@@ -174,7 +174,7 @@ void FrequencyFile::adopt(const std::string& path) {
 }
 
 void FrequencyFile::report(const std::string& description) {
-  // "saving" also after a failed read: the one message serves all three commands.
+  // Deliberate: "saving" even after a failed read. All three commands share the message.
   ports_.dialogs.messageBox("An error occurred while saving the file: " + description,
                             "File Error Encountered", platform::kWarning);
 }

@@ -23,13 +23,14 @@ void deleteLast(Table& table) {
 
 bool ChannelMemory::GridKey(Table& table, char key) {
   if (key == kQuote) {
-    return true;  // the frequency file couldn't carry it
+    return true;  // the frequency file can't store it
   }
   return &table == &grid1_ ? channelKey(key) : talkgroupKey(key);
 }
 
 bool ChannelMemory::channelKey(char key) {
-  // Before the key is acted on: the first key in a cell alone doesn't make the plan dirty.
+  // Deliberate: checked before the key is handled, so the first key in a cell doesn't mark the plan
+  // as changed.
   state_.MemoryModified = state_.MemoryModified || state_.CellEditActive;
   if (key == kEnter) {
     enterKey(grid1_, ChannelRecord::AlphaTag, ChannelRecord::kRows);
@@ -50,7 +51,7 @@ bool ChannelMemory::channelKey(char key) {
     case ChannelRecord::Delay:
     case ChannelRecord::Lockout:
     case ChannelRecord::Line:
-      // A toggled flag leaves the edit state alone, so it doesn't make the plan dirty either.
+      // Deliberate: setting a flag isn't an edit and doesn't mark the plan as changed.
       if (key == 'X' || key == 'x' || key == ' ') {
         grid1_.setText(key == ' ' ? " " : "X");
       }
@@ -96,7 +97,8 @@ void ChannelMemory::enterKey(Table& table, int lastColumn, int lastRow) {
   state_.CellEditActive = false;
 }
 
-/// Appends or replaces; true if the key was one of the accepted characters.
+/// Appends the key to the number or starts a new one. True if the key is among the accepted
+/// characters.
 bool ChannelMemory::numberKey(Table& table, char key, std::string_view accepted) {
   if (key == kBackspace) {
     deleteLast(table);
@@ -114,8 +116,8 @@ bool ChannelMemory::numberKey(Table& table, char key, std::string_view accepted)
   return true;
 }
 
-/// Every key of a new frequency takes the flags and the tone of the row above; a tag only fills a
-/// blank.
+/// Deliberate: every key of a frequency copies the flags and the tone of the row above. The tag is
+/// copied only into a blank cell.
 void ChannelMemory::inheritFromRowAbove() {
   const int row = grid1_.row();
   if (row < 2) {
@@ -153,8 +155,9 @@ void ChannelMemory::priorityKey(char key) {
   }
 }
 
-/// The cursor itself walks the group, with all that its moves bring: IDs are normalised, and the
-/// edit of the cell is over. Moves off the table are refused and the cell under the cursor serves.
+/// Moves the cursor through the group, with all effects of moving it: IDs are normalised and the
+/// edit of the cell ends. At the edge of the table the cursor stays, and the current cell is
+/// written.
 void ChannelMemory::makePriority() {
   constexpr std::size_t kSlotNumberStart = 10;
   const int home = grid2_.row();

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kBankRows = 100;
 
-/// The tag of the last row from `first` to `last` whose ID matches.
+/// The tag of the last row from `first` to `last` with a matching ID.
 template <class Matches>
 std::optional<std::string> lastTag(const platform::Table& talkgroups, int first, int last,
                                    Matches matches) {

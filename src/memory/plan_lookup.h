@@ -7,34 +7,32 @@
 
 #include "platform/table.h"
 
-/// Lookups of what the radio shows in the plan's two tables. Linear searches over 300 and some 100
-/// rows: quick enough for the poll, so there is no index beside the tables.
+/// Finds channels and tags in the plan's two tables. The poll calls these functions. They search
+/// 300 or about 100 rows, which is fast enough without an index.
 namespace tarnvex::memory {
 
-/// The bank index 0 to 9 that holds a channel from 1 to 300.
+/// The bank (0 to 9) of a channel (1 to 300).
 int bankOfChannel(int channel);
 
-/// The first channel row whose frequency equals the text.
+/// The first row with exactly this frequency text.
 std::optional<int> findChannel(const platform::Table& channels, std::string_view frequency);
 
-/// The first channel row whose frequency is that number of MHz, however it is written.
+/// The first row with this frequency in MHz, however it is written.
 std::optional<int> findChannel(const platform::Table& channels, double megahertz);
 
-/// The tag of the first channel row with that frequency and a tag; nothing if there is none.
+/// The tag of the first row that has this frequency and a tag.
 std::optional<std::string> findTag(const platform::Table& channels, std::string_view frequency);
 
-/// The tag of the first row with that frequency, that channel label and a tag; nothing if there is
-/// none.
+/// The tag of the first row that has this frequency, this channel number and a tag.
 std::optional<std::string> findTag(const platform::Table& channels, std::string_view frequency,
                                    std::string_view channel);
 
-/// The tag of a talkgroup ID in a bank: of the last of its rows with that ID, possibly empty;
-/// nothing if no row has it. The row just before the bank counts with it, as it always has: plans
-/// rely on what they show.
+/// The tag of a talkgroup ID in a bank, possibly empty. The last row with the ID decides. Nothing
+/// if no row has it. Deliberate: the last row of the bank before counts too.
 std::optional<std::string> findTalkgroupTag(const platform::Table& talkgroups, int bank,
                                             std::string_view id);
 
-/// Likewise of an ID that may stand there in several forms, in the bank's own rows only.
+/// The same for an ID that may be written in several forms. Only the bank's own rows count.
 std::optional<std::string> findTalkgroupTag(const platform::Table& talkgroups, int bank,
                                             std::span<const std::string> forms);
 

@@ -5,8 +5,8 @@
 
 namespace tarnvex::memory {
 
-/// `mnuReset`: clears all channels of the radio, after a warning. The plan stays as it is, so that
-/// an upload can restore the radio. The poll goes on.
+/// `mnuReset`: clears all channels of the radio, after a warning. The plan stays as it is, so an
+/// upload can restore the radio. The poll goes on.
 void resetScanner(platform::Dialogs& dialogs, link::ScannerLink& link);
 
 }  // namespace tarnvex::memory

@@ -32,7 +32,7 @@ void frmUpload::transferChannel(Transfer& transfer, int bank, int channel) {
   if (trunked && !enterTrunkedBank(transfer, bank)) {
     return;
   }
-  // A cell that is no number sends no frequency: its other fields go to the channel all the same.
+  // A cell that isn't a number sends no frequency. The other fields are sent all the same.
   if (const auto megahertz =
           platform::toReal(main.MSFlexGrid1.textMatrix(channel, ChannelRecord::Frequency))) {
     outside_.link.SendCommand(link::command::writeChannel(channel, *megahertz));
@@ -53,7 +53,7 @@ bool frmUpload::enterTrunkedBank(Transfer& transfer, int bank) {
   if (!learnSystemType(transfer)) {
     return false;
   }
-  // Setting the type has taken the radio out of the bank.
+  // The radio has left the bank to have its type set.
   keyTrunkedBank(transfer.main, bank);
   outside_.state.DigitKeyed = true;
   return true;
@@ -78,7 +78,7 @@ void frmUpload::sendFlags(const TransferWindow& main, int channel) {
     ChannelRecord::Column column;
     const link::Switch& command;
   };
-  // The line's flag goes to both radios, also to the one whose table doesn't show it.
+  // Deliberate: the line flag is sent to both radios, even the one whose table hides it.
   for (const auto& [column, command] : {Flag{ChannelRecord::Delay, link::kDelaySwitch},
                                         Flag{ChannelRecord::Lockout, link::kLockoutSwitch},
                                         Flag{ChannelRecord::Line, link::kLineSwitch}}) {

@@ -7,12 +7,12 @@
 
 namespace tarnvex::memory {
 
-/// "Upload Conventional Data": writes the channels of the chosen banks into the radio, one command
-/// for each field; empty channels too, so that the radio's are emptied. Tags stay on the PC. Tones
-/// can be set, but not taken away. The radio stands on channel 1 afterwards.
+/// "Upload Conventional Data": writes the channels of the chosen banks into the radio, with one
+/// command for each field. Empty channels are sent too, which empties the radio's. Tags stay on the
+/// PC. Tones can be set but not removed. Afterwards the radio is on channel 1.
 ///
-/// A channel with the `Trunk` flag is keyed into its trunked bank. Where the radio wants to know
-/// the system type of such a bank, the user is asked for it once a bank.
+/// A channel with the `Trunk` flag is keyed into its trunked bank. For a radio that needs to know
+/// the system type of that bank, the user is asked once per bank.
 class frmUpload : public ChannelTransfer {
  public:
   /// Asks the user for the system type of the bank that the radio is in and programs the bank with

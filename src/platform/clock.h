@@ -7,13 +7,13 @@
 
 namespace tarnvex::platform {
 
-/// The machine's clock on the wall.
+/// The machine's clock.
 class Clock : private NonCopyable {
  public:
   virtual ~Clock() = default;
 
-  /// The counter of whole seconds. The core's waits compare its differences, so they end when it
-  /// moves on.
+  /// Seconds, counted in whole steps. The core's waits compare differences, so a wait ends when the
+  /// counter moves.
   [[nodiscard]] virtual std::int64_t seconds() const = 0;
   /// Local date and time as "YYYY-MM-DD HH:MM:SS".
   [[nodiscard]] virtual std::string now() const = 0;

@@ -9,34 +9,35 @@
 
 namespace tarnvex::platform {
 
-/// Which of the system's file dialogs.
+/// The two file dialogs of the system.
 enum class FileDialogKind { Open, Save };
 
-/// The file dialog of a window. Each window that has one keeps its own, since the chosen name is
-/// remembered from one showing to the next.
+/// The file dialog of a window. Every window that needs one has its own, since the chosen name is
+/// remembered from one use to the next.
 ///
-/// Names of files are bytes, as the file system has them; whoever shows one decodes it as the
-/// system does.
+/// File names are bytes, as the file system has them. Whoever displays a name decodes it the way
+/// the system does.
 class CommonDialog : private NonCopyable {
  public:
   virtual ~CommonDialog() = default;
 
-  /// Shows the dialog, preset with `FileName`, and puts the chosen path there. A cancelled dialog
-  /// leaves `FileName` as it is, so the caller can't tell Cancel from OK unless it is blank.
+  /// Shows the dialog, starting from `FileName`, and stores the chosen path there. Deliberate: a
+  /// cancelled dialog leaves `FileName` as it is, so the caller can't tell Cancel from OK unless
+  /// the name is blank.
   void ShowOpen() { show(FileDialogKind::Open); }
   void ShowSave() { show(FileDialogKind::Save); }
 
-  /// Full path of the file chosen last, or preset by the program.
+  /// Full path of the file that was chosen last, or set by the program.
   std::string FileName;
-  /// Pairs of description and pattern, as in "APF Files (*.apf)|*.apf".
+  /// Pairs of description and pattern, such as "APF Files (*.apf)|*.apf".
   std::string Filter;
-  /// Blank for the system's own title.
+  /// Blank for the system's default title.
   std::string DialogTitle;
 
  protected:
-  /// Shows the system's dialog. Nothing if the user cancelled. The empty text if the program has
-  /// ended or the dialog's window is gone: `FileName` is blank then, which stops every command,
-  /// also one that would ask again.
+  /// Shows the system's dialog. Nothing if the user cancelled. Empty if the program has ended or
+  /// the dialog's window is gone: `FileName` is then blank, which stops every command, even one
+  /// that would ask again.
   virtual std::optional<std::string> chooseFile(FileDialogKind kind) = 0;
 
  private:
@@ -47,7 +48,7 @@ class CommonDialog : private NonCopyable {
   }
 };
 
-/// Makes the file dialogs of the windows.
+/// Creates the file dialogs of the windows.
 class CommonDialogs : private NonCopyable {
  public:
   virtual ~CommonDialogs() = default;

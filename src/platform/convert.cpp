@@ -9,14 +9,14 @@
 namespace tarnvex::platform {
 namespace {
 
-/// A non-negative number as its digits around the point, without needless zeros at either end.
+/// A non-negative number as its digits around the point, without superfluous zeros at either end.
 struct Decimal {
   std::string whole;
   std::string fraction;
 };
 
-/// 15 significant digits: what a 64-bit real holds for certain, so that 155.115 * 10000 is 1551150
-/// to the digit.
+/// 15 significant digits, as many as a 64-bit real holds exactly: 155.115 * 10000 is then exactly
+/// 1551150.
 Decimal toDecimal(double magnitude) {
   char text[32];
   std::snprintf(text, sizeof text, "%.14e", magnitude);

@@ -5,43 +5,44 @@
 #include <string>
 #include <string_view>
 
-/// Text and numbers. Core text is Windows-1252, one byte a character, so that positions are
-/// positions.
+/// Conversions between text and numbers. Core text is Windows-1252, one byte per character, so that
+/// positions count characters.
 ///
-/// Continue-on-failure: a conversion that fails gives nothing, and the statement that wanted its
-/// value is skipped. `assign` is that idiom; no conversion throws.
+/// Continue on failure: a failed conversion returns nothing, and the statement that needed the
+/// value is skipped, with `assign` for the usual case. No conversion throws.
 namespace tarnvex::platform {
 
-/// The `length` characters of `text` from position `start` on, counted from 1; fewer where the text
-/// ends.
+/// The `length` characters of `text` from position `start`, counted from 1. Fewer if the text ends
+/// before.
 std::string mid(std::string_view text, std::size_t start, std::size_t length);
 /// The characters from position `start`, counted from 1, to the end.
 std::string mid(std::string_view text, std::size_t start);
 
-/// A text as a real number: blanks around it, a sign, a decimal point and an exponent are allowed,
-/// nothing else.
+/// Text as a real number. Leading and trailing blanks, a sign, a decimal point and an exponent are
+/// allowed, nothing else.
 std::optional<double> toReal(std::string_view text);
-/// A text as a 16-bit integer. A fraction rounds half to even; nothing if it isn't a number or out
-/// of range.
+/// Text as a 16-bit integer. Fractions round half to even. Nothing if it isn't a number or out of
+/// range.
 std::optional<int> toInteger(std::string_view text);
-/// A real number as a 16-bit integer, likewise.
+/// A real number as a 16-bit integer, in the same way.
 std::optional<int> toInteger(double value);
 
-/// The number's decimal text in its shortest form, at most 15 significant digits: 1.5 gives
+/// The number as decimal text in its shortest form, with at most 15 significant digits: 1.5 gives
 /// "1.5", 3.0 gives "3".
 std::string shortest(double value);
 
-/// The numeric picture: in `mask` "0" pads with zeros and "#" drops leading (or trailing) zeros,
-/// around at most one point. Rounds half away from zero; a value with more digits than the mask
-/// keeps them all. "#" alone shows zero as the empty text.
+/// Formats a number by a mask: "0" pads with zeros, "#" drops leading or trailing zeros, and there
+/// may be one decimal point. Rounds half away from zero. A value with more digits than the mask
+/// keeps them all. "#" alone shows zero as empty text.
 std::string format(double value, std::string_view mask);
-/// As above for a text that reads as a number; any other text stays as it is.
+/// The same for text that reads as a number. Other text is returned unchanged.
 std::string format(std::string_view text, std::string_view mask);
 
-/// Rounds half to even, as every conversion of a real to an integer does here.
+/// Rounds half to even, as all conversions from real to integer here do.
 double roundHalfEven(double value);
 
-/// Continue-on-failure: gives `target` the value if there is one, and leaves it alone otherwise.
+/// Assigns the value to `target` if there is one. Otherwise `target` keeps its value, and the
+/// result is false.
 template <class Target, class Value>
 bool assign(Target& target, const std::optional<Value>& value) {
   if (!value) {

@@ -21,24 +21,24 @@ enum MessageFlags : int {
 
 enum class Answer : int { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
 
-/// What the core asks of the user's screen beside the windows.
+/// Message boxes and other requests to the user's screen, apart from windows.
 class Dialogs : private NonCopyable {
  public:
   virtual ~Dialogs() = default;
 
-  /// Shows a message box and returns the answer. The poll goes on behind it. Closing the box by
-  /// other means answers as the button that changes least: No, Cancel, or OK where there is nothing
-  /// else; so does the program's end.
+  /// Shows a message box and returns the answer. The poll goes on meanwhile. If the user closes the
+  /// box in another way, or the program ends, the answer is the one that changes least: No, Cancel,
+  /// or OK if there is nothing else.
   virtual Answer messageBox(const std::string& text, const std::string& title,
                             MessageFlags flags) = 0;
-  /// Asks for a line of text. The poll goes on behind it. Empty if the user cancelled or the
+  /// Asks for a line of text. The poll goes on meanwhile. Empty if the user cancelled or the
   /// program has ended.
   virtual std::string inputBox(const std::string& prompt, const std::string& title) = 0;
-  /// Asks for a colour, preset with `current`. The poll goes on behind it. Nothing if the user
+  /// Asks for a colour, starting from `current`. The poll goes on meanwhile. Nothing if the user
   /// cancelled or the program has ended.
   virtual std::optional<Colour> chooseColour(Colour current) = 0;
   virtual void beep() = 0;
-  /// The hourglass (true) or the arrow over all windows.
+  /// Shows the hourglass (true) or the arrow over all windows.
   virtual void setBusyPointer(bool busy) = 0;
 };
 

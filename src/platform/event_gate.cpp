@@ -6,8 +6,8 @@
 namespace tarnvex::platform {
 namespace {
 
-/// How long a wait sleeps at the most before it looks at its condition again. Short beside a
-/// second, the unit in which the core reads the clock.
+/// The longest sleep of a wait before it checks its condition again. Short compared with a second,
+/// the unit of the core's clock.
 constexpr int kLookMilliseconds = 20;
 
 }  // namespace
@@ -106,8 +106,8 @@ bool EventGate::runNextUserEvent() {
   return true;
 }
 
-/// A tick begins by letting pending events run, outside it; the timer stays queued for that long,
-/// so that a message box which such an event opens can run it.
+/// A tick starts by running pending events outside it. The timer stays queued meanwhile, so that a
+/// message box opened by such an event can run it.
 void EventGate::runTimer() {
   loop_.turn();
   while (runNextUserEvent()) {

@@ -8,13 +8,12 @@
 
 namespace tarnvex::platform {
 
-/// The one door into the core. Every user event, timer and close request enters here. While the
-/// core is idle an event runs at once; while it is busy (an exchange waits for bytes, a message box
-/// is open) the event is queued and runs at the next point where the core yields, in order, one at
-/// a time.
+/// The only way into the core. Every user event, timer and close request enters here. An event runs
+/// at once while the core is idle. While the core is busy (an exchange waits for bytes, a message
+/// box is open) events are queued and run in order, one at a time, where the core yields.
 ///
-/// Timers give way to user events: what the user did before a tick runs before it, outside it, so
-/// that a message box opened by it keeps the poll alive. A timer is queued once at the most.
+/// User events come before timers. What the user did before a tick runs before it and outside it,
+/// so that a message box opened by the event doesn't stop the poll. A timer is queued once at most.
 class EventGate {
  public:
   using Handler = std::function<void()>;
@@ -22,29 +21,28 @@ class EventGate {
   explicit EventGate(EventLoop& loop) : loop_(loop) {}
 
   void enter(Handler handler);
-  /// An event with which the user wants out (close, Connect, a COM option): until it has run,
-  /// `leaving` holds, which ends waits that have no limit of their own.
+  /// An event with which the user leaves (close, Connect, a COM option). `leaving` is true until it
+  /// has run, which ends waits that have no time limit.
   void enterLeaving(Handler handler);
-  /// A timer is due. Timers must outlive the gate's queue: see `forget`.
+  /// A timer is due. Call `forget` before the timer is destroyed.
   void enterTimer(Timer& timer);
-  /// Takes a timer that is about to be destroyed out of the queue.
+  /// Removes a timer from the queue.
   void forget(const Timer& timer);
-  /// Runs the handler as soon as no core function is on the stack any more.
+  /// Runs the handler as soon as no function of the core is on the stack.
   void whenIdle(Handler handler);
 
-  /// Drops the user events that wait: the window that they were meant for has gone.
+  /// Drops the waiting user events: their window is gone.
   void dropUserEvents();
 
-  /// Called by the core where it lets others run: delivers pending events and runs what is queued.
+  /// Delivers pending events and runs what is queued. The core calls it wherever others may run.
   void yield();
-  /// Yields all the while until `done` holds or the program has ended. Sleeps in the event loop.
+  /// Yields until `done` is true or the program has ended. Sleeps in the event loop in between.
   void waitUntil(const std::function<bool()>& done);
 
   [[nodiscard]] bool busy() const { return depth_ > 0; }
   [[nodiscard]] bool leaving() const { return leaving_ > 0 || ended_; }
 
-  /// The program ends: what is queued is dropped, nothing enters any more, and yields return at
-  /// once.
+  /// Ends the program: drops what is queued and lets nothing in from now on. Yields return at once.
   void end();
   [[nodiscard]] bool ended() const { return ended_; }
 

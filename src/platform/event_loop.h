@@ -4,15 +4,16 @@
 
 namespace tarnvex::platform {
 
-/// The window system's event loop, as the core asks for it. What it delivers enters the core
+/// The window system's event loop, as the core uses it. The events that it delivers enter the core
 /// through the event gate.
 class EventLoop : private NonCopyable {
  public:
   virtual ~EventLoop() = default;
 
-  /// Delivers the events that are pending and returns.
+  /// Delivers the pending events and returns.
   virtual void turn() = 0;
-  /// Sleeps until events come, delivers them and returns; after `milliseconds` at the latest.
+  /// Sleeps until an event comes, or for that many milliseconds at most. Delivers the events and
+  /// returns.
   virtual void waitForEvents(int milliseconds) = 0;
 };
 

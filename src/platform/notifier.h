@@ -7,7 +7,7 @@
 
 namespace tarnvex::platform {
 
-/// Keeps a callback registered with a Notifier for as long as it lives. Movable, empty by default.
+/// Keeps a callback registered with a Notifier as long as it lives. Movable, and empty by default.
 class Connection {
  public:
   Connection() = default;
@@ -17,15 +17,14 @@ class Connection {
   std::shared_ptr<void> token_;
 };
 
-/// A list of observers that are told of a change.
-/// Callbacks run in the order of connecting; one may connect or disconnect others while it runs,
-/// and one that is disconnected meanwhile isn't called any more.
+/// Tells observers about a change. Callbacks run in the order in which they were connected. A
+/// callback may connect and disconnect others; one that was disconnected isn't called any more.
 template <class... Args>
 class Notifier {
  public:
   using Callback = std::function<void(Args...)>;
 
-  /// Observing leaves what is observed as it is.
+  /// Const, because observing doesn't change what is observed.
   [[nodiscard]] Connection connect(Callback callback) const {
     auto entry = std::make_shared<Callback>(std::move(callback));
     std::erase_if(entries_, [](const auto& held) { return held.expired(); });

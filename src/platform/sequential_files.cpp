@@ -8,11 +8,11 @@ namespace tarnvex::platform {
 namespace {
 
 constexpr char kQuote = '"';
-/// No field of ours comes near it; a file of another kind, chosen by mistake, would fill the
-/// memory.
+/// No field of ours comes near it. Without it a file of another kind, chosen by mistake, would fill
+/// the memory.
 constexpr std::size_t kLongestField = std::size_t{16} << 20;
 
-/// Takes a file apart, field by field.
+/// Splits a file into fields.
 class FieldReader {
  public:
   explicit FieldReader(std::unique_ptr<ByteSource> source) : source_(std::move(source)) {}
@@ -39,7 +39,7 @@ class FieldReader {
   }
 
  private:
-  /// Whether a byte can be looked at; reads on if need be.
+  /// Whether there is a next byte. Reads more if necessary.
   bool has() {
     if (position_ == block_.size() && !failure_) {
       block_.clear();
@@ -50,7 +50,7 @@ class FieldReader {
   }
   [[nodiscard]] char peek() const { return block_[position_]; }
 
-  /// Returns what it has skipped.
+  /// Returns what it skipped.
   std::string skipBlanks() {
     std::string blanks;
     while (has() && (peek() == ' ' || peek() == '\t')) {
@@ -73,8 +73,8 @@ class FieldReader {
     }
   }
 
-  /// A quote that no delimiter follows is one of the text, as writing doesn't mark it. Behind such
-  /// a quote the field ends with the line at the latest.
+  /// A quote without a delimiter after it belongs to the text, since writing doesn't escape quotes.
+  /// After such a quote the field ends with the line at the latest.
   void takeQuoted(std::string& text) {
     ++position_;
     takeUntil(text, std::string_view(&kQuote, 1));
@@ -131,7 +131,7 @@ struct SequentialFiles::OpenFile {
   /// Only for output and append: what isn't on the disk yet.
   std::string written;
   bool dirty = false;
-  /// Why nothing can be written any more.
+  /// Why nothing can be written any longer.
   Failure lost;
 };
 
@@ -171,7 +171,7 @@ Failure SequentialFiles::open(int number, const std::string& path, OpenMode mode
 
 Failure SequentialFiles::prepare(OpenFile& file) {
   if (file.mode != OpenMode::Input) {
-    // Opening for output makes or empties the file even if nothing is written.
+    // Opening for output creates or empties the file even if nothing is written.
     file.dirty = true;
     return store_.checkWritable(file.path);
   }

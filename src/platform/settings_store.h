@@ -7,9 +7,9 @@
 
 namespace tarnvex::platform {
 
-/// The per-user settings: named sections of named values, all of them text. Read at each use;
-/// written at once. A store that can't be read gives the defaults; one that can't be written loses
-/// the value and nothing else.
+/// The user's settings: named sections of named text values. Reads and writes are immediate. If the
+/// store can't be read, every value is its default; if it can't be written, the value is lost and
+/// nothing else happens.
 class SettingsStore : private NonCopyable {
  public:
   virtual ~SettingsStore() = default;

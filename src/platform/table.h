@@ -9,10 +9,10 @@
 namespace tarnvex::platform {
 
 /// A table of text cells with a cursor. Row 0 and column 0 are fixed: they hold headings and row
-/// labels, and the window layer never edits them, but the core may put the cursor there.
+/// labels. The window layer never edits them, but the core may move the cursor there.
 class Table : public Control {
  public:
-  /// What `columnWidth` says of a column that keeps the width the window gives it.
+  /// Value of `colWidth` for a column with the window's own width.
   static constexpr int kDesignWidth = -1;
 
   Table(std::string name, int rows, int columns);
@@ -21,35 +21,36 @@ class Table : public Control {
   [[nodiscard]] int cols() const { return columns_; }
   [[nodiscard]] int row() const { return row_; }
   [[nodiscard]] int col() const { return col_; }
-  /// Move the cursor. A row or column outside the table is refused: false, the cursor stays.
+  /// Move the cursor. Outside the table they return false, and the cursor stays.
   bool setRow(int row);
   bool setCol(int col);
   /// The cell under the cursor.
   [[nodiscard]] const std::string& text() const { return textMatrix(row_, col_); }
   void setText(std::string text) { setTextMatrix(row_, col_, std::move(text)); }
-  /// Adds a character to it, however long it is.
+  /// Appends a character to that cell, however long it is.
   void append(char character);
-  /// A cell; the empty text outside the table.
+  /// The text of a cell. Empty outside the table.
   [[nodiscard]] const std::string& textMatrix(int row, int col) const;
-  /// Writes a cell. Outside the table: false, nothing changes.
+  /// Writes a cell. Outside the table it returns false and changes nothing.
   bool setTextMatrix(int row, int col, std::string text);
-  /// Width in twips (1440 an inch at 100 %), 0 hides the column, `kDesignWidth` leaves it to the
-  /// window.
+  /// Width in twips (1440 per inch at 100 %). 0 hides the column, `kDesignWidth` leaves the width
+  /// to the window.
   [[nodiscard]] int colWidth(int col) const;
   void setColWidth(int col, int twips);
 
-  /// Brings a row to the top of the view.
+  /// Scrolls so that the row is at the top of the view.
   void scrollToTop(int row) { scrollRequested.notify(row); }
 
-  /// The user put the cursor on a cell.
+  /// The user moved the cursor to a cell.
   void userMoveTo(int row, int col);
-  /// A key typed with the table in focus, as a character code.
+  /// The user typed a key in the table, given as a character code.
   void userKey(char key);
   void userDoubleClick();
 
   std::function<void(char key)> onKey;
   std::function<void()> onDoubleClick;
-  /// The cursor has moved, by the user or by code; the notification of the core.
+  /// Runs after each move of the cursor, by the user or by the program. For the core; windows use
+  /// `cursorMoved`.
   std::function<void()> onCursorChanged;
   Notifier<int, int> cellChanged;
   Notifier<> cursorMoved;

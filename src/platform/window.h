@@ -6,8 +6,7 @@
 
 namespace tarnvex::platform {
 
-/// A window of the program as the core sees it, with its name in the program's own language, such
-/// as "Form4".
+/// The core's model of a window: name, such as "Form4", caption and state.
 class Window {
  public:
   Window(std::string name, std::string caption)
@@ -22,7 +21,7 @@ class Window {
     }
   }
   [[nodiscard]] bool minimised() const { return minimised_; }
-  /// Told by the window layer.
+  /// Called by the window layer.
   void setMinimised(bool minimised) { minimised_ = minimised; }
 
   Notifier<> changed;

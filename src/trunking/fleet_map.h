@@ -4,18 +4,18 @@
 #include <string>
 #include <vector>
 
-/// The fleet map of a Motorola Type I system: how its ID space is divided into eight blocks.
+/// The fleet map of a Motorola Type I system divides its ID space into eight blocks.
 namespace tarnvex::trunking {
 
 inline constexpr int kFleetBlocks = 8;
 
-/// Size code of a block, an index into `sizeCodeNames`: 0 to 14 for "S-0" to "S-14".
+/// Size code of a block: 0 to 14 for "S-0" to "S-14".
 using SizeCode = int;
-/// The larger codes take the blocks behind their own, too.
+/// The largest codes take the following blocks as well.
 inline constexpr SizeCode kTwoBlocks = 12;
 inline constexpr SizeCode kFourBlocks = 13;
 inline constexpr SizeCode kAllBlocks = 14;
-/// "-----": the block is taken by the size code before it. Never sent to the radio.
+/// "-----": the block belongs to a larger one before it. Never sent to the radio.
 inline constexpr SizeCode kTaken = 15;
 
 /// The size codes of blocks 0 to 7.
@@ -26,13 +26,13 @@ struct FleetPreset {
   FleetMap map;
 };
 
-/// The maps in common use, under the names that scanner owners know them by.
+/// The maps in common use, with the names that scanner users know.
 const std::array<FleetPreset, 16>& fleetPresets();
 
-/// Texts of the size codes, by index.
+/// The texts of the size codes, by index.
 std::vector<std::string> sizeCodeNames();
 
-/// How many blocks a size code takes, its own included.
+/// The number of blocks that a size code takes, its own included.
 constexpr int blocksOf(SizeCode code) {
   switch (code) {
     case kTwoBlocks:

@@ -6,7 +6,7 @@ namespace tarnvex::trunking {
 namespace {
 
 constexpr int kBanks = 10;
-/// The radio's number of Motorola Type 1.
+/// The radio's number for Motorola Type 1.
 constexpr int kTypeOne = 1;
 
 template <class Index>
@@ -48,14 +48,14 @@ void Form5::choosePreset() {
   }
 }
 
-/// There is no test of alignment: the two smaller ones of the large codes may begin anywhere.
+/// Alignment isn't checked: only the largest code must start at block 0.
 void Form5::takeBlocks(int block) {
-  const int behind = block + blocksOf(blockAt(cboBlock, block).listIndex());
-  if (behind > kFleetBlocks) {
+  const int next = block + blocksOf(blockAt(cboBlock, block).listIndex());
+  if (next > kFleetBlocks) {
     refuse(block);
     return;
   }
-  for (int taken = block + 1; taken < behind; ++taken) {
+  for (int taken = block + 1; taken < next; ++taken) {
     blockAt(cboBlock, taken).setListIndex(kTaken);
   }
 }

@@ -12,12 +12,12 @@
 
 namespace tarnvex::trunking {
 
-/// "Custom Fleet Map": a fleet map, chosen or made by hand, for a bank of the BC245XLT. The map
-/// isn't kept on the PC, nor read from the radio: the form opens on the first preset. It stays open
-/// after saving, for further banks. What the radio answers isn't looked at.
+/// "Custom Fleet Map": sets the fleet map of a bank of the BC245XLT, a preset or one made by hand.
+/// The map is neither kept on the PC nor read from the radio: the form opens with the first preset.
+/// It stays open after saving, for further banks. The radio's replies aren't checked.
 ///
-/// The rule for the larger size codes only ever writes forwards: a block that was taken stays taken
-/// when the code before it gets smaller, and the user mends that by hand.
+/// Deliberate: a larger size code only marks blocks as taken. When it gets smaller again, they stay
+/// taken until the user changes them.
 class Form5 : private platform::NonCopyable {
  public:
   Form5(link::ScannerLink& link, platform::Dialogs& dialogs);
@@ -37,7 +37,7 @@ class Form5 : private platform::NonCopyable {
 
  private:
   void choosePreset();
-  /// A block's combo was set: the larger codes take what follows, or don't fit.
+  /// The size code of a block has changed. A larger code takes the following blocks or is refused.
   void takeBlocks(int block);
   void refuse(int block);
   void save();

@@ -6,28 +6,28 @@
 
 namespace tarnvex::trunking {
 
-/// A kind of trunked system, as a bank of the BC245XLT can hold it.
+/// A type of trunked system that a bank of the BC245XLT can have.
 struct TrunkSystemType {
   std::string_view name;
-  /// What the radio calls it.
+  /// The radio's word for it.
   std::string_view word;
-  /// Eleven characters for the main line of the display in the system type step.
+  /// The main line of the display in the system type step: eleven characters.
   std::string_view display;
-  /// Offset steps that `Form3` offers, in units of 100 Hz: the first one, which is also their
-  /// distance, and the last one. 0 for a type that has neither base frequency nor step.
+  /// The first and last offset step in `Form3`, in units of 100 Hz. The first is also the distance
+  /// between steps. 0 for a type without base frequency and offset.
   int firstStep;
   int lastStep;
 
   [[nodiscard]] constexpr bool tuned() const { return firstStep > 0; }
 };
 
-/// All types in the order of `Form3`. The radio's number of a type is its index plus 1.
+/// All types, in the order of `Form3`. The radio's number for a type is its index plus 1.
 const std::array<TrunkSystemType, 6>& systemTypes();
 
-/// The index of the type whose word this is, -1 if there is none. The whole text is compared.
+/// The index of the type with this word, compared as a whole. -1 if there is none.
 int systemTypeOf(std::string_view word);
 
-/// The display text for a word; a word that is none of the table's stays as it is.
+/// The display text for a word. An unknown word is returned unchanged.
 std::string systemTypeDisplay(std::string_view word);
 
 }  // namespace tarnvex::trunking

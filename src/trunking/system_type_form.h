@@ -15,9 +15,9 @@
 
 namespace tarnvex::trunking {
 
-/// What `Form3` works with. All of it outlives the form.
+/// What `Form3` uses. All of it outlives the form.
 struct SystemTypeOutside {
-  /// The channel number on the BC245XLT's panel: the channel that the upload has come to.
+  /// The channel number on the panel: the channel that the upload has reached.
   const platform::Label& Channel;
   const platform::Table& MSFlexGrid1;
   platform::SharedState& state;
@@ -26,35 +26,35 @@ struct SystemTypeOutside {
   platform::Dialogs& dialogs;
 };
 
-/// "Select Trunking System Type": asks for the system type of the trunked bank that the radio
-/// stands in, and programs the bank with it. Only the upload to a BC245XLT shows it, modally, once
-/// for a bank; it also makes the form and runs `load`.
+/// "Select Trunking System Type": asks for the system type of the trunked bank in which the radio
+/// is, and sets it. Only an upload to a BC245XLT shows the form, modally and once per bank. Whoever
+/// makes the form calls `load`.
 ///
-/// The replies to what it sends aren't looked at: a type that the radio refuses goes unnoticed.
+/// The radio's replies aren't checked: a refused type goes unnoticed.
 class Form3 : private platform::NonCopyable {
  public:
   explicit Form3(SystemTypeOutside outside);
   ~Form3() = default;
 
-  /// Fills the form in and chooses the type that the radio has for the bank.
+  /// Fills in the form and chooses the type that the bank has.
   void load();
-  /// The user closes the window by its own button: the bank keeps the type that it has.
+  /// The user closed the window with its own button: the bank keeps its type.
   void userClose() { closed.notify(); }
 
   platform::Window window{"Form3", "Select Trunking System Type"};
   platform::Label Label1{"Label1",
                          "Select the type of trunking system you are programming into this bank."};
-  /// The channel being programmed.
+  /// The channel that is being programmed.
   platform::Label Label2{"Label2"};
   platform::ComboBox Combo1;
-  /// The controls of a type that is tuned; hidden for the others. `BFText` holds MHz.
+  /// For types with base frequency and offset, hidden for others. `BFText` is in MHz.
   platform::Label BFLabel{"BFLabel", "Base Frequency:", false};
   platform::TextBox BFText{"BFText"};
   platform::Label OSLabel{"OSLabel", "Offset Step:", false};
   platform::ComboBox Combo2{"Combo2", {"0.0005 MHz", "0.0125 MHz"}};
   platform::Button Command1{"Command1", "Continue"};
 
-  /// The form has done its work or was closed.
+  /// The work is done, or the user closed the form.
   platform::Notifier<> closed;
 
  private:

@@ -5,7 +5,7 @@
 namespace tarnvex::trunking {
 namespace {
 
-/// What is too large for eight digits becomes all ones.
+/// Numbers too large for eight digits become all ones.
 TEST(TalkgroupId, TurnsNumbersIntoBitsAndConsumesThem) {
   const std::tuple<std::int16_t, const char*, std::int16_t> cases[] = {
       {0, "00000000000", 0},   {1, "00000000001", 0},    {128, "00010000000", 0},
@@ -19,7 +19,7 @@ TEST(TalkgroupId, TurnsNumbersIntoBitsAndConsumesThem) {
   }
 }
 
-/// What stands behind the eleventh digit, or is missing before it, doesn't count.
+/// Digits after the eleventh don't count, and missing ones are 0.
 TEST(TalkgroupId, ReadsElevenBitsAndSmallPatterns) {
   const std::pair<const char*, int> cases[] = {{"00000001111", 15},
                                                {"11111111111", 2047},
@@ -37,7 +37,7 @@ TEST(TalkgroupId, ReadsElevenBitsAndSmallPatterns) {
 }
 
 TEST(TalkgroupId, FindsTheOtherEdacsForm) {
-  // No agency beyond 1 comes out, and there are no 16-bit numbers.
+  // Agencies beyond 1 aren't reproduced, nor are numbers beyond 16 bits.
   const std::tuple<const char*, const char*, const char*> dashed[] = {
       {"000123", "00-153", "00-15-"}, {"000128", "01-000", "01-00-"},
       {"000254", "01-156", "01-15-"}, {"000255", "01-157", "01-15-"},
@@ -47,7 +47,7 @@ TEST(TalkgroupId, FindsTheOtherEdacsForm) {
   for (const auto& [id, whole, agency] : dashed) {
     EXPECT_EQ(dashedForms(id), AlternateIds(whole, agency)) << id;
   }
-  // Fields beyond their bits push those behind them out.
+  // A field with too many bits shifts those after it.
   const std::pair<const char*, const char*> decimals[] = {
       {"00-153", "000123"}, {"01-157", "000255"}, {"15-157", "002047"},
       {"02-034", "000284"}, {"02-03", "000280"},  {"01-160", "000192"},

@@ -18,7 +18,7 @@ namespace tarnvex::test {
 
 using Lines = std::vector<std::string>;
 
-/// As much of a main window as a transfer drives, with its port open and its poll running.
+/// The parts of a main window that a transfer uses. The port is open and the poll runs.
 struct TransferRig {
   enum class Model { Bc895, Bc245 };
 
@@ -68,7 +68,7 @@ struct TransferRig {
     }
     dialog.Command1.userClick();
   }
-  /// What a main window does where an upload must know the system type; `answer` is the user.
+  /// Asks for a system type as a main window does. `answer` plays the user.
   template <class Answer>
   void askSystemType(Answer answer) {
     trunking::Form3 form({Channel, channels, state, link, gate, dialogs});
@@ -108,13 +108,13 @@ struct TransferRig {
   int ticks = 0;
   int closings = 0;
   platform::Connection closing;
-  /// Replies to commands; any other is answered with "OK".
+  /// Replies to commands. All others are answered with "OK".
   std::map<std::string, std::string, std::less<>> replies;
-  /// Commands that are answered before the radio falls silent.
+  /// The number of commands that are answered before the radio falls silent.
   int answered = 1'000'000;
 };
 
-/// The one message of a radio that has fallen silent.
+/// The message when a radio has fallen silent.
 inline const Box kSilenceBox{
     "Your scanner is not responding. Please check your connections and verify that you have "
     "selected the correct COM port, and that the scanner is in Remote mode.",

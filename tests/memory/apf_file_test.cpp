@@ -26,7 +26,7 @@ Box importError(const std::string& description) {
           "Import Error", 48};
 }
 
-/// The plan with one of the two dialogs on it.
+/// The plan and one of the two dialogs.
 template <class Form>
 struct ApfFixture : PlanFixture {
   ApfFixture()
@@ -93,7 +93,7 @@ TEST(ApfImport, WritesTheSelectedRecordsToConsecutiveRows) {
                                                    "21,1=none", "21,3=X", "21,4=X"));
   EXPECT_TRUE(on.state.MemoryModified);
   EXPECT_EQ(on.closed, 1);
-  // What doesn't fit is dropped without a word.
+  // What doesn't fit is dropped without a message.
   on.form.Command2.userClick();
   on.form.Text1.setText("299");
   on.form.Command3.userClick();
@@ -114,7 +114,7 @@ TEST(ApfImport, RefusesStartChannelsAndAnEmptySelection) {
   EXPECT_THAT(on.dialogs.boxes, ElementsAre(kInvalidChannel, kInvalidChannel,
                                             importError("Type mismatch"), importError("Overflow")));
   EXPECT_EQ(on.closed, 0);
-  // Over a plan that was dirty before, nothing is enough to be done.
+  // If the plan had changes before, importing nothing is enough to close the dialog.
   on.state.MemoryModified = true;
   on.form.Text1.setText("1");
   on.form.Command3.userClick();
@@ -141,7 +141,7 @@ TEST(ApfImport, AFailureKeepsTheRowsWrittenAndFreesTheNumber) {
   on.store.files.erase("a.apf");
   on.form.Command3.userClick();
   EXPECT_THAT(on.dialogs.takeBoxes(), ElementsAre(importError("File not found")));
-  // At window load a bad file says nothing.
+  // While the window loads, a bad file gives no message.
   on.dialog.choices = {"a.apf", std::nullopt};
   on.form.load();
   on.form.Command1.userClick();
@@ -160,10 +160,10 @@ TEST(ApfExport, ListsThePlanAndNumbersOnFromTheFile) {
   EXPECT_THAT(on.dialog.shown, IsEmpty());
   on.openWith("a.apf");
   EXPECT_EQ(on.form.List1.item(300), "118.1000 Tower");
-  EXPECT_EQ(on.form.Text1.text(), "8") << "one after the last record's number, not the highest";
+  EXPECT_EQ(on.form.Text1.text(), "8") << "the last number plus one, not the highest";
   EXPECT_EQ(on.form.window.caption(), "Export APF File - a.apf");
   EXPECT_TRUE(on.form.Command3.enabled());
-  // A number that can't be counted on leaves the box alone.
+  // A number that has no successor leaves the box as it was.
   for (const char* last : {"x", "32767", ""}) {
     on.store.files["a.apf"] = std::string("\" \",\"") + last + "\",\"\",\"\",\"\",\"\",\"\"\n";
     on.openWith("a.apf");
@@ -191,7 +191,7 @@ TEST(ApfExport, AppendsTheSelectedChannels) {
   EXPECT_EQ(on.store.files["new.apf"], first);
   EXPECT_EQ(on.closed, 1);
   on.openWith("new.apf");
-  // An entry of the file itself stands for no channel: the record before goes out again.
+  // An entry of the file isn't a channel: the record before it is written again.
   on.select({4, 301});
   on.form.Command3.userClick();
   EXPECT_EQ(on.store.files["new.apf"],

@@ -32,7 +32,7 @@ TEST(Layout, HeadingsWidthsAndLabels) {
   EXPECT_THAT(rowOf(small.talkgroups, 0),
               ElementsAre("Bank: Ch.", "Talkgroup ID", "Alpha Tag", "PRI"));
   EXPECT_EQ(big.channels.colWidth(6), 700);
-  EXPECT_EQ(small.channels.colWidth(6), 0) << "kept, but shown to nobody";
+  EXPECT_EQ(small.channels.colWidth(6), 0) << "kept but hidden";
   EXPECT_EQ(small.talkgroups.colWidth(3), 500);
   for (PlanFixture* on : {&big, &small}) {
     EXPECT_THAT(rowOf(on->channels, 300), ElementsAre("300", "", "", "", "", "", "", ""));
@@ -95,7 +95,7 @@ TEST(Jump, PutsTheBankOnTopAndTheCursorInColumnOne) {
   EXPECT_THAT(PlanFixture::cursor(on.channels), Pair(271, 1));
   on.plan.JumpToBank(on.talkgroups, 3, 4);
   EXPECT_THAT(PlanFixture::cursor(on.talkgroups), Pair(341, 1));
-  EXPECT_EQ(on.talkgroups.textMatrix(1000, 1), "-----") << "on the way it came by the end";
+  EXPECT_EQ(on.talkgroups.textMatrix(1000, 1), "-----") << "the cursor went to the end first";
   on.state.SwitchingScanners = true;
   on.plan.JumpToBank(on.channels, 0);
   EXPECT_THAT(PlanFixture::cursor(on.channels), Pair(1, 0));

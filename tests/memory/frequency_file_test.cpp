@@ -28,7 +28,7 @@ Box failed(const std::string& description) {
   return {"An error occurred while saving the file: " + description, "File Error Encountered", 48};
 }
 
-/// A main window with files.
+/// A plan with its file commands.
 struct FileFixture : PlanFixture {
   explicit FileFixture(const link::RadioModel& model = bc895Model())
       : PlanFixture(model), file(plan, {files, Dlg1, dialogs, settings, window}) {
@@ -64,7 +64,7 @@ std::string quoted(int row, int col) {
          (col == 2 ? ", \xE9\x80 \"" : "\"");
 }
 
-/// A file in which every field is another, with characters beyond ASCII. The last LF is missing.
+/// A file in which all fields differ, with characters beyond ASCII. The last LF is missing.
 std::string fullFile(const std::string& lineEnd) {
   std::string content;
   for (int row = 1; row <= 1300; ++row) {
@@ -102,7 +102,7 @@ TEST(FrequencyFile, OpenAndSaveRoundTripByteForByteOnBothRadios) {
       on.dialogs.answers = {Answer::No};
       on.Dlg1.choices = {"a.tvf", "b.tvf"};
       on.file.OpenPlan();
-      EXPECT_TRUE(on.state.MemoryModified) << "loading doesn't make the plan a saved one";
+      EXPECT_TRUE(on.state.MemoryModified) << "loading doesn't clear the flag";
       EXPECT_EQ(PlanFixture::cursor(on.channels), std::pair(1, 1));
       EXPECT_EQ(on.channels.textMatrix(300, 0), "300/0");
       on.file.SavePlan();
@@ -119,12 +119,13 @@ TEST(FrequencyFile, OpenAndSaveRoundTripByteForByteOnBothRadios) {
 
 TEST(FrequencyFile, ACutFileLeavesTheRowsReadSoFarWhereverItIsCut) {
   const std::string content = fullFile("\r\n");
-  // A row counts from the first character of its last field on: an open quote ends with the file.
+  // A row counts as read from the first character of its last field. An open quote ends with the
+  // file.
   std::vector<std::size_t> counts;
   for (int row = 1; row <= 1300; ++row) {
     counts.push_back(content.find("," + quoted(row, row <= 300 ? 7 : 3)) + 2);
   }
-  // Every byte of the first lines, of the border between the tables and of the last line.
+  // Cut at every byte of the first lines, of the border between the tables and of the last line.
   const std::size_t border = content.find("\"301/0\"");
   for (const std::size_t from : {std::size_t{0}, border - 60, content.size() - 60}) {
     for (std::size_t cut = from; cut < from + 60; ++cut) {
@@ -133,7 +134,7 @@ TEST(FrequencyFile, ACutFileLeavesTheRowsReadSoFarWhereverItIsCut) {
       const auto failure = on.file.LoadPlanFromFile("a.tvf");
       const auto rows = std::ranges::upper_bound(counts, cut) - counts.begin();
       EXPECT_EQ(failure.has_value(), rows < 1300) << cut;
-      // The last field of the last row may have come out blank, as it was.
+      // The last field of the last row may be blank, as it was before.
       const auto filled = (std::ssize(on.changes(on.channels)) + 1) / 8 +
                           (std::ssize(on.changes(on.talkgroups)) + 1) / 4;
       ASSERT_EQ(filled, rows) << cut;
@@ -189,7 +190,7 @@ TEST(FrequencyFile, CancelMeansTheFileInUse) {
   on.file.OpenPlan();
   on.file.SavePlan();
   EXPECT_THAT(on.changes(on.channels), IsEmpty());
-  EXPECT_THAT(on.store.files, IsEmpty()) << "without a name Cancel stops the command";
+  EXPECT_THAT(on.store.files, IsEmpty()) << "without a name, Cancel stops the command";
   on.Dlg1.FileName = "a.tvf";
   on.Dlg1.choices = {std::nullopt, std::nullopt, std::nullopt};
   on.dialogs.answers = {Answer::No};
@@ -215,7 +216,7 @@ TEST(FrequencyFile, OnlyTheBc245AsksBeforeSavingOverAnotherFile) {
   small.Dlg1.choices = {"a.tvf"};
   small.file.SavePlan();
   EXPECT_THAT(small.dialogs.boxes, IsEmpty());
-  // Compared with the name before the command, so that Cancel after No asks about the same file.
+  // Compared with the name before the command: after No, Cancel asks about the same file.
   small.Dlg1.choices = {"b.tvf", std::nullopt, "a.tvf"};
   small.dialogs.answers = {Answer::No, Answer::No};
   small.file.SavePlan();

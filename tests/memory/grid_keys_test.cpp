@@ -11,7 +11,7 @@ using link::bc895Model;
 using testing::ElementsAre;
 using testing::Pair;
 
-/// What typing into one cell of a fresh plan leaves behind.
+/// What is left after typing in one cell of a new plan.
 struct KeyCase {
   const char* name;
   bool talkgroups;
@@ -49,7 +49,7 @@ TEST_P(CellKeys, OnTheBc895) {
 }
 
 TEST_P(CellKeys, OnTheBc245) {
-  // In its talkgroups every key but the quote marks the plan.
+  // In its talkgroups every key except the quote marks the plan as changed.
   const bool onlyQuotes = std::string(GetParam().keys) == "\"\"";
   check(bc245Model(), GetParam().talkgroups ? !onlyQuotes : GetParam().modified);
 }
@@ -96,7 +96,7 @@ TEST(GridKeys, ANewFrequencyInheritsFromTheRowAbove) {
   PlanFixture::type(on.channels, "1");
   EXPECT_THAT(on.changes(on.channels),
               ElementsAre("7,1=1", "7,2=X", "7,3= ", "7,4=X", "7,5=X", "7,6=103.5", "7,7=Fire"));
-  // Every accepted key copies again; Backspace doesn't; a tag of the row's own stays.
+  // Every accepted key copies again. Backspace doesn't. A tag that the row has stays.
   on.channels.setTextMatrix(7, 3, "X");
   on.channels.setTextMatrix(7, 7, "Own");
   PlanFixture::type(on.channels, "\b");
@@ -104,7 +104,7 @@ TEST(GridKeys, ANewFrequencyInheritsFromTheRowAbove) {
   PlanFixture::type(on.channels, "5");
   EXPECT_EQ(on.channels.textMatrix(7, 3), " ");
   EXPECT_EQ(on.channels.textMatrix(7, 7), "Own");
-  // Row 1 has the headings above it.
+  // Above row 1 there are only headings.
   on.channels.userMoveTo(1, 1);
   on.changes(on.channels);
   PlanFixture::type(on.channels, "1");
@@ -159,7 +159,7 @@ TEST(GridKeys, PriorityIsOneInAGroup) {
       ASSERT_EQ(on.talkgroups.textMatrix(row, 3), others || row == home ? "X" : "") << row;
     }
     EXPECT_THAT(PlanFixture::cursor(on.talkgroups), Pair(home, 3));
-    // The cursor has walked the group: it left normal IDs, and the edit is over.
+    // The cursor has moved through the group: the IDs are normalised, and the edit has ended.
     EXPECT_EQ(on.talkgroups.textMatrix(first, 1), "-----");
     EXPECT_EQ(on.talkgroups.textMatrix(0, 1), "Talkgroup ID");
     EXPECT_FALSE(on.state.CellEditActive);

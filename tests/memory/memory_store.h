@@ -11,7 +11,7 @@
 
 namespace tarnvex::test {
 
-/// Files in memory. Hands a file out in small pieces, so that every field crosses a border
+/// Files in memory. Reads give small pieces, so that every field spans a border of pieces
 /// somewhere.
 class MemoryStore : public platform::FileStore {
  public:
@@ -37,7 +37,7 @@ class MemoryStore : public platform::FileStore {
 
   std::map<std::string, std::string> files;
   std::size_t piece = 3;
-  /// Bytes of a file after which reading fails.
+  /// Reading a file fails after this many bytes.
   std::size_t readable = std::string::npos;
   bool full = false;
 

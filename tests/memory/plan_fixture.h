@@ -10,8 +10,7 @@
 
 namespace tarnvex::test {
 
-/// A main window's plan as it stands after the window has opened, with a memory of what the cells
-/// held.
+/// The plan of a main window that has just opened. Remembers what the cells held.
 struct PlanFixture {
   explicit PlanFixture(const link::RadioModel& model)
       : plan({channels, talkgroups, tabs}, state, dialogs, model,
@@ -21,14 +20,14 @@ struct PlanFixture {
     changes(talkgroups);
   }
 
-  /// Types the keys with the table in focus.
+  /// Types keys in the table.
   static void type(platform::Table& table, std::string_view keys) {
     for (const char key : keys) {
       table.userKey(key);
     }
   }
 
-  /// Every cell that differs from the last call, as "row,column=text", in order.
+  /// The cells that have changed since the last call, as "row,column=text", in order.
   std::vector<std::string> changes(const platform::Table& table) {
     std::vector<std::string>& old = &table == &channels ? oldChannels : oldTalkgroups;
     const auto columns = static_cast<std::size_t>(table.cols());

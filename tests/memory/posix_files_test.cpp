@@ -23,8 +23,7 @@ using testing::ElementsAre;
 using testing::Eq;
 using testing::Optional;
 
-/// The machine's calls, of which the n-th fails, or is where the process gets killed. Opened files
-/// are counted.
+/// The machine's calls. The n-th one fails or kills the process. Counts the open files.
 class FailingCalls : public files::FileCalls {
   using Calls = files::FileCalls;
 
@@ -62,7 +61,7 @@ class FailingCalls : public files::FileCalls {
     return fails("rename") ? -1 : Calls::rename(from, to);
   }
 
-  /// Counts down to the failing call.
+  /// Calls left before the one that fails.
   int failAt = 0;
   int error = ENOSPC;
   bool kills = false;
@@ -138,7 +137,7 @@ TEST_F(DiskFiles, EveryFailingCallOfASaveLeavesOneWholeFile) {
           << n << calls.failed;
       if (failure) {
         EXPECT_EQ(*failure, "Disk full");
-        // Only the folder's sync comes after the new file is in place.
+        // Only the sync of the folder comes after the new file is in place.
         if (calls.failed != "fsync" || contentOf(at("plan.tvf")) != whole) {
           EXPECT_EQ(contentOf(at("plan.tvf")), "old\r\n") << n;
         }
@@ -169,8 +168,8 @@ TEST_F(DiskFiles, AProcessKilledInASaveLeavesOneWholeFileAndNothingForGood) {
     left.insert(contentOf(at("plan.tvf")));
     EXPECT_TRUE(killed || status == 0) << n;
   }
-  EXPECT_THAT(left, ElementsAre(fresh, old)) << "each time the one or the other";
-  // One that another process may still be writing is left alone.
+  EXPECT_THAT(left, ElementsAre(fresh, old)) << "always one or the other";
+  // A file that another process may still be writing isn't touched.
   const auto strays = names();
   EXPECT_GT(strays.size(), 40U);
   EXPECT_FALSE(store.replace(at("plan.tvf"), fresh));

@@ -14,7 +14,7 @@ using platform::SequentialFiles;
 using testing::Eq;
 using testing::Optional;
 
-/// All fields of a file, each in brackets, read one by one.
+/// All fields of a file, read one by one, each in brackets.
 std::string fieldsOf(const std::string& content, std::size_t piece = 3) {
   MemoryStore store;
   store.files["f"] = content;
@@ -44,7 +44,7 @@ TEST(SequentialRead, SplitsFieldsAcrossLineEnds) {
       {"\"one\r\ntwo\",x\r\n", "[one\r\ntwo][x]"},
       {"\"\",\"\"\r\n\r\n\n", "[][][][]"},
       {"a,,b,\r\n", "[a][][b][]"},
-      // A quote inside a field, as writing leaves it there.
+      // A quote inside a field, as writing produces it.
       {"\"6\" pipe\",\"a \"b\" c\"\r\nx", "[6\" pipe][a \"b\" c][x]"},
       {"\"a\"b,c\r\nd", "[a\"b,c][d]"},
       {"a\"b\",c", "[a\"b\"][c]"},
@@ -90,7 +90,7 @@ TEST(SequentialWrite, QuotesTextsAndShortensNumbers) {
   SequentialFiles files(store);
   files.open(1, "f", OpenMode::Output);
   files.write(1, {3, 851.0125, 30.0, 0.5, std::string("Fire"), "", "a,\xE9"});
-  EXPECT_EQ(store.files.count("f"), 0U) << "nothing half done under the file's name";
+  EXPECT_EQ(store.files.count("f"), 0U) << "no unfinished file under its name";
   EXPECT_FALSE(files.close(1));
   EXPECT_EQ(store.files["f"], "3,851.0125,30,.5,\"Fire\",\"\",\"a,\xE9\"\r\n");
   files.open(1, "f", OpenMode::Append);
