@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 #include "radio/commands.h"
 #include "radio/trunking.h"
@@ -87,6 +88,29 @@ std::string scanDigit(State& state, int digit) {
   return toggleBank(state.scanBanks, (digit + 9) % 10) ? kOk : kError;
 }
 
+std::string enterBank(State& state) {
+  if (state.programBank < 0) {
+    return kError;
+  }
+  enter(state, Activity::ProgramTrunk);
+  return kOk;
+}
+
+// A tone, a frequency or a channel.
+std::string enterNumber(State& state, const std::string& text) {
+  if (state.activity == Activity::ToneEntry) {
+    return enterTone(state, text);
+  }
+  if (state.activity == Activity::ProgramTrunk) {
+    return enterTrunked(state, text);
+  }
+  if (!isChannel(text)) {
+    return enterFrequency(state, text);
+  }
+  goTo(state, std::atoi(text.c_str()));
+  return kOk;
+}
+
 }  // namespace
 
 std::string keyDigit(State& state, std::string_view line) {
@@ -126,14 +150,9 @@ std::string keyPoint(State& state, std::string_view) {
 }
 
 std::string keyEnter(State& state, std::string_view) {
-  const Entry entry = state.entry;
-  state.entry = {};
+  const Entry entry = std::exchange(state.entry, {});
   if (state.activity == Activity::SelectBank) {
-    if (state.programBank < 0) {
-      return kError;
-    }
-    enter(state, Activity::ProgramTrunk);
-    return kOk;
+    return enterBank(state);
   }
   if (entry.text.empty()) {
     return kOk;
@@ -144,17 +163,7 @@ std::string keyEnter(State& state, std::string_view) {
   if (followsIds(state.activity)) {
     return storeId(state, entry.slot.value_or(state.slot), entry.text) ? kOk : kError;
   }
-  if (state.activity == Activity::ToneEntry) {
-    return enterTone(state, entry.text);
-  }
-  if (state.activity == Activity::ProgramTrunk) {
-    return enterTrunked(state, entry.text);
-  }
-  if (!isChannel(entry.text)) {
-    return enterFrequency(state, entry.text);
-  }
-  goTo(state, std::atoi(entry.text.c_str()));
-  return kOk;
+  return enterNumber(state, entry.text);
 }
 
 std::string keyManual(State& state, std::string_view) {

@@ -73,6 +73,22 @@ void wait(std::array<pollfd, 3>& fds, std::optional<Instant> deadline) {
   }
 }
 
+/// Does what is due on the line and in the control input; false at the end of that input.
+bool serve(Wire& wire, const pollfd& line, const pollfd& control, ControlInput& input) {
+  if ((line.revents & POLLIN) != 0) {
+    wire.readable(clockNow());
+  }
+  if (control.revents != 0 && !input.serve(wire)) {
+    return false;
+  }
+  const Instant now = clockNow();
+  const auto deadline = wire.deadline(now);
+  if (deadline && *deadline <= now) {
+    wire.due(now);
+  }
+  return true;
+}
+
 }  // namespace
 
 Instant clockNow() {
@@ -99,25 +115,11 @@ void runWire(Wire& wire, bool control) {
   print("ready " + wire.path() + '\n');
   ControlInput input;
   std::array<pollfd, 3> fds{};
-  while (true) {
+  do {
     fds = {pollfd{wire.fd(), POLLIN, 0}, pollfd{control ? STDIN_FILENO : -1, POLLIN, 0},
            pollfd{signals, POLLIN, 0}};
     wait(fds, wire.deadline(clockNow()));
-    if (fds[2].revents != 0) {
-      break;
-    }
-    if ((fds[0].revents & POLLIN) != 0) {
-      wire.readable(clockNow());
-    }
-    if (fds[1].revents != 0 && !input.serve(wire)) {
-      break;
-    }
-    const Instant now = clockNow();
-    const auto deadline = wire.deadline(now);
-    if (deadline && *deadline <= now) {
-      wire.due(now);
-    }
-  }
+  } while (fds[2].revents == 0 && serve(wire, fds[0], fds[1], input));
   ::close(signals);
 }
 

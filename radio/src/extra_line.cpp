@@ -21,6 +21,23 @@ std::optional<Value> named(const std::array<std::pair<std::string_view, Value>, 
   return found == names.end() ? std::nullopt : std::optional(found->second);
 }
 
+using What = ExtraLine::What;
+using Where = ExtraLine::Where;
+using How = ExtraLine::How;
+
+constexpr std::array<std::pair<std::string_view, Where>, 3> kPlaces{
+    {{"before", Where::Before}, {"after", Where::After}, {"anywhere", Where::Anywhere}}};
+constexpr std::array<std::pair<std::string_view, How>, 4> kShapes{
+    {{"joined", How::Joined}, {"cut", How::Cut}, {"8bit", How::EightBit}, {"slow", How::Slow}}};
+constexpr std::array<std::pair<std::string_view, What>, 8> kContents{{{"id", What::Id},
+                                                                      {"stream", What::Stream},
+                                                                      {"echo", What::Echo},
+                                                                      {"copy", What::Copy},
+                                                                      {"previous", What::Previous},
+                                                                      {"noise", What::Noise},
+                                                                      {"flood", What::Flood},
+                                                                      {"text", What::Text}}};
+
 std::string joinedWords(Words words) {
   std::string text;
   for (const std::string& word : words) {
@@ -63,12 +80,8 @@ std::optional<ExtraLine> ExtraLine::parse(Words words) {
   return line;
 }
 
-/// How many of the words say something, from the first; 0 if it isn't known.
+/// How many of the words belong together, from the first; 0 if it isn't known.
 std::size_t ExtraLine::take(Words words) {
-  constexpr std::array<std::pair<std::string_view, Where>, 3> kPlaces{
-      {{"before", Where::Before}, {"after", Where::After}, {"anywhere", Where::Anywhere}}};
-  constexpr std::array<std::pair<std::string_view, How>, 4> kShapes{
-      {{"joined", How::Joined}, {"cut", How::Cut}, {"8bit", How::EightBit}, {"slow", How::Slow}}};
   const std::string& word = words[0];
   if (const auto place = named(kPlaces, word)) {
     where_ = *place;
@@ -81,27 +94,17 @@ std::size_t ExtraLine::take(Words words) {
   const auto number = words.size() > 1 ? parseNumber(words[1]) : std::nullopt;
   if (word == "late") {
     where_ = Where::Late;
-    const double given = number.value_or(-1);
-    lateness_ = milliseconds(static_cast<std::int64_t>(given));
-    return given >= 0 && given < 1e9 ? 2 : 0;
+    lateness_ = milliseconds(static_cast<std::int64_t>(number.value_or(0)));
+    return number && *number >= 0 && *number < 1e9 ? 2 : 0;
   }
   if (word == "every" || parseNumber(word)) {
     when_.assign(words.begin(), words.begin() + (word == "every" && number ? 2 : 1));
     return when_.size();
   }
-  return takeWhat(words);
+  return takeWhat(words, number);
 }
 
-std::size_t ExtraLine::takeWhat(Words words) {
-  constexpr std::array<std::pair<std::string_view, What>, 8> kContents{
-      {{"id", What::Id},
-       {"stream", What::Stream},
-       {"echo", What::Echo},
-       {"copy", What::Copy},
-       {"previous", What::Previous},
-       {"noise", What::Noise},
-       {"flood", What::Flood},
-       {"text", What::Text}}};
+std::size_t ExtraLine::takeWhat(Words words, std::optional<double> number) {
   what_ = named(kContents, words[0]);
   if (!what_) {
     return 0;
@@ -110,7 +113,6 @@ std::size_t ExtraLine::takeWhat(Words words) {
     text_ = joinedWords(words.subspan(1));
     return words.size();
   }
-  const auto number = words.size() > 1 ? parseNumber(words[1]) : std::nullopt;
   if (*what_ == What::Flood && number) {
     floodBytes_ = *number >= 1 && *number <= 1e7 ? static_cast<std::size_t>(*number) : 0;
     return floodBytes_ > 0 ? 2 : 0;

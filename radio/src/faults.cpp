@@ -12,36 +12,38 @@ namespace {
 
 using Words = std::span<const std::string>;
 
-constexpr std::array<std::string_view, 4> kWords{"silence", "noise", "extra", "stream"};
-
 }  // namespace
 
+Faults::Setter Faults::setterOf(std::string_view word) {
+  if (word == "silence") {
+    return &Faults::setSilence;
+  }
+  if (word == "noise") {
+    return &Faults::setNoise;
+  }
+  if (word == "extra") {
+    return &Faults::addExtra;
+  }
+  return word == "stream" ? &Faults::addStream : nullptr;
+}
+
 bool Faults::isFault(std::string_view word) {
-  return ReplyFaults::isFault(word) || std::ranges::find(kWords, word) != kWords.end();
+  return ReplyFaults::isFault(word) || setterOf(word) != nullptr;
 }
 
 bool Faults::set(std::string_view line) {
   std::istringstream text{std::string(line)};
-  const std::vector<std::string> all{std::istream_iterator<std::string>(text), {}};
-  if (all.empty()) {
+  const std::vector<std::string> words{std::istream_iterator<std::string>(text), {}};
+  if (words.empty()) {
     return false;
   }
-  const std::string& word = all[0];
-  const Words rest = Words(all).subspan(1);
-  if (word == "silence") {
-    return setSilence(rest);
-  }
-  if (word == "noise") {
-    return setNoise(rest);
-  }
-  if (word == "extra") {
-    return addExtra(rest);
-  }
-  if (word == "stream") {
-    return rest.size() == 1 &&
-           addExtra(std::array<std::string, 4>{"stream", "anywhere", "every", rest[0]});
-  }
-  return replies_.set(all);
+  const Setter setter = setterOf(words[0]);
+  return setter == nullptr ? replies_.set(words) : (this->*setter)(Words(words).subspan(1));
+}
+
+bool Faults::addStream(Words words) {
+  return words.size() == 1 &&
+         addExtra(std::array<std::string, 4>{"stream", "anywhere", "every", words[0]});
 }
 
 bool Faults::setSilence(Words words) {
@@ -91,13 +93,17 @@ void Faults::remember(const Exchange& exchange) {
   lastReply_ = exchange.reply;
 }
 
-std::vector<OutgoingPart> Faults::apply(const Exchange& exchange) {
+void Faults::countDownToSilence() {
   if (silentAfter_ == 0) {
     silent_ = true;
   }
   if (silentAfter_ >= 0) {
     --silentAfter_;
   }
+}
+
+std::vector<OutgoingPart> Faults::apply(const Exchange& exchange) {
+  countDownToSilence();
   remember(exchange);
   if (silent_) {
     return {};
@@ -118,21 +124,23 @@ std::string Faults::noisy(std::string bytes) {
   if (noise_ <= 0) {
     return bytes;
   }
-  std::string spoilt;
+  std::string heard;
   for (const char c : bytes) {
-    if (chance_.fraction() >= noise_) {
-      spoilt += c;
-      continue;
-    }
-    const Noise kind =
-        noiseKind_ == Noise::Any ? static_cast<Noise>(1 + chance_.below(3)) : noiseKind_;
-    if (kind == Noise::Doubled) {
-      spoilt.append(2, c);
-    } else if (kind == Noise::Changed) {
-      spoilt += static_cast<char>(static_cast<unsigned char>(c) + 1 + chance_.below(255));
-    }
+    heard += chance_.fraction() < noise_ ? spoilt(c) : std::string(1, c);
   }
-  return spoilt;
+  return heard;
+}
+
+std::string Faults::spoilt(char c) {
+  const bool any = noiseKind_ == Noise::Any;
+  const Noise kind = any ? static_cast<Noise>(1 + chance_.below(3)) : noiseKind_;
+  if (kind == Noise::Lost) {
+    return "";
+  }
+  if (kind == Noise::Doubled) {
+    return {c, c};
+  }
+  return {static_cast<char>(static_cast<unsigned char>(c) + 1 + chance_.below(255))};
 }
 
 }  // namespace tarnvex::radio

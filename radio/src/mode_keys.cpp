@@ -46,6 +46,23 @@ bool step(State& state, int by) {
   }
 }
 
+// What the hold key makes of an activity that runs.
+std::optional<Activity> heldFrom(Activity activity) {
+  switch (activity) {
+    case Activity::Scan:
+      return Activity::Manual;
+    case Activity::Search:
+    case Activity::Auto:
+      return Activity::SearchHold;
+    case Activity::Weather:
+      return Activity::WeatherHold;
+    case Activity::IdScan:
+      return Activity::IdManual;
+    default:
+      return std::nullopt;
+  }
+}
+
 }  // namespace
 
 std::string keyScan(State& state, std::string_view) {
@@ -56,33 +73,20 @@ std::string keyScan(State& state, std::string_view) {
 }
 
 std::string keyHold(State& state, std::string_view) {
-  if (step(state, 1)) {
+  if (step(state, 1) || state.activity == Activity::IdHold) {
     return kOk;
   }
-  const Frequency here = displayedFrequency(state);
-  switch (state.activity) {
-    case Activity::Scan:
-      enter(state, Activity::Manual);
-      return kOk;
-    case Activity::Search:
-    case Activity::Auto:
-      enter(state, Activity::SearchHold);
-      break;
-    case Activity::Weather:
-      enter(state, Activity::WeatherHold);
-      break;
-    case Activity::IdScan:
-      enter(state, Activity::IdManual);
-      return kOk;
-    case Activity::IdSearch:
-      holdId(state);
-      return kOk;
-    case Activity::IdHold:
-      return kOk;
-    default:
-      return kError;
+  if (state.activity == Activity::IdSearch) {
+    holdId(state);
+    return kOk;
   }
-  state.searchAt = here;
+  const auto held = heldFrom(state.activity);
+  if (!held) {
+    return kError;
+  }
+  const Frequency here = displayedFrequency(state);
+  enter(state, *held);
+  state.searchAt = searches(*held) ? here : state.searchAt;
   return kOk;
 }
 
@@ -103,30 +107,19 @@ std::string keyLimitHeld(State& state, std::string_view) {
 }
 
 std::string keySearch(State& state, std::string_view) {
-  switch (state.activity) {
-    case Activity::Search:
-    case Activity::Auto:
-    case Activity::Weather:
-    case Activity::TrunkSearch:
-    case Activity::IdSearch:
-      passOn(state);
-      return kOk;
-    case Activity::WeatherHold:
-      enter(state, Activity::Weather);
-      return kOk;
-    case Activity::IdHold:
-    case Activity::IdScan:
-    case Activity::IdManual:
-      enter(state, Activity::IdSearch);
-      return kOk;
-    case Activity::SelectBank:
-    case Activity::ProgramTrunk:
-      enter(state, Activity::TrunkSearch);
-      return kOk;
-    default:
-      enter(state, Activity::Search);
-      return kOk;
+  const bool runs = state.activity == Activity::Search || state.activity == Activity::Auto ||
+                    state.activity == Activity::Weather ||
+                    state.activity == Activity::TrunkSearch || state.activity == Activity::IdSearch;
+  if (runs) {
+    passOn(state);
+  } else if (state.activity == Activity::WeatherHold) {
+    enter(state, Activity::Weather);
+  } else if (followsIds(state.activity)) {
+    enter(state, Activity::IdSearch);
+  } else {
+    enter(state, programsTrunk(state.activity) ? Activity::TrunkSearch : Activity::Search);
   }
+  return kOk;
 }
 
 std::string keyWeather(State& state, std::string_view) {

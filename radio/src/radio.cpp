@@ -71,6 +71,19 @@ void Radio::runScene() {
   }
 }
 
+// A search goes on from the frequency that was shown.
+void Radio::engage(Activity activity) {
+  const Frequency here = displayedFrequency(state_);
+  if (activity == Activity::IdHold) {
+    holdId(state_);
+  } else {
+    enter(state_, activity);
+  }
+  if (searches(activity)) {
+    state_.searchAt = here;
+  }
+}
+
 void Radio::takeStep(const Step& step) {
   if (modeCode(state_.model, step.activity, Family::Motorola).empty()) {
     return;
@@ -78,15 +91,7 @@ void Radio::takeStep(const Step& step) {
   if (followsIds(step.activity) || step.activity == Activity::TrunkSearch) {
     state_.trunkBank = step.argument;
   }
-  const Frequency here = displayedFrequency(state_);
-  if (step.activity == Activity::IdHold) {
-    holdId(state_);
-  } else {
-    enter(state_, step.activity);
-  }
-  if (searches(step.activity)) {
-    state_.searchAt = here;
-  }
+  engage(step.activity);
   if (step.activity == Activity::Manual) {
     state_.channel = step.argument;
   }
@@ -136,15 +141,7 @@ bool Radio::setMode(std::string_view code) {
   if (familyOf(state_) != family) {
     state_.trunkBank = family == Family::Edacs ? 7 : 1;
   }
-  if (activity == Activity::IdHold) {
-    holdId(state_);
-  } else {
-    const Frequency here = displayedFrequency(state_);
-    enter(state_, activity);
-    if (searches(activity)) {
-      state_.searchAt = here;
-    }
-  }
+  engage(activity);
   tune(state_, air_);
   return true;
 }

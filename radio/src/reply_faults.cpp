@@ -40,6 +40,20 @@ void garble(std::string& reply) {
   }
 }
 
+/// The amount at the front of the words, or the usual one; nothing if it makes no sense.
+std::optional<std::int64_t> takeAmount(const Row& row, std::span<const std::string>& words) {
+  if (!row.hasAmount) {
+    return 0;
+  }
+  const auto number = words.empty() ? std::nullopt : parseNumber(words[0]);
+  if (!number) {
+    return row.usualAmount;
+  }
+  words = words.subspan(1);
+  const bool fits = *number >= static_cast<double>(row.leastAmount) && *number <= kMostAmount;
+  return fits ? std::optional(static_cast<std::int64_t>(*number)) : std::nullopt;
+}
+
 }  // namespace
 
 bool ReplyFaults::isFault(std::string_view word) {
@@ -52,23 +66,12 @@ bool ReplyFaults::set(std::span<const std::string> words) {
     return false;
   }
   words = words.subspan(1);
-  Fault fault;
-  if (row->hasAmount) {
-    const auto number = words.empty() ? std::nullopt : parseNumber(words[0]);
-    words = words.subspan(number ? 1 : 0);
-    const double amount = number.value_or(static_cast<double>(row->usualAmount.value_or(-1)));
-    const bool known = number || row->usualAmount;
-    if (!known || !(amount >= static_cast<double>(row->leastAmount) && amount <= kMostAmount)) {
-      return false;
-    }
-    fault.amount = static_cast<std::int64_t>(amount);
-  }
+  const auto amount = takeAmount(*row, words);
   const auto occasion = Occasion::parse(words);
-  if (!occasion) {
+  if (!amount || !occasion) {
     return false;
   }
-  fault.occasion = *occasion;
-  faults_[row - kRows.begin()] = fault;
+  faults_[row - kRows.begin()] = {*amount, *occasion};
   return true;
 }
 

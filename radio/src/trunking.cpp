@@ -32,6 +32,23 @@ void goToBank(State& state, int bank) {
   state.channel = bank * kBankSize + 1;
 }
 
+// Another bank to follow, a group of the scan switched, or the first slot of a group.
+std::string chooseWhileFollowing(State& state, int bank) {
+  if (state.bankKeyOpen) {
+    state.trunkBank = bank;
+    enter(state, state.activity);
+    return kOk;
+  }
+  if (bank >= groupsOf(state.model)) {
+    return kError;
+  }
+  if (state.activity != Activity::IdManual) {
+    return toggleBank(trunkBank(state).scanned, bank) ? kOk : kError;
+  }
+  state.slot = {bank, 1};
+  return kOk;
+}
+
 }  // namespace
 
 std::string keyTrunk(State& state, std::string_view) {
@@ -67,19 +84,7 @@ std::string keyBank(State& state, std::string_view line) {
     return kError;
   }
   if (followsIds(state.activity)) {
-    if (state.bankKeyOpen) {
-      state.trunkBank = bank;
-      enter(state, state.activity);
-      return kOk;
-    }
-    if (bank >= groupsOf(state.model)) {
-      return kError;
-    }
-    if (state.activity != Activity::IdManual) {
-      return toggleBank(trunkBank(state).scanned, bank) ? kOk : kError;
-    }
-    state.slot = {bank, 1};
-    return kOk;
+    return chooseWhileFollowing(state, bank);
   }
   if (state.activity == Activity::Scan) {
     return toggleBank(state.scanBanks, bank) ? kOk : kError;

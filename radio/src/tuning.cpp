@@ -39,42 +39,55 @@ bool isWithin(const State& state, Frequency frequency) {
   return frequency >= state.lower && frequency <= state.upper && !isSkipped(state, frequency);
 }
 
-bool wants(const State& state, const Transmission& each) {
-  const bool ours = each.bank == state.trunkBank;
+bool isOnChannel(const State& state, const Transmission& each) {
+  const Channel& channel = state.memory.channels[state.channel];
+  return each.frequency == channel.frequency && toneFits(state, channel, each);
+}
+
+// Among the frequencies, for an activity that looks for them or stays on one.
+bool wantsFrequency(const State& state, const Transmission& each) {
+  const bool fresh = each.serial != state.passed;
   switch (state.activity) {
     case Activity::Scan:
-      return each.bank < 0 && each.serial != state.passed && scannedChannel(state, each) != 0;
+      return fresh && each.bank < 0 && scannedChannel(state, each) != 0;
     case Activity::Manual:
-    case Activity::ToneEntry: {
-      const Channel& channel = state.memory.channels[state.channel];
-      return each.frequency == channel.frequency && toneFits(state, channel, each);
-    }
+    case Activity::ToneEntry:
+      return isOnChannel(state, each);
     case Activity::Search:
     case Activity::Auto:
-      return each.serial != state.passed && isWithin(state, each.frequency);
+      return fresh && isWithin(state, each.frequency);
     case Activity::Weather:
-      return each.serial != state.passed && each.frequency >= kWeatherFirst &&
-             each.frequency <= kWeatherLast;
+      return fresh && each.frequency >= kWeatherFirst && each.frequency <= kWeatherLast;
     case Activity::SearchHold:
     case Activity::WeatherHold:
     case Activity::TrunkSearchHold:
       return each.frequency == state.searchAt;
-    case Activity::TrunkSearch:
-      return ours && each.serial != state.passed;
-    case Activity::IdSearch:
-      return ours && each.serial != state.passed && !isLockedId(state, each.id);
-    case Activity::IdHold:
-      return ours && each.id == state.heldId;
-    case Activity::IdScan:
-      return ours && each.serial != state.passed && isScannedId(state, each.id);
-    case Activity::IdManual:
-      return ours && each.id == activeId(state);
-    case Activity::SelectBank:
-    case Activity::ProgramTrunk:
-    case Activity::Send:
+    default:
       return false;
   }
-  return false;
+}
+
+// Among the talkgroups of the trunked bank.
+bool wantsId(const State& state, const Transmission& each) {
+  const bool fresh = each.serial != state.passed;
+  switch (state.activity) {
+    case Activity::TrunkSearch:
+      return fresh;
+    case Activity::IdSearch:
+      return fresh && !isLockedId(state, each.id);
+    case Activity::IdScan:
+      return fresh && isScannedId(state, each.id);
+    case Activity::IdHold:
+      return each.id == state.heldId;
+    case Activity::IdManual:
+      return each.id == activeId(state);
+    default:
+      return false;
+  }
+}
+
+bool wants(const State& state, const Transmission& each) {
+  return wantsFrequency(state, each) || (each.bank == state.trunkBank && wantsId(state, each));
 }
 
 bool delays(const State& state) {
@@ -194,8 +207,7 @@ void sweep(State& state) {
 }  // namespace
 
 void tune(State& state, const Air& air) {
-  if (state.activity == Activity::TrunkSearch && state.acquiredAt != 0 &&
-      state.now >= state.acquiredAt) {
+  if (state.acquiredAt != 0 && state.now >= state.acquiredAt) {
     enter(state, Activity::IdScan);
   }
   if (const Transmission* call = priorityCall(state, air)) {
@@ -206,19 +218,16 @@ void tune(State& state, const Air& air) {
   if (dwelling && state.open) {
     return;
   }
-  for (const Transmission& each : air.active()) {
-    if ((dwelling && !answersStop(state, each)) || !wants(state, each)) {
-      continue;
-    }
-    stopOn(state, each);
-    return;
+  const auto next = std::ranges::find_if(air.active(), [&](const Transmission& each) {
+    return (!dwelling || answersStop(state, each)) && wants(state, each);
+  });
+  if (next != air.active().end()) {
+    stopOn(state, *next);
+  } else if (!dwelling) {
+    state.stop.reset();
+    state.open = false;
+    sweep(state);
   }
-  if (dwelling) {
-    return;
-  }
-  state.stop.reset();
-  state.open = false;
-  sweep(state);
 }
 
 void holdId(State& state) {

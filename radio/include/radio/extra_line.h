@@ -35,6 +35,10 @@ namespace tarnvex::radio {
 ///           every N         with one reply in N, by chance
 class ExtraLine {
  public:
+  enum class What { Id, Stream, Echo, Copy, Previous, Noise, Flood, Text };
+  enum class Where { Before, After, Late, Anywhere };
+  enum class How { Plain, Joined, Cut, EightBit, Slow };
+
   static std::optional<ExtraLine> parse(std::span<const std::string> words);
 
   [[nodiscard]] bool isOver() const { return occasion_.isOver(); }
@@ -44,12 +48,8 @@ class ExtraLine {
             Chance& chance);
 
  private:
-  enum class What { Id, Stream, Echo, Copy, Previous, Noise, Flood, Text };
-  enum class Where { Before, After, Late, Anywhere };
-  enum class How { Plain, Joined, Cut, EightBit, Slow };
-
   std::size_t take(std::span<const std::string> words);
-  std::size_t takeWhat(std::span<const std::string> words);
+  std::size_t takeWhat(std::span<const std::string> words, std::optional<double> number);
   [[nodiscard]] std::string content(const Exchange& exchange, std::string_view previous,
                                     Chance& chance) const;
   [[nodiscard]] std::vector<OutgoingPart> shaped(std::string bytes) const;

@@ -44,9 +44,14 @@ class Faults {
 
  private:
   enum class Noise { Any, Lost, Doubled, Changed };
+  using Setter = bool (Faults::*)(std::span<const std::string>);
+  static Setter setterOf(std::string_view word);
   bool setSilence(std::span<const std::string> words);
   bool setNoise(std::span<const std::string> words);
   bool addExtra(std::span<const std::string> words);
+  bool addStream(std::span<const std::string> words);
+  void countDownToSilence();
+  std::string spoilt(char c);
 
   void remember(const Exchange& exchange);
 

@@ -58,6 +58,7 @@ class Radio {
   void live(Millis ms);
   void runScene();
   [[nodiscard]] double traffic() const;
+  void engage(Activity activity);
   void takeStep(const Step& step);
   void stream();
 
