@@ -8,7 +8,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string text(tarnvex::fuzz::asText(data, size));
 
   const IdentityReply identity(text);
-  require(!identity.isError() || !identity.isOtherModel());
+  require(!identity.isError() || !identity.namesModel());
   require(identity.model().size() <= 8 && identity.serialNumber().size() <= 10 &&
           identity.firmware().size() <= 3);
   const SignalReply signal(text);
@@ -17,7 +17,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   constexpr std::size_t kLongestWhole = 10;
   require(signal.shownFrequency().size() <= kLongestWhole + 5);
   const ChannelReply channel(text);
-  require(channel.number().size() <= kLongestWhole);
+  require(channel.number().value_or(1) >= 1 && channel.number().value_or(1) <= 300);
   require(!channel.isNothing() || channel.shownFrequency() == ".");
   require(size >= 17 || !channel.trunked());
   require(size >= 20 || !channel.delay());

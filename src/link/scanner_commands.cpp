@@ -12,6 +12,14 @@ using platform::mid;
 using platform::toInteger;
 using platform::toReal;
 
+constexpr int kChannels = 300;
+/// The BC245XLT's "-".
+constexpr char kWireDash = '\xFE';
+
+bool isDigit(char character) {
+  return character >= '0' && character <= '9';
+}
+
 /// The wire's unit is 100 Hz.
 constexpr double kUnitsPerMegahertz = 10000;
 
@@ -139,8 +147,12 @@ bool mode245::holdsTrunkedBank(std::string_view mode) {
   return mode.ends_with("12") || mode.ends_with("18");
 }
 
-bool IdentityReply::isOtherModel() const {
-  return !text_.empty() && text_ != reply::kError && text_ != reply::kFault;
+bool IdentityReply::namesModel() const {
+  return text_.starts_with(command::kIdentify) && !model().empty();
+}
+
+bool IdentityReply::isKnown() const {
+  return text_.empty() || isError() || text_ == reply::kFault || namesModel();
 }
 
 std::string IdentityReply::model() const {
@@ -179,8 +191,9 @@ std::string SignalReply::shownFrequency() const {
   return aroundPoint(text_, "###");
 }
 
-std::string ChannelReply::number() const {
-  return format(mid(text_, 2, 3), "###");
+std::optional<int> ChannelReply::number() const {
+  const auto number = toInteger(mid(text_, 2, 3));
+  return number && *number >= 1 && *number <= kChannels ? number : std::nullopt;
 }
 
 std::string ChannelReply::shownFrequency() const {
@@ -222,6 +235,10 @@ std::string TrunkIdReply::id() const {
 
 std::string TrunkIdReply::place() const {
   return mid(text_, 4, 2);
+}
+
+bool IdLine::isWhole() const {
+  return isId() && (saysNoId() || readsAsId(mid(text_, 6, 6)));
 }
 
 std::string IdLine::id() const {
@@ -266,7 +283,7 @@ std::string bankLetters(std::string_view reply) {
 }
 
 std::string withDashes(std::string reply) {
-  std::ranges::replace(reply, '\xFE', '-');
+  std::ranges::replace(reply, kWireDash, '-');
   return reply;
 }
 
@@ -295,16 +312,35 @@ bool saysNoId(std::string_view reply) {
   return searchedId(reply).empty() || reply.find('E') != std::string_view::npos;
 }
 
+bool answersSearch(std::string_view reply) {
+  return saysNoId(reply) || readsAsId(searchedId(reply));
+}
+
 std::optional<std::string> heldId(std::string_view line) {
   const std::string tail = mid(line, 4);
-  if (!tail.starts_with('S')) {
-    return std::nullopt;
-  }
-  return mid(tail, 3, 6);
+  std::string id = mid(tail, 3, 6);
+  return tail.starts_with('S') && readsAsId(id) ? std::optional(std::move(id)) : std::nullopt;
 }
 
 std::string modeOf(std::string_view reply) {
   return mid(reply, 1, 4);
+}
+
+bool isMode(std::string_view reply) {
+  return reply.size() >= 4 && reply.starts_with(command::kMode) && isDigit(reply[2]) &&
+         isDigit(reply[3]);
+}
+
+bool readsAsFrequency(std::string_view text) {
+  const std::size_t point = text.find('.');
+  return point >= 1 && point <= 3 && text.size() == point + 5 &&
+         std::ranges::count_if(text, isDigit) == static_cast<std::ptrdiff_t>(text.size() - 1);
+}
+
+bool readsAsId(std::string_view field) {
+  return field.size() == 6 && std::ranges::all_of(field, [](char c) {
+           return isDigit(c) || c == '-' || c == ' ' || c == kWireDash;
+         });
 }
 
 }  // namespace tarnvex::link

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-/// The radio's command language: every request text and every reply position stands here and
-/// nowhere else.
+/// The radio's command language: every request text and every reply position is here and nowhere
+/// else.
 ///
 /// A request is shown without its carriage return. A reply is what `ScannerLink` returns; positions
 /// count from 1, and a reply too short for a field gives an empty text, or no number. The
@@ -27,8 +27,10 @@ inline constexpr std::string_view kLockoutOn = "LON";
 inline constexpr std::string_view kDelayOn = "DLN";
 inline constexpr std::string_view kToneSquelchOn = "CTN";
 inline constexpr std::string_view kPriorityOn = "PRN";
-/// The ID mode line of a BC245XLT begins so.
+/// A line that the BC245XLT streams in its ID modes begins with this.
 inline constexpr std::string_view kIdLine = "ID";
+/// And so, with a blank, do the lines that either radio streams.
+inline constexpr std::string_view kStreamedId = "ID ";
 }  // namespace reply
 
 /// Requests that have no argument.
@@ -253,8 +255,10 @@ class IdentityReply {
   explicit IdentityReply(std::string text) : text_(std::move(text)) {}
   /// A radio that doesn't know the command is a BC895XLT.
   [[nodiscard]] bool isError() const { return text_ == reply::kError; }
-  /// An answer that no BC895XLT gives. Silence counts as the radio that was there.
-  [[nodiscard]] bool isOtherModel() const;
+  /// A BC245XLT gives its name; nobody else does.
+  [[nodiscard]] bool namesModel() const;
+  /// One of the answers that a radio gives, or silence. Any other has strayed in.
+  [[nodiscard]] bool isKnown() const;
   [[nodiscard]] std::string model() const;
   [[nodiscard]] std::string serialNumber() const;
   /// Version times 100.
@@ -292,8 +296,8 @@ class ChannelReply {
  public:
   explicit ChannelReply(std::string text) : text_(std::move(text)) {}
   [[nodiscard]] bool isNothing() const { return text_ == reply::kNothing; }
-  /// The channel number without leading zeros, as shown.
-  [[nodiscard]] std::string number() const;
+  /// The channel number, 1 to 300. Nothing for any other text.
+  [[nodiscard]] std::optional<int> number() const;
   [[nodiscard]] std::string shownFrequency() const;
   [[nodiscard]] bool trunked() const;
   [[nodiscard]] bool delay() const;
@@ -327,8 +331,11 @@ class TrunkIdReply {
 class IdLine {
  public:
   explicit IdLine(std::string text) : text_(std::move(text)) {}
+  [[nodiscard]] bool empty() const { return text_.empty(); }
   /// Any other line has strayed in.
   [[nodiscard]] bool isId() const { return text_.starts_with(reply::kIdLine); }
+  /// Such a line in full: with an ID, or saying that there is none.
+  [[nodiscard]] bool isWhole() const;
   [[nodiscard]] bool saysNoId() const { return text_.find('E') != std::string::npos; }
   /// Seven characters: the ID and the blank before it.
   [[nodiscard]] std::string id() const;
@@ -376,10 +383,20 @@ std::optional<std::string> searchLimit(std::string_view reply);
 std::string searchedId(std::string_view reply);
 /// Whether the answer to "IDN" in ID search says that no ID is active.
 bool saysNoId(std::string_view reply);
-/// The six characters of the ID in a line streamed in ID hold, nothing if the line holds no active
+/// Whether an answer to "IDN" in ID search can be read: it says so, or it holds an ID.
+bool answersSearch(std::string_view reply);
+/// The six characters of the ID in a line streamed in ID hold; nothing if the line holds no active
 /// ID.
 std::optional<std::string> heldId(std::string_view line);
 /// The mode at the head of an answer to "MD" that may carry more.
 std::string modeOf(std::string_view reply);
+/// Whether an answer to "MD" begins with a mode.
+bool isMode(std::string_view reply);
+
+/// Whether a text is a frequency as it is shown: up to three digits, the point, four digits.
+bool readsAsFrequency(std::string_view text);
+/// Whether a field of a reply is an ID or the sign for an empty slot: six digits, dashes and
+/// blanks.
+bool readsAsId(std::string_view field);
 
 }  // namespace tarnvex::link

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "link/id_stream.h"
 #include "platform/controls.h"
 #include "platform/dialogs.h"
 #include "platform/serial_port.h"
@@ -67,6 +68,9 @@ class ScannerLink {
   /// lets the line fall quiet first.
   void resynchronise() { inDoubt_ = true; }
 
+  /// The ID loop of the poll that is running, if one is.
+  IdStream& ids() { return ids_; }
+
  private:
   [[nodiscard]] Line line() const { return state_.ModelKey == "BC245" ? bc245_ : bc895_; }
   /// Flushes, sends and waits until more than `waiting` bytes are there. False on a closed port or
@@ -84,6 +88,7 @@ class ScannerLink {
   Line bc245_;
   bool reporting_ = false;
   bool inDoubt_ = false;
+  IdStream ids_{*this};
 };
 
 }  // namespace tarnvex::link

@@ -27,7 +27,7 @@ void Bc245Poll::tick() {
   if (!searchesService(panel_.mode.caption())) {
     panel_.Police.setVisible(false);
   }
-  const link::IdentityReply identity(ask(command::kIdentify));
+  const link::IdentityReply identity = askIdentity();
   if (identity.isError()) {
     handOver("BC895", "BC895XLT");
     return;
@@ -45,18 +45,22 @@ void Bc245Poll::tick() {
   }
 }
 
-/// Silence leaves the texts blank: there is no radio to name.
+/// Silence leaves the texts blank: there is no radio to name. An answer that no radio gives leaves
+/// them as they were.
 void Bc245Poll::takeIdentity(const link::IdentityReply& identity) {
+  state().SwitchingScanners = false;
+  if (!identity.isKnown()) {
+    return;
+  }
   state().ScannerName = identity.polledModel();
   state().ModelKey = "BC245";
   state().SerialNumberText = identity.polledSerialNumber();
   if (const auto firmware = platform::toReal(identity.firmware())) {
     state().FirmwareText = platform::shortest(*firmware / 100);
   }
-  state().SwitchingScanners = false;
 }
 
-/// By the words of the last tick.
+/// As the last tick left the display.
 bool Bc245Poll::showsReception() const {
   const std::string& shown = panel_.Frequency.caption();
   return shown != kScanning && shown != Bc245Panel::kDesignText &&
@@ -122,7 +126,7 @@ void Bc245Poll::conventional(bool scanning) {
   if (scanning) {
     panel_.showBanks(link::bankLetters(ask(command::kScanBanks)));
   }
-  // Part of this mode's exchange, though the tick's opening has shown the answer already.
+  // Deliberate: asked again in this mode, though the tick's opening has shown the answer.
   ask(command::kPriority);
   const link::ChannelReply channel(ask(command::kActiveChannel));
   if (channel.isNothing()) {
@@ -134,23 +138,30 @@ void Bc245Poll::conventional(bool scanning) {
 }
 
 void Bc245Poll::search(std::string_view code) {
-  panel_.Alpha.setCaption("");
   panel_.Channel.setCaption("");
   panel_.Search.setVisible(!searchesService(code));
   if (state().EntryActive) {
+    panel_.Alpha.setCaption("");
     return;
   }
   const bool open = asksOn(command::kSquelch, reply::kSquelchOpen);
-  // On hold the radio stands on a frequency, heard or not.
+  // On hold the radio stays on a frequency, heard or not.
   if (!open && code != mode245::kSearchHold && code != mode245::kServiceHold) {
+    panel_.Alpha.setCaption("");
     panel_.Frequency.setCaption(std::string(kSearching));
     state().HitCounted = false;
     return;
   }
-  skipIf(takeHit(link::SignalReply(ask(command::kReception)).shownFrequency()));
+  const std::string frequency = link::SignalReply(ask(command::kReception)).shownFrequency();
+  if (link::readsAsFrequency(frequency)) {
+    skipIf(takeHit(frequency, ""));
+  } else {
+    panel_.Alpha.setCaption("");
+  }
 }
 
-/// Nothing shows the channel again once this has hidden it: it comes back with the next start.
+/// Deliberate: nothing shows the channel again after this has hidden it. It comes back with the
+/// next start of the program.
 void Bc245Poll::program() {
   panel_.Channel.setVisible(false);
   if (!state().EntryActive) {

@@ -10,8 +10,7 @@
 
 namespace tarnvex::monitor {
 
-/// What this radio's poll reads of its window beyond what both polls do, and its own timer and
-/// port.
+/// What this radio's poll reads of its window in addition, and its own timer and port.
 struct Bc245PollControls {
   platform::Timer& Scantimer;
   const platform::SerialPort& MSComm1;
@@ -26,7 +25,7 @@ struct Bc245PollControls {
 /// The poll of the BC245XLT.
 ///
 /// While the radio searches IDs the tick stays in a loop with `Scantimer` off. A lost line ends the
-/// loop and leaves the timer off: Connect starts both again.
+/// loop and leaves the timer off until the user presses Connect.
 class Bc245Poll : public PollCycle {
  public:
   Bc245Poll(Bc245Panel& panel, PollControls controls, PollOutside outside, Bc245PollControls own);
@@ -60,14 +59,19 @@ class Bc245Poll : public PollCycle {
   void selectBank();
 
   void trunked(bool scanning);
-  void showVoiceId(const link::TrunkIdReply& id);
-  void showSlot(const link::TrunkIdReply& id);
+  void showVoiceId(const link::TrunkIdReply& answer);
+  /// The slot as shown, with the mark of its group's priority ID.
+  std::string askSlot(const link::TrunkIdReply& answer);
   Reception askReception();
-  void showTalkgroupTag(const std::string& id, std::optional<int> bank);
+  /// The tag of an ID, or none; nothing while the user keys digits.
+  std::optional<std::string> askTalkgroupTag(const std::string& id, std::optional<int> bank);
+
+  void showTag(const std::optional<std::string>& tag);
 
   bool startsRadio(std::string_view code);
   void followIds();
   void idRound(IdStay& stay);
+  link::IdLine takeLine();
   void takeId(const link::IdLine& line, bool held, IdStay& stay);
   void askIdMode();
 

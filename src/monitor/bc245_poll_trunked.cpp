@@ -40,21 +40,27 @@ void Bc245Poll::trunked(bool scanning) {
   }
 }
 
-void Bc245Poll::showVoiceId(const link::TrunkIdReply& id) {
-  showSlot(id);
+void Bc245Poll::showVoiceId(const link::TrunkIdReply& answer) {
+  const std::string slot = askSlot(answer);
   const Reception reception = askReception();
-  showTalkgroupTag(id.id(), reception.bank);
-  const std::string shown = trunking::shownId(id.id());
-  // What stands on the display tells whose turn it is.
-  const bool frequencysTurn = own_.Check5.value() && panel_.Frequency.caption() == shown;
-  showFrequency(frequencysTurn ? reception.frequency.value_or(shown) : shown);
+  const std::string id = answer.id();
+  const auto tag = askTalkgroupTag(id, reception.bank);
+  // An answer without an ID leaves the display as it is; a lost line blanks it.
+  if (link::readsAsId(id) || !own_.MSComm1.portOpen()) {
+    panel_.Channel.setCaption(slot);
+    showTag(tag);
+    const std::string shown = trunking::shownId(id);
+    // What is on the display tells whose turn it is.
+    const bool frequencysTurn = own_.Check5.value() && panel_.Frequency.caption() == shown;
+    showFrequency(frequencysTurn ? reception.frequency.value_or(shown) : shown);
+  }
   panel_.LO.setVisible(asksOn(command::kLockout, reply::kLockoutOn));
 }
 
-void Bc245Poll::showSlot(const link::TrunkIdReply& id) {
-  const std::string priority = link::priorityPlace(ask(command::priorityId(id.bank())));
-  const bool isPriority = !priority.empty() && priority == id.place();
-  panel_.Channel.setCaption(isPriority ? "P  " + id.slot() : id.slot());
+std::string Bc245Poll::askSlot(const link::TrunkIdReply& answer) {
+  const std::string priority = link::priorityPlace(ask(command::priorityId(answer.bank())));
+  const bool isPriority = !priority.empty() && priority == answer.place();
+  return isPriority ? "P  " + answer.slot() : answer.slot();
 }
 
 Bc245Poll::Reception Bc245Poll::askReception() {
@@ -69,9 +75,10 @@ Bc245Poll::Reception Bc245Poll::askReception() {
 }
 
 /// The plan may hold an EDACS ID in the form that the radio doesn't show.
-void Bc245Poll::showTalkgroupTag(const std::string& id, std::optional<int> bank) {
+std::optional<std::string> Bc245Poll::askTalkgroupTag(const std::string& id,
+                                                      std::optional<int> bank) {
   if (state().EntryActive) {
-    return;
+    return std::nullopt;
   }
   const bool decimal = asksOn(link::kEdacsDecimal.read, link::kEdacsDecimal.on);
   const auto others = decimal ? trunking::dashedForms(id) : trunking::decimalForms(id);
@@ -80,11 +87,17 @@ void Bc245Poll::showTalkgroupTag(const std::string& id, std::optional<int> bank)
     tag = memory::findTalkgroupTag(controls_.MSFlexGrid2, *bank,
                                    std::array{id, others.first, others.second});
   }
-  panel_.Alpha.setCaption(tag.value_or(""));
+  return tag.value_or("");
 }
 
-/// All segments still standing on the display mean that the radio hasn't scanned since the program
-/// opened: it is set going first.
+void Bc245Poll::showTag(const std::optional<std::string>& tag) {
+  if (tag) {
+    panel_.Alpha.setCaption(*tag);
+  }
+}
+
+/// All segments on the display mean that the radio hasn't scanned since the program opened: it is
+/// started first.
 bool Bc245Poll::startsRadio(std::string_view code) {
   if (!holdsId(code)) {
     panel_.Alpha.setCaption("");
@@ -100,15 +113,15 @@ void Bc245Poll::followIds() {
   panel_.hideBanks();
   panel_.Channel.setCaption("");
   panel_.Search.setVisible(false);
-  ask(command::kStreamIds);
+  ids().begin();
   showFrequency(kNoId);
   link::PollHold hold(own_.Scantimer);
   IdStay stay;
   // A lost line answers nothing, so the mode would never change.
-  while (followsIds(state().CurrentMode) && own_.MSComm1.portOpen()) {
+  while (ids().on() && followsIds(state().CurrentMode) && own_.MSComm1.portOpen()) {
     idRound(stay);
   }
-  ask(command::kStopIds);
+  ids().end();
   if (!own_.MSComm1.portOpen()) {
     hold.giveUp();
   }
@@ -117,13 +130,18 @@ void Bc245Poll::followIds() {
 void Bc245Poll::idRound(IdStay& stay) {
   const Bc245Mode& mode = *findBc245Mode(state().CurrentMode);
   outside_.gate.yield();
+  if (!ids().on()) {
+    return;
+  }
   const bool held = holdsId(mode.code);
   panel_.Dly.setVisible(asksOn(command::kDelay, reply::kDelayOn));
   panel_.Hold.setVisible(held);
   panel_.TrunkType.setCaption(std::string(mode.trunkType));
   outside_.gate.yield();
-  ask(command::kStreamIds);
-  const link::IdLine line(outside_.link.ReadReply());
+  if (!ids().on()) {
+    return;
+  }
+  const link::IdLine line = takeLine();
   if (line.isId()) {
     takeId(line, held, stay);
   } else if (!held) {
@@ -135,31 +153,46 @@ void Bc245Poll::idRound(IdStay& stay) {
   showLight();
 }
 
-/// A line that says that no ID is active goes the whole way, too: it is listed as what the display
-/// shows, and its bank stays the last one that was found.
+/// Takes a streamed line. It may have come before the answer to "IDN", or a stray line may have
+/// come before it.
+link::IdLine Bc245Poll::takeLine() {
+  const link::IdLine answer(ask(command::kStreamIds));
+  link::IdLine line(outside_.link.ReadReply());
+  if (line.empty() || line.isWhole()) {
+    return line;
+  }
+  return answer.isWhole() ? answer : link::IdLine(outside_.link.ReadReply());
+}
+
+/// A line that says that no ID is active leads to the same questions, and the bank stays the last
+/// one that was found. A line without a whole ID changes nothing.
 void Bc245Poll::takeId(const link::IdLine& line, bool held, IdStay& stay) {
+  if (!line.isWhole()) {
+    return;
+  }
   if (!held) {
     stay.id = line.id();
   }
   if (!held && line.saysNoId()) {
     stay.shown = kNoId;
   } else {
-    stay.shown = trunking::shownId(stay.id);
+    // On hold from the start there may be no ID yet.
+    stay.shown = stay.id.empty() ? stay.shown : trunking::shownId(stay.id);
     showFrequency(stay.shown);
   }
   stay.id = trimmed(stay.id);
   const Reception reception = askReception();
   platform::assign(stay.bank, reception.bank);
-  showTalkgroupTag(stay.id, reception.bank);
+  showTag(askTalkgroupTag(stay.id, reception.bank));
   captureId(controls_.List2, panel_.Frequency.caption(), stay.bank, panel_.Alpha.caption(),
             outside_.clock);
-  // Known or not: on this radio the search always passes on from an ID once it is taken.
+  // Deliberate: known or not, this radio passes on from every ID that was taken.
   skipIf(true);
 }
 
 /// A stray line is not taken for a mode.
 void Bc245Poll::askIdMode() {
-  const std::string mode = link::modeOf(ask(command::kMode));
+  const std::string mode = link::modeOf(askModeReply());
   if (mode.starts_with(command::kMode)) {
     state().CurrentMode = mode;
     panel_.mode.setCaption(mode);

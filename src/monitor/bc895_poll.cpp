@@ -58,7 +58,7 @@ void Bc895Poll::tick() {
     handOver("BC245", "BC245XLT");
     return;
   }
-  controls_.Check6.setValue(asksOn(command::kMute, reply::kMuteOn));
+  mirrorMute(ask(command::kMute));
   const link::SignalReply signal(ask(command::kSignal));
   gateRecording(showsReception());
   showSignalBars(signal);
@@ -72,7 +72,7 @@ void Bc895Poll::tick() {
 /// Silence counts as the radio that was there: the link has reported it, and it is no reason to
 /// change windows.
 bool Bc895Poll::otherModelAnswers() {
-  if (link::IdentityReply(ask(command::kIdentify)).isOtherModel()) {
+  if (askIdentity().namesModel()) {
     return true;
   }
   state().ModelKey = "BC895";
@@ -83,7 +83,15 @@ bool Bc895Poll::otherModelAnswers() {
   return false;
 }
 
-/// By the words of the last tick: a running search counts, too.
+/// A change of the box sends the switch to the radio, so a text that has strayed in must not
+/// change it.
+void Bc895Poll::mirrorMute(const std::string& answer) {
+  if (answer.starts_with(command::kMute) || answer == reply::kError) {
+    controls_.Check6.setValue(answer == reply::kMuteOn);
+  }
+}
+
+/// As the last tick left the display. A search that is running counts, too.
 bool Bc895Poll::showsReception() const {
   const std::string& shown = panel_.Frequency.caption();
   return shown != kScanning && shown != kDesignText &&
@@ -130,14 +138,15 @@ void Bc895Poll::sendMode() {
 
 void Bc895Poll::search(const std::string& mode, const link::SignalReply& signal) {
   prepareSearch(mode);
-  skipIf(!state().EntryActive && searchFinds(signal));
+  if (!state().EntryActive) {
+    skipIf(searchFinds(signal));
+  } else if (std::ranges::find(kSearchModes, mode, &SearchMode::mode)->clearAlpha) {
+    panel_.Alpha.setCaption("");
+  }
 }
 
 void Bc895Poll::prepareSearch(const std::string& mode) {
   const auto& effects = *std::ranges::find(kSearchModes, mode, &SearchMode::mode);
-  if (effects.clearAlpha) {
-    panel_.Alpha.setCaption("");
-  }
   if (mode == mode895::kSearch) {
     panel_.Hold.setVisible(false);
     panel_.Trunk.setVisible(false);
@@ -158,20 +167,26 @@ void Bc895Poll::prepareSearch(const std::string& mode) {
   panel_.Search.setVisible(mode != mode895::kWeather && mode != mode895::kWeatherHold);
 }
 
-/// Shows what the search is on and takes the hit if the squelch is open. Returns whether it is
-/// known already: in the plan while the squelch is closed, in the hit list once it is open.
+/// Shows where the search is and takes the hit if the squelch is open. Returns whether it is known
+/// already: in the plan while the squelch is closed, in the hit list once it is open.
 bool Bc895Poll::searchFinds(const link::SignalReply& signal) {
-  const bool inPlan = showTagOf(panel_.Frequency.caption());
-  if (!inPlan) {
-    panel_.Alpha.setCaption("");
-  }
-  panel_.Frequency.setCaption(signal.shownFrequency());
-  const bool open = asksOn(command::kSquelch, reply::kSquelchOpen);
-  if (!open || state().CurrentMode == mode895::kTrunkSearchQuiet) {
+  const auto lastTag = memory::findTag(controls_.MSFlexGrid1, panel_.Frequency.caption());
+  // All is asked before anything is written, so that the tag doesn't blink.
+  const bool open = asksOn(command::kSquelch, reply::kSquelchOpen) &&
+                    state().CurrentMode != mode895::kTrunkSearchQuiet;
+  if (open) {
+    const auto heard = link::SignalReply(ask(command::kSignal)).shownFrequency();
+    if (link::readsAsFrequency(heard)) {
+      return takeHit(heard, lastTag.value_or(""));
+    }
+  } else {
     state().HitCounted = false;
-    return inPlan;
   }
-  return takeHit(link::SignalReply(ask(command::kSignal)).shownFrequency());
+  panel_.Alpha.setCaption(lastTag.value_or(""));
+  if (link::readsAsFrequency(signal.shownFrequency())) {
+    panel_.Frequency.setCaption(signal.shownFrequency());
+  }
+  return !open && lastTag;
 }
 
 void Bc895Poll::conventional(const std::string& mode) {
@@ -189,19 +204,30 @@ void Bc895Poll::conventional(const std::string& mode) {
   const link::ChannelReply channel(ask(command::kActiveChannel));
   if (channel.isNothing()) {
     showNothingActive();
-    for (auto* label : {&panel_.Delay, &panel_.MHZ, &panel_.CTCSS, &panel_.Trunk}) {
+    for (auto* label : {&panel_.Delay, &panel_.MHZ, &panel_.Trunk}) {
       label->setVisible(false);
     }
+    panel_.CTCSS.setVisible(entersTone(mode));
     return;
   }
-  showActiveChannel(channel, !scanning);
+  if (!showActiveChannel(channel, !scanning)) {
+    return;
+  }
   panel_.MHZ.setVisible(true);
   panel_.Delay.setVisible(channel.delay());
-  showTone(channel);
+  if (entersTone(mode)) {
+    panel_.CTCSS.setVisible(true);
+  } else {
+    showTone(channel);
+  }
 }
 
-/// Without tone squelch the last tone keeps standing until the channel is left: users read it
-/// there.
+/// The digits of a tone stay visible until it is entered.
+bool Bc895Poll::entersTone(const std::string& mode) {
+  return state().EntryActive && mode == mode895::kToneEntry;
+}
+
+/// Deliberate: without tone squelch the last tone stays visible until the channel is left.
 void Bc895Poll::showTone(const link::ChannelReply& channel) {
   const auto index = channel.tone();
   const auto& tones = link::ToneTable();
@@ -234,26 +260,28 @@ void Bc895Poll::trunkedVoice(const std::string& mode) {
   }
 }
 
-void Bc895Poll::showVoiceId(const link::TrunkIdReply& id) {
-  panel_.Channel.setCaption(id.slot());
-  const std::string raw = id.id();
-  const std::string shown = trunking::shownId(raw);
-  bool onTable = false;
-  showTalkgroupTag(raw, onTable);
-  if (onTable) {
-    showFrequency(shown);
+void Bc895Poll::showVoiceId(const link::TrunkIdReply& answer) {
+  const std::string id = answer.id();
+  if (link::readsAsId(id)) {
+    panel_.Channel.setCaption(answer.slot());
+    const std::string shown = trunking::shownId(id);
+    if (showTalkgroupTag(id)) {
+      showFrequency(shown);
+    } else {
+      // Deliberate: an entry doesn't hold this back. An ID from outside the plan shows through it.
+      panel_.Frequency.setCaption(shown);
+    }
   } else {
-    // Not held back by an entry: an ID from outside the plan shows through it.
-    panel_.Frequency.setCaption(shown);
+    // The answer has no ID to show; what follows is asked all the same.
+    ask(command::kSignal);
   }
   panel_.LO.setVisible(asksOn(command::kLockout, reply::kLockoutOn));
 }
 
-void Bc895Poll::showTalkgroupTag(const std::string& id, bool& onTable) {
+bool Bc895Poll::showTalkgroupTag(const std::string& id) {
   const auto frequency = link::SignalReply(ask(command::kSignal)).tableFrequency();
   const auto channel =
       frequency ? memory::findChannel(controls_.MSFlexGrid1, *frequency) : std::optional<int>();
-  onTable = channel.has_value();
   if (!channel) {
     panel_.Alpha.setCaption("");
   } else if (!state().EntryActive) {
@@ -261,6 +289,7 @@ void Bc895Poll::showTalkgroupTag(const std::string& id, bool& onTable) {
         memory::findTalkgroupTag(controls_.MSFlexGrid2, memory::bankOfChannel(*channel), id)
             .value_or(""));
   }
+  return channel.has_value();
 }
 
 void Bc895Poll::enterIdMode(bool hold) {
@@ -278,63 +307,90 @@ void Bc895Poll::enterIdMode(bool hold) {
 
 void Bc895Poll::holdId() {
   enterIdMode(true);
-  ask(command::kStreamIds);
-  while (state().CurrentMode == mode895::kIdHold) {
+  ids().begin();
+  while (ids().on() && state().CurrentMode == mode895::kIdHold) {
     holdRound();
   }
-  ask(command::kStopIds);
+  ids().end();
 }
 
-/// Takes one line a round; the flush before "MD" throws away what else has come, and nothing tries
-/// to catch up.
+/// Takes one line a round. The flush before "MD" throws away whatever else has come; the loop
+/// doesn't try to catch up.
 void Bc895Poll::holdRound() {
   outside_.gate.yield();
+  if (!ids().on()) {
+    return;
+  }
   if (panel_.Frequency.caption() == kDesignText) {
     panel_.Frequency.setCaption("Non-Active ID");
   }
   if (const auto id = link::heldId(outside_.link.ReadReply())) {
     showFrequency(*id);
-    bool onTable = false;
-    showTalkgroupTag(*id, onTable);
+    showTalkgroupTag(*id);
   }
-  state().CurrentMode = ask(command::kMode);
+  state().CurrentMode = askModeReply();
 }
 
 void Bc895Poll::searchIds() {
   enterIdMode(false);
-  ask(command::kStreamIds);
+  ids().begin();
   ask(link::key::kSearch);
   showFrequency(kNoId);
-  // Keeps its value while no ID is active: the skip key then goes out again.
-  bool found = false;
-  while (state().CurrentMode == mode895::kIdSearch) {
-    searchRound(found);
+  IdStay stay;
+  while (ids().on() && state().CurrentMode == mode895::kIdSearch) {
+    searchRound(stay);
   }
-  ask(command::kStopIds);
+  ids().end();
 }
 
-void Bc895Poll::searchRound(bool& found) {
+void Bc895Poll::searchRound(IdStay& stay) {
   outside_.gate.yield();
-  const std::string answer = ask(command::kStreamIds);
+  if (!ids().on()) {
+    return;
+  }
+  const std::string answer = askForId(stay);
   mirrorTitle();
-  std::string shown(kNoId);
+  showSearchedId(answer, stay);
+  outside_.gate.yield();
+  if (!ids().on()) {
+    return;
+  }
+  ask(command::kStopIds);
+  state().CurrentMode = link::modeOf(askModeReply());
+}
+
+/// A streamed line may come before the answer. It is known by its form, or by its first letters
+/// once the radio has answered otherwise.
+std::string Bc895Poll::askForId(IdStay& stay) {
+  std::string answer = ask(command::kStreamIds);
+  const bool streamed = answer.starts_with(reply::kStreamedId) && !stay.head.empty() &&
+                        stay.head != reply::kStreamedId;
+  if (streamed || !link::answersSearch(answer)) {
+    if (std::string next = outside_.link.ReadReply(); !next.empty()) {
+      answer = std::move(next);
+    }
+  }
+  if (link::answersSearch(answer)) {
+    stay.head = answer.substr(0, reply::kStreamedId.size());
+  }
+  return answer;
+}
+
+/// An answer that can't be read leaves the display as it is.
+/// Deliberate: while no ID is active `found` keeps its value, and the skip key goes out again.
+void Bc895Poll::showSearchedId(const std::string& answer, IdStay& stay) {
+  std::string shown(panel_.Frequency.caption());
   if (link::saysNoId(answer)) {
     panel_.Alpha.setCaption("");
-  } else {
-    shown = takeSearchedId(link::searchedId(answer), found);
+    shown = kNoId;
+  } else if (link::answersSearch(answer)) {
+    const std::string id = link::searchedId(answer);
+    showTalkgroupTag(id);
+    stay.found = captureId(controls_.List2, id, panel_.Alpha.caption(), outside_.clock);
+    shown = id.find('-') == std::string::npos ? platform::format(id, "#####0") : id;
   }
-  skipIf(found);
+  skipIf(stay.found);
   showFrequency(shown);
-  outside_.gate.yield();
-  ask(command::kStopIds);
-  state().CurrentMode = link::modeOf(ask(command::kMode));
-}
-
-std::string Bc895Poll::takeSearchedId(const std::string& id, bool& found) {
-  bool onTable = false;
-  showTalkgroupTag(id, onTable);
-  found = captureId(controls_.List2, id, panel_.Alpha.caption(), outside_.clock);
-  return id.find('-') == std::string::npos ? platform::format(id, "#####0") : id;
 }
 
 /// So that the task bar shows what the radio is on.

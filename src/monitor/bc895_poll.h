@@ -17,6 +17,7 @@ class Bc895Poll : public PollCycle {
 
  private:
   bool otherModelAnswers();
+  void mirrorMute(const std::string& answer);
   [[nodiscard]] bool showsReception() const;
   void showSignalBars(const link::SignalReply& signal);
   void branch(const std::string& mode, const link::SignalReply& signal);
@@ -26,20 +27,28 @@ class Bc895Poll : public PollCycle {
   bool searchFinds(const link::SignalReply& signal);
 
   void conventional(const std::string& mode);
+  bool entersTone(const std::string& mode);
   void showTone(const link::ChannelReply& channel);
 
   void trunkedVoice(const std::string& mode);
-  void showVoiceId(const link::TrunkIdReply& id);
+  void showVoiceId(const link::TrunkIdReply& answer);
   /// Looks the ID up in the bank of the running frequency, which it asks for, and shows its tag or
-  /// none. `onTable` tells whether the frequency is in the channel table.
-  void showTalkgroupTag(const std::string& id, bool& onTable);
+  /// none. Returns whether the frequency is in the channel table.
+  bool showTalkgroupTag(const std::string& id);
 
   void enterIdMode(bool hold);
   void holdId();
   void holdRound();
   void searchIds();
-  void searchRound(bool& found);
-  std::string takeSearchedId(const std::string& id, bool& found);
+  /// What one stay in the ID search keeps from round to round.
+  struct IdStay {
+    bool found = false;
+    /// First letters of the radio's answers to "IDN".
+    std::string head;
+  };
+  void searchRound(IdStay& stay);
+  std::string askForId(IdStay& stay);
+  void showSearchedId(const std::string& answer, IdStay& stay);
   void mirrorTitle();
 
   void sendMode();

@@ -1,5 +1,8 @@
 #include "monitor/hit_capture.h"
 
+#include <algorithm>
+
+#include "link/scanner_commands.h"
 #include "platform/convert.h"
 
 namespace tarnvex::monitor {
@@ -19,7 +22,17 @@ std::optional<int> countOf(const std::string& line) {
   return platform::toInteger(line.substr(start, tag - start));
 }
 
+/// An ID as shown: digits, dashes and blanks, with a digit among them.
+bool isShownId(std::string_view text) {
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  return std::ranges::any_of(text, isDigit) &&
+         std::ranges::all_of(text, [&](char c) { return isDigit(c) || c == '-' || c == ' '; });
+}
+
 bool addUnlessListed(platform::ListBox& hits, const std::string& id, const std::string& rest) {
+  if (!isShownId(id)) {
+    return false;
+  }
   for (const std::string& line : hits.items()) {
     if (line.find(id) != std::string::npos) {
       return true;
@@ -37,6 +50,9 @@ std::string tagPart(const std::string& tag) {
 
 bool captureFrequency(platform::ListBox& hits, const std::string& frequency, const std::string& tag,
                       const platform::Clock& clock, platform::SharedState& state) {
+  if (!link::readsAsFrequency(frequency)) {
+    return false;
+  }
   bool found = false;
   for (int i = 0; i < hits.count(); ++i) {
     if (hits.item(i).find(frequency) == std::string::npos) {

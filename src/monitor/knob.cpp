@@ -1,14 +1,16 @@
 #include "monitor/knob.h"
 
+#include <utility>
+
 #include "link/scanner_commands.h"
 
 namespace tarnvex::monitor {
 
 void Knob::step() {
-  if (state_.KnobUpHeld) {
+  if (std::exchange(state_.KnobUpPressed, false) || state_.KnobUpHeld) {
     turn(1, link::key::kKnobUp);
   }
-  if (state_.KnobDownHeld) {
+  if (std::exchange(state_.KnobDownPressed, false) || state_.KnobDownHeld) {
     turn(-1, link::key::kKnobDown);
   }
 }

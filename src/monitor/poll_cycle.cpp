@@ -25,8 +25,26 @@ void PollCycle::gateRecording(bool active) {
   outside_.recording.gate(active, front_.Alpha.caption(), front_.Frequency.caption());
 }
 
+link::IdentityReply PollCycle::askIdentity() {
+  link::IdentityReply identity(ask(command::kIdentify));
+  if (!identity.isKnown() || (named_ && identity.isError())) {
+    outside_.link.resynchronise();
+    identity = link::IdentityReply(ask(command::kIdentify));
+  }
+  named_ = named_ || identity.namesModel();
+  return identity;
+}
+
+std::string PollCycle::askModeReply() {
+  std::string reply = ask(command::kMode);
+  if (!link::isMode(reply)) {
+    outside_.link.resynchronise();
+  }
+  return reply;
+}
+
 void PollCycle::askMode() {
-  state().CurrentMode = ask(command::kMode);
+  state().CurrentMode = askModeReply();
   front_.mode.setCaption(state().CurrentMode);
 }
 
@@ -56,12 +74,21 @@ void PollCycle::showNothingActive() {
   front_.LO.setVisible(false);
 }
 
-void PollCycle::showActiveChannel(const link::ChannelReply& channel, bool markBank) {
-  const std::string number = channel.number();
-  showChannelTag(channel.shownFrequency(), number);
-  showChannelNumber(number, markBank);
+bool PollCycle::showActiveChannel(const link::ChannelReply& channel, bool markBank) {
+  const auto number = channel.number();
+  const std::string frequency = channel.shownFrequency();
+  if (!number && !link::readsAsFrequency(frequency)) {
+    return false;
+  }
+  if (link::readsAsFrequency(frequency)) {
+    showChannelTag(frequency, number ? std::to_string(*number) : "");
+  }
+  if (number) {
+    showChannelNumber(*number, markBank);
+  }
   front_.LO.setVisible(channel.lockout());
   front_.Trunk.setVisible(channel.trunked());
+  return true;
 }
 
 void PollCycle::showChannelTag(const std::string& frequency, const std::string& number) {
@@ -76,13 +103,9 @@ void PollCycle::showChannelTag(const std::string& frequency, const std::string& 
   front_.Alpha.setCaption("");
 }
 
-void PollCycle::showChannelNumber(const std::string& number, bool markBank) {
-  const auto channel = platform::toInteger(number);
-  if (!channel) {
-    front_.Channel.setCaption(number);
-    return;
-  }
-  const char bank = link::bankLetter(memory::bankOfChannel(*channel));
+void PollCycle::showChannelNumber(int channel, bool markBank) {
+  const std::string number = std::to_string(channel);
+  const char bank = link::bankLetter(memory::bankOfChannel(channel));
   const auto priority = link::priorityChannelOf(ask(command::priorityChannel(bank)));
   front_.Channel.setCaption(priority == channel ? "P  " + number : number);
   if (markBank) {
@@ -90,17 +113,9 @@ void PollCycle::showChannelNumber(const std::string& number, bool markBank) {
   }
 }
 
-bool PollCycle::showTagOf(const std::string& frequency) {
-  const auto tag = memory::findTag(controls_.MSFlexGrid1, frequency);
-  if (tag) {
-    front_.Alpha.setCaption(*tag);
-  }
-  return tag.has_value();
-}
-
-bool PollCycle::takeHit(const std::string& frequency) {
+bool PollCycle::takeHit(const std::string& frequency, const std::string& otherwise) {
   front_.Frequency.setCaption(frequency);
-  showTagOf(frequency);
+  front_.Alpha.setCaption(memory::findTag(controls_.MSFlexGrid1, frequency).value_or(otherwise));
   return captureFrequency(controls_.List1, frequency, front_.Alpha.caption(), outside_.clock,
                           state());
 }

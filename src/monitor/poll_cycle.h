@@ -16,13 +16,13 @@
 
 namespace tarnvex::monitor {
 
-/// What a poll works with beside its panel. All of it outlives the poll.
+/// What a poll works with besides its panel. All of it outlives the poll.
 struct PollOutside {
   link::ScannerLink& link;
   platform::EventGate& gate;
   platform::SharedState& state;
   const platform::Clock& clock;
-  /// The other model has answered: exchanges the main windows. The tick ends behind it.
+  /// The other model has answered: exchanges the main windows. The tick ends after it.
   std::function<void()> switchScanner;
   /// Full name of the frequency file in use, empty if there is none.
   std::function<std::string()> planName;
@@ -30,7 +30,7 @@ struct PollOutside {
   Recording& recording;
 };
 
-/// Controls of the main window that a poll reads or writes, alike on both radios.
+/// Controls of the main window that the polls of both radios read or write.
 struct PollControls {
   platform::Window& window;
   platform::Table& MSFlexGrid1;
@@ -47,7 +47,7 @@ struct PollControls {
 std::string mainTitle(const std::string& planName);
 
 inline constexpr std::string_view kScanning = "Scanning";
-/// Stands on the main line of an ID search while no ID is active.
+/// Shown on the main line of an ID search while no ID is active.
 inline constexpr std::string_view kNoId = "- -   - - -";
 
 /// What the polls of both radios have in common. A poll keeps the picture of its radio true by
@@ -55,8 +55,8 @@ inline constexpr std::string_view kNoId = "- -   - - -";
 /// the answers into the panel. The radio's mode is the state; the tick holds none, and the next
 /// tick is the retry of this one. A reply that doesn't fit leaves its element as it was.
 ///
-/// Elements that a mode doesn't name keep what an earlier mode left, so the panel depends on the
-/// way as the radio's own does.
+/// Deliberate: elements that a mode doesn't name keep what an earlier mode left. The panel thus
+/// depends on the modes before, as the radio's own display does.
 ///
 /// Called by the poll timer, through the event gate, which lets pending events run before each
 /// tick. In the ID modes a tick stays inside, yielding, until the mode changes.
@@ -66,14 +66,22 @@ class PollCycle : private platform::NonCopyable {
   PollCycle(PanelBase& front, PollControls controls, PollOutside outside);
   ~PollCycle() = default;
 
+  /// Sends a command and returns the reply.
   std::string ask(std::string_view command) { return outside_.link.SendCommand(command); }
   bool asksOn(std::string_view command, std::string_view on) { return ask(command) == on; }
   platform::SharedState& state() { return outside_.state; }
+  link::IdStream& ids() { return outside_.link.ids(); }
 
+  /// Asks which radio is there. An answer that no radio gives, or one that contradicts what the
+  /// radio has said before, is asked for once more on a quiet line, so that a stray line doesn't
+  /// exchange the windows.
+  link::IdentityReply askIdentity();
   /// Exchanges the main windows for those of the model that has answered. Ends the tick.
   void handOver(const std::string& modelKey, const std::string& scannerName);
   /// Told once a tick whether the display shows a reception.
   void gateRecording(bool active);
+  /// Asks for the mode. An answer that is no mode shows that the line is out of step.
+  std::string askModeReply();
   void askMode();
   void askLimits();
   /// Writes to the main line, unless the user is keying digits there.
@@ -81,13 +89,11 @@ class PollCycle : private platform::NonCopyable {
   /// No channel or ID is active.
   void showNothingActive();
   /// Channel number, frequency, tag and flags of an active channel. `markBank`: its bank alone is
-  /// marked.
-  void showActiveChannel(const link::ChannelReply& channel, bool markBank);
-  /// Shows the tag of a frequency, or leaves the tag alone. Returns whether there is one.
-  bool showTagOf(const std::string& frequency);
-  /// Shows a frequency whose squelch is open, and its tag, and takes it as a hit. Returns whether
-  /// it was in the hit list already.
-  bool takeHit(const std::string& frequency);
+  /// marked. False, with nothing changed, if the reply has neither number nor frequency.
+  bool showActiveChannel(const link::ChannelReply& channel, bool markBank);
+  /// Shows a frequency whose squelch is open, and its tag or `otherwise`, and takes it as a hit.
+  /// Returns whether it was in the hit list already.
+  bool takeHit(const std::string& frequency, const std::string& otherwise);
   /// With `chkSkip` ticked: has the radio pass on from what is known.
   void skipIf(bool known);
 
@@ -96,9 +102,11 @@ class PollCycle : private platform::NonCopyable {
 
  private:
   void showChannelTag(const std::string& frequency, const std::string& number);
-  void showChannelNumber(const std::string& number, bool markBank);
+  void showChannelNumber(int channel, bool markBank);
 
   PanelBase& front_;
+  /// The radio on this line has named itself.
+  bool named_ = false;
 };
 
 }  // namespace tarnvex::monitor

@@ -42,6 +42,9 @@ struct SharedState {
   bool SwitchingScanners = false;
   bool KnobUpHeld = false;
   bool KnobDownHeld = false;
+  /// Pressed since the knob last turned: a short press may be over before the poll looks.
+  bool KnobUpPressed = false;
+  bool KnobDownPressed = false;
   /// Current position of Multiscan (0 to 19) or Speed Enhancement (0 to 9) among the bank boxes.
   int BankCursor = 0;
 

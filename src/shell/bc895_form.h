@@ -20,6 +20,7 @@ class Form4 : public MainForm {
   /// The user presses or releases the knob area `Label2`.
   void pressKnob(bool up) {
     (up ? services_.state.KnobUpHeld : services_.state.KnobDownHeld) = true;
+    (up ? services_.state.KnobUpPressed : services_.state.KnobDownPressed) = true;
   }
   void releaseKnob(bool up) {
     (up ? services_.state.KnobUpHeld : services_.state.KnobDownHeld) = false;

@@ -29,12 +29,12 @@ TEST(Commands, ReadsTheSignal) {
 TEST(Commands, ReadsTheChannel) {
   const ChannelReply channel(kChannel);
   EXPECT_FALSE(channel.isNothing());
-  EXPECT_EQ(channel.number(), "12");
+  EXPECT_EQ(channel.number(), 12);
   EXPECT_EQ(channel.shownFrequency(), "155.1150");
   EXPECT_TRUE(channel.trunked() && channel.delay() && channel.lockout());
   EXPECT_EQ(channel.tone(), 5);
   const ChannelReply off("x300xxx0290000xTFxDFxLFxxxxRFxxNG");
-  EXPECT_EQ(off.number(), "300");
+  EXPECT_EQ(off.number(), 300);
   EXPECT_EQ(off.shownFrequency(), "29.0000");
   EXPECT_FALSE(off.trunked() || off.delay() || off.lockout());
   EXPECT_EQ(off.tone(), std::nullopt);
@@ -63,6 +63,27 @@ TEST(Commands, ReadsWhatOnlyTheHandHeldSends) {
   EXPECT_TRUE(IdLine("IDxx NONE").saysNoId());
 }
 
+TEST(Commands, TellATextFromNoise) {
+  for (const char* text : {"155.1150", "29.0000", "1.2345"}) {
+    EXPECT_TRUE(readsAsFrequency(text)) << text;
+  }
+  for (const char* text : {"", ".", "155.115", "155.11500", ".1150", "1300.0000", "155,1150",
+                           "1.5.1150", "Scanning", "15 .1150", "RR ."}) {
+    EXPECT_FALSE(readsAsFrequency(text)) << text;
+  }
+  for (const char* text : {"001234", "12-345", "------", "1234  ",
+                           "12\xFE"
+                           "345"}) {
+    EXPECT_TRUE(readsAsId(text)) << text;
+  }
+  for (const char* text : {"", "00123", "0012345", "00#234", "ERR   "}) {
+    EXPECT_FALSE(readsAsId(text)) << text;
+  }
+  for (const char* text : {"C000", "C301", "ERR", "", "C1"}) {
+    EXPECT_EQ(ChannelReply(text).number().value_or(0), text == std::string("C1") ? 1 : 0) << text;
+  }
+}
+
 TEST(Commands, ReadsStreamedIds) {
   EXPECT_EQ(searchedId("xxxxxxxx001234x"), "001234");
   EXPECT_FALSE(saysNoId("xxxxxxxx001234"));
@@ -71,8 +92,8 @@ TEST(Commands, ReadsStreamedIds) {
   EXPECT_TRUE(saysNoId("xxxxxxxx"));
   EXPECT_TRUE(saysNoId(""));
   EXPECT_EQ(heldId("xxxSx001234"), "001234");
-  EXPECT_EQ(heldId("xxxSx0012"), "0012");
-  EXPECT_EQ(heldId("xxxS"), "");
+  EXPECT_EQ(heldId("xxxSx0012"), std::nullopt);
+  EXPECT_EQ(heldId("xxxSx00#234"), std::nullopt);
   EXPECT_EQ(heldId("xxxxS001234"), std::nullopt);
   EXPECT_EQ(heldId(""), std::nullopt);
 }

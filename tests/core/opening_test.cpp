@@ -68,11 +68,8 @@ TEST(Opening, AskNoLimitThatTheUserEdits) {
 }
 
 TEST(Opening, KnowTheirOwnRadio) {
-  const std::pair<const char*, bool> cases[] = {{"ERR", false},
-                                                {"FER", false},
-                                                {"", false},
-                                                {"SIBC245XLT 0123456789 215", true},
-                                                {"NG", true}};
+  const std::pair<const char*, bool> cases[] = {
+      {"ERR", false}, {"FER", false}, {"", false}, {"SIBC245XLT 0123456789 215", true}};
   for (const auto& [answer, switched] : cases) {
     SCOPED_TRACE(answer);
     test::Bc895Rig rig;
@@ -88,6 +85,35 @@ TEST(Opening, KnowTheirOwnRadio) {
     EXPECT_EQ(rig.state.ScannerName, switched ? "BC245XLT" : "BC895XLT");
     EXPECT_EQ(rig.state.FirmwareText + rig.state.SerialNumberText, switched ? "" : "N/AN/A");
     EXPECT_EQ(rig.state.SwitchingScanners, switched);
+  }
+}
+
+TEST(Opening, AsksOnceMoreBeforeItBelievesInAnotherRadio) {
+  const char* strays[] = {"NG", "OK", "#", "ERR\rERR", "\xC5\xD2\xD2"};
+  for (const std::string stray : strays) {
+    for (const auto& [second, switched] :
+         {std::pair{"ERR", false}, {"SIBC245XLT 0123456789 215", true}, {"#", false}}) {
+      SCOPED_TRACE(stray + " " + second);
+      test::Bc895Rig rig;
+      const auto rest = opening("MD15");
+      auto exchanges = test::script("SI > " + stray + "; SI > " + second);
+      if (!switched) {
+        exchanges.insert(exchanges.end(), rest.begin() + 1, rest.end());
+      }
+      // The answer to the first question comes late.
+      exchanges[0].pieces.push_back({"ERR\r", 1900});
+      rig.tick(exchanges);
+      EXPECT_EQ(rig.switches, switched ? 1 : 0);
+    }
+    // A BC245XLT that has named itself doesn't become another radio by one word.
+    test::Bc245Rig rig;
+    rig.poll("MD13");
+    const auto rest = test::opening245("MD13");
+    rig.tick(test::script(std::string("SI > ") + (stray == "#" ? "ERR" : stray)) + rest);
+    EXPECT_EQ(rig.switches, 0);
+    EXPECT_EQ(rig.state.ScannerName, "BC245XLT ");
+    rig.tick(test::script("SI > ERR; SI > ERR"));
+    EXPECT_EQ(rig.switches, 1);
   }
 }
 
