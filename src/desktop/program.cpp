@@ -3,6 +3,8 @@
 #include <QGuiApplication>
 #include <QIcon>
 
+#include "desktop/report.h"
+
 /// The pictures stand in a library, from which the linker takes only what is asked for. Qt wants
 /// this call outside of any namespace.
 static void initialiseResources() {
@@ -14,7 +16,7 @@ namespace tarnvex::desktop {
 Program::Program(const QString& settingsPath, const QString& programFolder,
                  platform::SerialPorts* otherPorts)
     : settings(settingsPath),
-      portsInUse(otherPorts != nullptr ? *otherPorts : ports),
+      portsInUse(otherPorts != nullptr ? *otherPorts : ports, traffic),
       directory(QFile::encodeName(programFolder).toStdString()) {
   initialiseResources();
   QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/tarnvex.svg")));
@@ -23,6 +25,12 @@ Program::Program(const QString& settingsPath, const QString& programFolder,
 int Program::run() {
   application.start();
   return loop.run();
+}
+
+QString Program::report() const {
+  const auto* form = application.mainForm();
+  return makeReport({devices, settings, traffic,
+                     QString::fromStdString(form != nullptr ? form->linkState.text() : "")});
 }
 
 }  // namespace tarnvex::desktop

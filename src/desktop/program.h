@@ -13,6 +13,7 @@
 #include "desktop/ports/wall_clock.h"
 #include "desktop/windows/qt_windows.h"
 #include "files/posix_files.h"
+#include "link/traffic_log.h"
 #include "platform/non_copyable.h"
 #include "shell/application.h"
 
@@ -32,13 +33,16 @@ class Program : private platform::NonCopyable {
 
   /// Shows the splash and runs until the user has left. Returns the exit status.
   int run();
+  /// What the maintainers want to know about a fault: see report.h.
+  [[nodiscard]] QString report() const;
 
   QtEventLoop loop;
   platform::EventGate gate{loop};
   IniSettings settings;
   DeviceSlots devices{settings};
   QtSerialPorts ports{loop, gate, devices};
-  platform::SerialPorts& portsInUse;
+  link::TrafficLog traffic;
+  link::WatchedPorts portsInUse;
   const std::string directory;
   QtDialogs dialogs{gate};
   QtCommonDialogs commonDialogs{gate};
@@ -49,7 +53,7 @@ class Program : private platform::NonCopyable {
   WallClock clock;
   platform::SharedState state;
   link::ScannerLink link{state, dialogs};
-  QtWindows windows{loop, gate, devices};
+  QtWindows windows{loop, gate, devices, [this] { return report(); }};
   shell::Application application{{state, gate, portsInUse, dialogs, settings, clock, link, files,
                                   commonDialogs, recorders, directory},
                                  windows};

@@ -20,6 +20,17 @@ struct Spins {
 /// 2000 are 80 ms.
 inline constexpr int kSpinMicroseconds = 40;
 
+/// Why a port can't be used.
+enum class PortTrouble {
+  None,
+  NoDevice,  ///< the slot has no device
+  NotThere,  ///< the slot's device doesn't exist
+  NoRight,   ///< the user may not use it
+  InUse,     ///< another program has it
+  Lost,      ///< it went away while it was open
+  Other,
+};
+
 /// A serial port, selected by its slot (COM 1 to COM 4). Text is bytes of 8 bits, as they are on
 /// the wire. Nothing throws. An operation that the port refuses in its present state has no effect.
 class SerialPort : private NonCopyable {
@@ -40,6 +51,11 @@ class SerialPort : private NonCopyable {
   /// failure for the user, or nothing on success. An open port refuses ("Port already open").
   virtual std::optional<std::string> open() = 0;
   virtual void close() = 0;
+  /// Short name of the device that was opened last, or of the one that couldn't be: "ttyUSB0".
+  /// Empty if there is none.
+  [[nodiscard]] virtual std::string deviceName() const { return {}; }
+  /// What is wrong with the port since the last `open`. `close` leaves a failure to open as it is.
+  [[nodiscard]] virtual PortTrouble trouble() const { return PortTrouble::None; }
 
   /// The number of bytes waiting. 0 on a closed port.
   [[nodiscard]] virtual std::size_t inBufferCount() = 0;

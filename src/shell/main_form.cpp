@@ -15,7 +15,8 @@ namespace tarnvex::shell {
 MainForm::MainForm(const Services& services, MainFormOutside outside, const link::RadioModel& model)
     : window(std::string(model.mainWindow), monitor::mainTitle({})),
       Dlg1(services.commonDialogs.create()),
-      MSComm1(services.ports.create()),
+      linkState(std::string(model.key) + "XLT", services.clock),
+      MSComm1(std::make_unique<link::WatchedPort>(services.ports.create(), linkState)),
       MMControl1(services.mediaControls.create()),
       services_(services),
       model_(model),

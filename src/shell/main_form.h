@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "link/link_controls.h"
+#include "link/link_state.h"
 #include "link/radio_model.h"
 #include "memory/channel_memory.h"
 #include "memory/frequency_file.h"
@@ -116,6 +117,8 @@ class MainForm : private platform::NonCopyable {
   platform::CheckBox chkSkip{"chkSkip", "Skip Found Frequencies/ Talkgroup ID's"};
 
   platform::Timer Scantimer{25};
+  /// Of the port below.
+  link::LinkState linkState;
   std::unique_ptr<platform::SerialPort> MSComm1;
   std::unique_ptr<platform::MediaControl> MMControl1;
 

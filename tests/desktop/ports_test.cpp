@@ -64,8 +64,9 @@ TEST(IniSettings, LosesOnlyTheValueWhereItCannotWrite) {
 
 TEST(DeviceSlots, TakesTheNamedDeviceAndOtherwiseTheFoundOnes) {
   FakeSettings settings;
-  DeviceSlots devices(settings);
-  const auto found = DeviceSlots::foundPorts();
+  const QVector<desktop::FoundPort> found = {{"/dev/ttyUSB0", "/dev/serial/by-id/one", "One"},
+                                             {"/dev/ttyS0", "/dev/ttyS0", ""}};
+  DeviceSlots devices(settings, [&] { return found; });
   for (int slot = 1; slot <= DeviceSlots::kSlots; ++slot) {
     EXPECT_EQ(devices.device(slot), slot <= found.size() ? found[slot - 1].path : QString());
     EXPECT_FALSE(devices.isNamed(slot));

@@ -98,7 +98,7 @@ TEST_F(SerialPortTest, TellsWhyADeviceCannotBeOpened) {
   port.close();
   EXPECT_EQ(failureOf(line.path()), "opened") << "free again";
 
-  const int missing = static_cast<int>(desktop::DeviceSlots::foundPorts().size()) + 1;
+  const int missing = static_cast<int>(desktop::findPorts().size()) + 1;
   if (missing <= desktop::DeviceSlots::kSlots && missing > 1) {
     name(missing, "");
     port.setCommPort(missing);

@@ -124,6 +124,8 @@ class ScriptedRadio : private platform::NonCopyable {
   std::function<void()> whileWaiting;
   /// Descriptions with which a slot refuses to open.
   std::map<int, std::string> refusals;
+  /// And why.
+  platform::PortTrouble trouble = platform::PortTrouble::None;
   /// Whether a wait without limit, on a line where nothing comes any more, is one that the user
   /// ends; otherwise it fails the test as a program that hangs.
   bool userLeaves = false;
@@ -235,6 +237,13 @@ class ScriptedPort : public platform::SerialPort {
       radio_.plug();
       radio_.taken_ = open_ = false;
     }
+  }
+
+  [[nodiscard]] std::string deviceName() const override {
+    return "ttyUSB" + std::to_string(slot_ - 1);
+  }
+  [[nodiscard]] platform::PortTrouble trouble() const override {
+    return open_ && radio_.lost_ ? platform::PortTrouble::Lost : radio_.trouble;
   }
 
   [[nodiscard]] std::size_t inBufferCount() override { return open_ ? radio_.waiting_.size() : 0; }

@@ -23,6 +23,7 @@ QString readDisplay(const PanelLayout& layout, const FrontState& state) {
   QStringList parts;
   QStringList banks;
   int bars = 0;
+  if (!state.live) parts.append(QStringLiteral("Not live"));
   for (int i = 0; i < layout.elements.size(); ++i) {
     const DisplayElement& element = layout.elements[i];
     if (!state.elements[i].lit || element.silent) continue;

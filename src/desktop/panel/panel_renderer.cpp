@@ -7,8 +7,33 @@
 #include "desktop/panel/display_painter.h"
 #include "desktop/panel/key_painter.h"
 #include "desktop/panel/knob_painter.h"
+#include "desktop/panel/panel_style.h"
 
 namespace tarnvex::desktop {
+
+namespace {
+
+/// How much of the colour is left of an unlit glass, and of the ink's contrast on it.
+constexpr double kUnlitColour = 0.14;
+constexpr double kUnlitInk = 0.5;
+
+QColor mix(const QColor& one, const QColor& other, double share) {
+  const auto part = [share](double a, double b) { return a * share + b * (1 - share); };
+  return QColor::fromRgbF(static_cast<float>(part(one.redF(), other.redF())),
+                          static_cast<float>(part(one.greenF(), other.greenF())),
+                          static_cast<float>(part(one.blueF(), other.blueF())));
+}
+
+}  // namespace
+
+QColor shownBack(const FrontState& state) {
+  return state.live ? state.back : mix(state.back, style::kBodyBottom, kUnlitColour);
+}
+
+QColor shownInk(const FrontState& state) {
+  const QColor back = shownBack(state);
+  return state.live ? inkOn(back) : mix(inkOn(back), back, kUnlitInk);
+}
 
 PanelRenderer::PanelRenderer(const PanelLayout& layout) : layout_(layout) {}
 
@@ -60,7 +85,7 @@ void PanelRenderer::ensurePictures(const QColor& back) {
 
 void PanelRenderer::paint(QPainter& painter, const QRegion& clip, const FrontState& state) {
   if (size_.isEmpty()) return;
-  ensurePictures(state.back);
+  ensurePictures(shownBack(state));
   painter.drawPixmap(0, 0, front_);
   paintGhosts(painter, clip, state);
   painter.save();
@@ -76,7 +101,7 @@ void PanelRenderer::paint(QPainter& painter, const QRegion& clip, const FrontSta
 
 void PanelRenderer::paintElements(QPainter& painter, const QRegion& clip,
                                   const FrontState& state) const {
-  const QColor ink = inkOn(state.back);
+  const QColor ink = shownInk(state);
   for (int i = 0; i < layout_.elements.size(); ++i) {
     const DisplayElement& element = layout_.elements[i];
     if (!clip.intersects(widgetRect(element.rect, kElementMargin))) continue;
@@ -90,7 +115,7 @@ void PanelRenderer::paintGhosts(QPainter& painter, const QRegion& clip, const Fr
     const bool segments =
         element.kind == ElementKind::MainText || element.kind == ElementKind::SegmentText;
     if (segments && clip.intersects(widgetRect(element.rect, kElementMargin))) {
-      paintGhost(painter, element, state.elements[i], inkOn(state.back));
+      paintGhost(painter, element, state.elements[i], shownInk(state));
     }
   }
 }

@@ -26,7 +26,13 @@ struct FrontState {
   int litMark = -1;   ///< Mark of the knob.
   int knobAngle = 0;  ///< The mark that the dimple points to.
   QColor back;
+  /// The display is lit. Unlit, it is dark and its text is faint, whatever its colour.
+  bool live = true;
 };
+
+/// What the display's back light looks like, and the ink on it.
+QColor shownBack(const FrontState& state);
+QColor shownInk(const FrontState& state);
 
 /// Draws a front at the size it was given. What doesn't change is kept in a picture; a paint copies
 /// from it and draws the elements that the clip touches.

@@ -108,6 +108,13 @@ void RadioPanel::setDisplayColour(QColor back) {
   update(renderer_->widgetRect(state_->layout.glass, kElementMargin));
 }
 
+void RadioPanel::setLive(bool live) {
+  if (state_->front.live == live) return;
+  state_->front.live = live;
+  update(renderer_->widgetRect(state_->layout.glass, kElementMargin));
+  announce();
+}
+
 QColor RadioPanel::displayColour() const {
   return state_->front.back;
 }

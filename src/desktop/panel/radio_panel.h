@@ -36,6 +36,10 @@ class RadioPanel : public QWidget {
   void setDisplayColour(QColor back);
   QColor displayColour() const;
 
+  /// Whether the display shows a live radio: true at first. If it doesn't, the glass is dark and
+  /// its text faint, and the display in words begins with "Not live".
+  void setLive(bool live);
+
   /// Shows a key as pressed, for a press that came from elsewhere. Emits nothing. Unknown keys are
   /// ignored.
   void setKeyDown(int keyIndex, bool down);

@@ -1,6 +1,6 @@
 #include "desktop/ports/device_slots.h"
 
-#include <QFile>
+#include <QDir>
 #include <QSerialPortInfo>
 #include <algorithm>
 
@@ -11,15 +11,51 @@ std::string valueName(int slot) {
   return "COM" + std::to_string(slot);
 }
 
+/// Adapters that name no maker leave it empty; some name the maker in both.
+QString describe(const QSerialPortInfo& port) {
+  const QString maker = port.manufacturer().simplified();
+  const QString product = port.description().simplified();
+  return product.startsWith(maker) ? product
+                                   : QString(maker + QLatin1Char(' ') + product).trimmed();
+}
+
 }  // namespace
+
+QString FoundPort::title() const {
+  const QString name = QFileInfo(path).fileName();
+  return description.isEmpty() ? name : QStringLiteral("%1 (%2)").arg(description, name);
+}
+
+QString stablePath(const QString& path, const QString& folder) {
+  for (const QFileInfo& link : QDir(folder).entryInfoList(QDir::Files | QDir::System)) {
+    if (link.canonicalFilePath() == path) {
+      return link.filePath();
+    }
+  }
+  return path;
+}
+
+QVector<FoundPort> findPorts() {
+  auto ports = QSerialPortInfo::availablePorts();
+  std::ranges::stable_sort(ports, [](const auto& a, const auto& b) {
+    return std::pair(!a.hasVendorIdentifier(), a.portName()) <
+           std::pair(!b.hasVendorIdentifier(), b.portName());
+  });
+  QVector<FoundPort> found;
+  for (const auto& port : ports) {
+    const QString path = port.systemLocation();
+    found.push_back({path, stablePath(path, QStringLiteral("/dev/serial/by-id")), describe(port)});
+  }
+  return found;
+}
 
 QString DeviceSlots::device(int slot) const {
   const QString path = named(slot);
   if (!path.isEmpty()) {
     return path;
   }
-  const auto found = foundPorts();
-  return slot >= 1 && slot <= found.size() ? found[slot - 1].path : QString();
+  const auto ports = found();
+  return slot >= 1 && slot <= ports.size() ? ports[slot - 1].path : QString();
 }
 
 void DeviceSlots::setDevice(int slot, const QString& path) {
@@ -32,19 +68,6 @@ bool DeviceSlots::isNamed(int slot) const {
 
 QString DeviceSlots::named(int slot) const {
   return QFile::decodeName(settings_.getSetting("Ports", valueName(slot), "").c_str());
-}
-
-QVector<DeviceSlots::FoundPort> DeviceSlots::foundPorts() {
-  auto ports = QSerialPortInfo::availablePorts();
-  std::ranges::stable_sort(ports, [](const auto& a, const auto& b) {
-    return std::pair(!a.hasVendorIdentifier(), a.portName()) <
-           std::pair(!b.hasVendorIdentifier(), b.portName());
-  });
-  QVector<FoundPort> found;
-  for (const auto& port : ports) {
-    found.push_back({port.systemLocation(), port.description()});
-  }
-  return found;
 }
 
 }  // namespace tarnvex::desktop

@@ -2,36 +2,56 @@
 
 #include <QString>
 #include <QVector>
+#include <functional>
 
 #include "platform/settings_store.h"
 
 namespace tarnvex::desktop {
 
-/// The program's ports COM 1 to COM 4 as devices for devices of this machine. The settings name a
-/// slot's device in section "Ports", values "COM1" to "COM4". A slot without one takes the n-th
-/// serial device found, USB adapters first.
+/// A serial device of this machine.
+struct FoundPort {
+  /// Its node, such as "/dev/ttyUSB0".
+  QString path;
+  /// A path that stays the same when the adapter is plugged in again or elsewhere; the node if
+  /// there is none.
+  QString stablePath;
+  /// Maker and product as the adapter names them; may be empty.
+  QString description;
+
+  /// For people: "FTDI FT232R USB UART (ttyUSB0)".
+  [[nodiscard]] QString title() const;
+  bool operator==(const FoundPort& other) const = default;
+};
+
+/// The serial devices that there are, USB adapters first.
+QVector<FoundPort> findPorts();
+
+/// The link in `folder` that leads to the device at `path`, or `path` itself.
+QString stablePath(const QString& path, const QString& folder);
+
+/// Maps the slots COM 1 to COM 4 to serial devices. The settings name a slot's device in section
+/// "Ports", values "COM1" to "COM4". A slot without one takes the n-th serial device found.
 class DeviceSlots {
  public:
   static constexpr int kSlots = 4;
+  using Find = std::function<QVector<FoundPort>()>;
 
-  struct FoundPort {
-    QString path;
-    QString description;
-  };
-
-  explicit DeviceSlots(platform::SettingsStore& settings) : settings_(settings) {}
+  /// `find` is asked each time, so that it may see a device come and go.
+  explicit DeviceSlots(platform::SettingsStore& settings, Find find = findPorts)
+      : settings_(settings), find_(std::move(find)) {}
 
   /// The device's path, empty if the slot has none.
   [[nodiscard]] QString device(int slot) const;
   /// Names the slot's device; an empty path gives the slot back to the found ones.
   void setDevice(int slot, const QString& path);
   [[nodiscard]] bool isNamed(int slot) const;
-  [[nodiscard]] static QVector<FoundPort> foundPorts();
+  [[nodiscard]] QVector<FoundPort> found() const { return find_(); }
 
  private:
   [[nodiscard]] QString named(int slot) const;
 
   platform::SettingsStore& settings_;
+  Find find_;
 };
 
 }  // namespace tarnvex::desktop

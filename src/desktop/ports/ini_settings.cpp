@@ -32,4 +32,12 @@ void IniSettings::saveSetting(std::string_view section, std::string_view name,
   file_.sync();
 }
 
+QString IniSettings::allText() const {
+  QString text;
+  for (const QString& name : file_.allKeys()) {
+    text += name + QLatin1Char('=') + file_.value(name).toString() + QLatin1Char('\n');
+  }
+  return text;
+}
+
 }  // namespace tarnvex::desktop

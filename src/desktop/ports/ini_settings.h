@@ -17,6 +17,9 @@ class IniSettings : public platform::SettingsStore {
                                        std::string_view fallback) const override;
   void saveSetting(std::string_view section, std::string_view name, std::string_view text) override;
 
+  /// All values, a line each: "Options/COM=1".
+  [[nodiscard]] QString allText() const;
+
  private:
   mutable QSettings file_;
 };

@@ -9,6 +9,7 @@
 namespace tarnvex::desktop {
 namespace {
 
+using platform::PortTrouble;
 using std::chrono::microseconds;
 using std::chrono::nanoseconds;
 
@@ -55,41 +56,60 @@ std::optional<std::string> QtSerialPort::open() {
     return "Port already open";
   }
   const QString device = devices_.device(slot_);
-  if (device.isEmpty()) {
-    return "No serial device was found for COM " + std::to_string(slot_) + ".";
-  }
-  lost_ = false;
   const QString resolved = QFileInfo(device).canonicalFilePath();
-  serial_.setPortName(resolved.isEmpty() ? device : resolved);
+  device_ = resolved.isEmpty() ? device : resolved;
+  serial_.setPortName(device_);
   applySettings();
-  if (!serial_.open(QIODevice::ReadWrite)) {
-    return describeFailure(device);
+  if (device.isEmpty() || !serial_.open(QIODevice::ReadWrite)) {
+    trouble_ = findTrouble(device);
+    return describeTrouble(device);
   }
   serial_.clear();
   open_ = true;
-  lost_ = false;
+  trouble_ = PortTrouble::None;
   return std::nullopt;
 }
 
-std::string QtSerialPort::describeFailure(const QString& device) const {
+PortTrouble QtSerialPort::findTrouble(const QString& device) const {
   const QFileInfo file(device);
+  if (device.isEmpty()) {
+    return PortTrouble::NoDevice;
+  }
   if (!file.exists()) {
-    return text(QStringLiteral("%1 does not exist. Is the adapter plugged in?").arg(device));
+    return PortTrouble::NotThere;
   }
   if (!file.isReadable() || !file.isWritable()) {
-    return text(QStringLiteral("You have no right to use %1. On most systems the members of the "
-                               "group \"dialout\" have it.")
-                    .arg(device));
+    return PortTrouble::NoRight;
   }
-  if (serial_.error() == QSerialPort::PermissionError) {
-    return text(QStringLiteral("%1 is in use by another program.").arg(device));
+  return serial_.error() == QSerialPort::PermissionError ? PortTrouble::InUse : PortTrouble::Other;
+}
+
+std::string QtSerialPort::describeTrouble(const QString& device) const {
+  switch (trouble_) {
+    case PortTrouble::NoDevice:
+      return "No serial device was found for COM " + std::to_string(slot_) + ".";
+    case PortTrouble::NotThere:
+      return text(QStringLiteral("%1 does not exist. Is the adapter plugged in?").arg(device));
+    case PortTrouble::NoRight:
+      return text(QStringLiteral("You have no right to use %1. On most systems the members of the "
+                                 "group \"dialout\" have it.")
+                      .arg(device));
+    case PortTrouble::InUse:
+      return text(QStringLiteral("%1 is in use by another program.").arg(device));
+    default:
+      return text(QStringLiteral("%1 can't be opened: %2.").arg(device, serial_.errorString()));
   }
-  return text(QStringLiteral("%1 can't be opened: %2.").arg(device, serial_.errorString()));
+}
+
+std::string QtSerialPort::deviceName() const {
+  return text(QFileInfo(device_).fileName());
 }
 
 void QtSerialPort::close() {
   open_ = false;
-  lost_ = false;
+  if (lost()) {
+    trouble_ = PortTrouble::None;
+  }
   serial_.close();
 }
 
@@ -138,16 +158,16 @@ bool QtSerialPort::waitForInput(std::size_t atLeast) {
 
 void QtSerialPort::onError(QSerialPort::SerialPortError error) {
   // No modem lines on a pseudo terminal, for one: not a loss.
-  if (!open_ || lost_ || error == QSerialPort::NoError || error == QSerialPort::TimeoutError ||
+  if (!usable() || error == QSerialPort::NoError || error == QSerialPort::TimeoutError ||
       error == QSerialPort::UnsupportedOperationError) {
     return;
   }
-  lost_ = true;
+  trouble_ = PortTrouble::Lost;
   // Not from within the port's own signal.
   QMetaObject::invokeMethod(
       this,
       [this] {
-        if (lost_) {
+        if (lost()) {
           serial_.close();
         }
       },

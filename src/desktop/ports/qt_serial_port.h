@@ -27,6 +27,8 @@ class QtSerialPort : public QObject, public platform::SerialPort {
   [[nodiscard]] bool portOpen() const override { return open_; }
   std::optional<std::string> open() override;
   void close() override;
+  [[nodiscard]] std::string deviceName() const override;
+  [[nodiscard]] platform::PortTrouble trouble() const override { return trouble_; }
   [[nodiscard]] std::size_t inBufferCount() override;
   void discardInput() override;
   void output(std::string_view text) override;
@@ -35,11 +37,13 @@ class QtSerialPort : public QObject, public platform::SerialPort {
   bool waitForInput(std::size_t atLeast) override;
 
  private:
-  [[nodiscard]] bool usable() const { return open_ && !lost_; }
+  [[nodiscard]] bool lost() const { return trouble_ == platform::PortTrouble::Lost; }
+  [[nodiscard]] bool usable() const { return open_ && !lost(); }
   [[nodiscard]] bool holds(std::size_t atLeast) { return inBufferCount() >= atLeast; }
   void applySettings();
   void onError(QSerialPort::SerialPortError error);
-  [[nodiscard]] std::string describeFailure(const QString& device) const;
+  [[nodiscard]] platform::PortTrouble findTrouble(const QString& device) const;
+  [[nodiscard]] std::string describeTrouble(const QString& device) const;
 
   QtEventLoop& loop_;
   const platform::EventGate& gate_;
@@ -48,7 +52,9 @@ class QtSerialPort : public QObject, public platform::SerialPort {
   int slot_ = 1;
   std::string settings_ = "9600,n,8,1";
   bool open_ = false;
-  bool lost_ = false;
+  platform::PortTrouble trouble_ = platform::PortTrouble::None;
+  /// Path of the device that was opened last, with links resolved.
+  QString device_;
 };
 
 class QtSerialPorts : public platform::SerialPorts {

@@ -1,5 +1,6 @@
 #include "desktop/windows/com_option.h"
 
+#include <QAbstractItemView>
 #include <QContextMenuEvent>
 #include <QFileInfo>
 #include <QInputDialog>
@@ -8,53 +9,97 @@
 
 namespace tarnvex::desktop {
 
-ComOption::ComOption(int slot, platform::OptionButton& model, DeviceSlots& devices, Binder& binder)
-    : slot_(slot), model_(model), devices_(devices), gate_(binder.gate()), device_(new QLabel) {
-  binder.bind(this, model, Binder::Urgency::Leaving);
-  device_->setForegroundRole(QPalette::PlaceholderText);
-  device_->installEventFilter(this);
-  showDevice();
+namespace {
+
+/// Enough of a device's name to tell it from others; the list itself shows all of it.
+constexpr int kShownCharacters = 16;
+
+bool sameDevice(const QString& one, const QString& other) {
+  const QString real = QFileInfo(one).canonicalFilePath();
+  return one == other || (!real.isEmpty() && real == QFileInfo(other).canonicalFilePath());
 }
 
-void ComOption::showDevice() {
+}  // namespace
+
+ComOption::ComOption(int slot, platform::OptionButton& model, DeviceSlots& devices, Binder& binder)
+    : slot_(slot), model_(model), devices_(devices), gate_(binder.gate()), box_(new QComboBox) {
+  binder.bind(this, model, Binder::Urgency::Leaving);
+  box_->setObjectName(QStringLiteral("Device%1").arg(slot));
+  box_->setAccessibleName(tr("Device of COM %1").arg(slot));
+  box_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  box_->setMinimumContentsLength(kShownCharacters);
+  connect(box_, &QComboBox::activated, this, [this](int index) { activate(index); });
+  showDevices();
+}
+
+QVector<ComOption::Choice> ComOption::choices() const {
+  const auto ports = devices_.found();
+  const QString any =
+      slot_ <= ports.size() ? QFileInfo(ports[slot_ - 1].path).fileName() : tr("no device");
+  QVector<Choice> choices = {{{}, tr("Automatic: %1").arg(any)}};
+  for (const auto& port : ports) {
+    choices.push_back({port.stablePath, port.title()});
+  }
+  const QString current = devices_.isNamed(slot_) ? devices_.device(slot_) : QString();
+  const bool listed = std::ranges::any_of(
+      choices, [&](const Choice& choice) { return sameDevice(choice.path, current); });
+  if (!listed) {
+    const QFileInfo file(current);
+    choices.push_back(
+        {current, file.exists() ? file.fileName() : tr("%1 (not there)").arg(file.fileName())});
+  }
+  return choices;
+}
+
+int ComOption::currentChoice() const {
+  const QString current = devices_.isNamed(slot_) ? devices_.device(slot_) : QString();
+  const auto found = std::ranges::find_if(
+      shown_, [&](const Choice& choice) { return sameDevice(choice.path, current); });
+  return static_cast<int>(found - shown_.begin());
+}
+
+void ComOption::showDevices() {
+  if (const auto now = choices(); now != shown_) {
+    shown_ = now;
+    box_->clear();
+    for (const Choice& choice : shown_) {
+      box_->addItem(choice.title);
+      box_->setItemData(box_->count() - 1, choice.path, Qt::ToolTipRole);
+    }
+    box_->insertSeparator(box_->count());
+    box_->addItem(tr("Other..."));
+    box_->view()->setMinimumWidth(box_->view()->sizeHintForColumn(0));
+  }
+  box_->setCurrentIndex(currentChoice());
   const QString path = devices_.device(slot_);
-  device_->setText(path.isEmpty() ? tr("no device") : QFileInfo(path).fileName());
-  const QString tip = path.isEmpty() ? tr("No serial device was found for this port.") : path;
-  setToolTip(tip + QLatin1Char('\n') + tr("The context menu sets another device."));
-  device_->setToolTip(toolTip());
-  setAccessibleDescription(device_->text());
+  box_->setToolTip(path.isEmpty() ? tr("No serial device was found for this port.") : path);
+  setToolTip(tr("Opens this port: %1").arg(box_->currentText()));
+  setAccessibleDescription(box_->currentText());
+}
+
+void ComOption::activate(int index) {
+  if (index < shown_.size()) {
+    choose(shown_[index].path);
+  } else {
+    box_->setCurrentIndex(currentChoice());
+    askForPath();
+  }
 }
 
 void ComOption::contextMenuEvent(QContextMenuEvent* event) {
-  openMenu(event->globalPos());
-}
-
-bool ComOption::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == device_ && event->type() == QEvent::ContextMenu) {
-    openMenu(static_cast<QContextMenuEvent*>(event)->globalPos());
-    return true;
-  }
-  return QRadioButton::eventFilter(watched, event);
+  openMenu(event->reason() == QContextMenuEvent::Keyboard ? mapToGlobal(rect().bottomLeft())
+                                                          : event->globalPos());
 }
 
 void ComOption::openMenu(const QPoint& where) {
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  const QString current = devices_.device(slot_);
-  auto ports = DeviceSlots::foundPorts();
-  const bool found =
-      std::ranges::any_of(ports, [&](const auto& port) { return port.path == current; });
-  if (!found && !current.isEmpty()) {
-    ports.push_front({current, {}});
-  }
-  for (const auto& port : ports) {
-    const QString text = port.description.isEmpty()
-                             ? port.path
-                             : port.path + QStringLiteral(" (%1)").arg(port.description);
-    QAction* action = menu->addAction(text);
-    chooseOn(action, port.path);
+  showDevices();
+  for (qsizetype i = 1; i < shown_.size(); ++i) {
+    QAction* action = menu->addAction(shown_[i].title);
+    chooseOn(action, shown_[i].path);
     action->setCheckable(true);
-    action->setChecked(port.path == current);
+    action->setChecked(sameDevice(shown_[i].path, devices_.device(slot_)));
   }
   menu->addSeparator();
   menu->addAction(tr("Other device..."), this, [this] { askForPath(); });
@@ -93,7 +138,7 @@ void ComOption::choose(const QString& path) {
     return;
   }
   devices_.setDevice(slot_, path);
-  showDevice();
+  showDevices();
   // The port in use moves to its new device at once.
   if (model_.value()) {
     gate_.enterLeaving([&model = model_] { model.userClick(); });

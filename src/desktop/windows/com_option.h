@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QLabel>
+#include <QComboBox>
 #include <QRadioButton>
 
 #include "desktop/ports/device_slots.h"
@@ -8,21 +8,30 @@
 
 namespace tarnvex::desktop {
 
-/// A COM option with the device of its slot beside it. The context menu gives the slot another
-/// device: one of those found, a typed path, or whichever is found.
+/// A COM option with a drop-down of the devices beside it: whichever is found, those that there are
+/// now, and "Other..." for a path. The context menu offers the same.
 class ComOption : public QRadioButton {
  public:
   ComOption(int slot, platform::OptionButton& model, DeviceSlots& devices, Binder& binder);
 
-  /// Shows the device; belongs beside the option.
-  [[nodiscard]] QLabel* deviceLabel() const { return device_; }
+  /// Belongs beside the option.
+  [[nodiscard]] QComboBox* deviceBox() const { return box_; }
+  /// Devices may have come or gone.
+  void showDevices();
 
  protected:
   void contextMenuEvent(QContextMenuEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void showDevice();
+  /// What can be chosen: a path, empty for whichever is found, and its name for the user.
+  struct Choice {
+    QString path;
+    QString title;
+    bool operator==(const Choice& other) const = default;
+  };
+  [[nodiscard]] QVector<Choice> choices() const;
+  [[nodiscard]] int currentChoice() const;
+  void activate(int index);
   void openMenu(const QPoint& where);
   void chooseOn(QAction* action, const QString& path);
   void askForPath();
@@ -32,7 +41,9 @@ class ComOption : public QRadioButton {
   platform::OptionButton& model_;
   DeviceSlots& devices_;
   platform::EventGate& gate_;
-  QLabel* device_;
+  QComboBox* box_;
+  /// Those in the drop-down now.
+  QVector<Choice> shown_;
 };
 
 }  // namespace tarnvex::desktop

@@ -1,8 +1,11 @@
 #include "desktop/windows/main_window.h"
 
+#include <QClipboard>
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QMenuBar>
 #include <QTabBar>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include "desktop/ports/text.h"
@@ -12,10 +15,11 @@
 
 namespace tarnvex::desktop {
 
-MainWindow::MainWindow(shell::MainForm& form, platform::EventGate& gate)
+MainWindow::MainWindow(shell::MainForm& form, platform::EventGate& gate, Report report)
     : form_(form),
       keys_(new KeyForwarder(form, gate, this)),
       binder_(gate, keys_),
+      report_(std::move(report)),
       tabs_(new QTabWidget) {
   setObjectName(QString::fromStdString(form.window.name()));
   setCentralWidget(new QWidget);
@@ -32,10 +36,12 @@ MainWindow::MainWindow(shell::MainForm& form, platform::EventGate& gate)
   binder_.keep(form_.window.changed.connect(showTitle));
 }
 
-MainWindow::MainWindow(shell::Form4& form, platform::EventGate& gate, DeviceSlots& devices)
-    : MainWindow(form, gate) {
+MainWindow::MainWindow(shell::Form4& form, platform::EventGate& gate, DeviceSlots& devices,
+                       Report report)
+    : MainWindow(form, gate, std::move(report)) {
   auto* panel = new RadioPanel(bc895Layout());
   panelBinding_ = std::make_unique<PanelBinding>(*panel, form, gate);
+  panelBinding_->follow(form.linkState);
   // A wide set stands above the pages.
   place(panel, QBoxLayout::TopToBottom);
   addPages(form.Combo1, makeOptionsPage({{makeLinkFrame(form, form.Combo4, devices, binder_)},
@@ -49,10 +55,12 @@ MainWindow::MainWindow(shell::Form4& form, platform::EventGate& gate, DeviceSlot
   resize(width, panel->heightForWidth(width) + metrics.height() * 20);
 }
 
-MainWindow::MainWindow(shell::Form2& form, platform::EventGate& gate, DeviceSlots& devices)
-    : MainWindow(form, gate) {
+MainWindow::MainWindow(shell::Form2& form, platform::EventGate& gate, DeviceSlots& devices,
+                       Report report)
+    : MainWindow(form, gate, std::move(report)) {
   auto* panel = new RadioPanel(bc245Layout());
   panelBinding_ = std::make_unique<PanelBinding>(*panel, form, gate);
+  panelBinding_->follow(form.linkState);
   trunkedMenu_->addSeparator();
   addCommand(trunkedMenu_, "mnuCustom", tr("&Custom Fleet Map..."), [&form] { form.mnuCustom(); });
   // An upright hand-held stands beside them.
@@ -109,6 +117,8 @@ void MainWindow::addMenus() {
       ->setShortcut(QKeySequence::HelpContents);
   addCommand(help, "mnuSearch", tr("&Search"), &shell::MainForm::mnuSearch);
   help->addSeparator();
+  help->addAction(tr("Copy &Report"), this, &MainWindow::copyReport)
+      ->setObjectName(QStringLiteral("copyReport"));
   addCommand(help, "mnuAbout", tr("&About..."), &shell::MainForm::mnuAbout);
 }
 
@@ -123,6 +133,15 @@ QAction* MainWindow::addCommand(QMenu* menu, const char* name, const QString& ca
       caption, this, [this, command = std::move(command)] { binder_.gate().enter(command); });
   action->setObjectName(QLatin1String(name));
   return action;
+}
+
+/// Only reads, so it needs no turn at the gate.
+void MainWindow::copyReport() {
+  if (report_) {
+    QGuiApplication::clipboard()->setText(report_());
+    QToolTip::showText(mapToGlobal(menuBar()->geometry().bottomLeft()),
+                       tr("The report is on the clipboard. Paste it into your message."), this);
+  }
 }
 
 void MainWindow::place(RadioPanel* panel, QBoxLayout::Direction direction) {

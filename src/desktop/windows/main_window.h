@@ -20,9 +20,15 @@ namespace tarnvex::desktop {
 /// nothing. Closing it asks the form, which may refuse.
 class MainWindow : public QMainWindow {
  public:
-  MainWindow(shell::Form4& form, platform::EventGate& gate, DeviceSlots& devices);
-  MainWindow(shell::Form2& form, platform::EventGate& gate, DeviceSlots& devices);
+  /// Makes the text of the report that the user may copy.
+  using Report = std::function<QString()>;
 
+  MainWindow(shell::Form4& form, platform::EventGate& gate, DeviceSlots& devices,
+             Report report = {});
+  MainWindow(shell::Form2& form, platform::EventGate& gate, DeviceSlots& devices,
+             Report report = {});
+
+  [[nodiscard]] const link::LinkState& linkState() const { return form_.linkState; }
   /// Takes the window off the screen without asking.
   void leaveScreen();
 
@@ -31,12 +37,13 @@ class MainWindow : public QMainWindow {
   void changeEvent(QEvent* event) override;
 
  private:
-  MainWindow(shell::MainForm& form, platform::EventGate& gate);
+  MainWindow(shell::MainForm& form, platform::EventGate& gate, Report report);
   void addMenus();
   QAction* addCommand(QMenu* menu, const char* name, const QString& caption,
                       void (shell::MainForm::*command)());
   QAction* addCommand(QMenu* menu, const char* name, const QString& caption,
                       platform::EventGate::Handler command);
+  void copyReport();
   void place(RadioPanel* panel, QBoxLayout::Direction direction);
   /// `trunkBank` is the box that picks the bank of the talkgroup table.
   void addPages(platform::ComboBox& trunkBank, QWidget* options);
@@ -48,6 +55,7 @@ class MainWindow : public QMainWindow {
   shell::MainForm& form_;
   KeyForwarder* keys_;
   Binder binder_;
+  Report report_;
   QTabWidget* tabs_;
   QMenu* trunkedMenu_ = nullptr;
   std::unique_ptr<PanelBinding> panelBinding_;

@@ -6,6 +6,7 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+#include "desktop/ports/device_watcher.h"
 #include "desktop/ports/text.h"
 #include "desktop/windows/com_option.h"
 #include "desktop/windows/pages.h"
@@ -83,20 +84,47 @@ void bindSearchMenu(QListWidget* list, search::SearchlistMenu& model, Binder& bi
   }));
 }
 
+/// The state of the line in words. It keeps the room of two lines, so that nothing moves when the
+/// text changes.
+QLabel* makeLinkState(shell::MainForm& form, Binder& binder) {
+  auto* label = new QLabel;
+  label->setObjectName(QStringLiteral("LinkState"));
+  label->setAccessibleName(QObject::tr("Link state"));
+  label->setWordWrap(true);
+  label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  label->setMinimumHeight(label->fontMetrics().lineSpacing() * 2);
+  const auto show = [label, &state = form.linkState] {
+    label->setText(toScreen(state.text()));
+    label->setToolTip(label->text());
+    label->setAccessibleDescription(label->text());
+  };
+  show();
+  binder.keep(form.linkState.changed.connect(show));
+  return label;
+}
+
 }  // namespace
 
 QWidget* makeLinkFrame(shell::MainForm& form, platform::ComboBox& baudBox, DeviceSlots& devices,
                        Binder& binder) {
   auto* frame = new QGroupBox(QObject::tr("COM Port"));
   auto* grid = new QGridLayout(frame);
+  QVector<ComOption*> comOptions;
   const std::array<platform::OptionButton*, DeviceSlots::kSlots> options = {
       &form.Option1, &form.Option2, &form.Option3, &form.Option4};
   for (int slot = 1; slot <= DeviceSlots::kSlots; ++slot) {
     auto* option =
         new ComOption(slot, *options[static_cast<std::size_t>(slot - 1)], devices, binder);
     grid->addWidget(option, slot - 1, 0);
-    grid->addWidget(option->deviceLabel(), slot - 1, 1);
+    grid->addWidget(option->deviceBox(), slot - 1, 1);
+    comOptions.push_back(option);
   }
+  const auto follow = [comOptions] {
+    for (ComOption* option : comOptions) {
+      option->showDevices();
+    }
+  };
+  new DeviceWatcher({QStringLiteral("/dev"), QStringLiteral("/dev/serial/by-id")}, follow, frame);
   auto* baud = new QComboBox;
   binder.bind(baud, baudBox);
   auto* caption = new QLabel(QObject::tr("Baud Rate"));
@@ -106,8 +134,9 @@ QWidget* makeLinkFrame(shell::MainForm& form, platform::ComboBox& baudBox, Devic
   grid->addWidget(caption, 4, 0);
   grid->addWidget(baud, 4, 1);
   grid->addWidget(connectButton, 5, 0, 1, 2);
+  grid->addWidget(makeLinkState(form, binder), 6, 0, 1, 2);
   grid->setColumnStretch(1, 1);
-  grid->setRowStretch(6, 1);
+  grid->setRowStretch(7, 1);
   return frame;
 }
 

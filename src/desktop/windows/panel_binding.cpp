@@ -69,6 +69,12 @@ PanelBinding::PanelBinding(RadioPanel& view, shell::Form2& form, platform::Event
                    });
 }
 
+void PanelBinding::follow(const link::LinkState& line) {
+  const auto show = [this, &line] { view_.setLive(line.live()); };
+  show();
+  connections_.push_back(line.changed.connect(show));
+}
+
 void PanelBinding::show(const platform::Label& element) {
   view_.setElement(QString::fromStdString(element.name()), lineToScreen(element.caption()),
                    element.visible());

@@ -20,6 +20,9 @@ class PanelBinding {
   PanelBinding(RadioPanel& view, const monitor::PanelElements& elements,
                const platform::Label& background);
 
+  /// Dims the display while the line isn't live.
+  void follow(const link::LinkState& line);
+
  private:
   void show(const platform::Label& element);
 

@@ -31,13 +31,13 @@ void QtWindows::closeSplash() {
 void QtWindows::openMain(shell::Form4& form) {
   drive(form.Scantimer);
   drive(form.Timer1);
-  present(new MainWindow(form, gate_, devices_));
+  present(new MainWindow(form, gate_, devices_, report_));
 }
 
 void QtWindows::openMain(shell::Form2& form) {
   drive(form.Scantimer);
   drive(form.Timer2);
-  present(new MainWindow(form, gate_, devices_));
+  present(new MainWindow(form, gate_, devices_, report_));
 }
 
 void QtWindows::drive(platform::Timer& timer) {
@@ -70,11 +70,13 @@ void QtWindows::showMain(bool shown) {
 
 void QtWindows::openQuickView(shell::QuickView& form) {
   quickView_ = new QuickViewWindow(form, bc895Layout(), gate_);
+  quickView_->follow(main_->linkState());
   quickView_->present();
 }
 
 void QtWindows::openQuickView(shell::Form9& form) {
   quickView_ = new QuickViewWindow(form, bc245Layout(), gate_);
+  quickView_->follow(main_->linkState());
   quickView_->present();
 }
 

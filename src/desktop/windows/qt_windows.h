@@ -20,8 +20,9 @@ namespace tarnvex::desktop {
 /// Puts the program's windows on the screen and drives their timers.
 class QtWindows : public shell::WindowLayer {
  public:
-  QtWindows(QtEventLoop& loop, platform::EventGate& gate, DeviceSlots& devices)
-      : loop_(loop), gate_(gate), devices_(devices) {}
+  QtWindows(QtEventLoop& loop, platform::EventGate& gate, DeviceSlots& devices,
+            MainWindow::Report report = {})
+      : loop_(loop), gate_(gate), devices_(devices), report_(std::move(report)) {}
   ~QtWindows() override { removeAll(); }
 
   void openSplash(shell::Form1& form) override;
@@ -62,6 +63,7 @@ class QtWindows : public shell::WindowLayer {
   QtEventLoop& loop_;
   platform::EventGate& gate_;
   DeviceSlots& devices_;
+  MainWindow::Report report_;
   QPointer<QWidget> splash_;
   QPointer<QWidget> notice_;
   QPointer<MainWindow> main_;

@@ -17,6 +17,8 @@ class QuickViewWindow : public QWidget {
  public:
   QuickViewWindow(shell::QuickViewForm& form, const PanelLayout& radio, platform::EventGate& gate);
 
+  /// Dims the display while the line isn't live.
+  void follow(const link::LinkState& line) { binding_.follow(line); }
   /// Runs the form's load and shows the window where the form wants it.
   void present();
   void leaveScreen();

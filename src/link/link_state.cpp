@@ -1,0 +1,84 @@
+#include "link/link_state.h"
+
+namespace tarnvex::link {
+namespace {
+
+using platform::PortTrouble;
+
+std::string describe(PortTrouble trouble, const std::string& device, const std::string& failure) {
+  switch (trouble) {
+    case PortTrouble::NoDevice:
+      return "No serial device found";
+    case PortTrouble::NotThere:
+      return device + " isn't there; is the adapter plugged in?";
+    case PortTrouble::NoRight:
+      return device + ": no right to use it; join the group dialout";
+    case PortTrouble::InUse:
+      return device + ": in use by another program";
+    default:
+      return failure;
+  }
+}
+
+}  // namespace
+
+void LinkState::opened(const platform::SerialPort& port,
+                       const std::optional<std::string>& failure) {
+  device_ = port.deviceName();
+  awaiting_ = false;
+  explained_ = failure.has_value();
+  if (failure) {
+    set(describe(port.trouble(), device_, *failure), false);
+  } else {
+    set("Waiting for the radio on " + device_, false);
+  }
+}
+
+void LinkState::closed() {
+  awaiting_ = false;
+  if (!explained_) {
+    set("Not connected", false);
+  }
+}
+
+void LinkState::sent(std::string_view /*text*/) {
+  awaiting_ = true;
+}
+
+void LinkState::received(std::string_view /*text*/) {
+  awaiting_ = false;
+  explained_ = false;
+  if (!live_) {
+    set("Connected to " + radio_ + " on " + device_, true);
+  }
+}
+
+void LinkState::waitedInVain(const platform::SerialPort& port) {
+  if (explained_) {
+    return;
+  }
+  if (port.trouble() == PortTrouble::Lost) {
+    explained_ = true;
+    set(device_ + " was unplugged at " + time(), false);
+  } else if (awaiting_) {
+    explained_ = true;
+    set(device_ + ": no reply since " + time() + "; is the radio in its Remote mode?", false);
+  }
+}
+
+void LinkState::set(std::string text, bool live) {
+  if (text != text_ || live != live_) {
+    text_ = std::move(text);
+    live_ = live;
+    changed.notify();
+  }
+}
+
+std::string LinkState::time() const {
+  constexpr std::size_t kTimeStart = 11;
+  constexpr std::size_t kTimeLength = 5;
+  const std::string now = clock_.now();
+  return now.size() >= kTimeStart ? now.substr(kTimeStart, kTimeLength) : now;
+}
+
+}  // namespace tarnvex::link

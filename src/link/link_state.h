@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "link/watched_port.h"
+#include "platform/clock.h"
+#include "platform/notifier.h"
+
+namespace tarnvex::link {
+
+/// The state of the line in words for the user, and whether what the panel shows is live. It
+/// watches the port of a main window, so nobody has to tell it anything. Windows show it.
+class LinkState : public PortWatcher {
+ public:
+  /// `radio` is the name of the window's radio, such as "BC895XLT".
+  LinkState(std::string_view radio, const platform::Clock& clock) : radio_(radio), clock_(clock) {}
+
+  /// One line, such as "Connected to BC895XLT on ttyUSB0" or "ttyUSB0: in use by another program".
+  [[nodiscard]] const std::string& text() const { return text_; }
+  /// The port is open and the radio answers.
+  [[nodiscard]] bool live() const { return live_; }
+
+  /// The text or `live` has changed.
+  platform::Notifier<> changed;
+
+  void opened(const platform::SerialPort& port, const std::optional<std::string>& failure) override;
+  void closed() override;
+  void sent(std::string_view text) override;
+  void received(std::string_view text) override;
+  void discarded(std::size_t /*count*/) override {}
+  void waitedInVain(const platform::SerialPort& port) override;
+
+ private:
+  void set(std::string text, bool live);
+  /// Hours and minutes.
+  [[nodiscard]] std::string time() const;
+
+  std::string radio_;
+  const platform::Clock& clock_;
+  std::string device_;
+  std::string text_ = "Not connected";
+  bool live_ = false;
+  /// Nothing has come since the last command.
+  bool awaiting_ = false;
+  /// The text says why the line is dead; closing the port doesn't change that.
+  bool explained_ = false;
+};
+
+}  // namespace tarnvex::link
