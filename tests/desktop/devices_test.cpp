@@ -23,7 +23,7 @@ TEST(ComOption, OffersTheDevicesThereAreNow) {
   QVector<FoundPort> found = {{"/dev/ttyUSB0", "/dev/serial/by-id/ftdi", "FTDI UART"},
                               {"/dev/ttyS0", "/dev/ttyS0", ""}};
   DeviceSlots devices(settings, [&] { return found; });
-  platform::OptionButton model("COM 1", true);
+  platform::OptionButton model("Option1", "COM 1", true);
   desktop::Binder binder(gate);
   ComOption option(1, model, devices, binder);
   const std::unique_ptr<QComboBox> box(option.deviceBox());
