@@ -96,14 +96,14 @@ void poll(ByteRadio& bytes) {
   world.state.KnobDownHeld = set(3);
   form->window.setMinimised(set(4));
   world.state.LowerLimitEditing = set(5);
-  form->Command3.userClick();
-  form->chkSkip.setValue(set(6));
+  form->linkControls.Command3.userClick();
+  form->hitLists.chkSkip.setValue(set(6));
   for (int tick = 0; tick < kMostTicks && !bytes.spent() && world.switches == 0; ++tick) {
     world.gate.enterTimer(form->Scantimer);
     fuzz::require(!form->Scantimer.running() && !world.gate.busy());
     fuzz::require(world.dialogs.takeBoxes().size() <= 1);
     if (!form->MSComm1->portOpen()) {
-      form->Command3.userClick();
+      form->linkControls.Command3.userClick();
     }
   }
 }

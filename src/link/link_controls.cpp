@@ -6,21 +6,38 @@
 #include "platform/convert.h"
 
 namespace tarnvex::link {
+namespace {
+
+/// The box that shows the old baud rate again after a change that was declined or failed.
+constexpr std::string_view kRestoreBox = "Combo4";
+
+}  // namespace
 
 std::string lineSettings(std::string_view baudRate) {
   return std::string(baudRate) + ",n,8,1";
 }
 
-LinkControls::LinkControls(const RadioModel& model, Parts parts, Outside outside)
-    : model_(model), parts_(parts), outside_(outside) {
-  for (int slot = 1; slot <= 4; ++slot) {
-    parts_.options[static_cast<std::size_t>(slot - 1)]->onClick = [this, slot] {
-      choosePort(slot);
-    };
+LinkControls::LinkControls(const RadioModel& model, platform::ComboBox& bankBox,
+                           const Outside& outside)
+    : baudBox(std::string(model.baudBox), model.baudRates),
+      model_(model),
+      restoreBox_(bankBox.name() == kRestoreBox ? bankBox : baudBox),
+      outside_(outside) {
+  for (std::size_t i = 0; i < options.size(); ++i) {
+    options[i]->onClick = [this, slot = static_cast<int>(i) + 1] { choosePort(slot); };
+    options[i]->passKeysOn();
   }
-  platform::groupOptions({parts_.options.begin(), parts_.options.end()});
-  parts_.baudBox.onClick = [this] { changeBaudRate(); };
-  parts_.connectButton.onClick = [this] { connect(); };
+  platform::groupOptions({options.begin(), options.end()});
+  baudBox.onClick = [this] { changeBaudRate(); };
+  Command3.onClick = [this] { connect(); };
+  Command3.passKeysOn();
+}
+
+void LinkControls::disable() {
+  for (platform::OptionButton* option : options) {
+    option->setEnabled(false);
+  }
+  Command3.setEnabled(false);
 }
 
 std::string LinkControls::storedPort() const {
@@ -34,42 +51,42 @@ std::string LinkControls::storedBaudRate() const {
 void LinkControls::chooseStoredPort() {
   const auto slot = platform::toInteger(storedPort());
   if (slot && *slot >= 1 && *slot <= 4) {
-    parts_.options[static_cast<std::size_t>(*slot - 1)]->setValue(true);
+    options[static_cast<std::size_t>(*slot - 1)]->setValue(true);
   }
 }
 
 void LinkControls::openStoredPort() {
   if (const auto slot = platform::toInteger(storedPort())) {
-    parts_.port.setCommPort(*slot);
+    outside_.port.setCommPort(*slot);
   }
-  parts_.port.setSettings(lineSettings(storedBaudRate()));
-  openQuietly(parts_.port);
+  outside_.port.setSettings(lineSettings(storedBaudRate()));
+  openQuietly(outside_.port);
 }
 
 void LinkControls::choosePort(int slot) {
-  parts_.port.close();
-  parts_.port.setCommPort(slot);
-  if (const auto failure = openQuietly(parts_.port)) {
+  outside_.port.close();
+  outside_.port.setCommPort(slot);
+  if (const auto failure = openQuietly(outside_.port)) {
     outside_.dialogs.messageBox("A communications error has occurred: " + *failure,
                                 "COM Selection error", platform::kWarning);
     return;
   }
-  parts_.pollTimer.setEnabled(true);
+  outside_.pollTimer.setEnabled(true);
   outside_.settings.saveSetting("Options", "COM", std::to_string(slot));
 }
 
 void LinkControls::connect() {
-  parts_.port.close();
-  openQuietly(parts_.port);
-  parts_.pollTimer.setEnabled(true);
+  outside_.port.close();
+  openQuietly(outside_.port);
+  outside_.pollTimer.setEnabled(true);
 }
 
 void LinkControls::changeBaudRate() {
   // While the poll rests the index is being set by code, or there is no link to try the rate on.
-  if (!parts_.pollTimer.enabled()) {
+  if (!outside_.pollTimer.enabled()) {
     return;
   }
-  const PollHold hold(parts_.pollTimer);
+  const PollHold hold(outside_.pollTimer);
   const auto answer = outside_.dialogs.messageBox(
       "This setting should only be changed if you are unable to connect to your scanner. The "
       "setting should match the baudrate of your scanner. Do you wish to continue?",
@@ -78,7 +95,7 @@ void LinkControls::changeBaudRate() {
     showRestoredRate();
   } else {
     const std::string old = storedBaudRate();
-    outside_.settings.saveSetting(model_.key, "Baudrate", parts_.baudBox.text());
+    outside_.settings.saveSetting(model_.key, "Baudrate", baudBox.text());
     reopen(storedBaudRate());
     if (!radioAnswers()) {
       restoreBaudRate(old);
@@ -87,12 +104,12 @@ void LinkControls::changeBaudRate() {
 }
 
 bool LinkControls::radioAnswers() {
-  parts_.port.discardInput();
-  parts_.port.output(std::string(command::kProvoke) + "\r");
+  outside_.port.discardInput();
+  outside_.port.output(std::string(command::kProvoke) + "\r");
   outside_.state.LinkWaiting = true;
   // Whatever answers is left in the buffer; the next exchange throws it away.
   platform::Spins budget{kBaudProbeSpins};
-  return parts_.port.waitForInput(1, budget);
+  return outside_.port.waitForInput(1, budget);
 }
 
 void LinkControls::restoreBaudRate(const std::string& rate) {
@@ -106,20 +123,21 @@ void LinkControls::restoreBaudRate(const std::string& rate) {
   reopen(rate);
 }
 
-/// On the BC245XLT's window the restored index goes to the trunked bank selector, which then jumps,
-/// while the baud box goes on showing what was chosen. Users know the window so; it stays.
+/// Deliberate: the index always goes to `Combo4`. On the BC245XLT's window that is the bank
+/// selector of the talkgroup table, which then jumps, while the baud box goes on showing what was
+/// chosen.
 void LinkControls::showRestoredRate() {
   if (const auto rate = platform::toReal(storedBaudRate())) {
     if (const auto index = platform::toInteger(*rate / model_.baudStep - 1)) {
-      parts_.restoreBox.setListIndex(*index);
+      restoreBox_.setListIndex(*index);
     }
   }
 }
 
 void LinkControls::reopen(const std::string& rate) {
-  parts_.port.close();
-  parts_.port.setSettings(lineSettings(rate));
-  openQuietly(parts_.port);
+  outside_.port.close();
+  outside_.port.setSettings(lineSettings(rate));
+  openQuietly(outside_.port);
 }
 
 }  // namespace tarnvex::link

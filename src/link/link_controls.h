@@ -7,6 +7,7 @@
 #include "link/radio_model.h"
 #include "platform/controls.h"
 #include "platform/dialogs.h"
+#include "platform/non_copyable.h"
 #include "platform/serial_port.h"
 #include "platform/settings_store.h"
 #include "platform/shared_state.h"
@@ -16,28 +17,34 @@ namespace tarnvex::link {
 /// Text of the `Settings` property for a baud rate: no parity, eight data bits, one stop bit.
 std::string lineSettings(std::string_view baudRate);
 
-/// How a main window keeps its link: the COM options, the baud rate box and the Connect button of
-/// its Options page. The main window owns the controls; this class is what they do. Choosing a COM
-/// port opens it, and a change of the baud rate is tried out on the radio before it is kept.
-class LinkControls {
+/// The COM options, the baud rate box and the Connect button of a main window's Options page.
+/// Choosing a COM port opens it. A change of the baud rate is tried out on the radio before it is
+/// kept.
+class LinkControls : private platform::NonCopyable {
  public:
-  using Options = std::array<platform::OptionButton*, 4>;
-  struct Parts {
+  /// What the controls work on. All of it outlives them.
+  struct Outside {
     platform::SerialPort& port;
     platform::Timer& pollTimer;
-    Options options;
-    platform::ComboBox& baudBox;
-    /// Receives the list index of the old rate: see RadioModel::baudStep.
-    platform::ComboBox& restoreBox;
-    platform::Button& connectButton;
-  };
-  struct Outside {
     platform::SharedState& state;
     platform::SettingsStore& settings;
     platform::Dialogs& dialogs;
   };
 
-  LinkControls(const RadioModel& model, Parts parts, Outside outside);
+  /// `bankBox` picks the bank of the talkgroup table: see `showRestoredRate`.
+  LinkControls(const RadioModel& model, platform::ComboBox& bankBox, const Outside& outside);
+
+  platform::OptionButton Option1{"Option1", "COM 1", true};
+  platform::OptionButton Option2{"Option2", "COM 2"};
+  platform::OptionButton Option3{"Option3", "COM 3"};
+  platform::OptionButton Option4{"Option4", "COM 4"};
+  /// The four options, in the order of their slots.
+  const std::array<platform::OptionButton*, 4> options{&Option1, &Option2, &Option3, &Option4};
+  platform::ComboBox baudBox;
+  platform::Button Command3{"Command3", "Connect"};
+
+  /// From here on the user can open no port: the window is about to close.
+  void disable();
 
   /// Spins that the radio has for an answer after a change of the baud rate.
   static constexpr int kBaudProbeSpins = 12500;
@@ -61,7 +68,7 @@ class LinkControls {
   void reopen(const std::string& rate);
 
   const RadioModel& model_;
-  Parts parts_;
+  platform::ComboBox& restoreBox_;
   Outside outside_;
 };
 

@@ -57,6 +57,10 @@ Failure writePlan(platform::SequentialFiles& files, ChannelMemory& memory) {
 
 }  // namespace
 
+std::string mainTitle(const std::string& planName) {
+  return "Tarnvex - " + (planName.empty() ? "Untitled" : planName);
+}
+
 FrequencyFile::FrequencyFile(ChannelMemory& memory, FrequencyFilePorts ports)
     : memory_(memory), ports_(ports) {
   ports_.Dlg1.Filter = "Tarnvex Frequency Files(*.tvf)|*.tvf";
@@ -158,18 +162,18 @@ void FrequencyFile::loadLastPlan() {
   const std::string path = ports_.settings.getSetting(memory_.model().key, "LastFreqFile", "");
   ports_.Dlg1.FileName = path;
   if (path.empty()) {
-    ports_.window.setCaption("Tarnvex - Untitled");
+    ports_.window.setCaption(mainTitle({}));
     return;
   }
   LoadPlanFromFile(path);
   // Unlike in the commands, the file is closed even if it can't be read.
   ports_.files.close(kFile);
   resetCursors();
-  ports_.window.setCaption("Tarnvex - " + path);
+  ports_.window.setCaption(mainTitle(path));
 }
 
 void FrequencyFile::adopt(const std::string& path) {
-  ports_.window.setCaption("Tarnvex - " + path);
+  ports_.window.setCaption(mainTitle(path));
   ports_.settings.saveSetting(memory_.model().key, "LastFreqFile", path);
 }
 

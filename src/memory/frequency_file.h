@@ -11,6 +11,10 @@
 
 namespace tarnvex::memory {
 
+/// Title of a main window: the program's name and the full name of the frequency file, which is
+/// empty if there is none.
+std::string mainTitle(const std::string& planName);
+
 /// What the file commands use. All of it must outlive the `FrequencyFile`.
 struct FrequencyFilePorts {
   platform::SequentialFiles& files;

@@ -19,9 +19,13 @@ bool searchesService(std::string_view code) {
 
 }  // namespace
 
-Bc245Poll::Bc245Poll(Bc245Panel& panel, PollControls controls, PollOutside outside,
-                     Bc245PollControls own)
-    : PollCycle(panel, controls, std::move(outside)), panel_(panel), own_(own) {}
+Bc245Poll::Bc245Poll(Bc245Panel& panel, PollOutside outside, const ReceiverOptions& options,
+                     platform::Timer& Scantimer, const platform::SerialPort& MSComm1)
+    : PollCycle(panel, std::move(outside)),
+      panel_(panel),
+      options_(options),
+      timer_(Scantimer),
+      port_(MSComm1) {}
 
 void Bc245Poll::tick() {
   if (!searchesService(panel_.mode.caption())) {
@@ -74,7 +78,7 @@ void Bc245Poll::askIndicators() {
 }
 
 void Bc245Poll::workAutoLight() {
-  if (!own_.Check2.value()) {
+  if (!options_.Check2.value()) {
     return;
   }
   const std::string& shown = panel_.Frequency.caption();

@@ -6,21 +6,10 @@
 #include "monitor/bc245_modes.h"
 #include "monitor/bc245_panel.h"
 #include "monitor/poll_cycle.h"
+#include "monitor/receiver_options.h"
 #include "platform/serial_port.h"
 
 namespace tarnvex::monitor {
-
-/// What this radio's poll reads of its window in addition, and its own timer and port.
-struct Bc245PollControls {
-  platform::Timer& Scantimer;
-  const platform::SerialPort& MSComm1;
-  /// "Auto Light Mode": the program works the light, not the radio.
-  const platform::CheckBox& Check2;
-  /// "Frequency ID On": the main line alternates between ID and frequency.
-  const platform::CheckBox& Check5;
-  /// "Active Banks": what the bank marks show on a trunked system; else they show the scanlists.
-  const platform::OptionButton& Option8;
-};
 
 /// The poll of the BC245XLT.
 ///
@@ -28,7 +17,9 @@ struct Bc245PollControls {
 /// loop and leaves the timer off until the user presses Connect.
 class Bc245Poll : public PollCycle {
  public:
-  Bc245Poll(Bc245Panel& panel, PollControls controls, PollOutside outside, Bc245PollControls own);
+  /// `Scantimer` and `MSComm1` are the window's own poll timer and port.
+  Bc245Poll(Bc245Panel& panel, PollOutside outside, const ReceiverOptions& options,
+            platform::Timer& Scantimer, const platform::SerialPort& MSComm1);
 
   void tick();
 
@@ -76,7 +67,9 @@ class Bc245Poll : public PollCycle {
   void askIdMode();
 
   Bc245Panel& panel_;
-  Bc245PollControls own_;
+  const ReceiverOptions& options_;
+  platform::Timer& timer_;
+  const platform::SerialPort& port_;
 };
 
 }  // namespace tarnvex::monitor

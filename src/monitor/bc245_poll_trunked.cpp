@@ -26,7 +26,7 @@ std::string trimmed(const std::string& text) {
 void Bc245Poll::trunked(bool scanning) {
   panel_.Search.setVisible(false);
   if (scanning) {
-    const auto list = own_.Option8.value() ? command::kScanBanks : command::kTrunkScanBanks;
+    const auto list = options_.Option8.value() ? command::kScanBanks : command::kTrunkScanBanks;
     panel_.showBanks(link::bankLetters(ask(list)));
   } else {
     panel_.showBanks(link::TrunkIdReply(ask(command::kActiveId)).bank());
@@ -46,12 +46,12 @@ void Bc245Poll::showVoiceId(const link::TrunkIdReply& answer) {
   const std::string id = answer.id();
   const auto tag = askTalkgroupTag(id, reception.bank);
   // An answer without an ID leaves the display as it is; a lost line blanks it.
-  if (link::readsAsId(id) || !own_.MSComm1.portOpen()) {
+  if (link::readsAsId(id) || !port_.portOpen()) {
     panel_.Channel.setCaption(slot);
     showTag(tag);
     const std::string shown = trunking::shownId(id);
     // What is on the display tells whose turn it is.
-    const bool frequencysTurn = own_.Check5.value() && panel_.Frequency.caption() == shown;
+    const bool frequencysTurn = options_.Check5.value() && panel_.Frequency.caption() == shown;
     showFrequency(frequencysTurn ? reception.frequency.value_or(shown) : shown);
   }
   panel_.LO.setVisible(asksOn(command::kLockout, reply::kLockoutOn));
@@ -67,7 +67,7 @@ Bc245Poll::Reception Bc245Poll::askReception() {
   const link::SignalReply signal(ask(command::kReception));
   Reception reception{signal.tableFrequency(), {}};
   if (const auto megahertz = signal.megahertz()) {
-    if (const auto row = memory::findChannel(controls_.MSFlexGrid1, *megahertz)) {
+    if (const auto row = memory::findChannel(outside_.MSFlexGrid1, *megahertz)) {
       reception.bank = memory::bankOfChannel(*row);
     }
   }
@@ -84,7 +84,7 @@ std::optional<std::string> Bc245Poll::askTalkgroupTag(const std::string& id,
   const auto others = decimal ? trunking::dashedForms(id) : trunking::decimalForms(id);
   std::optional<std::string> tag;
   if (bank) {
-    tag = memory::findTalkgroupTag(controls_.MSFlexGrid2, *bank,
+    tag = memory::findTalkgroupTag(outside_.MSFlexGrid2, *bank,
                                    std::array{id, others.first, others.second});
   }
   return tag.value_or("");
@@ -115,14 +115,14 @@ void Bc245Poll::followIds() {
   panel_.Search.setVisible(false);
   ids().begin();
   showFrequency(kNoId);
-  link::PollHold hold(own_.Scantimer);
+  link::PollHold hold(timer_);
   IdStay stay;
   // A lost line answers nothing, so the mode would never change.
-  while (ids().on() && followsIds(state().CurrentMode) && own_.MSComm1.portOpen()) {
+  while (ids().on() && followsIds(state().CurrentMode) && port_.portOpen()) {
     idRound(stay);
   }
   ids().end();
-  if (!own_.MSComm1.portOpen()) {
+  if (!port_.portOpen()) {
     hold.giveUp();
   }
 }
@@ -184,7 +184,7 @@ void Bc245Poll::takeId(const link::IdLine& line, bool held, IdStay& stay) {
   const Reception reception = askReception();
   platform::assign(stay.bank, reception.bank);
   showTag(askTalkgroupTag(stay.id, reception.bank));
-  captureId(controls_.List2, panel_.Frequency.caption(), stay.bank, panel_.Alpha.caption(),
+  captureId(outside_.hits.List2, panel_.Frequency.caption(), stay.bank, panel_.Alpha.caption(),
             outside_.clock);
   // Deliberate: known or not, this radio passes on from every ID that was taken.
   skipIf(true);

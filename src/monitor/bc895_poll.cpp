@@ -4,6 +4,7 @@
 #include <array>
 
 #include "link/tone_table.h"
+#include "memory/frequency_file.h"
 #include "memory/plan_lookup.h"
 #include "monitor/hit_capture.h"
 #include "platform/convert.h"
@@ -48,8 +49,8 @@ constexpr std::array<BarStep, 5> kBarSteps = {{{15, 0}, {17, 1}, {20, 2}, {23, 3
 
 }  // namespace
 
-Bc895Poll::Bc895Poll(PanelState& panel, PollControls controls, PollOutside outside)
-    : PollCycle(panel, controls, std::move(outside)),
+Bc895Poll::Bc895Poll(PanelState& panel, PollOutside outside)
+    : PollCycle(panel, std::move(outside)),
       panel_(panel),
       knob_(panel, outside_.link, outside_.gate, outside_.state) {}
 
@@ -87,7 +88,7 @@ bool Bc895Poll::otherModelAnswers() {
 /// change it.
 void Bc895Poll::mirrorMute(const std::string& answer) {
   if (answer.starts_with(command::kMute) || answer == reply::kError) {
-    controls_.Check6.setValue(answer == reply::kMuteOn);
+    outside_.Check6.setValue(answer == reply::kMuteOn);
   }
 }
 
@@ -170,7 +171,7 @@ void Bc895Poll::prepareSearch(const std::string& mode) {
 /// Shows where the search is and takes the hit if the squelch is open. Returns whether it is known
 /// already: in the plan while the squelch is closed, in the hit list once it is open.
 bool Bc895Poll::searchFinds(const link::SignalReply& signal) {
-  const auto lastTag = memory::findTag(controls_.MSFlexGrid1, panel_.Frequency.caption());
+  const auto lastTag = memory::findTag(outside_.MSFlexGrid1, panel_.Frequency.caption());
   // All is asked before anything is written, so that the tag doesn't blink.
   const bool open = asksOn(command::kSquelch, reply::kSquelchOpen) &&
                     state().CurrentMode != mode895::kTrunkSearchQuiet;
@@ -281,12 +282,12 @@ void Bc895Poll::showVoiceId(const link::TrunkIdReply& answer) {
 bool Bc895Poll::showTalkgroupTag(const std::string& id) {
   const auto frequency = link::SignalReply(ask(command::kSignal)).tableFrequency();
   const auto channel =
-      frequency ? memory::findChannel(controls_.MSFlexGrid1, *frequency) : std::optional<int>();
+      frequency ? memory::findChannel(outside_.MSFlexGrid1, *frequency) : std::optional<int>();
   if (!channel) {
     panel_.Alpha.setCaption("");
   } else if (!state().EntryActive) {
     panel_.Alpha.setCaption(
-        memory::findTalkgroupTag(controls_.MSFlexGrid2, memory::bankOfChannel(*channel), id)
+        memory::findTalkgroupTag(outside_.MSFlexGrid2, memory::bankOfChannel(*channel), id)
             .value_or(""));
   }
   return channel.has_value();
@@ -386,7 +387,7 @@ void Bc895Poll::showSearchedId(const std::string& answer, IdStay& stay) {
   } else if (link::answersSearch(answer)) {
     const std::string id = link::searchedId(answer);
     showTalkgroupTag(id);
-    stay.found = captureId(controls_.List2, id, panel_.Alpha.caption(), outside_.clock);
+    stay.found = captureId(outside_.hits.List2, id, panel_.Alpha.caption(), outside_.clock);
     shown = id.find('-') == std::string::npos ? platform::format(id, "#####0") : id;
   }
   skipIf(stay.found);
@@ -395,12 +396,12 @@ void Bc895Poll::showSearchedId(const std::string& answer, IdStay& stay) {
 
 /// So that the task bar shows what the radio is on.
 void Bc895Poll::mirrorTitle() {
-  if (!controls_.window.minimised()) {
-    controls_.window.setCaption(mainTitle(outside_.planName()));
+  if (!outside_.window.minimised()) {
+    outside_.window.setCaption(memory::mainTitle(outside_.planName()));
   } else if (!panel_.Alpha.caption().empty()) {
-    controls_.window.setCaption(panel_.Alpha.caption());
+    outside_.window.setCaption(panel_.Alpha.caption());
   } else {
-    controls_.window.setCaption(panel_.Frequency.caption());
+    outside_.window.setCaption(panel_.Frequency.caption());
   }
 }
 

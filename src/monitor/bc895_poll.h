@@ -11,7 +11,7 @@ namespace tarnvex::monitor {
 /// The poll of the BC895XLT.
 class Bc895Poll : public PollCycle {
  public:
-  Bc895Poll(PanelState& panel, PollControls controls, PollOutside outside);
+  Bc895Poll(PanelState& panel, PollOutside outside);
 
   void tick();
 

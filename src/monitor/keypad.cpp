@@ -35,12 +35,6 @@ bool contains(ModeList modes, std::string_view mode) {
 KeyActions::KeyActions(PanelBase& panel, KeypadOutside outside, ModeList lockoutModes)
     : panel_(panel), outside_(std::move(outside)), lockoutModes_(lockoutModes) {}
 
-void KeyActions::beep() {
-  if (outside_.chkKeyBeep.value()) {
-    outside_.dialogs.beep();
-  }
-}
-
 void KeyActions::echoDigit(platform::Label& target, int digit) {
   if (!outside_.state.EntryActive) {
     target.setCaption("");

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "link/scanner_link.h"
+#include "monitor/key_beep.h"
 #include "monitor/panel_state.h"
 
 namespace tarnvex::monitor {
@@ -17,9 +18,7 @@ enum class MouseButton { Left, Right, Other };
 struct KeypadOutside {
   link::ScannerLink& link;
   platform::SharedState& state;
-  platform::Dialogs& dialogs;
-  /// "Beep When Key is Pressed": for the mouse; keys of the keyboard never beep.
-  const platform::CheckBox& chkKeyBeep;
+  KeyBeep& keyBeep;
   /// Shows `frmLockouts`.
   std::function<void()> showLockouts;
 };
@@ -37,7 +36,7 @@ class KeyActions {
 
   [[nodiscard]] platform::SharedState& state() { return outside_.state; }
   [[nodiscard]] const std::string& mode() const { return panel_.mode.caption(); }
-  void beep();
+  void beep() { outside_.keyBeep.sound(); }
   std::string send(std::string_view command) { return outside_.link.SendCommand(command); }
   /// Takes a line that the radio still has to send, if there is one.
   void skipReply() { outside_.link.ReadReply(); }

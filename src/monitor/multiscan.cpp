@@ -1,146 +1,112 @@
 #include "monitor/multiscan.h"
 
-#include <algorithm>
-
 #include "link/scanner_commands.h"
-#include "platform/convert.h"
+#include "monitor/poll_cycle.h"
 
 namespace tarnvex::monitor {
 namespace {
 
-constexpr std::string_view kSection = "Multiscan";
 /// How long a pass of the conventional banks and a stay on a trunked bank last, in milliseconds.
 constexpr int kConventionalInterval = 1000;
 constexpr int kTrunkedInterval = 1750;
 
 }  // namespace
 
-Multiscan::Multiscan(Parts parts, Outside outside) : parts_(parts), outside_(outside) {
-  platform::groupOptions({&parts_.Option5, &parts_.Option6});
-  parts_.Option5.onClick = [this] {
-    parts_.Timer1.setEnabled(true);
-    outside_.link.SendCommand(link::key::kScan);
+Multiscan::Multiscan(Outside outside)
+    : BankRotation(
+          {outside.panel, outside.link, outside.state, outside.settings}, "Multiscan", kBanks,
+          kConventionalInterval, [this] { step(); }, [this] { bankClicked(); }),
+      outside_(outside) {
+  Option5.onClick = [this] {
+    timer.setEnabled(true);
+    send(link::key::kScan);
   };
-  parts_.Option6.onClick = [this] { parts_.Timer1.setEnabled(false); };
-  for (int i = 0; i < kBanks; ++i) {
-    parts_.MSBank[static_cast<std::size_t>(i)].onClick = [this, i] { bankClicked(i); };
-  }
-  parts_.Timer1.onTick = [this] { tick(); };
 }
 
-void Multiscan::loadBanks() {
-  for (int i = 0; i < kBanks; ++i) {
-    const auto stored =
-        platform::toInteger(outside_.settings.getSetting(kSection, std::to_string(i), "0"));
-    if (stored) {
-      parts_.MSBank[static_cast<std::size_t>(i)].setValue(*stored != 0);
+void Multiscan::step() {
+  do {
+    moveOn();
+    if (send(link::command::kMode) == link::mode895::kTrunkScan) {
+      send(link::key::kTrunk);
     }
-  }
-}
-
-void Multiscan::tick() {
-  if (outside_.panel.Frequency.caption() == "Scanning") {
-    advance();
-  }
-}
-
-/// With no box ticked this would never end; bankClicked sees to it that Multiscan is off then.
-void Multiscan::advance() {
-  int& cursor = outside_.state.BankCursor;
-  for (;;) {
-    cursor = cursor >= kBanks - 1 ? 0 : cursor + 1;
-    if (outside_.link.SendCommand(link::command::kMode) == link::mode895::kTrunkScan) {
-      outside_.link.SendCommand(link::key::kTrunk);
-    }
-    if (cursor < kConventionalBanks) {
-      const std::string letters = chosenConventionalBanks();
+    if (cursor() < kConventionalBanks) {
+      const std::string letters = tickedConventionalBanks();
       if (!letters.empty()) {
         scanConventional(letters);
         return;
       }
-    } else if (parts_.MSBank[static_cast<std::size_t>(cursor)].value()) {
-      scanTrunked(cursor - kConventionalBanks);
+    } else if (ticked(cursor())) {
+      scanTrunked(cursor() - kConventionalBanks);
       return;
     }
-    if (std::ranges::none_of(parts_.MSBank, &platform::CheckBox::value)) {
-      return;
-    }
-  }
+  } while (anyTicked());
 }
 
-std::string Multiscan::chosenConventionalBanks() const {
+std::string Multiscan::tickedConventionalBanks() const {
   std::string letters;
-  for (int i = 0; i < kConventionalBanks; ++i) {
-    if (parts_.MSBank[static_cast<std::size_t>(i)].value()) {
-      letters += link::bankLetter(i);
+  for (int bank = 0; bank < kConventionalBanks; ++bank) {
+    if (ticked(bank)) {
+      letters += link::bankLetter(bank);
     }
   }
   return letters;
 }
 
 void Multiscan::scanConventional(const std::string& letters) {
-  outside_.link.SendCommand(link::command::scanBanks(letters));
-  outside_.link.SendCommand(link::key::kScan);
-  parts_.Timer1.setInterval(kConventionalInterval);
+  send(link::command::scanBanks(letters));
+  send(link::key::kScan);
+  timer.setInterval(kConventionalInterval);
   // The next tick goes on with the first trunked bank.
-  outside_.state.BankCursor = kConventionalBanks - 1;
+  cursor() = kConventionalBanks - 1;
 }
 
 void Multiscan::scanTrunked(int bank) {
-  outside_.link.SendCommand(link::key::kTrunk);
-  outside_.link.SendCommand(link::key::bank(link::bankLetter(bank)));
-  outside_.link.SendCommand(link::key::kScan);
-  if (outside_.link.SendCommand(link::command::kTrunkScanBanks) == link::reply::kNothing) {
+  send(link::key::kTrunk);
+  send(link::key::bank(link::bankLetter(bank)));
+  send(link::key::kScan);
+  if (send(link::command::kTrunkScanBanks) == link::reply::kNothing) {
     giveUp();
   }
-  parts_.Timer1.setInterval(kTrunkedInterval);
+  timer.setInterval(kTrunkedInterval);
 }
 
 /// The bank has no ID to scan.
 void Multiscan::giveUp() {
   flashError();
-  parts_.Option5.setValue(false);
-  parts_.Option6.setValue(true);
-  outside_.link.SendCommand(link::key::kTrunk);
-  outside_.link.SendCommand(link::key::kScan);
+  Option5.setValue(false);
+  Option6.setValue(true);
+  send(link::key::kTrunk);
+  send(link::key::kScan);
 }
 
 void Multiscan::flashError() {
   outside_.dialogs.beep();
-  outside_.state.EntryActive = true;
+  state().EntryActive = true;
   for (int flash = 0; flash < 2; ++flash) {
-    outside_.panel.Frequency.setCaption("Error");
+    panel().Frequency.setCaption("Error");
     waitBeyond(0.3);
-    outside_.panel.Frequency.setCaption("");
+    panel().Frequency.setCaption("");
     waitBeyond(0.1);
   }
-  outside_.state.EntryActive = false;
+  state().EntryActive = false;
 }
 
-/// The difference is in whole seconds, so this lasts until the clock's second changes: from a
-/// moment to a second. The flash has that uneven beat, and Multiscan's users know it.
+/// Deliberate: the clock counts whole seconds, so this lasts until its second changes, from a
+/// moment to a second. The flash has that uneven beat.
 void Multiscan::waitBeyond(double seconds) {
   const auto start = outside_.clock.seconds();
   outside_.gate.waitUntil(
       [&] { return static_cast<double>(outside_.clock.seconds() - start) > seconds; });
 }
 
-void Multiscan::bankClicked(int index) {
-  const bool ticked = parts_.MSBank[static_cast<std::size_t>(index)].value();
-  outside_.settings.saveSetting(kSection, std::to_string(index), ticked ? "1" : "0");
-  if (parts_.Timer1.enabled()) {
-    outside_.panel.Frequency.setCaption("Scanning");
-    outside_.panel.Alpha.setCaption("");
-    parts_.Timer1.fire();
+/// A running Multiscan moves on at once, before it is switched off for want of a box.
+void Multiscan::bankClicked() {
+  if (timer.enabled()) {
+    panel().Frequency.setCaption(std::string(kScanning));
+    panel().Alpha.setCaption("");
+    timer.fire();
   }
-  if (std::ranges::any_of(parts_.MSBank, &platform::CheckBox::value)) {
-    parts_.Option5.setEnabled(true);
-    return;
-  }
-  parts_.Option5.setValue(false);
-  parts_.Option5.setEnabled(false);
-  parts_.Timer1.setEnabled(false);
-  parts_.Option6.setValue(true);
+  followBoxes();
 }
 
 }  // namespace tarnvex::monitor

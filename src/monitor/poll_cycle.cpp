@@ -8,12 +8,8 @@ namespace tarnvex::monitor {
 
 namespace command = link::command;
 
-std::string mainTitle(const std::string& planName) {
-  return "Tarnvex - " + (planName.empty() ? "Untitled" : planName);
-}
-
-PollCycle::PollCycle(PanelBase& front, PollControls controls, PollOutside outside)
-    : controls_(controls), outside_(std::move(outside)), front_(front) {}
+PollCycle::PollCycle(PanelBase& front, PollOutside outside)
+    : outside_(std::move(outside)), front_(front) {}
 
 void PollCycle::handOver(const std::string& modelKey, const std::string& scannerName) {
   state().ModelKey = modelKey;
@@ -49,14 +45,14 @@ void PollCycle::askMode() {
 }
 
 void PollCycle::askLimits() {
-  if (!state().LowerLimitEditing) {
+  if (!outside_.search.LLimit.editing()) {
     if (const auto limit = link::searchLimit(ask(command::kLowerLimit))) {
-      controls_.LLimit.setText(*limit);
+      outside_.search.LLimit.setText(*limit);
     }
   }
-  if (!state().UpperLimitEditing) {
+  if (!outside_.search.Ulimit.editing()) {
     if (const auto limit = link::searchLimit(ask(command::kUpperLimit))) {
-      controls_.Ulimit.setText(*limit);
+      outside_.search.Ulimit.setText(*limit);
     }
   }
 }
@@ -94,7 +90,7 @@ bool PollCycle::showActiveChannel(const link::ChannelReply& channel, bool markBa
 void PollCycle::showChannelTag(const std::string& frequency, const std::string& number) {
   if (!state().EntryActive) {
     front_.Frequency.setCaption(frequency);
-    if (const auto tag = memory::findTag(controls_.MSFlexGrid1, frequency, number)) {
+    if (const auto tag = memory::findTag(outside_.MSFlexGrid1, frequency, number)) {
       front_.Alpha.setCaption(*tag);
       return;
     }
@@ -115,15 +111,9 @@ void PollCycle::showChannelNumber(int channel, bool markBank) {
 
 bool PollCycle::takeHit(const std::string& frequency, const std::string& otherwise) {
   front_.Frequency.setCaption(frequency);
-  front_.Alpha.setCaption(memory::findTag(controls_.MSFlexGrid1, frequency).value_or(otherwise));
-  return captureFrequency(controls_.List1, frequency, front_.Alpha.caption(), outside_.clock,
+  front_.Alpha.setCaption(memory::findTag(outside_.MSFlexGrid1, frequency).value_or(otherwise));
+  return captureFrequency(outside_.hits.List1, frequency, front_.Alpha.caption(), outside_.clock,
                           state());
-}
-
-void PollCycle::skipIf(bool known) {
-  if (controls_.chkSkip.value() && known) {
-    ask(link::key::kSearch);
-  }
 }
 
 }  // namespace tarnvex::monitor

@@ -6,13 +6,16 @@
 
 #include "link/scanner_commands.h"
 #include "link/scanner_link.h"
+#include "monitor/hit_lists.h"
 #include "monitor/panel_state.h"
 #include "monitor/recording.h"
+#include "monitor/switch_box.h"
 #include "platform/clock.h"
 #include "platform/event_gate.h"
 #include "platform/non_copyable.h"
 #include "platform/table.h"
 #include "platform/window.h"
+#include "search/custom_search.h"
 
 namespace tarnvex::monitor {
 
@@ -28,23 +31,14 @@ struct PollOutside {
   std::function<std::string()> planName;
   /// Starts and stops the recording of receptions.
   Recording& recording;
-};
-
-/// Controls of the main window that the polls of both radios read or write.
-struct PollControls {
+  HitLists& hits;
+  search::CustomSearch& search;
+  /// The main window, its tables and its mute box.
   platform::Window& window;
   platform::Table& MSFlexGrid1;
   platform::Table& MSFlexGrid2;
-  platform::TextBox& LLimit;
-  platform::TextBox& Ulimit;
-  platform::CheckBox& Check6;
-  platform::CheckBox& chkSkip;
-  platform::ListBox& List1;
-  platform::ListBox& List2;
+  SwitchBox& Check6;
 };
-
-/// Title of a main window: the program's name and the frequency file's.
-std::string mainTitle(const std::string& planName);
 
 inline constexpr std::string_view kScanning = "Scanning";
 /// Shown on the main line of an ID search while no ID is active.
@@ -63,7 +57,7 @@ inline constexpr std::string_view kNoId = "- -   - - -";
 class PollCycle : private platform::NonCopyable {
  public:
  protected:
-  PollCycle(PanelBase& front, PollControls controls, PollOutside outside);
+  PollCycle(PanelBase& front, PollOutside outside);
   ~PollCycle() = default;
 
   /// Sends a command and returns the reply.
@@ -95,9 +89,8 @@ class PollCycle : private platform::NonCopyable {
   /// Returns whether it was in the hit list already.
   bool takeHit(const std::string& frequency, const std::string& otherwise);
   /// With `chkSkip` ticked: has the radio pass on from what is known.
-  void skipIf(bool known);
+  void skipIf(bool known) { outside_.hits.skipIf(known); }
 
-  PollControls controls_;
   PollOutside outside_;
 
  private:

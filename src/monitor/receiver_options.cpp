@@ -23,55 +23,49 @@ std::optional<bool> toBoolean(std::string_view text) {
 
 }  // namespace
 
-ReceiverOptions::ReceiverOptions(Parts parts, link::ScannerLink& link,
+ReceiverOptions::ReceiverOptions(SwitchBox& mute, platform::Label& att, link::ScannerLink& link,
                                  platform::SettingsStore& settings)
-    : parts_(parts),
-      link_(link),
-      settings_(settings),
-      rows_{{{&parts.Check5, &link::kFrequencyId},
-             {&parts.Check4, &link::kStatusBit},
-             {&parts.Check3, &link::kAttenuator},
-             {&parts.Check2, &link::kAutoLight},
-             {&parts.Check1, &link::kEdacsDecimal},
-             {&parts.Check6, &link::kMuteSwitch},
-             {&parts.Check7, &link::kToneDetection}}} {
-  for (const Row& row : rows_) {
-    row.box->onClick = [this, &row] { boxClicked(row); };
-  }
-  platform::groupOptions({&parts_.Option7, &parts_.Option8});
-  parts_.Option7.onClick = [this] { saveView(false); };
-  parts_.Option8.onClick = [this] { saveView(true); };
+    : Check1("Check1", "EDACS Decimal Mode", link::kEdacsDecimal, link),
+      Check2("Check2", "Auto Light Mode", link::kAutoLight, link),
+      Check3("Check3", "Attenuator On", link::kAttenuator, link),
+      Check4("Check4", "Status Bit On", link::kStatusBit, link),
+      Check5("Check5", "Frequency ID On", link::kFrequencyId, link),
+      Check6(mute),
+      Check7("Check7", "Tone Detection On", link::kToneDetection, link),
+      att_(att),
+      settings_(settings) {
+  Check3.onClick = [this] {
+    Check3.write();
+    att_.setVisible(Check3.value());
+  };
+  platform::groupOptions({&Option7, &Option8});
+  Option7.onClick = [this] { saveView(false); };
+  Option8.onClick = [this] { saveView(true); };
+  platform::passKeysOn(
+      {&Check1, &Check2, &Check3, &Check4, &Check5, &Check6, &Check7, &Option7, &Option8});
 }
 
 void ReceiverOptions::loadView() {
   if (const auto activeBanks = toBoolean(settings_.getSetting(kSection, kValue, kTrue))) {
-    parts_.Option8.setValue(*activeBanks);
+    Option8.setValue(*activeBanks);
   }
-  if (!parts_.Option8.value()) {
-    parts_.Option7.setValue(true);
+  if (!Option8.value()) {
+    Option7.setValue(true);
   }
 }
 
 void ReceiverOptions::readSwitches() {
-  for (const auto& [box, subject] : rows_) {
+  for (SwitchBox* box : {&Check5, &Check4, &Check3, &Check2, &Check1, &Check6, &Check7}) {
     // The user may have ticked it by now, behind the message of a silent radio.
-    if (box == &parts_.Check1 && box->value()) {
+    if (box == &Check1 && box->value()) {
       continue;
     }
-    if (link_.SendCommand(subject->read) == subject->on) {
+    if (box->isOn()) {
       box->setValue(true);
-      if (box == &parts_.Check3) {
-        parts_.Att.setVisible(true);
+      if (box == &Check3) {
+        att_.setVisible(true);
       }
     }
-  }
-}
-
-void ReceiverOptions::boxClicked(const Row& row) {
-  const bool on = row.box->value();
-  link_.SendCommand(row.subject->form(on));
-  if (row.box == &parts_.Check3) {
-    parts_.Att.setVisible(on);
   }
 }
 

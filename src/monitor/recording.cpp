@@ -36,7 +36,7 @@ void Recording::gate(bool active, const std::string& tag, const std::string& fre
     if (outside_.state.Recording) {
       stop();
     }
-  } else if (outside_.chkRecord.value() && !outside_.state.Recording) {
+  } else if (chkRecord.value() && !outside_.state.Recording) {
     start(tag, frequency);
   }
 }
@@ -59,7 +59,7 @@ void Recording::stop() {
     outside_.gate.enter([&dialogs = outside_.dialogs, error] {
       dialogs.messageBox(error, "Audio Record Error Occurred", platform::kWarning);
     });
-    outside_.chkRecord.setValue(false);
+    chkRecord.setValue(false);
   }
   control.command(platform::MediaCommand::Close);
   outside_.state.Recording = false;

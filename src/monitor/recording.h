@@ -16,9 +16,8 @@ namespace tarnvex::monitor {
 std::string recordingName(const std::string& tag, const std::string& frequency,
                           const std::string& time);
 
-/// What the recording works with. All of it outlives it.
+/// What the recording uses. All of it outlives the recording.
 struct RecordingOutside {
-  platform::CheckBox& chkRecord;
   platform::MediaControl& MMControl1;
   platform::SharedState& state;
   platform::EventGate& gate;
@@ -38,6 +37,8 @@ class Recording {
   /// Run once a tick, with what the last tick left on the display. A running recording goes on to
   /// the end of its reception, also if the box is unticked meanwhile.
   void gate(bool active, const std::string& tag, const std::string& frequency);
+
+  platform::CheckBox chkRecord{"chkRecord", "Record Output to File"};
 
  private:
   void start(const std::string& tag, const std::string& frequency);

@@ -5,6 +5,8 @@
 
 #include "link/scanner_link.h"
 #include "platform/notifier.h"
+#include "platform/shared_state.h"
+#include "search/limit_box.h"
 #include "search/search_list.h"
 
 namespace tarnvex::search {
@@ -21,40 +23,39 @@ struct SearchlistMenu {
   platform::Notifier<> shown;
 };
 
-/// The saved searches on the Options page: choosing one, its popup menu, saving and deleting.
-/// Choosing sends the limits at once, unchecked, before the user confirms the search.
-class CustomSearch {
+/// The frame "Custom Search": the limits, the saved searches with their popup menu, and saving.
+/// Choosing a search sends its limits at once, unchecked, before the user confirms the search.
+class CustomSearch : private platform::NonCopyable {
  public:
-  struct Parts {
-    SearchControls controls;
-    platform::Button& Command4;
-    SearchlistMenu& mnuSearchlist;
-    /// Label of the panel: receives the mode that the search starts from.
-    platform::Label& mode;
-  };
+  /// All of it outlives the searches.
   struct Outside {
     link::ScannerLink& link;
+    platform::SharedState& state;
     platform::SequentialFiles& files;
     platform::Dialogs& dialogs;
+    /// Without a slash at its end.
     std::string programDirectory;
+    /// Shows the mode that a search starts from.
+    std::function<void(std::string)> showMode;
   };
 
-  /// Takes over the clicks of the parts.
-  CustomSearch(const link::RadioModel& model, Parts parts, Outside outside);
+  CustomSearch(const link::RadioModel& model, Outside outside);
 
-  /// A step of the main window's load: fills `List3`.
-  void load() { list_.load(); }
+  /// A step of the main window's load: fills the list.
+  void load() { saved.load(); }
+
+  platform::Button Command4{"Command4", "Save Search As.."};
+  LimitBox Ulimit;
+  LimitBox LLimit;
+  SearchList saved;
+  SearchlistMenu mnuSearchlist;
 
  private:
   void choose();
-  void sendLimit(std::string_view command, const platform::TextBox& box);
   void popUp();
 
   const link::RadioModel& model_;
-  Parts parts_;
-  link::ScannerLink& link_;
-  platform::Dialogs& dialogs_;
-  SearchList list_;
+  Outside outside_;
 };
 
 }  // namespace tarnvex::search

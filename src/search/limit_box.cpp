@@ -11,10 +11,22 @@ constexpr char kBackspace = '\b';
 
 }  // namespace
 
-LimitBox::LimitBox(Parts parts, link::ScannerLink& link, std::function<void()> beep)
-    : parts_(parts), link_(link), beep_(std::move(beep)) {
-  parts_.box.onKey = [this](char typed) { return key(typed); };
-  parts_.box.onFocus = [&box = parts_.box] { box.selectAll(); };
+LimitBox::LimitBox(std::string name, bool& editing, std::string_view command,
+                   platform::Control& next, link::ScannerLink& link, platform::Dialogs& dialogs)
+    : TextBox(std::move(name)),
+      editing_(editing),
+      command_(command),
+      next_(next),
+      link_(link),
+      dialogs_(dialogs) {
+  onKey = [this](char typed) { return key(typed); };
+  onFocus = [this] { selectAll(); };
+}
+
+void LimitBox::send() {
+  if (const auto limit = platform::toReal(text())) {
+    link_.SendCommand(link::command::setLimit(command_, *limit));
+  }
 }
 
 bool LimitBox::key(char key) {
@@ -23,23 +35,23 @@ bool LimitBox::key(char key) {
     return false;
   }
   if (key == kBackspace || key == '.' || (key >= '0' && key <= '9')) {
-    parts_.editing = true;
+    editing_ = true;
     return true;
   }
-  beep_();
+  dialogs_.beep();
   return false;
 }
 
 void LimitBox::enter() {
-  parts_.editing = false;
-  const auto limit = platform::toReal(parts_.box.text());
+  editing_ = false;
+  const auto limit = platform::toReal(text());
   if (!limit || *limit < kLowest || *limit > kHighest) {
-    beep_();
+    dialogs_.beep();
     return;
   }
-  link_.SendCommand(link::command::setLimit(parts_.command, *limit));
+  send();
   link_.SendCommand(link::key::kScan);
-  parts_.next.setFocus();
+  next_.setFocus();
 }
 
 }  // namespace tarnvex::search

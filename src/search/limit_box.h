@@ -1,30 +1,27 @@
 #pragma once
 
-#include <functional>
+#include <string>
 #include <string_view>
 
 #include "link/scanner_link.h"
 #include "platform/controls.h"
+#include "platform/dialogs.h"
 
 namespace tarnvex::search {
 
-/// A box of the search range, lower or upper limit in MHz, that the user edits key by key; it comes
-/// into focus with its whole text selected. The poll
-/// refreshes it from the radio only while nobody types in it; Enter sends the limit and gives the
-/// box back to the poll.
-class LimitBox {
+/// A box of the search range, lower or upper limit in MHz, that the user edits key by key. When it
+/// gets the focus its whole text is selected. The poll refreshes it from the radio while nobody
+/// types in it; Enter sends the limit and gives the box back to the poll.
+class LimitBox : public platform::TextBox {
  public:
-  struct Parts {
-    platform::TextBox& box;
-    /// The poll leaves the box alone while this is set.
-    bool& editing;
-    /// The command that sets the limit.
-    std::string_view command;
-    /// Receives the focus after Enter.
-    platform::Control& next;
-  };
+  /// `editing` is set while the user edits, `command` sets the limit on the radio, and `next` gets
+  /// the focus after Enter.
+  LimitBox(std::string name, bool& editing, std::string_view command, platform::Control& next,
+           link::ScannerLink& link, platform::Dialogs& dialogs);
 
-  LimitBox(Parts parts, link::ScannerLink& link, std::function<void()> beep);
+  [[nodiscard]] bool editing() const { return editing_; }
+  /// Sends the limit in the box as it is, unless it is no number.
+  void send();
 
   /// Limits that the radios take, in MHz, both included.
   static constexpr double kLowest = 29.0;
@@ -34,9 +31,11 @@ class LimitBox {
   bool key(char key);
   void enter();
 
-  Parts parts_;
+  bool& editing_;
+  std::string_view command_;
+  platform::Control& next_;
   link::ScannerLink& link_;
-  std::function<void()> beep_;
+  platform::Dialogs& dialogs_;
 };
 
 }  // namespace tarnvex::search

@@ -60,15 +60,14 @@ void write(SequentialFiles& files, const SearchListRecord& record) {
 }
 
 /// A limit as it is saved: through the picture and back.
-std::optional<double> savedLimit(const platform::TextBox& box, std::string_view mask) {
-  const auto limit = platform::toReal(box.text());
+std::optional<double> savedLimit(std::optional<double> limit, std::string_view mask) {
   return limit ? platform::toReal(platform::format(*limit, mask)) : std::nullopt;
 }
 
 }  // namespace
 
-SearchList::SearchList(const link::RadioModel& model, SearchControls controls, Ports ports)
-    : model_(model), controls_(controls), ports_(std::move(ports)) {}
+SearchList::SearchList(const link::RadioModel& model, Ports ports)
+    : model_(model), ports_(std::move(ports)) {}
 
 std::string SearchList::path() const {
   return ports_.programDirectory + std::string(kFileName);
@@ -99,11 +98,11 @@ void SearchList::fill() {
   if (!open(OpenMode::Input)) {
     return;
   }
-  controls_.List3.clear();
+  List3.clear();
   Fields fields;
   while (readFields(ports_.files, fields) == Outcome::Read) {
     if (platform::assign(current_, recordOf(fields))) {
-      controls_.List3.add(current_.name);
+      List3.add(current_.name);
     }
   }
   ports_.files.close(kFile);
@@ -122,18 +121,18 @@ std::optional<SearchListRecord> SearchList::find(int id) {
   return found ? std::optional(current_) : std::nullopt;
 }
 
-void SearchList::append() {
+void SearchList::append(std::optional<double> lower, std::optional<double> upper) {
   const std::string name = ports_.dialogs.inputBox("Enter the name for this search:", "Tarnvex");
   if (name.empty() || !present()) {
     return;
   }
-  const int id = controls_.List3.count();
+  const int id = List3.count();
   if (model_.mostSearches && id >= *model_.mostSearches) {
     ports_.dialogs.messageBox("You may only have up to 200 Custom Searches Saved.",
                               "Maximum Saved Searches Exceeded", platform::kWarning);
   } else if (open(OpenMode::Append)) {
-    platform::assign(current_.lower, savedLimit(controls_.LLimit, model_.searchMask));
-    platform::assign(current_.upper, savedLimit(controls_.Ulimit, model_.searchMask));
+    platform::assign(current_.lower, savedLimit(lower, model_.searchMask));
+    platform::assign(current_.upper, savedLimit(upper, model_.searchMask));
     current_.id = id;
     current_.name = name;
     write(ports_.files, current_);
@@ -143,7 +142,7 @@ void SearchList::append() {
 }
 
 void SearchList::removeSelected() {
-  const std::string name = controls_.List3.text();
+  const std::string name = List3.text();
   if (ports_.dialogs.messageBox("Delete search: " + name + "?", "Confirm Delete",
                                 platform::kYesNoQuestion) != platform::Answer::Yes ||
       !present() || !open(OpenMode::Input)) {

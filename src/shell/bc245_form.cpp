@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "link/scanner_commands.h"
-#include "platform/convert.h"
 #include "trunking/bc245_id_transfer.h"
 #include "trunking/fleet_map_form.h"
 
@@ -11,54 +10,36 @@ namespace tarnvex::shell {
 
 Form2::Form2(const Services& services, MainFormOutside outside)
     : MainForm(services, std::move(outside), link::bc245Model()),
-      speed_({Option5, Option6, MSBank, Timer2},
-             {panel, services.link, services.state, services.settings}),
-      keypad_(panel, Option8, keypadOutside()),
-      customSearch_(model_, searchParts(panel.mode), searchOutside()),
-      receiver_(
-          {Check1, Check2, Check3, Check4, Check5, Check6, Check7, Option7, Option8, panel.Att},
-          services.link, services.settings),
-      poll_(panel, pollControls(), pollOutside(), {Scantimer, *MSComm1, Check2, Check5, Option8}),
-      link_(
-          model_,
-          {*MSComm1, Scantimer, {&Option1, &Option2, &Option3, &Option4}, Combo1, Combo4, Command3},
-          {services.state, services.settings, services.dialogs}) {
-  setUpBankBoxes(Combo4);
-  Combo1.setItems(model_.baudRates);
-  // Speed Enhancement can't be on while no bank is ticked.
-  Option5.setEnabled(false);
+      speed(panel, services.link, services.state, services.settings),
+      receiver(Check6, panel.Att, services.link, services.settings),
+      keypad_(panel, receiver.Option8, keypadOutside()),
+      poll_(panel, pollOutside(), receiver, Scantimer, *MSComm1) {
   Scantimer.onTick = [this] { poll_.tick(); };
-  platform::passKeysOn({&Check1, &Check2, &Check3, &Check4, &Check5, &Check6, &Check7, &chkKeyBeep,
-                        &chkRecord, &chkSkip, &Command4, &Option7, &Option8});
-  for (auto& box : MSBank) {
-    box.passKeysOn();
-  }
+  platform::passKeysOn(
+      {&keyBeep.chkKeyBeep, &recording.chkRecord, &hitLists.chkSkip, &customSearch.Command4});
   services_.link.attachBc245({MSComm1.get(), &Scantimer});
 }
 
 Form2::~Form2() {
   services_.link.detach(*MSComm1);
   services_.gate.forget(Scantimer);
-  services_.gate.forget(Timer2);
+  services_.gate.forget(speed.timer);
 }
 
 void Form2::load() {
-  customSearch_.load();
-  receiver_.loadView();
-  if (const auto beep =
-          platform::toInteger(services_.settings.getSetting("Options", "Keybeep", "1"))) {
-    chkKeyBeep.setValue(*beep != 0);
-  }
-  speed_.loadBanks();
+  customSearch.load();
+  receiver.loadView();
+  keyBeep.chkKeyBeep.load();
+  speed.loadBanks();
   frequencyFile_.loadLastPlan();
   memory_.layOut();
   showStoredBaudRate();
-  for (auto* combo : {&Combo4, &Combo2, &Combo3}) {
+  for (auto* combo : {&trunkBank, &Combo2, &Combo3}) {
     combo->setListIndex(0);
   }
-  link_.chooseStoredPort();
-  link_.openStoredPort();
-  receiver_.readSwitches();
+  linkControls.chooseStoredPort();
+  linkControls.openStoredPort();
+  receiver.readSwitches();
   Scantimer.setEnabled(true);
   services_.gate.yield();
   SSTab1.setTab(2);
@@ -83,10 +64,10 @@ std::shared_ptr<QuickViewForm> Form2::openQuickView(WindowLayer& windows) {
 }
 
 void Form2::showStoredBaudRate() {
-  const auto& rates = Combo1.items();
-  const auto rate = std::ranges::find(rates, link_.storedBaudRate());
+  const auto& rates = linkControls.baudBox.items();
+  const auto rate = std::ranges::find(rates, linkControls.storedBaudRate());
   if (rate != rates.end()) {
-    Combo1.setListIndex(static_cast<int>(rate - rates.begin()));
+    linkControls.baudBox.setListIndex(static_cast<int>(rate - rates.begin()));
   }
 }
 

@@ -10,8 +10,6 @@
 namespace tarnvex::shell {
 
 /// The main window of the BC245XLT.
-/// `Combo1` is the baud rate, `Combo2` and `Combo4` pick scanlist and bank of the trunked table,
-/// `Combo3` the bank of the channel table.
 class Form2 : public MainForm {
  public:
   Form2(const Services& services, MainFormOutside outside);
@@ -31,20 +29,10 @@ class Form2 : public MainForm {
   void mnuCustom();
 
   monitor::Bc245Panel panel;
-  /// The Speed Enhancement frame: banks 1 to 10, and `Option5` and `Option6`.
-  monitor::SpeedEnhancement::BankBoxes MSBank =
-      platform::controlArray<platform::CheckBox, monitor::SpeedEnhancement::kBanks>("MSBank");
-  platform::Timer Timer2{2000};
-  /// The frame `Frame3`, "BC245XLT Options", with `Check6`.
-  platform::CheckBox Check1{"Check1", "EDACS Decimal Mode"};
-  platform::CheckBox Check2{"Check2", "Auto Light Mode"};
-  platform::CheckBox Check3{"Check3", "Attenuator On"};
-  platform::CheckBox Check4{"Check4", "Status Bit On"};
-  platform::CheckBox Check5{"Check5", "Frequency ID On"};
-  platform::CheckBox Check7{"Check7", "Tone Detection On"};
-  platform::Label Label48{"Label48", "When Trunking, View:"};
-  platform::OptionButton Option7{"Option7", "Scanlists"};
-  platform::OptionButton Option8{"Option8", "Active Banks", true};
+  /// The Speed Enhancement frame.
+  monitor::SpeedEnhancement speed;
+  /// The frame `Frame3`, "BC245XLT Options".
+  monitor::ReceiverOptions receiver;
 
  protected:
   [[nodiscard]] monitor::PanelBase& front() override { return panel; }
@@ -53,12 +41,8 @@ class Form2 : public MainForm {
  private:
   void showStoredBaudRate();
 
-  monitor::SpeedEnhancement speed_;
   monitor::Bc245Keypad keypad_;
-  search::CustomSearch customSearch_;
-  monitor::ReceiverOptions receiver_;
   monitor::Bc245Poll poll_;
-  link::LinkControls link_;
 };
 
 }  // namespace tarnvex::shell

@@ -9,8 +9,6 @@
 namespace tarnvex::shell {
 
 /// The main window of the BC895XLT.
-/// `Combo1` and `Combo2` pick bank and scanlist of the trunked table, `Combo3` the bank of the
-/// channel table, `Combo4` the baud rate.
 class Form4 : public MainForm {
  public:
   Form4(const Services& services, MainFormOutside outside);
@@ -36,9 +34,7 @@ class Form4 : public MainForm {
 
   monitor::PanelState panel;
   /// The Multiscan frame: banks A to J conventional (0 to 9) and trunked (10 to 19).
-  monitor::Multiscan::BankBoxes MSBank =
-      platform::controlArray<platform::CheckBox, monitor::Multiscan::kBanks>("MSBank");
-  platform::Timer Timer1{1000};
+  monitor::Multiscan multiscan;
   /// Runs without a dialog: the window shows how far it has come.
   trunking::Bc895IdTransfer idTransfer;
 
@@ -48,14 +44,11 @@ class Form4 : public MainForm {
   void releaseSound() override;
 
  private:
-  void loadOptions();
+  void loadColour();
   void loadLink();
 
-  monitor::Multiscan multiscan_;
   monitor::Bc895Keypad keypad_;
-  search::CustomSearch customSearch_;
   monitor::Bc895Poll poll_;
-  link::LinkControls link_;
 };
 
 }  // namespace tarnvex::shell

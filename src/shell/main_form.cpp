@@ -13,8 +13,11 @@
 namespace tarnvex::shell {
 
 MainForm::MainForm(const Services& services, MainFormOutside outside, const link::RadioModel& model)
-    : window(std::string(model.mainWindow), monitor::mainTitle({})),
+    : window(std::string(model.mainWindow), memory::mainTitle({})),
       Dlg1(services.commonDialogs.create()),
+      trunkBank(std::string(model.trunkBankBox), model.bankNames),
+      Combo2("Combo2", model.bankNames),
+      Combo3("Combo3", model.bankNames),
       linkState(std::string(model.key) + "XLT", services.clock),
       MSComm1(std::make_unique<link::WatchedPort>(services.ports.create(), linkState)),
       MMControl1(services.mediaControls.create()),
@@ -23,35 +26,19 @@ MainForm::MainForm(const Services& services, MainFormOutside outside, const link
       memory_({MSFlexGrid1, MSFlexGrid2, SSTab1}, services.state, services.dialogs, model,
               [&link = services.link](const std::string& command) { link.SendCommand(command); }),
       frequencyFile_(memory_, {services.files, *Dlg1, services.dialogs, services.settings, window}),
+      linkControls(model, trunkBank,
+                   {*MSComm1, Scantimer, services.state, services.settings, services.dialogs}),
+      keyBeep(services.settings, services.dialogs),
+      recording({*MMControl1, services.state, services.gate, services.dialogs, services.clock,
+                 services.programDirectory}),
+      Check6("Check6", "Speaker Mute", link::kMuteSwitch, services.link),
+      customSearch(model, {services.link, services.state, services.files, services.dialogs,
+                           services.programDirectory,
+                           [this](std::string mode) { front().mode.setCaption(std::move(mode)); }}),
+      hitLists(memory_, services.link),
       outside_(std::move(outside)),
-      recording_({chkRecord, *MMControl1, services.state, services.gate, services.dialogs,
-                  services.clock, services.programDirectory}),
-      lower_({LLimit, services.state.LowerLimitEditing, link::command::kLowerLimit, Ulimit},
-             services.link, [&dialogs = services.dialogs] { dialogs.beep(); }),
-      upper_({Ulimit, services.state.UpperLimitEditing, link::command::kUpperLimit, Command4},
-             services.link, [&dialogs = services.dialogs] { dialogs.beep(); }),
       dialogHost_(services.gate, outside_.windows) {
-  bindCommonControls();
-  platform::passKeysOn(
-      {&Option1, &Option2, &Option3, &Option4, &Option5, &Option6, &Command2, &Command3});
-}
-
-void MainForm::bindCommonControls() {
-  chkKeyBeep.onClick = [this] {
-    services_.settings.saveSetting("Options", "Keybeep", chkKeyBeep.value() ? "1" : "0");
-  };
-  Check6.onClick = [this] {
-    services_.link.SendCommand(Check6.value() ? link::command::kMuteOn : link::command::kMuteOff);
-  };
-  List1.onClick = [this] { memory_.StoreHit(memory::HitList::Frequencies, List1.text()); };
-  List2.onClick = [this] { memory_.StoreHit(memory::HitList::Talkgroups, List2.text()); };
-  Command1.onClick = [this] { List1.clear(); };
-  Command2.onClick = [this] { List2.clear(); };
-  chkSkip.onClick = [this] {
-    if (chkSkip.value()) {
-      services_.link.SendCommand(link::key::kSearch);
-    }
-  };
+  setUpBankBoxes();
 }
 
 void MainForm::requestUnload() {
@@ -76,12 +63,7 @@ void MainForm::unload() {
   // The window goes from here on: a request while the next question stands adds nothing either.
   asking_ = true;
   // What the user still clicks before the window is gone must not open the port again.
-  for (platform::Control* control :
-       {static_cast<platform::Control*>(&Command3), static_cast<platform::Control*>(&Option1),
-        static_cast<platform::Control*>(&Option2), static_cast<platform::Control*>(&Option3),
-        static_cast<platform::Control*>(&Option4)}) {
-    control->setEnabled(false);
-  }
+  linkControls.disable();
   closeQuickView();
   frequencyFile_.offerToSave();
   dialogHost_.closeAll();
@@ -187,35 +169,29 @@ memory::TransferWindow MainForm::transferWindow() {
           front().Channel, front().mode, Scantimer};
 }
 
-monitor::PollControls MainForm::pollControls() {
-  return {window, MSFlexGrid1, MSFlexGrid2, LLimit, Ulimit, Check6, chkSkip, List1, List2};
-}
-
 monitor::PollOutside MainForm::pollOutside() {
-  return {services_.link,  services_.gate,         services_.state,
-          services_.clock, outside_.switchScanner, [this] { return Dlg1->FileName; },
-          recording_};
+  return {services_.link,
+          services_.gate,
+          services_.state,
+          services_.clock,
+          outside_.switchScanner,
+          [this] { return Dlg1->FileName; },
+          recording,
+          hitLists,
+          customSearch,
+          window,
+          MSFlexGrid1,
+          MSFlexGrid2,
+          Check6};
 }
 
 monitor::KeypadOutside MainForm::keypadOutside() {
-  return {services_.link, services_.state, services_.dialogs, chkKeyBeep,
-          [this] { showLockouts(); }};
+  return {services_.link, services_.state, keyBeep, [this] { showLockouts(); }};
 }
 
-search::CustomSearch::Parts MainForm::searchParts(platform::Label& mode) {
-  return {{List3, LLimit, Ulimit}, Command4, mnuSearchlist, mode};
-}
-
-search::CustomSearch::Outside MainForm::searchOutside() {
-  return {services_.link, services_.files, services_.dialogs, services_.programDirectory};
-}
-
-void MainForm::setUpBankBoxes(platform::ComboBox& trunkBank) {
-  for (auto* box : {&trunkBank, &Combo2, &Combo3}) {
-    box->setItems(model_.bankNames);
-  }
+void MainForm::setUpBankBoxes() {
   Combo3.onClick = [this] { memory_.JumpToBank(MSFlexGrid1, Combo3.listIndex()); };
-  const auto jump = [this, &trunkBank] {
+  const auto jump = [this] {
     memory_.JumpToBank(MSFlexGrid2, std::max(trunkBank.listIndex(), 0),
                        std::max(Combo2.listIndex(), 0));
   };

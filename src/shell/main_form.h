@@ -11,6 +11,7 @@
 #include "memory/channel_memory.h"
 #include "memory/frequency_file.h"
 #include "memory/transfer.h"
+#include "monitor/key_beep.h"
 #include "monitor/keypad.h"
 #include "monitor/poll_cycle.h"
 #include "monitor/recording.h"
@@ -20,7 +21,6 @@
 #include "platform/table.h"
 #include "platform/window.h"
 #include "search/custom_search.h"
-#include "search/limit_box.h"
 #include "search/lockouts.h"
 #include "shell/dialog_host.h"
 #include "shell/quick_view.h"
@@ -84,37 +84,13 @@ class MainForm : private platform::NonCopyable {
   /// The file dialog; its `FileName` is the current frequency file.
   std::unique_ptr<platform::CommonDialog> Dlg1;
 
-  /// Pages "Station Program" and "Trunked Data".
+  /// Pages "Station Program" and "Trunked Data". `Combo3` jumps in the channel table; `trunkBank`
+  /// and `Combo2` pick bank and scanlist of the talkgroup table.
   platform::Table MSFlexGrid1{"MSFlexGrid1", 301, 8};
   platform::Table MSFlexGrid2{"MSFlexGrid2", 1001, 4};
-  platform::ComboBox Combo1{"Combo1"};
-  platform::ComboBox Combo2{"Combo2"};
-  platform::ComboBox Combo3{"Combo3"};
-  platform::ComboBox Combo4{"Combo4"};
-
-  /// Page "Options".
-  platform::OptionButton Option1{"Option1", "COM 1", true};
-  platform::OptionButton Option2{"Option2", "COM 2"};
-  platform::OptionButton Option3{"Option3", "COM 3"};
-  platform::OptionButton Option4{"Option4", "COM 4"};
-  platform::Button Command3{"Command3", "Connect"};
-  platform::CheckBox chkKeyBeep{"chkKeyBeep", "Beep When Key is Pressed", true};
-  platform::CheckBox chkRecord{"chkRecord", "Record Output to File"};
-  platform::CheckBox Check6{"Check6", "Speaker Mute"};
-  platform::OptionButton Option5{"Option5", "On"};
-  platform::OptionButton Option6{"Option6", "Off", true};
-  platform::TextBox LLimit{"LLimit"};
-  platform::TextBox Ulimit{"Ulimit"};
-  platform::ListBox List3{"List3"};
-  search::SearchlistMenu mnuSearchlist;
-  platform::Button Command4{"Command4", "Save Search As.."};
-
-  /// Page "Search Results".
-  platform::ListBox List1{"List1"};
-  platform::ListBox List2{"List2"};
-  platform::Button Command1{"Command1", "Clear List"};
-  platform::Button Command2{"Command2", "Clear List"};
-  platform::CheckBox chkSkip{"chkSkip", "Skip Found Frequencies/ Talkgroup ID's"};
+  platform::ComboBox trunkBank;
+  platform::ComboBox Combo2;
+  platform::ComboBox Combo3;
 
   platform::Timer Scantimer{25};
   /// Of the port below.
@@ -123,17 +99,26 @@ class MainForm : private platform::NonCopyable {
   std::unique_ptr<platform::MediaControl> MMControl1;
 
  protected:
+  Services services_;
+  const link::RadioModel& model_;
+  memory::ChannelMemory memory_;
+  memory::FrequencyFile frequencyFile_;
+
+ public:
+  /// Page "Options", apart from what only one radio has.
+  link::LinkControls linkControls;
+  monitor::KeyBeep keyBeep;
+  monitor::Recording recording;
+  monitor::SwitchBox Check6;
+  search::CustomSearch customSearch;
+  /// Page "Search Results".
+  monitor::HitLists hitLists;
+
+ protected:
   /// The radio's front.
   [[nodiscard]] virtual monitor::PanelBase& front() = 0;
-  [[nodiscard]] monitor::PollControls pollControls();
   [[nodiscard]] monitor::PollOutside pollOutside();
   [[nodiscard]] monitor::KeypadOutside keypadOutside();
-  /// `mode` is the panel's label.
-  [[nodiscard]] search::CustomSearch::Parts searchParts(platform::Label& mode);
-  [[nodiscard]] search::CustomSearch::Outside searchOutside();
-  /// Fills the bank boxes and lets them jump. `Combo3` jumps in the channel table, `trunkBank` and
-  /// `Combo2` pick bank and group of the talkgroup table.
-  void setUpBankBoxes(platform::ComboBox& trunkBank);
 
   /// What a transfer drives of this window.
   [[nodiscard]] memory::TransferWindow transferWindow();
@@ -155,13 +140,8 @@ class MainForm : private platform::NonCopyable {
   /// This window is on its way out.
   virtual void releaseSound() {}
 
-  Services services_;
-  const link::RadioModel& model_;
-  memory::ChannelMemory memory_;
-  memory::FrequencyFile frequencyFile_;
-
  private:
-  void bindCommonControls();
+  void setUpBankBoxes();
   template <class Form>
   void showApf();
   void showLockouts();
@@ -169,9 +149,6 @@ class MainForm : private platform::NonCopyable {
   void closeQuickView();
 
   MainFormOutside outside_;
-  monitor::Recording recording_;
-  search::LimitBox lower_;
-  search::LimitBox upper_;
   DialogHost dialogHost_;
   std::shared_ptr<QuickViewForm> quickView_;
   platform::Connection quickViewClosed_;

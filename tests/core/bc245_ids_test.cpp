@@ -24,7 +24,7 @@ std::string round(const std::string& line, const std::string& behindLine, const 
 struct Bc245Ids : testing::Test, test::Bc245Rig {
   Bc245Ids() {
     setPanel(false);
-    form.chkSkip.onClick = nullptr;
+    form.hitLists.chkSkip.onClick = nullptr;
   }
   void stay(const std::string& mode, const std::string& rounds) {
     poll(mode, "IDN > IDN" + rounds + "; IDF > IDF");
@@ -86,7 +86,7 @@ TEST_F(Bc245Ids, FollowIdsFromRoundToRound) {
                    round("ID E", lookup(), "MD00"));
   EXPECT_THAT(shown, ElementsAre(kNobody, "5678", kNobody, " 00-153", kNobody, "5678"));
   EXPECT_THAT(tags, ElementsAre("Detectives", "", "Buses", "", "Detectives"));
-  EXPECT_THAT(form.List2.items(),
+  EXPECT_THAT(form.hitLists.List2.items(),
               ElementsAre("5678" + kTime + "2 (Detectives)", " 00-153" + kTime + "2 (Buses)"))
       << "what says that nobody is there is listed already, as what is shown";
   EXPECT_EQ(state.CurrentMode, "MD00");
@@ -95,27 +95,27 @@ TEST_F(Bc245Ids, FollowIdsFromRoundToRound) {
 
 TEST_F(Bc245Ids, ListWhatTheDisplayShows) {
   stay("MD09", round("ID E", lookup("WI"), "MD09") + round("ID E", lookup(), "MD00"));
-  EXPECT_THAT(form.List2.items(), ElementsAre()) << "what is no ID is no hit";
+  EXPECT_THAT(form.hitLists.List2.items(), ElementsAre()) << "what is no ID is no hit";
   // The bank of the last frequency that the plan knows.
-  form.List2.clear();
+  form.hitLists.List2.clear();
   stay("MD09", round("ID S 000007", lookup(), "MD09") +
                    round("ID S 000011", lookup("WI020F08520125"), "MD00"));
-  EXPECT_THAT(form.List2.items(), ElementsAre("7" + kTime + "2 ", "11" + kTime + "2 "));
+  EXPECT_THAT(form.hitLists.List2.items(), ElementsAre("7" + kTime + "2 ", "11" + kTime + "2 "));
   // Keyed digits stand on the display while the user enters them, and stay there.
-  form.List2.clear();
+  form.hitLists.List2.clear();
   state.EntryActive = true;
   form.panel.Frequency.setCaption("42");
   stay("MD09", round("ID S 005678", "; WI > WI020F08510125", "MD00"));
   EXPECT_EQ(form.panel.Frequency.caption(), "42");
-  EXPECT_THAT(form.List2.items(), ElementsAre("42" + kTime + "2 "));
+  EXPECT_THAT(form.hitLists.List2.items(), ElementsAre("42" + kTime + "2 "));
 }
 
 TEST_F(Bc245Ids, PassOnFromEveryIdWithSkipTicked) {
-  form.chkSkip.setValue(true);
+  form.hitLists.chkSkip.setValue(true);
   const std::string known = round("ID S 005678", lookup() + "; KEY09 > OK", "MD09");
   stay("MD09", known + known + round("ID E", lookup() + "; KEY09 > OK", "MD09") +
                    round("stray", "", "MD00"));
-  EXPECT_EQ(form.List2.count(), 1);
+  EXPECT_EQ(form.hitLists.List2.count(), 1);
 }
 
 TEST_F(Bc245Ids, TakeNoStrayLineForAMode) {
@@ -154,7 +154,7 @@ TEST_F(Bc245Ids, EndWithTheLine) {
   EXPECT_EQ(dialogs.takeBoxes().size(), 1U);
   EXPECT_FALSE(form.Scantimer.enabled()) << "the poll stays off until the user connects";
   EXPECT_FALSE(form.MSComm1->portOpen());
-  form.Command3.userClick();
+  form.linkControls.Command3.userClick();
   stay("MD09", round("", "", "MD00"));
   EXPECT_TRUE(form.Scantimer.enabled());
 }

@@ -36,13 +36,13 @@ TEST(Bc245Load, AsksForTheSwitchesAndEchoesThoseThatAreOn) {
     EXPECT_EQ(world.radio.takeLog(), opened + log);
     const auto& form = world.form;
     std::string ticked;
-    for (const auto& [word, box] : {std::pair{"FI ", &form.Check5},
-                                    {"BT ", &form.Check4},
-                                    {"AT ", &form.Check3},
-                                    {"AL ", &form.Check2},
-                                    {"AF ", &form.Check1},
+    for (const auto& [word, box] : {std::pair{"FI ", &form.receiver.Check5},
+                                    {"BT ", &form.receiver.Check4},
+                                    {"AT ", &form.receiver.Check3},
+                                    {"AL ", &form.receiver.Check2},
+                                    {"AF ", &form.receiver.Check1},
                                     {"MU ", &form.Check6},
-                                    {"TD ", &form.Check7}}) {
+                                    {"TD ", &form.receiver.Check7}}) {
       ticked += box->value() ? word : "";
     }
     EXPECT_EQ(ticked, *on == '\0' ? "" : std::string(on) + " ");
@@ -65,15 +65,16 @@ TEST(Bc245Load, TakesTheStoredValues) {
                            {{"Options", "COM"}, "2"},
                            {{"Options", "Keybeep"}, "0"}};
   world.form.load();
-  EXPECT_TRUE(world.form.Option7.value());
-  EXPECT_FALSE(world.form.Option8.value());
+  EXPECT_TRUE(world.form.receiver.Option7.value());
+  EXPECT_FALSE(world.form.receiver.Option8.value());
   for (int bank = 0; bank < 10; ++bank) {
-    EXPECT_EQ(world.form.MSBank[static_cast<std::size_t>(bank)].value(), bank == 0 || bank == 9);
+    EXPECT_EQ(world.form.speed.MSBank[static_cast<std::size_t>(bank)].value(),
+              bank == 0 || bank == 9);
   }
-  EXPECT_TRUE(world.form.Option5.enabled());
-  EXPECT_FALSE(world.form.chkKeyBeep.value());
-  EXPECT_EQ(world.form.Combo1.text(), "19200");
-  EXPECT_TRUE(world.form.Option2.value());
+  EXPECT_TRUE(world.form.speed.Option5.enabled());
+  EXPECT_FALSE(world.form.keyBeep.chkKeyBeep.value());
+  EXPECT_EQ(world.form.linkControls.baudBox.text(), "19200");
+  EXPECT_TRUE(world.form.linkControls.Option2.value());
   EXPECT_THAT(world.dialogs.boxes, IsEmpty()) << "the rate is shown before the poll is on";
   EXPECT_EQ(world.radio.takeLog(), "open COM 2 at 9600,n,8,1; FI; BT; AT; AL; AF; MU; TD");
   EXPECT_EQ(world.form.MSComm1->settings(), "19200,n,8,1");
@@ -87,8 +88,8 @@ TEST(Bc245Load, LeavesTheViewThatCannotBeRead) {
     Loading world;
     world.settings.values[{"BC245", "TrunkedView"}] = stored;
     world.form.load();
-    EXPECT_EQ(world.form.Option8.value(), activeBanks) << stored;
-    EXPECT_EQ(world.form.Option7.value(), !activeBanks) << stored;
+    EXPECT_EQ(world.form.receiver.Option8.value(), activeBanks) << stored;
+    EXPECT_EQ(world.form.receiver.Option7.value(), !activeBanks) << stored;
   }
 }
 
@@ -96,11 +97,11 @@ TEST(Bc245Load, SurvivesASilentRadio) {
   Loading world;
   world.radio.answer = [](std::string_view) { return std::vector<test::Piece>{}; };
   // Behind the message the user ticks a box that is read later.
-  world.dialogs.whileOpen = [&] { world.form.Check1.userClick(); };
+  world.dialogs.whileOpen = [&] { world.form.receiver.Check1.userClick(); };
   world.form.load();
   EXPECT_EQ(world.radio.takeLog(), "open COM 1 at 9600,n,8,1; FI; close");
   EXPECT_EQ(world.dialogs.takeBoxes().size(), 1U);
-  EXPECT_TRUE(world.form.Check1.value());
+  EXPECT_TRUE(world.form.receiver.Check1.value());
   EXPECT_TRUE(world.form.Scantimer.enabled()) << "the poll starts all the same, on a closed port";
 }
 
@@ -114,18 +115,20 @@ TEST(Bc245Options, WriteASwitchAtOnce) {
     const char* off;
   };
   for (const auto& [box, on, off] :
-       {Case{world.form.Check1, "AFN", "AFF"}, Case{world.form.Check2, "ALN", "ALF"},
-        Case{world.form.Check3, "ATN", "ATF"}, Case{world.form.Check4, "BTN", "BTF"},
-        Case{world.form.Check5, "FIN", "FIF"}, Case{world.form.Check6, "MUN", "MUA"},
-        Case{world.form.Check7, "TDN", "TDF"}}) {
+       {Case{world.form.receiver.Check1, "AFN", "AFF"},
+        Case{world.form.receiver.Check2, "ALN", "ALF"},
+        Case{world.form.receiver.Check3, "ATN", "ATF"},
+        Case{world.form.receiver.Check4, "BTN", "BTF"},
+        Case{world.form.receiver.Check5, "FIN", "FIF"}, Case{world.form.Check6, "MUN", "MUA"},
+        Case{world.form.receiver.Check7, "TDN", "TDF"}}) {
     for (const char* command : {on, off}) {
       box.userClick();
       EXPECT_EQ(world.radio.takeLog(), command);
       EXPECT_EQ(world.form.panel.Att.visible(), std::string_view(command) == "ATN");
     }
   }
-  world.form.Option7.userClick();
-  world.form.Option8.userClick();
+  world.form.receiver.Option7.userClick();
+  world.form.receiver.Option8.userClick();
   EXPECT_EQ(world.radio.takeLog(), "") << "the pair is the window's own";
   EXPECT_THAT(world.settings.saved,
               ElementsAre(test::SavedSetting{"BC245", "TrunkedView", "False"},
@@ -139,10 +142,10 @@ struct Bc245Speed : testing::Test, Loading {
     radio.log.clear();
   }
   std::string tick() {
-    gate.enterTimer(form.Timer2);
+    gate.enterTimer(form.speed.timer);
     return radio.takeLog();
   }
-  platform::CheckBox& bank(int index) { return form.MSBank[static_cast<std::size_t>(index)]; }
+  platform::CheckBox& bank(int index) { return form.speed.MSBank[static_cast<std::size_t>(index)]; }
 };
 
 TEST_F(Bc245Speed, GoesRoundTheChosenBanks) {
@@ -151,10 +154,10 @@ TEST_F(Bc245Speed, GoesRoundTheChosenBanks) {
     EXPECT_EQ(radio.takeLog(), "KEY00");
   }
   EXPECT_EQ(tick(), "") << "off";
-  form.Option5.userClick();
+  form.speed.Option5.userClick();
   EXPECT_EQ(radio.takeLog(), "");
-  EXPECT_TRUE(form.Timer2.enabled());
-  EXPECT_EQ(form.Timer2.interval(), 2000);
+  EXPECT_TRUE(form.speed.timer.enabled());
+  EXPECT_EQ(form.speed.timer.interval(), 2000);
   // Where Multiscan of the other window has left off.
   state.BankCursor = 17;
   for (const char* letter : {"B", "E", "J", "B"}) {
@@ -168,23 +171,24 @@ TEST_F(Bc245Speed, GoesRoundTheChosenBanks) {
     form.panel.Frequency.setCaption(shown);
     EXPECT_EQ(tick(), "") << "held by what is shown";
   }
-  form.Option6.userClick();
-  EXPECT_FALSE(form.Timer2.enabled());
+  form.speed.Option6.userClick();
+  EXPECT_FALSE(form.speed.timer.enabled());
   EXPECT_EQ(radio.takeLog(), "");
 }
 
 TEST_F(Bc245Speed, IsOffWithoutBanks) {
-  form.Option5.userClick();
-  EXPECT_FALSE(form.Option5.value()) << "nothing to scan yet";
+  form.speed.Option5.userClick();
+  EXPECT_FALSE(form.speed.Option5.value()) << "nothing to scan yet";
   bank(3).userClick();
-  form.Option5.userClick();
+  form.speed.Option5.userClick();
   bank(3).userClick();
   EXPECT_EQ(radio.takeLog(), "KEY00; KEY00");
-  EXPECT_FALSE(form.Option5.value() || form.Option5.enabled() || form.Timer2.enabled());
-  EXPECT_TRUE(form.Option6.value());
+  EXPECT_FALSE(form.speed.Option5.value() || form.speed.Option5.enabled() ||
+               form.speed.timer.enabled());
+  EXPECT_TRUE(form.speed.Option6.value());
   EXPECT_THAT(settings.saved, ElementsAre(test::SavedSetting{"SpeedE", "3", "1"},
                                           test::SavedSetting{"SpeedE", "3", "0"}));
-  form.Timer2.setEnabled(true);
+  form.speed.timer.setEnabled(true);
   EXPECT_EQ(tick(), "") << "ends";
 }
 

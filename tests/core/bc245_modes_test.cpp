@@ -111,7 +111,8 @@ TEST(Bc245Tick, ShowsTheOpeningsAnswers) {
                         "; LL > LL 0300000; LU > LU x; LO > LON; PR > PRN; DL > DLN; LT > LTN; "
                         "MD > MD13"));
   EXPECT_EQ(test::parts(rig.picture()), test::parts("TrunkType: M, Pri, Dly, LO, light"));
-  EXPECT_EQ(rig.form.LLimit.text() + "|" + rig.form.Ulimit.text(), "30.0000|");
+  EXPECT_EQ(rig.form.customSearch.LLimit.text() + "|" + rig.form.customSearch.Ulimit.text(),
+            "30.0000|");
   EXPECT_EQ(rig.state.ScannerName + rig.state.SerialNumberText, "BC245XLT 024500172 ");
   EXPECT_EQ(rig.state.FirmwareText, "1.24");
 
@@ -125,8 +126,8 @@ TEST(Bc245Tick, ShowsTheOpeningsAnswers) {
 
 TEST(Bc245Tick, WorksTheLightByWhatTheDisplayShows) {
   Bc245Rig rig;
-  rig.form.Check2.onClick = nullptr;
-  rig.form.Check2.setValue(true);
+  rig.form.receiver.Check2.onClick = nullptr;
+  rig.form.receiver.Check2.setValue(true);
   const std::pair<const char*, const char*> cases[] = {
       {"Scanning", "LTF"}, {"Searching", "LTF"}, {"- -   - - -", "LTF"},
       {"155.1150", "LTN"}, {"", "LTN"},          {"888.8888", "LTN"}};
@@ -183,27 +184,27 @@ TEST(Bc245Tick, SkipsAndCountsWhatTheSearchFinds) {
   rig.poll("MD02", open);
   rig.poll("MD02", open + "; KEY09 > OK");
   const std::string line = "155.1150 - 2031-05-06 07:08:09 Hits: ";
-  EXPECT_EQ(rig.form.List1.items(), std::vector{line + "1(Fire)"});
+  EXPECT_EQ(rig.form.hitLists.List1.items(), std::vector{line + "1(Fire)"});
   rig.poll("MD02", "SQ > -");
   EXPECT_FALSE(rig.state.HitCounted);
   rig.poll("MD20", open + "; KEY09 > OK");
-  EXPECT_EQ(rig.form.List1.item(0), line + "2(Fire)");
+  EXPECT_EQ(rig.form.hitLists.List1.item(0), line + "2(Fire)");
 }
 
 TEST(Bc245Tick, MarksTheBanksThatTheUserChoseToView) {
   Bc245Rig rig;
-  rig.form.Option7.setValue(true);
+  rig.form.receiver.Option7.setValue(true);
   rig.poll("MD11", "IS > IS J; IC > NG");
   EXPECT_TRUE(rig.picture().ends_with("Bankltr: 10"));
-  rig.form.Option8.setValue(true);
+  rig.form.receiver.Option8.setValue(true);
   rig.poll("MD11", "SB > SB AJ; IC > NG");
   EXPECT_TRUE(rig.picture().ends_with("Bankltr: 1 10"));
 }
 
 TEST(Bc245Tick, AlternatesBetweenIdAndFrequency) {
   Bc245Rig rig;
-  rig.form.Check5.onClick = nullptr;
-  rig.form.Check5.setValue(true);
+  rig.form.receiver.Check5.onClick = nullptr;
+  rig.form.receiver.Check5.setValue(true);
   const auto shownBehind = [&](const std::string& id, const std::string& window) {
     rig.poll("MD12", "IC > IC B1 " + id + "; IC > IC B1 " + id + voice("NG", "AFN", "LOF", window));
     return rig.form.panel.Frequency.caption();
@@ -214,7 +215,7 @@ TEST(Bc245Tick, AlternatesBetweenIdAndFrequency) {
   EXPECT_EQ(shownBehind("005678", window), "5678");
   EXPECT_EQ(shownBehind("005678", "WI"), "5678") << "no frequency to tell";
   EXPECT_EQ(shownBehind("000123", window), "123") << "another ID comes first";
-  rig.form.Check5.setValue(false);
+  rig.form.receiver.Check5.setValue(false);
   EXPECT_EQ(shownBehind("000123", window), "123");
 }
 

@@ -57,7 +57,7 @@ struct FaultsTest : testing::Test, test::Bc895Rig {
     state.KnobUpHeld = state.KnobDownHeld = state.EntryActive = false;
     state.LowerLimitEditing = state.UpperLimitEditing = false;
     form.panel.Auto.setVisible(false);
-    form.Command3.userClick();
+    form.linkControls.Command3.userClick();
     tickOnce();
     ASSERT_EQ(test::parts(picture()),
               test::parts("Frequency: 155.1150, Alpha: Fire, Channel: P  12, CTCSS: 79.7, Scan, "
@@ -149,7 +149,7 @@ TEST_F(FaultsTest, SurvivesThousandsOfTicksOnABadLine) {
   for (const unsigned seed : {1U, 2U, 3U}) {
     SCOPED_TRACE(seed);
     std::mt19937 random(seed);
-    form.chkSkip.setValue(true);
+    form.hitLists.chkSkip.setValue(true);
     radio.answer = [&](std::string_view command) { return disturbed(reply(command), random); };
     for (int i = 0; i < 2000; ++i) {
       mode = modeOf(static_cast<int>(random() % kModes));
@@ -163,15 +163,15 @@ TEST_F(FaultsTest, SurvivesThousandsOfTicksOnABadLine) {
       ASSERT_FALSE(form.Scantimer.running());
       ASSERT_LE(dialogs.boxes.size(), boxes + 1) << "one notice a loss";
       if (!form.Scantimer.enabled() || !form.MSComm1->portOpen()) {
-        form.Command3.userClick();
+        form.linkControls.Command3.userClick();
       }
     }
     EXPECT_GT(dialogs.takeBoxes().size(), 0U);
     form.window.setMinimised(false);
     form.window.setCaption("Tarnvex - Untitled");
     radio.answer = nullptr;
-    form.chkSkip.onClick = nullptr;
-    form.chkSkip.setValue(false);
+    form.hitLists.chkSkip.onClick = nullptr;
+    form.hitLists.chkSkip.setValue(false);
     expectRecovery();
   }
 }

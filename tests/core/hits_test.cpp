@@ -26,7 +26,8 @@ TEST_F(HitsTest, CountEachOpeningOnceIfThereIsATag) {
   for (int i = 0; i < 10; ++i) {
     search(true);
   }
-  EXPECT_THAT(form.List1.items(), ElementsAre("155.1150 - 2031-05-06 07:08:09 Hits: 1(Fire)"));
+  EXPECT_THAT(form.hitLists.List1.items(),
+              ElementsAre("155.1150 - 2031-05-06 07:08:09 Hits: 1(Fire)"));
   clock.text = "later";
   search(true);
   for (int opening = 2; opening <= 11; ++opening) {
@@ -34,13 +35,13 @@ TEST_F(HitsTest, CountEachOpeningOnceIfThereIsATag) {
     search(true);
     search(true);
   }
-  EXPECT_THAT(form.List1.items(), ElementsAre("155.1150 - later Hits: 11(Fire)"));
+  EXPECT_THAT(form.hitLists.List1.items(), ElementsAre("155.1150 - later Hits: 11(Fire)"));
   search(false, kUntagged);
   search(true, kUntagged);
   clock.text = "last";
   search(false, kUntagged);
   search(true, kUntagged);
-  EXPECT_THAT(form.List1.items(),
+  EXPECT_THAT(form.hitLists.List1.items(),
               ElementsAre("155.1150 - later Hits: 11(Fire)", "46.0125 - last Hits: 1"))
       << "without a tag the time is fresh and the count stays";
 }
@@ -48,27 +49,29 @@ TEST_F(HitsTest, CountEachOpeningOnceIfThereIsATag) {
 TEST_F(HitsTest, CarryTheLastTagOntoAFrequencyThatFollowsAtOnce) {
   search(true);
   search(true, kUntagged);
-  EXPECT_THAT(form.List1.items(), ElementsAre("155.1150 - 2031-05-06 07:08:09 Hits: 1(Fire)",
-                                              "46.0125 - 2031-05-06 07:08:09 Hits: 1(Fire)"));
+  EXPECT_THAT(form.hitLists.List1.items(),
+              ElementsAre("155.1150 - 2031-05-06 07:08:09 Hits: 1(Fire)",
+                          "46.0125 - 2031-05-06 07:08:09 Hits: 1(Fire)"));
 }
 
 TEST_F(HitsTest, DoNotComeFromAQuietMode) {
   search(true, kTagged, false, "MD12");
-  EXPECT_EQ(form.List1.count(), 0);
+  EXPECT_EQ(form.hitLists.List1.count(), 0);
   state.HitCounted = true;
   search(true, kTagged, false, "MD12");
   EXPECT_FALSE(state.HitCounted);
 }
 
 TEST_F(HitsTest, MatchAnywhereInALineAndInEveryLine) {
-  form.List1.add("46.0125 - then Hits: 4(like 155.1150)");
-  form.List1.add("155.1150 - then Hits: 2(Fire)");
-  form.List1.add("155.1151 - then Hits: 3(Near)");
-  form.List1.add("155.1150 - then Hits: x(Fire)");
+  form.hitLists.List1.add("46.0125 - then Hits: 4(like 155.1150)");
+  form.hitLists.List1.add("155.1150 - then Hits: 2(Fire)");
+  form.hitLists.List1.add("155.1151 - then Hits: 3(Near)");
+  form.hitLists.List1.add("155.1150 - then Hits: x(Fire)");
   search(true);
   const std::string now = "155.1150 - 2031-05-06 07:08:09 Hits: ";
-  EXPECT_THAT(form.List1.items(), ElementsAre(now + "5(Fire)", now + "3(Fire)",
-                                              "155.1151 - then Hits: 3(Near)", now + "1(Fire)"));
+  EXPECT_THAT(form.hitLists.List1.items(),
+              ElementsAre(now + "5(Fire)", now + "3(Fire)", "155.1151 - then Hits: 3(Near)",
+                          now + "1(Fire)"));
 }
 
 TEST_F(HitsTest, KeepTheCountWithinALineThatOtherwiseMisleads) {
@@ -89,7 +92,7 @@ TEST_F(HitsTest, KeepTheCountWithinALineThatOtherwiseMisleads) {
 TEST_F(HitsTest, AreSkippedOnceKnown) {
   search(true);
   radio.expect(test::script("KEY09 > OK"));
-  form.chkSkip.userClick();
+  form.hitLists.chkSkip.userClick();
   search(true, kTagged, true);
   // With the squelch closed the plan decides, by what stood on the display.
   search(false, kTagged, true);
@@ -100,28 +103,28 @@ TEST_F(HitsTest, AreSkippedOnceKnown) {
   state.EntryActive = true;
   poll("MD02");
   state.EntryActive = false;
-  form.chkSkip.userClick();
+  form.hitLists.chkSkip.userClick();
   search(true);
 }
 
 TEST_F(HitsTest, AreEnteredByIdOnceAndForAll) {
-  EXPECT_FALSE(captureId(form.List2, "001234", "Patrol", clock));
+  EXPECT_FALSE(captureId(form.hitLists.List2, "001234", "Patrol", clock));
   clock.text = "later";
-  EXPECT_TRUE(captureId(form.List2, "001234", "Other", clock));
-  EXPECT_FALSE(captureId(form.List2, "12-345", "", clock));
-  EXPECT_TRUE(captureId(form.List2, "-345", "", clock)) << "anywhere in the line";
-  EXPECT_THAT(form.List2.items(),
+  EXPECT_TRUE(captureId(form.hitLists.List2, "001234", "Other", clock));
+  EXPECT_FALSE(captureId(form.hitLists.List2, "12-345", "", clock));
+  EXPECT_TRUE(captureId(form.hitLists.List2, "-345", "", clock)) << "anywhere in the line";
+  EXPECT_THAT(form.hitLists.List2.items(),
               ElementsAre("001234 - 2031-05-06 07:08:09 (Patrol)", "12-345 - later "));
 }
 
 TEST_F(HitsTest, GoWithTheirClearButtons) {
-  form.List1.add("a");
-  form.List2.add("b");
+  form.hitLists.List1.add("a");
+  form.hitLists.List2.add("b");
   state.HitCounted = true;
-  form.Command1.userClick();
-  EXPECT_EQ(form.List1.count() * 10 + form.List2.count(), 1);
-  form.Command2.userClick();
-  EXPECT_EQ(form.List2.count(), 0);
+  form.hitLists.Command1.userClick();
+  EXPECT_EQ(form.hitLists.List1.count() * 10 + form.hitLists.List2.count(), 1);
+  form.hitLists.Command2.userClick();
+  EXPECT_EQ(form.hitLists.List2.count(), 0);
   EXPECT_TRUE(state.HitCounted);
 }
 

@@ -32,7 +32,7 @@ TEST_F(IdLoopsTest, SearchShowsAndListsEachId) {
          searched("IDN SB1 12-345") + searched("IDN SB1 000000") + searched("IDN SB1") +
          searched("IDN SB1 000042", "MD09more"));
   EXPECT_EQ(shown, "- -   - - -; 5678; 12-345; 0; - -   - - -; 42; ");
-  EXPECT_THAT(form.List2.items(),
+  EXPECT_THAT(form.hitLists.List2.items(),
               ElementsAre("005678" + kTime + "(Detectives)", "12-345" + kTime + "(Schools)",
                           "000000" + kTime, "000042" + kTime));
   EXPECT_EQ(state.CurrentMode, "MD09") << "four characters of the answer";
@@ -45,7 +45,7 @@ TEST_F(IdLoopsTest, SearchSkipsWhatIsListedAndGoesOnWhileNothingIsActive) {
   search(searched("NO ID HERE") + searched("IDN SB1 005678") +
          searched("IDN SB1 005678", "MD07", true) + searched("NO ID HERE", "MD07", true) +
          searched("IDN SB1 000042") + searched("NO ID HERE", "MD00"));
-  EXPECT_EQ(form.List2.count(), 2);
+  EXPECT_EQ(form.hitLists.List2.count(), 2);
 }
 
 TEST_F(IdLoopsTest, SearchMirrorsTheDisplayInTheTitleWhileMinimised) {
@@ -70,7 +70,7 @@ TEST_F(IdLoopsTest, HoldFollowsTheStreamLineByLine) {
        "MD > MD08 > IDNS 000042; SG > S020 F08520125; MD > MD08 and more; IDF > OK");
   EXPECT_EQ(shown, "Non-Active ID; 005678; 12-345; 000042; ");
   EXPECT_EQ(form.panel.Alpha.caption(), "") << "its frequency isn't in the plan";
-  EXPECT_EQ(form.List2.count(), 0);
+  EXPECT_EQ(form.hitLists.List2.count(), 0);
   EXPECT_EQ(state.CurrentMode, "MD08 and more");
 }
 
@@ -111,7 +111,7 @@ TEST_F(IdLoopsTest, EndWithSilenceAndWithTheProgram) {
   EXPECT_FALSE(form.MSComm1->portOpen() || form.Scantimer.enabled());
   EXPECT_EQ(state.CurrentMode, "");
   EXPECT_EQ(form.panel.Frequency.caption(), "- -   - - -");
-  form.Command3.userClick();
+  form.linkControls.Command3.userClick();
   loop.onTurn(2, [&] {
     gate.enter([&] {
       dialogs.answers = {platform::Answer::Yes};

@@ -60,7 +60,7 @@ TEST_F(Bc895KeypadTest, PressesEveryKey) {
   }
   EXPECT_EQ(unloads, 1) << "by RMT";
   EXPECT_EQ(lockouts, 0);
-  chkKeyBeep.setValue(false);
+  keyBeep.chkKeyBeep.setValue(false);
   keypad.press(-1, kLeft);
   keypad.press(41, kLeft);
   press("SCAN");

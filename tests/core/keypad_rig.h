@@ -7,6 +7,7 @@
 
 #include "monitor/keypad.h"
 #include "support/fake_dialogs.h"
+#include "support/fake_settings.h"
 #include "support/scripted_port.h"
 
 namespace tarnvex::test {
@@ -24,7 +25,8 @@ struct KeypadRig : testing::Test {
   ScriptedPort port{radio};
   platform::Timer poll{25};
   link::ScannerLink link{state, dialogs};
-  platform::CheckBox chkKeyBeep{"chkKeyBeep", {}, true};
+  FakeSettings settings;
+  monitor::KeyBeep keyBeep{settings, dialogs};
   Panel panel;
   int lockouts = 0;
   std::map<std::string, std::string> replies;
@@ -45,7 +47,7 @@ struct KeypadRig : testing::Test {
   }
 
   monitor::KeypadOutside outside() {
-    return {link, state, dialogs, chkKeyBeep, [this] { ++lockouts; }};
+    return {link, state, keyBeep, [this] { ++lockouts; }};
   }
   void setMode(const std::string& mode) {
     state.CurrentMode = mode;

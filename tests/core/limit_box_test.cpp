@@ -9,9 +9,10 @@ namespace {
 
 struct LimitBoxTest : testing::Test, test::Bc895Rig {
   std::string focused;
-  platform::Connection upper = form.Ulimit.focusRequested.connect([this] { focused += "Ulimit"; });
+  platform::Connection upper =
+      form.customSearch.Ulimit.focusRequested.connect([this] { focused += "Ulimit"; });
   platform::Connection next =
-      form.Command4.focusRequested.connect([this] { focused += "Command4"; });
+      form.customSearch.Command4.focusRequested.connect([this] { focused += "Command4"; });
 };
 
 TEST_F(LimitBoxTest, SendsALimitWithinTheRadiosRange) {
@@ -21,7 +22,7 @@ TEST_F(LimitBoxTest, SendsALimitWithinTheRadiosRange) {
       {false, "956.1", nullptr},  {false, "29.00005", "LU00290001"}};
   for (const auto& [lower, text, sent] : cases) {
     SCOPED_TRACE(text);
-    auto& box = lower ? form.LLimit : form.Ulimit;
+    auto& box = lower ? form.customSearch.LLimit : form.customSearch.Ulimit;
     auto& editing = lower ? state.LowerLimitEditing : state.UpperLimitEditing;
     focused.clear();
     dialogs.beeps = 0;
@@ -41,7 +42,7 @@ TEST_F(LimitBoxTest, SendsALimitWithinTheRadiosRange) {
 TEST_F(LimitBoxTest, HoldsThePollBackOnlyForKeysThatItTakes) {
   for (const char key : std::string("0159.\b")) {
     state.LowerLimitEditing = false;
-    EXPECT_TRUE(form.LLimit.userKey(key)) << key;
+    EXPECT_TRUE(form.customSearch.LLimit.userKey(key)) << key;
     EXPECT_TRUE(state.LowerLimitEditing);
   }
   EXPECT_FALSE(state.UpperLimitEditing);
@@ -49,7 +50,7 @@ TEST_F(LimitBoxTest, HoldsThePollBackOnlyForKeysThatItTakes) {
     for (const bool editing : {false, true}) {
       dialogs.beeps = 0;
       state.UpperLimitEditing = editing;
-      EXPECT_FALSE(form.Ulimit.userKey(key)) << key;
+      EXPECT_FALSE(form.customSearch.Ulimit.userKey(key)) << key;
       EXPECT_EQ(dialogs.beeps, 1);
       EXPECT_EQ(state.UpperLimitEditing, editing);
     }

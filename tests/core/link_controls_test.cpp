@@ -31,12 +31,11 @@ struct Window : test::World {
   explicit Window(bool bc895) {
     if (bc895) {
       form = std::make_unique<shell::Form4>(services, outside());
-      baud = &form->Combo4;
     } else {
       form = std::make_unique<shell::Form2>(services, outside());
-      baud = &form->Combo1;
-      form->Combo4.setListIndex(0);
+      form->trunkBank.setListIndex(0);
     }
+    baud = &form->linkControls.baudBox;
     section = bc895 ? "BC895" : "BC245";
     state.ModelKey = section;
     baud->setListIndex(bc895 ? 1 : 2);
@@ -45,8 +44,7 @@ struct Window : test::World {
     radio.log.clear();
   }
   platform::OptionButton& option(int slot) {
-    return *std::array{&form->Option1, &form->Option2, &form->Option3,
-                       &form->Option4}[static_cast<std::size_t>(slot - 1)];
+    return *form->linkControls.options[static_cast<std::size_t>(slot - 1)];
   }
   void chooseBaud(const std::string& rate) {
     const auto& rates = baud->items();
@@ -97,17 +95,17 @@ TEST_P(LinkControlsTest, ComOptionsReportAPortThatWillNotOpen) {
 }
 
 TEST_P(LinkControlsTest, ConnectReopensInAnyState) {
-  form->Command3.userClick();
+  form->linkControls.Command3.userClick();
   EXPECT_EQ(radio.takeLog(), "close; open COM 1 at 9600,n,8,1");
   EXPECT_TRUE(form->Scantimer.enabled());
   radio.expect(test::script("SI"));
   link.SendCommand("SI");
   EXPECT_FALSE(form->Scantimer.enabled() || form->MSComm1->portOpen());
   dialogs.boxes.clear();
-  form->Command3.userClick();
+  form->linkControls.Command3.userClick();
   EXPECT_TRUE(form->Scantimer.enabled() && form->MSComm1->portOpen());
   radio.refusals[1] = "No such device";
-  form->Command3.userClick();
+  form->linkControls.Command3.userClick();
   EXPECT_TRUE(form->Scantimer.enabled()) << "silently: the poll goes on with empty replies";
   EXPECT_THAT(dialogs.boxes, IsEmpty());
   EXPECT_THAT(settings.saved, IsEmpty());
@@ -154,7 +152,7 @@ TEST_P(LinkControlsTest, BaudChangeIsTakenBackAfterSilence) {
   EXPECT_THAT(settings.saved, ElementsAre(SavedSetting{section, "Baudrate", "4800"},
                                           SavedSetting{section, "Baudrate", "9600"}));
   EXPECT_THAT(dialogs.takeBoxes(), ElementsAre(kConfirm, kRestored));
-  EXPECT_EQ(form->Combo4.listIndex(), section == "BC895" ? 1 : 3);
+  EXPECT_EQ((section == "BC895" ? *baud : form->trunkBank).listIndex(), section == "BC895" ? 1 : 3);
   EXPECT_TRUE(form->Scantimer.enabled());
   EXPECT_TRUE(state.LinkWaiting);
 }
@@ -173,7 +171,7 @@ TEST(BaudRestored, ShowsInTheBaudBoxOrMovesTheBankSelector) {
     window.dialogs.answers = {Answer::No};
     window.chooseBaud("4800");
     EXPECT_EQ(window.baud->listIndex(), baudIndex);
-    const auto& banks = bc895 ? window.form->Combo1 : window.form->Combo4;
+    const auto& banks = window.form->trunkBank;
     EXPECT_EQ(banks.listIndex(), bankIndex);
     EXPECT_EQ(window.form->MSFlexGrid2.row(), row);
     EXPECT_EQ(window.dialogs.boxes.size(), 1U) << "the box's own click does nothing";

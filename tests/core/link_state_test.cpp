@@ -44,7 +44,7 @@ TEST_F(LinkStateTest, FollowsTheLineFromOpeningToLoss) {
   EXPECT_EQ(now(), "dead: ttyUSB0: no reply since 11:46; is the radio in its Remote mode?")
       << "closing the port leaves the reason";
 
-  form.Command3.userClick();
+  form.linkControls.Command3.userClick();
   radio.expect(script("SI > ERR"));
   link.SendCommand("SI");
   EXPECT_EQ(now(), connected);
@@ -63,7 +63,7 @@ TEST_F(LinkStateTest, SaysWhyAPortCannotBeOpened) {
   radio.refusals[2] = "The port burns.";
   for (const auto& [trouble, text] : cases) {
     radio.trouble = trouble;
-    form.Option2.userClick();
+    form.linkControls.Option2.userClick();
     EXPECT_EQ(now(), "dead: " + text);
   }
 }

@@ -28,25 +28,25 @@ std::string conventional(const std::string& banks) {
 struct MultiscanTest : testing::Test, test::Bc895Rig {
   void tickBoxes(std::initializer_list<int> banks) {
     for (const int bank : banks) {
-      form.MSBank[static_cast<std::size_t>(bank)].userClick();
+      form.multiscan.MSBank[static_cast<std::size_t>(bank)].userClick();
     }
   }
   /// Boxes ticked, switched on, on a quiet radio.
   void start(std::initializer_list<int> banks) {
     tickBoxes(banks);
     radio.expect(test::script("KEY00 > "));
-    form.Option5.userClick();
+    form.multiscan.Option5.userClick();
     radio.expectSpent();
     form.panel.Frequency.setCaption("Scanning");
   }
   void scan(const std::string& exchanges) {
     radio.expect(test::script(exchanges));
-    gate.enterTimer(form.Timer1);
+    gate.enterTimer(form.multiscan.timer);
     radio.expectSpent();
   }
   /// Cursor and interval.
   [[nodiscard]] std::pair<int, int> place() const {
-    return {state.BankCursor, form.Timer1.interval()};
+    return {state.BankCursor, form.multiscan.timer.interval()};
   }
 };
 
@@ -101,8 +101,9 @@ TEST_F(MultiscanTest, SwitchesItselfOffOnABankWithoutIds) {
   EXPECT_EQ(loop.now(), 3600);
   EXPECT_TRUE(polled);
   EXPECT_EQ(dialogs.beeps, 1);
-  EXPECT_FALSE(state.EntryActive || form.Option5.value() || form.Timer1.enabled());
-  EXPECT_TRUE(form.Option6.value() && form.Option5.enabled());
+  EXPECT_FALSE(state.EntryActive || form.multiscan.Option5.value() ||
+               form.multiscan.timer.enabled());
+  EXPECT_TRUE(form.multiscan.Option6.value() && form.multiscan.Option5.enabled());
   EXPECT_EQ(place(), std::pair(10, 1750));
 }
 
@@ -111,7 +112,7 @@ TEST_F(MultiscanTest, TakesAClickedBoxUpAtOnce) {
   form.panel.Frequency.setCaption("155.1150");
   form.panel.Alpha.setCaption("Fire");
   radio.expect(test::script(modes(1) + conventional("A")));
-  form.MSBank[0].userClick();
+  form.multiscan.MSBank[0].userClick();
   radio.expectSpent();
   EXPECT_EQ(form.panel.Frequency.caption() + form.panel.Alpha.caption(), "Scanning");
   EXPECT_THAT(settings.saved, ElementsAre(SavedSetting{"Multiscan", "10", "1"},
@@ -119,15 +120,16 @@ TEST_F(MultiscanTest, TakesAClickedBoxUpAtOnce) {
 }
 
 TEST_F(MultiscanTest, CannotBeOnWithoutABank) {
-  EXPECT_FALSE(form.Option5.enabled());
-  form.Option5.userClick();
-  EXPECT_FALSE(form.Timer1.enabled());
+  EXPECT_FALSE(form.multiscan.Option5.enabled());
+  form.multiscan.Option5.userClick();
+  EXPECT_FALSE(form.multiscan.timer.enabled());
   start({0});
   // Off the line: the last look round mustn't go round for ever.
   form.MSComm1->close();
-  form.MSBank[0].userClick();
-  EXPECT_FALSE(form.Option5.value() || form.Option5.enabled() || form.Timer1.enabled());
-  EXPECT_TRUE(form.Option6.value());
+  form.multiscan.MSBank[0].userClick();
+  EXPECT_FALSE(form.multiscan.Option5.value() || form.multiscan.Option5.enabled() ||
+               form.multiscan.timer.enabled());
+  EXPECT_TRUE(form.multiscan.Option6.value());
   EXPECT_THAT(settings.saved, ElementsAre(SavedSetting{"Multiscan", "0", "1"},
                                           SavedSetting{"Multiscan", "0", "0"}));
 }
@@ -137,8 +139,8 @@ TEST_F(MultiscanTest, RunsOutOnALostLinkWithOneMessage) {
   scan("MD");
   EXPECT_EQ(dialogs.takeBoxes().size(), 1U);
   EXPECT_EQ(state.BankCursor, 10);
-  form.Option6.userClick();
-  EXPECT_FALSE(form.Timer1.enabled());
+  form.multiscan.Option6.userClick();
+  EXPECT_FALSE(form.multiscan.timer.enabled());
 }
 
 }  // namespace

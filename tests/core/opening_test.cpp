@@ -46,8 +46,8 @@ TEST(Opening, AskNoLimitThatTheUserEdits) {
   for (const bool lower : {false, true}) {
     for (const bool upper : {false, true}) {
       test::Bc895Rig rig;
-      rig.form.LLimit.setText("30");
-      rig.form.Ulimit.setText("900");
+      rig.form.customSearch.LLimit.setText("30");
+      rig.form.customSearch.Ulimit.setText("900");
       rig.state.LowerLimitEditing = lower;
       rig.state.UpperLimitEditing = upper;
       auto exchanges = opening("MD15");
@@ -55,16 +55,16 @@ TEST(Opening, AskNoLimitThatTheUserEdits) {
         return (lower && exchange.command == "LL") || (upper && exchange.command == "LU");
       });
       rig.tick(exchanges);
-      EXPECT_EQ(rig.form.LLimit.text(), lower ? "30" : "29.0000");
-      EXPECT_EQ(rig.form.Ulimit.text(), upper ? "900" : "956.0000");
+      EXPECT_EQ(rig.form.customSearch.LLimit.text(), lower ? "30" : "29.0000");
+      EXPECT_EQ(rig.form.customSearch.Ulimit.text(), upper ? "900" : "956.0000");
     }
   }
   test::Bc895Rig rig;
   auto exchanges = opening("MD15");
   exchanges[5] = {"LL", "LL ERROR"};
-  rig.form.LLimit.setText("30.0000");
+  rig.form.customSearch.LLimit.setText("30.0000");
   rig.tick(exchanges);
-  EXPECT_EQ(rig.form.LLimit.text(), "30.0000") << "what is no number leaves the box";
+  EXPECT_EQ(rig.form.customSearch.LLimit.text(), "30.0000") << "what is no number leaves the box";
 }
 
 TEST(Opening, KnowTheirOwnRadio) {

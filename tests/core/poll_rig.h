@@ -63,8 +63,8 @@ struct PollRig : World {
   }
   /// The box ticked, with nothing sent.
   void tickSkip() {
-    form.chkSkip.onClick = nullptr;
-    form.chkSkip.setValue(true);
+    form.hitLists.chkSkip.onClick = nullptr;
+    form.hitLists.chkSkip.setValue(true);
   }
 
   /// One tick of the poll, with exactly these exchanges.
@@ -191,7 +191,8 @@ void expectModes(const std::vector<ModeCase>& cases) {
       rig.poll(mode, exchanges);
       EXPECT_EQ(parts(rig.picture()), parts(lit ? onLit : onDark));
       EXPECT_EQ(rig.form.panel.mode.caption(), mode);
-      EXPECT_EQ(rig.form.LLimit.text() + " " + rig.form.Ulimit.text(), "29.0000 956.0000");
+      EXPECT_EQ(rig.form.customSearch.LLimit.text() + " " + rig.form.customSearch.Ulimit.text(),
+                "29.0000 956.0000");
       EXPECT_TRUE(rig.form.Scantimer.enabled());
       EXPECT_EQ(rig.switches, 0);
     }

@@ -56,7 +56,8 @@ TEST(QuickViewForm, GoesBeforeItsMainWindowDoes) {
   rig.dialogs.answers = {platform::Answer::No};
   rig.dialogs.whileOpen = [&] {
     EXPECT_EQ(rig.windows.quickView, nullptr);
-    EXPECT_FALSE(rig.form.Command3.enabled() || rig.form.Option1.enabled());
+    EXPECT_FALSE(rig.form.linkControls.Command3.enabled() ||
+                 rig.form.linkControls.Option1.enabled());
     rig.form.mnuQV();
   };
   rig.form.unload();

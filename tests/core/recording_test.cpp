@@ -38,7 +38,7 @@ void expectStates(const std::vector<State>& states) {
                      (running ? " running" : ""));
         Rig rig;
         rig.form.panel.Alpha.setCaption("Fire");
-        rig.form.chkRecord.setValue(ticked);
+        rig.form.recording.chkRecord.setValue(ticked);
         rig.state.Recording = running;
         const bool starts = reception && ticked && !running;
         const bool stops = !reception && running;
@@ -69,9 +69,9 @@ TEST(Recording, GoesByWhatTheDisplayShows) {
 TEST(Recording, GoesOnToTheEndOfItsReceptionUntickedOrNot) {
   test::Bc895Rig rig;
   rig.form.panel.Alpha.setCaption("Fire");
-  rig.form.chkRecord.setValue(true);
+  rig.form.recording.chkRecord.setValue(true);
   EXPECT_EQ(tickWith(rig, "155.1150", "MD00"), kStarts);
-  rig.form.chkRecord.setValue(false);
+  rig.form.recording.chkRecord.setValue(false);
   EXPECT_THAT(tickWith(rig, "46.0125", "MD00"), IsEmpty());
   EXPECT_EQ(tickWith(rig, "Scanning", "MD00"), kStops);
   EXPECT_THAT(tickWith(rig, "155.1150", "MD00"), IsEmpty());
@@ -93,7 +93,7 @@ TEST(Recording, NamesTheFileByTagOrFrequencyAndTime) {
 
 TEST(Recording, TellsAFailureOnceAndLetsThePollGoOn) {
   test::Bc895Rig rig;
-  rig.form.chkRecord.setValue(true);
+  rig.form.recording.chkRecord.setValue(true);
   rig.media.error = "No sound";
   tickWith(rig, "155.1150", "MD00");
   rig.dialogs.whileOpen = [&] {
@@ -104,7 +104,7 @@ TEST(Recording, TellsAFailureOnceAndLetsThePollGoOn) {
   };
   EXPECT_EQ(tickWith(rig, "Scanning", "MD00"), kStops);
   EXPECT_THAT(rig.dialogs.boxes, ElementsAre(Box{"No sound", "Audio Record Error Occurred", 48}));
-  EXPECT_FALSE(rig.form.chkRecord.value());
+  EXPECT_FALSE(rig.form.recording.chkRecord.value());
   EXPECT_THAT(tickWith(rig, "155.1150", "MD00"), IsEmpty());
 }
 

@@ -29,7 +29,7 @@ struct Searches : test::World {
   }
   std::string choose(int index, Answer answer) {
     dialogs.answers.push_back(answer);
-    form.List3.userClick(index);
+    form.customSearch.saved.List3.userClick(index);
     return radio.takeLog();
   }
 };
@@ -38,19 +38,21 @@ template <class Form>
 void choosesSearches(const char* modelKey, const std::string& afterNo) {
   Searches<Form> searches(modelKey);
   auto& form = searches.form;
-  EXPECT_THAT(form.List3.items(), ElementsAre("Police", "Low", "Wide"));
+  EXPECT_THAT(form.customSearch.saved.List3.items(), ElementsAre("Police", "Low", "Wide"));
   EXPECT_EQ(searches.choose(0, Answer::Yes), "KEY00; MD; LL08510125; LU08699875; KEY09");
-  EXPECT_EQ(form.LLimit.text() + "-" + form.Ulimit.text(), "851.0125-869.9875");
+  EXPECT_EQ(form.customSearch.LLimit.text() + "-" + form.customSearch.Ulimit.text(),
+            "851.0125-869.9875");
   EXPECT_EQ(form.panel.mode.caption(), "MD02");
   // The third line has the id of the second place, and limits beyond the radio's range.
   EXPECT_EQ(searches.choose(1, Answer::No), "KEY00; MD; LL00200000; LU13000000" + afterNo);
-  EXPECT_EQ(form.LLimit.text() + "-" + form.Ulimit.text(), "20-1300");
+  EXPECT_EQ(form.customSearch.LLimit.text() + "-" + form.customSearch.Ulimit.text(), "20-1300");
   EXPECT_EQ(searches.choose(2, Answer::No), "KEY00; MD" + afterNo);
   EXPECT_THAT(searches.dialogs.takeBoxes(), ElementsAre(kQuestion, kQuestion, kQuestion));
 
   int selections = 0;
-  const auto connection = form.LLimit.selectAllRequested.connect([&] { ++selections; });
-  form.LLimit.userFocus();
+  const auto connection =
+      form.customSearch.LLimit.selectAllRequested.connect([&] { ++selections; });
+  form.customSearch.LLimit.userFocus();
   EXPECT_EQ(selections, 1);
 
   searches.store.files.erase("/program/Searchlist.txt");
@@ -69,25 +71,25 @@ TEST(SearchChoice, PopsUpOverASelectedSearch) {
   Searches<shell::Form4> searches("BC895");
   auto& form = searches.form;
   int shown = 0;
-  const auto connection = form.mnuSearchlist.shown.connect([&] { ++shown; });
-  form.List3.userRightPress();
+  const auto connection = form.customSearch.mnuSearchlist.shown.connect([&] { ++shown; });
+  form.customSearch.saved.List3.userRightPress();
   EXPECT_EQ(shown, 0);
   EXPECT_EQ(searches.dialogs.beeps, 1);
-  form.List3.setListIndex(0);
-  form.List3.userRightPress();
+  form.customSearch.saved.List3.setListIndex(0);
+  form.customSearch.saved.List3.userRightPress();
   EXPECT_EQ(shown, 1);
   EXPECT_EQ(searches.dialogs.beeps, 1);
-  EXPECT_EQ(form.mnuSearchlist.mnuSLSearch.caption, "&Search Police");
-  EXPECT_EQ(form.mnuSearchlist.mnuSLDelete.caption, "&Delete Search");
+  EXPECT_EQ(form.customSearch.mnuSearchlist.mnuSLSearch.caption, "&Search Police");
+  EXPECT_EQ(form.customSearch.mnuSearchlist.mnuSLDelete.caption, "&Delete Search");
 
   searches.dialogs.answers = {Answer::Yes, Answer::Yes};
-  form.mnuSearchlist.mnuSLSearch.onClick();
+  form.customSearch.mnuSearchlist.mnuSLSearch.onClick();
   EXPECT_EQ(searches.radio.takeLog(), "KEY00; MD; LL08510125; LU08699875; KEY09");
-  form.mnuSearchlist.mnuSLDelete.onClick();
-  EXPECT_THAT(form.List3.items(), ElementsAre("Low", "Wide"));
+  form.customSearch.mnuSearchlist.mnuSLDelete.onClick();
+  EXPECT_THAT(form.customSearch.saved.List3.items(), ElementsAre("Low", "Wide"));
   searches.dialogs.lines = {"Mine"};
-  form.Command4.userClick();
-  EXPECT_THAT(form.List3.items(), ElementsAre("Low", "Wide", "Mine"));
+  form.customSearch.Command4.userClick();
+  EXPECT_THAT(form.customSearch.saved.List3.items(), ElementsAre("Low", "Wide", "Mine"));
 }
 
 TEST(SearchChoice, FormsPassKeysOnAndShowTheLockouts) {

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "platform/convert.h"
 #include "support/world.h"
 
 namespace tarnvex::search {
@@ -30,13 +31,12 @@ std::string many(int count) {
 
 /// One radio's list over its own controls; a second one may share the world.
 struct Lists {
-  platform::ListBox List3{"List3"};
-  platform::TextBox LLimit{"LLimit"};
-  platform::TextBox Ulimit{"Ulimit"};
   SearchList list;
+  platform::ListBox& List3 = list.List3;
 
   Lists(test::World& world, const link::RadioModel& model)
-      : list(model, {List3, LLimit, Ulimit}, {world.files, world.dialogs, "/program"}) {}
+
+      : list(model, {world.files, world.dialogs, "/program"}) {}
 };
 
 struct SearchListTest : testing::Test, test::World {
@@ -46,10 +46,8 @@ struct SearchListTest : testing::Test, test::World {
 
   void save(Lists& lists, const std::string& lower, const std::string& upper,
             const std::string& name) {
-    lists.LLimit.setText(lower);
-    lists.Ulimit.setText(upper);
     dialogs.lines.push_back(name);
-    lists.list.append();
+    lists.list.append(platform::toReal(lower), platform::toReal(upper));
   }
   void remove(Lists& lists, int index, Answer answer = Answer::Yes) {
     lists.List3.setListIndex(index);
@@ -175,14 +173,13 @@ TEST_F(SearchListTest, FindsTheFileInAnySpelling) {
   } disk;
   disk.files["/SEARCHLIST.TXT"] = kThree;
   platform::SequentialFiles onDisk(disk);
-  SearchList list(link::bc245Model(), {bc245.List3, bc245.LLimit, bc245.Ulimit},
-                  {onDisk, dialogs, ""});
+  SearchList list(link::bc245Model(), {onDisk, dialogs, ""});
   dialogs.lines = {"New"};
-  list.append();
-  bc245.List3.setListIndex(0);
+  list.append(30, 40);
+  list.List3.setListIndex(0);
   dialogs.answers = {Answer::Yes};
   list.removeSelected();
-  EXPECT_THAT(bc245.List3.items(), ElementsAre("Low", "Air", "New"));
+  EXPECT_THAT(list.List3.items(), ElementsAre("Low", "Air", "New"));
   EXPECT_EQ(disk.files.size(), 1U);
 }
 

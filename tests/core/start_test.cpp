@@ -91,13 +91,15 @@ TEST_F(StartTest, FirstStartWritesNothing) {
   const Form4& form = *windows.form4;
   EXPECT_THAT(settings.saved, IsEmpty());
   EXPECT_THAT(dialogs.boxes, IsEmpty());
-  EXPECT_TRUE(form.Option1.value() && form.chkKeyBeep.value() && form.Scantimer.enabled());
-  EXPECT_FALSE(form.chkRecord.value() || form.chkSkip.value() || form.Timer1.enabled());
-  EXPECT_TRUE(std::ranges::none_of(form.MSBank, &platform::CheckBox::value));
+  EXPECT_TRUE(form.linkControls.Option1.value() && form.keyBeep.chkKeyBeep.value() &&
+              form.Scantimer.enabled());
+  EXPECT_FALSE(form.recording.chkRecord.value() || form.hitLists.chkSkip.value() ||
+               form.multiscan.timer.enabled());
+  EXPECT_TRUE(std::ranges::none_of(form.multiscan.MSBank, &platform::CheckBox::value));
   EXPECT_EQ(form.panel.Label1.backColor(), 8454143U);
   EXPECT_EQ(form.window.caption(), "Tarnvex - Untitled");
-  EXPECT_EQ(form.Combo4.text(), "9600");
-  EXPECT_EQ(form.Combo1.text() + form.Combo2.text() + form.Combo3.text(), "AAA");
+  EXPECT_EQ(form.linkControls.baudBox.text(), "9600");
+  EXPECT_EQ(form.trunkBank.text() + form.Combo2.text() + form.Combo3.text(), "AAA");
   EXPECT_EQ(form.SSTab1.tab(), 2);
   EXPECT_EQ(form.panel.Frequency.caption(), "Initializing");
 }
@@ -107,9 +109,10 @@ TEST_F(StartTest, FirstStartOfTheHandHeldWritesNothing) {
   const Form2& form = *windows.form2;
   EXPECT_THAT(settings.saved, IsEmpty());
   EXPECT_THAT(dialogs.boxes, IsEmpty());
-  EXPECT_TRUE(form.Option1.value() && form.chkKeyBeep.value() && form.Scantimer.enabled());
-  EXPECT_EQ(form.Combo1.text(), "9600");
-  EXPECT_EQ(form.Combo2.text() + form.Combo3.text() + form.Combo4.text(), "111");
+  EXPECT_TRUE(form.linkControls.Option1.value() && form.keyBeep.chkKeyBeep.value() &&
+              form.Scantimer.enabled());
+  EXPECT_EQ(form.linkControls.baudBox.text(), "9600");
+  EXPECT_EQ(form.Combo2.text() + form.Combo3.text() + form.trunkBank.text(), "111");
   EXPECT_EQ(form.SSTab1.tab(), 2);
   EXPECT_EQ(form.panel.Frequency.caption(), "888.8888");
 }
@@ -133,7 +136,7 @@ TEST_F(StartTest, ReadsEachRateAsTheWindowKnowsIt) {
       form = std::make_unique<Form2>(world.services, world.outside());
     }
     form->load();
-    EXPECT_EQ((bc895 ? form->Combo4 : form->Combo1).text(), shown);
+    EXPECT_EQ(form->linkControls.baudBox.text(), shown);
     EXPECT_EQ(form->MSComm1->settings(), std::string(rate) + ",n,8,1");
     EXPECT_THAT(world.settings.saved, IsEmpty());
     EXPECT_THAT(world.dialogs.boxes, IsEmpty());
@@ -156,8 +159,9 @@ TEST_F(StartTest, AsksForTheRateOnAnyOtherPortThanTheFirst) {
                                            "open COM 3 at 4800,n,8,1; TEST"
                                          : "open COM 3 at 9600,n,8,1");
     EXPECT_EQ(form.MSComm1->settings(), "4800,n,8,1");
-    EXPECT_EQ(form.Combo4.text(), "4800");
-    EXPECT_TRUE(form.Option3.value() && form.Scantimer.enabled() && form.MSComm1->portOpen());
+    EXPECT_EQ(form.linkControls.baudBox.text(), "4800");
+    EXPECT_TRUE(form.linkControls.Option3.value() && form.Scantimer.enabled() &&
+                form.MSComm1->portOpen());
     EXPECT_EQ(world.settings.saved.front(), (SavedSetting{"Options", "COM", "3"}));
     EXPECT_EQ(world.settings.saved.size(), yes ? 2U : 1U);
   }
@@ -178,7 +182,7 @@ TEST_F(StartTest, PassesOverPortsThatAreNoneAndReportsARefusedOneIfItsOptionWasC
     }
     Form4 form(world.services, world.outside());
     form.load();
-    EXPECT_EQ(form.Option1.value(), com != "2") << "chosen as the window is made";
+    EXPECT_EQ(form.linkControls.Option1.value(), com != "2") << "chosen as the window is made";
     EXPECT_TRUE(form.Scantimer.enabled());
     EXPECT_EQ(form.MSComm1->portOpen(), !refused);
     EXPECT_THAT(world.settings.saved, IsEmpty());
@@ -201,13 +205,13 @@ TEST_F(StartTest, TakesTheStoredBoxesAndSkipsNonsense) {
                              {{"Multiscan", "13"}, bank}};
     Form4 form(world.services, world.outside());
     form.load();
-    EXPECT_EQ(form.chkKeyBeep.value(), beeps);
+    EXPECT_EQ(form.keyBeep.chkKeyBeep.value(), beeps);
     EXPECT_EQ(form.panel.Label1.backColor(), back);
     for (int i = 0; i < 20; ++i) {
-      EXPECT_EQ(form.MSBank[static_cast<std::size_t>(i)].value(), ticked && i == 13);
+      EXPECT_EQ(form.multiscan.MSBank[static_cast<std::size_t>(i)].value(), ticked && i == 13);
     }
-    EXPECT_EQ(form.Option5.enabled(), ticked);
-    EXPECT_FALSE(form.Timer1.enabled());
+    EXPECT_EQ(form.multiscan.Option5.enabled(), ticked);
+    EXPECT_FALSE(form.multiscan.timer.enabled());
   }
 }
 

@@ -111,7 +111,7 @@ class StrayRig : public Rig {
 template <class Rig>
 std::string hits(const Rig& rig) {
   std::string all;
-  for (const auto* list : {&rig.form.List1, &rig.form.List2}) {
+  for (const auto* list : {&rig.form.hitLists.List1, &rig.form.hitLists.List2}) {
     for (const auto& line : list->items()) {
       all += line + "|";
     }

@@ -122,7 +122,7 @@ TEST_F(SwitchTest, ShowsItsNoticeOnASilentAndClosedLine) {
     if (call == "closeMain") {
       EXPECT_TRUE(seen) << "pending events have run";
       EXPECT_TRUE(old->Scantimer.running()) << "the old window lives until its tick has returned";
-      old->Command3.userClick();
+      old->linkControls.Command3.userClick();
       EXPECT_FALSE(old->MSComm1->portOpen());
     }
   };
@@ -149,7 +149,7 @@ TEST_F(SwitchTest, KeepsPortAndBeepAndTakesTheOtherRadiosRate) {
   exchange();
   tick();
   EXPECT_EQ(windows.form2->MSComm1->settings(), "19200,n,8,1");
-  EXPECT_FALSE(windows.form2->chkKeyBeep.value());
+  EXPECT_FALSE(windows.form2->keyBeep.chkKeyBeep.value());
 }
 
 TEST_F(SwitchTest, StaysWithASilentRadio) {

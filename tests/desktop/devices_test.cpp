@@ -5,8 +5,8 @@
 #include "desktop/ports/device_watcher.h"
 #include "desktop/report.h"
 #include "desktop/window_fixture.h"
-#include "support/fake_loop.h"
 #include "desktop/windows/com_option.h"
+#include "support/fake_loop.h"
 
 namespace tarnvex::test {
 namespace {

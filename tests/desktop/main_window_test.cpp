@@ -42,17 +42,14 @@ TEST_F(Bc895Window, OpensOnOptionsWithItsTabsAndMenus) {
 }
 
 TEST_F(Bc895Window, ShowsAndPassesOnEverySwitch) {
-  std::vector<std::pair<QString, platform::CheckBox*>> boxes = {{"chkKeyBeep", &form.chkKeyBeep},
-                                                                {"chkRecord", &form.chkRecord},
-                                                                {"Check6", &form.Check6},
-                                                                {"chkSkip", &form.chkSkip}};
-  for (int i = 0; i < 20; ++i) {
-    boxes.emplace_back(QStringLiteral("MSBank(%1)").arg(i),
-                       &form.MSBank[static_cast<std::size_t>(i)]);
+  std::vector<platform::CheckBox*> boxes = {&form.keyBeep.chkKeyBeep, &form.recording.chkRecord,
+                                            &form.Check6, &form.hitLists.chkSkip};
+  for (auto& box : form.multiscan.MSBank) {
+    boxes.push_back(&box);
   }
-  for (const auto& [name, model] : boxes) {
-    SCOPED_TRACE(name.toStdString());
-    auto& widget = find<QCheckBox>(name);
+  for (platform::CheckBox* model : boxes) {
+    SCOPED_TRACE(model->name());
+    auto& widget = find<QCheckBox>(*model);
     EXPECT_TRUE(!widget.text().isEmpty() || !widget.accessibleName().isEmpty());
     const bool before = model->value();
     EXPECT_EQ(widget.isChecked(), before);
@@ -62,7 +59,7 @@ TEST_F(Bc895Window, ShowsAndPassesOnEverySwitch) {
     model->setValue(before);
     EXPECT_EQ(widget.isChecked(), before);
     // A click while the core is busy waits at the gate.
-    gate.enter([&, model = model] {
+    gate.enter([&, model] {
       widget.click();
       EXPECT_EQ(model->value(), before);
     });
@@ -73,14 +70,11 @@ TEST_F(Bc895Window, ShowsAndPassesOnEverySwitch) {
 }
 
 TEST_F(Bc895Window, ShowsAndPassesOnEveryChoice) {
-  const std::vector<std::pair<QString, platform::ComboBox*>> combos = {{"Combo1", &form.Combo1},
-                                                                       {"Combo2", &form.Combo2},
-                                                                       {"Combo3", &form.Combo3},
-                                                                       {"Combo4", &form.Combo4}};
   form.Scantimer.setEnabled(false);
-  for (const auto& [name, model] : combos) {
-    SCOPED_TRACE(name.toStdString());
-    auto& widget = find<QComboBox>(name);
+  for (platform::ComboBox* model :
+       {&form.trunkBank, &form.Combo2, &form.Combo3, &form.linkControls.baudBox}) {
+    SCOPED_TRACE(model->name());
+    auto& widget = find<QComboBox>(*model);
     ASSERT_EQ(widget.count(), static_cast<int>(model->items().size()));
     EXPECT_EQ(widget.currentText().toStdString(), model->text());
     model->setListIndex(0);
@@ -88,20 +82,21 @@ TEST_F(Bc895Window, ShowsAndPassesOnEveryChoice) {
     QTest::keyClick(&widget, Qt::Key_Down);
     EXPECT_EQ(model->listIndex(), 1);
   }
-  const std::vector<std::pair<QString, platform::OptionButton*>> options = {
-      {"Option2", &form.Option2}, {"Option3", &form.Option3}, {"Option4", &form.Option4},
-      {"Option1", &form.Option1}, {"Option5", &form.Option5}, {"Option6", &form.Option6}};
-  form.MSBank[0].setValue(true);
-  for (const auto& [name, model] : options) {
-    SCOPED_TRACE(name.toStdString());
-    auto& widget = find<QRadioButton>(name);
+  auto& links = form.linkControls;
+  const std::vector<platform::OptionButton*> options = {
+      &links.Option2, &links.Option3,          &links.Option4,
+      &links.Option1, &form.multiscan.Option5, &form.multiscan.Option6};
+  form.multiscan.MSBank[0].setValue(true);
+  for (platform::OptionButton* model : options) {
+    SCOPED_TRACE(model->name());
+    auto& widget = find<QRadioButton>(*model);
     EXPECT_EQ(widget.text().toStdString(), model->caption());
     widget.click();
-    for (const auto& [otherName, other] : options) {
-      EXPECT_EQ(find<QRadioButton>(otherName).isChecked(), other->value());
+    for (platform::OptionButton* other : options) {
+      EXPECT_EQ(find<QRadioButton>(*other).isChecked(), other->value());
     }
     EXPECT_TRUE(model->value());
-    if (model == &form.Option4) {
+    if (model == &links.Option4) {
       EXPECT_EQ(form.MSComm1->commPort(), 4);
     }
   }
@@ -114,46 +109,45 @@ TEST_F(Bc895Window, ConnectsAndKeepsHitListsAndLimits) {
   EXPECT_TRUE(form.MSComm1->portOpen() && form.Scantimer.enabled());
 
   openTab(3);
-  const std::vector<std::tuple<QString, platform::ListBox*, QString>> lists = {
-      {"List1", &form.List1, "Command1"}, {"List2", &form.List2, "Command2"}};
-  for (const auto& [name, model, clear] : lists) {
-    auto& widget = find<QListWidget>(name);
+  for (const auto& [model, clear] : {std::pair{&form.hitLists.List1, &form.hitLists.Command1},
+                                     std::pair{&form.hitLists.List2, &form.hitLists.Command2}}) {
+    auto& widget = find<QListWidget>(*model);
     model->add("155.1150 one");
     model->add("two");
     model->replace(1, "3");
     ASSERT_EQ(widget.count(), 2);
     EXPECT_EQ(widget.item(1)->text(), "3");
-    find<QPushButton>(clear).click();
+    find<QPushButton>(*clear).click();
     EXPECT_EQ(widget.count(), 0);
     EXPECT_EQ(model->count(), 0);
   }
-  form.List1.add("155.1150 one");
+  form.hitLists.List1.add("155.1150 one");
   auto& hits = find<QListWidget>("List1");
   QTest::mouseClick(hits.viewport(), Qt::LeftButton, {},
                     hits.visualItemRect(hits.item(0)).center());
   EXPECT_EQ(form.MSFlexGrid1.textMatrix(1, 1), "155.1150");
   // By keyboard: an arrow only chooses the line, the blank clicks it.
-  form.List1.add("151.6250 two");
+  form.hitLists.List1.add("151.6250 two");
   form.MSFlexGrid1.userMoveTo(5, 1);
   openTab(3);
   hits.setFocus();
   QTest::keyClick(&hits, Qt::Key_Down);
-  EXPECT_EQ(form.List1.text(), "151.6250 two");
+  EXPECT_EQ(form.hitLists.List1.text(), "151.6250 two");
   EXPECT_NE(form.MSFlexGrid1.textMatrix(5, 1), "151.6250");
   QTest::keyClick(&hits, Qt::Key_Space);
   EXPECT_EQ(form.MSFlexGrid1.textMatrix(5, 1), "151.6250");
-  form.List1.clear();
-  form.List1.add("155.1150 one");
+  form.hitLists.List1.clear();
+  form.hitLists.List1.add("155.1150 one");
   EXPECT_TRUE(hits.selectedItems().isEmpty());
 
   openTab(2);
   auto& limit = find<QLineEdit>("LLimit");
-  form.LLimit.setText("29.0");
+  form.customSearch.LLimit.setText("29.0");
   EXPECT_EQ(limit.text(), "29.0");
   limit.setFocus();
   limit.selectAll();
   QTest::keyClicks(&limit, "15x1.5");
-  EXPECT_EQ(form.LLimit.text(), "151.5");
+  EXPECT_EQ(form.customSearch.LLimit.text(), "151.5");
   EXPECT_EQ(limit.text(), "151.5");
   EXPECT_EQ(dialogs.beeps, 1);
   radio.log.clear();

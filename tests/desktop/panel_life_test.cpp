@@ -66,7 +66,7 @@ TEST_F(PanelLife, FollowsTheRadioThroughItsModes) {
       {"the held ID speaks", all({"Frequency: 001616", "Alpha: Police north"}), tune("MD00")},
       {"scanning again", all({"Frequency: Scanning", "Scan: SCAN"}, {"Hold: HOLD"}),
        [this] {
-         EXPECT_GE(rig.form()->List2.count(), 1) << "the found ID is a hit";
+         EXPECT_GE(rig.form()->hitLists.List2.count(), 1) << "the found ID is a hit";
          auto* drawn = rig.program.windows.mainWindow()->findChild<desktop::RadioPanel*>("panel");
          ASSERT_NE(drawn, nullptr);
          EXPECT_TRUE(drawn->displayText().contains("Scanning"));

@@ -44,9 +44,9 @@ TEST_F(Bc245Window, HidesTheColumnsOfTheOtherRadio) {
   for (int column = 0; column < 8; ++column) {
     EXPECT_EQ(stations.isColumnHidden(column), column == 5 || column == 6) << column;
   }
-  for (const auto& [name, model] :
-       {std::pair{"Combo1", &form.Combo1}, std::pair{"Combo4", &form.Combo4}}) {
-    EXPECT_EQ(find<QComboBox>(name).count(), static_cast<int>(model->items().size())) << name;
+  for (platform::ComboBox* model : {&form.linkControls.baudBox, &form.trunkBank}) {
+    EXPECT_EQ(find<QComboBox>(*model).count(), static_cast<int>(model->items().size()))
+        << model->name();
   }
 }
 

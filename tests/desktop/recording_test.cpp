@@ -79,7 +79,7 @@ TEST(Recordings, AreReportedOnceWhereThereIsNoSound) {
       {"the poll goes on behind it", rig.polled(), [&] { rig.press(QMessageBox::Ok); }},
       {"no more", [&] { return rig.box() == nullptr; },
        [&] {
-         EXPECT_FALSE(rig.form()->chkRecord.value());
+         EXPECT_FALSE(rig.form()->recording.chkRecord.value());
          rig.radio.say("reception 1 2");
        }},
       {"a reception", rig.panelShows("Frequency: 155.1150")},

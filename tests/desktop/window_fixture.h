@@ -83,6 +83,11 @@ class WindowTest : public testing::Test, protected Below {
     }
     return *found.front();
   }
+  /// The widget of a control.
+  template <class Widget>
+  Widget& find(const platform::Control& control) {
+    return find<Widget>(QString::fromStdString(control.name()));
+  }
   void openTab(int tab) { find<QTabWidget>("SSTab1").setCurrentIndex(tab); }
 
   Form form{services, outside};

@@ -44,10 +44,10 @@ MainWindow::MainWindow(shell::Form4& form, platform::EventGate& gate, DeviceSlot
   panelBinding_->follow(form.linkState);
   // A wide set stands above the pages.
   place(panel, QBoxLayout::TopToBottom);
-  addPages(form.Combo1, makeOptionsPage({{makeLinkFrame(form, form.Combo4, devices, binder_)},
-                                         {makeMultiscanFrame(form, binder_)},
-                                         {makeSwitchesFrame(form, binder_, true)},
-                                         {makeLimitsFrame(form, binder_)}}));
+  addPages(makeOptionsPage({{makeLinkFrame(form.linkControls, form.linkState, devices, binder_)},
+                            {makeMultiscanFrame(form.multiscan, binder_)},
+                            {makeSwitchesFrame(form, binder_, true)},
+                            {makeSearchFrame(form.customSearch, binder_)}}));
   addProgress(form.idTransfer.progress);
   // All pages fit without scrolling at a usual font size.
   const QFontMetrics metrics(font());
@@ -65,18 +65,18 @@ MainWindow::MainWindow(shell::Form2& form, platform::EventGate& gate, DeviceSlot
   addCommand(trunkedMenu_, "mnuCustom", tr("&Custom Fleet Map..."), [&form] { form.mnuCustom(); });
   // An upright hand-held stands beside them.
   place(panel, QBoxLayout::LeftToRight);
-  addPages(form.Combo4,
-           makeOptionsPage({{makeLinkFrame(form, form.Combo1, devices, binder_),
-                             makeSwitchesFrame(form, binder_, false)},
-                            {makeSpeedFrame(form, binder_), makeLimitsFrame(form, binder_)},
-                            {makeReceiverFrame(form, binder_)}}));
+  addPages(makeOptionsPage(
+      {{makeLinkFrame(form.linkControls, form.linkState, devices, binder_),
+        makeSwitchesFrame(form, binder_, false)},
+       {makeSpeedFrame(form.speed, binder_), makeSearchFrame(form.customSearch, binder_)},
+       {makeReceiverFrame(form.receiver, binder_)}}));
   const QFontMetrics metrics(font());
   resize(metrics.averageCharWidth() * 168, metrics.height() * 40);
 }
 
-void MainWindow::addPages(platform::ComboBox& trunkBank, QWidget* options) {
+void MainWindow::addPages(QWidget* options) {
   tabs_->addTab(makeStationPage(form_, binder_), tr("Station Program"));
-  tabs_->addTab(makeTrunkedPage(form_, trunkBank, binder_), tr("Trunked Data"));
+  tabs_->addTab(makeTrunkedPage(form_, binder_), tr("Trunked Data"));
   tabs_->addTab(options, tr("Options"));
   tabs_->addTab(makeSearchPage(form_, binder_), tr("Search Results"));
   showTab();

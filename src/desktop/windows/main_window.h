@@ -45,8 +45,7 @@ class MainWindow : public QMainWindow {
                       platform::EventGate::Handler command);
   void copyReport();
   void place(RadioPanel* panel, QBoxLayout::Direction direction);
-  /// `trunkBank` is the box that picks the bank of the talkgroup table.
-  void addPages(platform::ComboBox& trunkBank, QWidget* options);
+  void addPages(QWidget* options);
   void showTab();
   /// Progress of work that has no dialog of its own, at the end of the menu bar, where it moves
   /// nothing.

@@ -15,13 +15,12 @@ namespace tarnvex::desktop {
 namespace {
 
 /// A row of bank boxes under their column headings.
-template <std::size_t N>
-void addBankRow(QGridLayout* grid, int row, const QString& caption,
-                std::array<platform::CheckBox, N>& boxes, int first, Binder& binder) {
+void addBankRow(QGridLayout* grid, int row, const QString& caption, monitor::BankRotation& rotation,
+                int first, Binder& binder) {
   grid->addWidget(new QLabel(caption), row, 0);
   for (int bank = 0; bank < 10; ++bank) {
     auto* box = new QCheckBox;
-    binder.bind(box, boxes[static_cast<std::size_t>(first + bank)]);
+    binder.bind(box, rotation.MSBank[static_cast<std::size_t>(first + bank)]);
     const auto* heading = static_cast<QLabel*>(grid->itemAtPosition(0, bank + 1)->widget());
     box->setAccessibleName(caption + QLatin1Char(' ') + heading->text());
     grid->addWidget(box, row, bank + 1, Qt::AlignHCenter);
@@ -29,8 +28,8 @@ void addBankRow(QGridLayout* grid, int row, const QString& caption,
 }
 
 /// A frame that is switched on and off, with room for rows of banks under these headings.
-QGridLayout* addBankFrame(QGroupBox* frame, shell::MainForm& form, const QStringList& banks,
-                          Binder& binder) {
+QGridLayout* addBankFrame(QGroupBox* frame, monitor::BankRotation& rotation,
+                          const QStringList& banks, Binder& binder) {
   frame->setObjectName(QStringLiteral("Frame2"));
   auto* grid = new QGridLayout;
   // Ten columns beside the hand-held have to go on a small screen.
@@ -40,8 +39,8 @@ QGridLayout* addBankFrame(QGroupBox* frame, shell::MainForm& form, const QString
   }
   auto* on = new QRadioButton;
   auto* off = new QRadioButton;
-  binder.bind(on, form.Option5);
-  binder.bind(off, form.Option6);
+  binder.bind(on, rotation.Option5);
+  binder.bind(off, rotation.Option6);
   auto* switches = new QHBoxLayout;
   switches->addWidget(on);
   switches->addWidget(off);
@@ -86,35 +85,33 @@ void bindSearchMenu(QListWidget* list, search::SearchlistMenu& model, Binder& bi
 
 /// The state of the line in words. It keeps the room of two lines, so that nothing moves when the
 /// text changes.
-QLabel* makeLinkState(shell::MainForm& form, Binder& binder) {
+QLabel* makeLinkState(link::LinkState& state, Binder& binder) {
   auto* label = new QLabel;
   label->setObjectName(QStringLiteral("LinkState"));
   label->setAccessibleName(QObject::tr("Link state"));
   label->setWordWrap(true);
   label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   label->setMinimumHeight(label->fontMetrics().lineSpacing() * 2);
-  const auto show = [label, &state = form.linkState] {
+  const auto show = [label, &state] {
     label->setText(toScreen(state.text()));
     label->setToolTip(label->text());
     label->setAccessibleDescription(label->text());
   };
   show();
-  binder.keep(form.linkState.changed.connect(show));
+  binder.keep(state.changed.connect(show));
   return label;
 }
 
 }  // namespace
 
-QWidget* makeLinkFrame(shell::MainForm& form, platform::ComboBox& baudBox, DeviceSlots& devices,
+QWidget* makeLinkFrame(link::LinkControls& controls, link::LinkState& state, DeviceSlots& devices,
                        Binder& binder) {
   auto* frame = new QGroupBox(QObject::tr("COM Port"));
   auto* grid = new QGridLayout(frame);
   QVector<ComOption*> comOptions;
-  const std::array<platform::OptionButton*, DeviceSlots::kSlots> options = {
-      &form.Option1, &form.Option2, &form.Option3, &form.Option4};
   for (int slot = 1; slot <= DeviceSlots::kSlots; ++slot) {
     auto* option =
-        new ComOption(slot, *options[static_cast<std::size_t>(slot - 1)], devices, binder);
+        new ComOption(slot, *controls.options[static_cast<std::size_t>(slot - 1)], devices, binder);
     grid->addWidget(option, slot - 1, 0);
     grid->addWidget(option->deviceBox(), slot - 1, 1);
     comOptions.push_back(option);
@@ -126,15 +123,15 @@ QWidget* makeLinkFrame(shell::MainForm& form, platform::ComboBox& baudBox, Devic
   };
   new DeviceWatcher({QStringLiteral("/dev"), QStringLiteral("/dev/serial/by-id")}, follow, frame);
   auto* baud = new QComboBox;
-  binder.bind(baud, baudBox);
+  binder.bind(baud, controls.baudBox);
   auto* caption = new QLabel(QObject::tr("Baud Rate"));
   caption->setBuddy(baud);
   auto* connectButton = new QPushButton;
-  binder.bind(connectButton, form.Command3, Binder::Urgency::Leaving);
+  binder.bind(connectButton, controls.Command3, Binder::Urgency::Leaving);
   grid->addWidget(caption, 4, 0);
   grid->addWidget(baud, 4, 1);
   grid->addWidget(connectButton, 5, 0, 1, 2);
-  grid->addWidget(makeLinkState(form, binder), 6, 0, 1, 2);
+  grid->addWidget(makeLinkState(state, binder), 6, 0, 1, 2);
   grid->setColumnStretch(1, 1);
   grid->setRowStretch(7, 1);
   return frame;
@@ -143,45 +140,45 @@ QWidget* makeLinkFrame(shell::MainForm& form, platform::ComboBox& baudBox, Devic
 QWidget* makeSwitchesFrame(shell::MainForm& form, Binder& binder, bool muteToo) {
   auto* frame = new QGroupBox(QObject::tr("Sound"));
   auto* column = new QVBoxLayout(frame);
-  addCheckBoxes(column, {&form.chkKeyBeep}, binder);
+  addCheckBoxes(column, {&form.keyBeep.chkKeyBeep}, binder);
   if (muteToo) {
     addCheckBoxes(column, {&form.Check6}, binder);
   }
-  addCheckBoxes(column, {&form.chkRecord}, binder);
+  addCheckBoxes(column, {&form.recording.chkRecord}, binder);
   column->addStretch();
   return frame;
 }
 
-QWidget* makeMultiscanFrame(shell::Form4& form, Binder& binder) {
+QWidget* makeMultiscanFrame(monitor::Multiscan& multiscan, Binder& binder) {
   auto* frame = new QGroupBox(QObject::tr("Multiscan"));
   auto* grid =
-      addBankFrame(frame, form, {"A", "B", "C", "D", "E", "F", "G", "H", "I", "J"}, binder);
-  addBankRow(grid, 1, QObject::tr("Conventional:"), form.MSBank, 0, binder);
-  addBankRow(grid, 2, QObject::tr("Trunked:"), form.MSBank, 10, binder);
+      addBankFrame(frame, multiscan, {"A", "B", "C", "D", "E", "F", "G", "H", "I", "J"}, binder);
+  addBankRow(grid, 1, QObject::tr("Conventional:"), multiscan, 0, binder);
+  addBankRow(grid, 2, QObject::tr("Trunked:"), multiscan, 10, binder);
   return frame;
 }
 
-QWidget* makeSpeedFrame(shell::Form2& form, Binder& binder) {
+QWidget* makeSpeedFrame(monitor::SpeedEnhancement& speed, Binder& binder) {
   auto* frame = new QGroupBox(QObject::tr("Speed Enhancement"));
   auto* grid =
-      addBankFrame(frame, form, {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}, binder);
-  addBankRow(grid, 1, QObject::tr("Banks:"), form.MSBank, 0, binder);
+      addBankFrame(frame, speed, {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}, binder);
+  addBankRow(grid, 1, QObject::tr("Banks:"), speed, 0, binder);
   return frame;
 }
 
-QWidget* makeReceiverFrame(shell::Form2& form, Binder& binder) {
+QWidget* makeReceiverFrame(monitor::ReceiverOptions& options, Binder& binder) {
   auto* frame = new QGroupBox(QObject::tr("BC245XLT Options"));
   frame->setObjectName(QStringLiteral("Frame3"));
   auto* column = new QVBoxLayout(frame);
   addCheckBoxes(column,
-                {&form.Check1, &form.Check2, &form.Check3, &form.Check4, &form.Check5, &form.Check6,
-                 &form.Check7},
+                {&options.Check1, &options.Check2, &options.Check3, &options.Check4,
+                 &options.Check5, &options.Check6, &options.Check7},
                 binder);
-  auto* heading = new QLabel(toScreen(form.Label48.caption()));
-  heading->setObjectName(QString::fromStdString(form.Label48.name()));
+  auto* heading = new QLabel(toScreen(options.Label48.caption()));
+  heading->setObjectName(QString::fromStdString(options.Label48.name()));
   column->addWidget(heading);
   auto* views = new QVBoxLayout;
-  for (platform::OptionButton* model : {&form.Option8, &form.Option7}) {
+  for (platform::OptionButton* model : {&options.Option8, &options.Option7}) {
     auto* option = new QRadioButton;
     binder.bind(option, *model);
     views->addWidget(option);
@@ -191,11 +188,11 @@ QWidget* makeReceiverFrame(shell::Form2& form, Binder& binder) {
   return frame;
 }
 
-QWidget* makeLimitsFrame(shell::MainForm& form, Binder& binder) {
+QWidget* makeSearchFrame(search::CustomSearch& search, Binder& binder) {
   auto* frame = new QGroupBox(QObject::tr("Custom Search"));
   auto* rows = new QFormLayout;
-  const std::array limits = {std::pair{&form.LLimit, QObject::tr("Lower Limit:")},
-                             std::pair{&form.Ulimit, QObject::tr("Upper Limit:")}};
+  const std::array limits = {std::pair{&search.LLimit, QObject::tr("Lower Limit:")},
+                             std::pair{&search.Ulimit, QObject::tr("Upper Limit:")}};
   for (const auto& [model, caption] : limits) {
     auto* box = new QLineEdit;
     binder.bind(box, *model);
@@ -204,12 +201,12 @@ QWidget* makeLimitsFrame(shell::MainForm& form, Binder& binder) {
     rows->addRow(caption, box);
   }
   auto* searches = new QListWidget;
-  binder.bind(searches, form.List3);
+  binder.bind(searches, search.saved.List3);
   searches->setAccessibleName(QObject::tr("Saved searches"));
   searches->setMinimumHeight(searches->fontMetrics().lineSpacing() * 4);
-  bindSearchMenu(searches, form.mnuSearchlist, binder);
+  bindSearchMenu(searches, search.mnuSearchlist, binder);
   auto* save = new QPushButton;
-  binder.bind(save, form.Command4);
+  binder.bind(save, search.Command4);
   auto* column = new QVBoxLayout(frame);
   column->addLayout(rows);
   column->addWidget(searches);

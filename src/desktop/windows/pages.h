@@ -12,20 +12,18 @@
 namespace tarnvex::desktop {
 
 QWidget* makeStationPage(shell::MainForm& form, Binder& binder);
-/// `trunkBank` is the box that picks the bank of the talkgroup table.
-QWidget* makeTrunkedPage(shell::MainForm& form, platform::ComboBox& trunkBank, Binder& binder);
+QWidget* makeTrunkedPage(shell::MainForm& form, Binder& binder);
 QWidget* makeSearchPage(shell::MainForm& form, Binder& binder);
 
 /// The frames of the "Options" page.
-/// `baudBox` is the box of the baud rate.
-QWidget* makeLinkFrame(shell::MainForm& form, platform::ComboBox& baudBox, DeviceSlots& devices,
+QWidget* makeLinkFrame(link::LinkControls& controls, link::LinkState& state, DeviceSlots& devices,
                        Binder& binder);
 /// `muteToo` where the mute isn't among the radio's own options.
 QWidget* makeSwitchesFrame(shell::MainForm& form, Binder& binder, bool muteToo);
-QWidget* makeMultiscanFrame(shell::Form4& form, Binder& binder);
-QWidget* makeSpeedFrame(shell::Form2& form, Binder& binder);
-QWidget* makeReceiverFrame(shell::Form2& form, Binder& binder);
-QWidget* makeLimitsFrame(shell::MainForm& form, Binder& binder);
+QWidget* makeMultiscanFrame(monitor::Multiscan& multiscan, Binder& binder);
+QWidget* makeSpeedFrame(monitor::SpeedEnhancement& speed, Binder& binder);
+QWidget* makeReceiverFrame(monitor::ReceiverOptions& options, Binder& binder);
+QWidget* makeSearchFrame(search::CustomSearch& search, Binder& binder);
 /// Puts frames into columns side by side; scrolls where the room is too small.
 QWidget* makeOptionsPage(const QVector<QVector<QWidget*>>& columns);
 

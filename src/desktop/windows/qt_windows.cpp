@@ -30,13 +30,13 @@ void QtWindows::closeSplash() {
 
 void QtWindows::openMain(shell::Form4& form) {
   drive(form.Scantimer);
-  drive(form.Timer1);
+  drive(form.multiscan.timer);
   present(new MainWindow(form, gate_, devices_, report_));
 }
 
 void QtWindows::openMain(shell::Form2& form) {
   drive(form.Scantimer);
-  drive(form.Timer2);
+  drive(form.speed.timer);
   present(new MainWindow(form, gate_, devices_, report_));
 }
 

@@ -27,10 +27,12 @@ void addHitList(QGridLayout* grid, int column, const QString& caption, platform:
 QWidget* makeSearchPage(shell::MainForm& form, Binder& binder) {
   auto* page = new QWidget;
   auto* grid = new QGridLayout(page);
-  addHitList(grid, 0, QObject::tr("Conventional Search Hits"), form.List1, form.Command1, binder);
-  addHitList(grid, 2, QObject::tr("Trunked Search Hits"), form.List2, form.Command2, binder);
+  addHitList(grid, 0, QObject::tr("Conventional Search Hits"), form.hitLists.List1,
+             form.hitLists.Command1, binder);
+  addHitList(grid, 2, QObject::tr("Trunked Search Hits"), form.hitLists.List2,
+             form.hitLists.Command2, binder);
   auto* skip = new QCheckBox;
-  binder.bind(skip, form.chkSkip);
+  binder.bind(skip, form.hitLists.chkSkip);
   grid->addWidget(skip, 2, 0, 1, 4);
   return page;
 }

@@ -39,9 +39,9 @@ QWidget* makeStationPage(shell::MainForm& form, Binder& binder) {
   return makeTablePage(selectors, table, QObject::tr("Conventional channels"));
 }
 
-QWidget* makeTrunkedPage(shell::MainForm& form, platform::ComboBox& trunkBank, Binder& binder) {
+QWidget* makeTrunkedPage(shell::MainForm& form, Binder& binder) {
   auto* selectors = new QHBoxLayout;
-  addSelector(selectors, QObject::tr("Select Bank:"), trunkBank, binder);
+  addSelector(selectors, QObject::tr("Select Bank:"), form.trunkBank, binder);
   selectors->addSpacing(selectors->spacing() * 2);
   addSelector(selectors, QObject::tr("Scanlist:"), form.Combo2, binder);
   auto* table =

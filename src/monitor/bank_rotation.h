@@ -1,0 +1,62 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string_view>
+
+#include "link/scanner_link.h"
+#include "monitor/panel_state.h"
+#include "platform/settings_store.h"
+#include "platform/stored_check_box.h"
+
+namespace tarnvex::monitor {
+
+/// What Multiscan and Speed Enhancement share: a frame with a box to tick for each bank and a pair
+/// of options that switches a timer on and off. With each tick on a quiet radio the rotation moves
+/// on to the next ticked bank. It knows a quiet radio by the word "Scanning" on the display, so
+/// that a reception holds the radio on the bank that it was found in.
+///
+/// The rotation can't be on while no box is ticked.
+class BankRotation : private platform::NonCopyable {
+ public:
+  /// Ticks the stored boxes.
+  void loadBanks();
+
+  platform::OptionButton Option5{"Option5", "On"};
+  platform::OptionButton Option6{"Option6", "Off", true};
+  std::deque<platform::StoredCheckBox> MSBank;
+  platform::Timer timer;
+
+ protected:
+  struct Outside {
+    PanelBase& panel;
+    link::ScannerLink& link;
+    platform::SharedState& state;
+    platform::SettingsStore& settings;
+  };
+
+  /// `section` is the settings section of the boxes, `step` what a tick on a quiet radio does and
+  /// `bankClicked` what follows when a change of a box has been stored.
+  BankRotation(Outside outside, std::string_view section, int banks, int interval,
+               std::function<void()> step, std::function<void()> bankClicked);
+  ~BankRotation() = default;
+
+  [[nodiscard]] PanelBase& panel() { return outside_.panel; }
+  std::string send(std::string_view command) { return outside_.link.SendCommand(command); }
+  /// The place in the boxes, kept in the shared state.
+  [[nodiscard]] int& cursor() { return outside_.state.BankCursor; }
+  [[nodiscard]] platform::SharedState& state() { return outside_.state; }
+  /// Moves the cursor to the next place, from the last to the first.
+  void moveOn();
+  [[nodiscard]] bool ticked(int bank) const {
+    return MSBank[static_cast<std::size_t>(bank)].value();
+  }
+  [[nodiscard]] bool anyTicked() const;
+  /// Lets the user switch the rotation on if a box is ticked, and switches it off if none is.
+  void followBoxes();
+
+ private:
+  Outside outside_;
+};
+
+}  // namespace tarnvex::monitor
