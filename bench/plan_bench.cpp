@@ -9,7 +9,9 @@
 #include "desktop/ports/qt_common_dialog.h"
 #include "desktop/ports/qt_dialogs.h"
 #include "desktop/ports/qt_event_loop.h"
+#include "desktop/ports/wall_clock.h"
 #include "desktop/windows/plan_table.h"
+#include "files/backup_folder.h"
 #include "files/posix_files.h"
 #include "memory/frequency_file.h"
 #include "support/fake_settings.h"
@@ -80,15 +82,21 @@ class ShownPlan {
   test::FakeSettings settings_;
   files::PosixFiles store_{calls};
   platform::SequentialFiles files_{store_};
+  desktop::WallClock clock_;
+  files::BackupFolder backups_{calls, clock_, folder_.path().toStdString()};
   platform::SharedState state_;
   platform::Window window_{"window", {}};
   platform::TabStrip tabs_{"tabs"};
   platform::Table channels_{"channels", 301, 8};
   platform::Table talkgroups_{"talkgroups", 1001, 4};
   memory::ChannelMemory memory_;
-  memory::FrequencyFile file_{memory_, {files_, *Dlg1_, dialogs_, settings_, window_}};
-  desktop::PlanTable channelView_{channels_, gate_, memory::ChannelRecord::AlphaTag, nullptr};
-  desktop::PlanTable talkgroupView_{talkgroups_, gate_, memory::TalkgroupRecord::AlphaTag, nullptr};
+  memory::FrequencyFile file_{memory_,
+                              {files_, *Dlg1_, dialogs_, settings_, window_, backups_, *Dlg1_}};
+  memory::PlanEditor editor_{memory_};
+  desktop::PlanTable channelView_{channels_, editor_, gate_, memory::ChannelRecord::AlphaTag,
+                                  nullptr};
+  desktop::PlanTable talkgroupView_{talkgroups_, editor_, gate_, memory::TalkgroupRecord::AlphaTag,
+                                    nullptr};
 };
 
 void measure(Table& table, const Radio& radio) {

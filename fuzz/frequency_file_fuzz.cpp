@@ -2,6 +2,7 @@
 #include "memory/frequency_file.h"
 #include "memory/memory_store.h"
 #include "memory/plan_fixture.h"
+#include "support/fake_backups.h"
 #include "support/fake_common_dialog.h"
 #include "support/fake_settings.h"
 
@@ -17,7 +18,8 @@ struct Plan : test::PlanFixture {
   test::FakeCommonDialog dialog;
   test::FakeSettings settings;
   platform::Window window{"window", "Tarnvex"};
-  memory::FrequencyFile file{plan, {files, dialog, dialogs, settings, window}};
+  test::FakeBackups backups;
+  memory::FrequencyFile file{plan, {files, dialog, dialogs, settings, window, backups, dialog}};
 };
 
 /// A double quote within a cell can't be told from the one that ends it.

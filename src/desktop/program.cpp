@@ -19,6 +19,13 @@ Program::Program(const QString& settingsPath, const QString& programFolder,
       portsInUse(otherPorts != nullptr ? *otherPorts : ports, traffic),
       directory(QFile::encodeName(programFolder).toStdString()) {
   initialiseResources();
+  settings.onFailure = [this](const std::string& description) {
+    gate.enter([this, description] {
+      dialogs.messageBox(
+          "The settings could not be saved: " + description + ". They count until Tarnvex ends.",
+          "Settings", platform::kWarning);
+    });
+  };
   QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/tarnvex.svg")));
 }
 

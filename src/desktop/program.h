@@ -12,6 +12,7 @@
 #include "desktop/ports/sound_recorder.h"
 #include "desktop/ports/wall_clock.h"
 #include "desktop/windows/qt_windows.h"
+#include "files/backup_folder.h"
 #include "files/posix_files.h"
 #include "link/traffic_log.h"
 #include "platform/non_copyable.h"
@@ -51,11 +52,12 @@ class Program : private platform::NonCopyable {
   SoundRecorders recorders{loop};
   platform::SequentialFiles files{fileStore};
   WallClock clock;
+  files::BackupFolder backups{fileCalls, clock, directory};
   platform::SharedState state;
   link::ScannerLink link{state, dialogs};
   QtWindows windows{loop, gate, devices, [this] { return report(); }};
   shell::Application application{{state, gate, portsInUse, dialogs, settings, clock, link, files,
-                                  commonDialogs, recorders, directory},
+                                  commonDialogs, backups, recorders, directory},
                                  windows};
 };
 

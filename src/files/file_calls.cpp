@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <string>
 
 namespace tarnvex::files {
 
@@ -33,6 +34,19 @@ ssize_t FileCalls::read(int file, void* bytes, std::size_t size) {
 
 ssize_t FileCalls::write(int file, const void* bytes, std::size_t size) {
   return ::write(file, bytes, size);
+}
+
+ssize_t FileCalls::pwrite(int file, const void* bytes, std::size_t size, off_t place) {
+  return ::pwrite(file, bytes, size, place);
+}
+
+int FileCalls::ftruncate(int file, off_t size) {
+  return ::ftruncate(file, size);
+}
+
+int FileCalls::giveName(int file, const char* path) {
+  const std::string descriptor = "/proc/self/fd/" + std::to_string(file);
+  return ::linkat(AT_FDCWD, descriptor.c_str(), AT_FDCWD, path, AT_SYMLINK_FOLLOW);
 }
 
 int FileCalls::fchown(int file, uid_t owner, gid_t group) {

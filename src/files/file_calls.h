@@ -22,6 +22,10 @@ class FileCalls : private platform::NonCopyable {
   virtual int fstat(int file, struct stat* status);
   virtual ssize_t read(int file, void* bytes, std::size_t size);
   virtual ssize_t write(int file, const void* bytes, std::size_t size);
+  virtual ssize_t pwrite(int file, const void* bytes, std::size_t size, off_t place);
+  virtual int ftruncate(int file, off_t size);
+  /// Gives an opened file without a name this one.
+  virtual int giveName(int file, const char* path);
   virtual int fchown(int file, uid_t owner, gid_t group);
   virtual int fchmod(int file, mode_t mode);
   virtual int fsync(int file);

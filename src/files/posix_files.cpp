@@ -9,12 +9,11 @@
 #include <chrono>
 #include <climits>
 #include <filesystem>
-#include <map>
 #include <system_error>
 #include <utility>
 #include <vector>
 
-#include "platform/non_copyable.h"
+#include "files/writing.h"
 
 namespace tarnvex::files {
 
@@ -29,18 +28,6 @@ constexpr std::string_view kTemporaryStart = ".tarnvex-";
 constexpr std::string_view kTemporaryEnd = ".tmp";
 /// No save takes that long from its last write to the renaming.
 constexpr std::chrono::minutes kStrayAge{1};
-
-std::string describe(int error) {
-  static const std::map<int, const char*> kDescriptions = {
-      {ENOENT, "File not found"},   {ENOTDIR, "Path not found"},     {EACCES, "Permission denied"},
-      {EPERM, "Permission denied"}, {EROFS, "Permission denied"},    {ENOSPC, "Disk full"},
-      {EDQUOT, "Disk full"},        {EIO, "Device I/O error"},       {EMFILE, "Too many files"},
-      {ENFILE, "Too many files"},   {ENAMETOOLONG, "Bad file name"}, {EINVAL, "Bad file name"},
-      {ELOOP, "Bad file name"},
-  };
-  const auto found = kDescriptions.find(error);
-  return found == kDescriptions.end() ? std::generic_category().message(error) : found->second;
-}
 
 /// What keeps a name from being a file's.
 Failure refusal(const struct stat& status) {
@@ -85,26 +72,6 @@ bool isStray(const std::filesystem::directory_entry& entry) {
   const auto written = entry.last_write_time(error);
   return !error && std::filesystem::file_time_type::clock::now() - written > kStrayAge;
 }
-
-/// Closes a file that the scope is done with, whatever the way out. Keeps `errno`.
-class Closing : private platform::NonCopyable {
- public:
-  Closing(FileCalls& calls, int file) : calls_(calls), file_(file) {}
-  ~Closing() {
-    if (file_ >= 0) {
-      const int error = errno;
-      calls_.close(file_);
-      errno = error;
-    }
-  }
-
-  [[nodiscard]] int file() const { return file_; }
-  int release() { return std::exchange(file_, -1); }
-
- private:
-  FileCalls& calls_;
-  int file_;
-};
 
 class PosixSource : public platform::ByteSource {
  public:
@@ -243,20 +210,65 @@ Failure PosixFiles::replace(const std::string& path, std::string_view content) {
     return failure;
   }
   removeStrays(folderName(target.path));
+  if (target.exists && target.status.st_nlink > 1) {
+    return writeInPlace(target, content);
+  }
   std::string temporary;
-  const int file = openTemporary(folderPart(target.path), temporary);
-  if (file < 0) {
+  Closing file(calls_, openTemporary(folderPart(target.path), temporary));
+  if (file.file() < 0) {
     return describe(errno);
   }
-  const bool filled = fill(file, target, content);
+  if (target.exists && !takeOwner(file.file(), target)) {
+    calls_.unlink(temporary.c_str());
+    return writeInPlace(target, content);
+  }
+  const bool filled = fill(file.file(), target, content) && name(file.file(), target, temporary);
   const int fillError = errno;
-  const bool closed = calls_.close(file) == 0;
+  const bool closed = calls_.close(file.release()) == 0;
   if (filled && closed && moveInto(target, temporary)) {
     return std::nullopt;
   }
   const int error = filled ? errno : fillError;
   calls_.unlink(temporary.c_str());  // gone already if only the folder's sync failed
   return describe(error);
+}
+
+/// A file that took the place of the old one would have another owner or group, or would leave the
+/// other names of the old one behind. The bytes that need new room on the disk are written first;
+/// if anything fails, the old bytes are put back.
+Failure PosixFiles::writeInPlace(const Target& target, std::string_view content) {
+  const Closing file(calls_, calls_.open(target.path.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC, 0));
+  std::string old;
+  if (file.file() < 0 || !readAll(file.file(), old)) {
+    return describe(errno);
+  }
+  const std::size_t common = std::min(old.size(), content.size());
+  const auto put = [&](std::string_view bytes) {
+    return writeAllAt(calls_, file.file(), bytes.substr(std::min(common, bytes.size())), common) &&
+           writeAllAt(calls_, file.file(), bytes.substr(0, common), 0) &&
+           calls_.ftruncate(file.file(), static_cast<off_t>(bytes.size())) == 0 &&
+           calls_.fsync(file.file()) == 0;
+  };
+  if (put(content)) {
+    return std::nullopt;
+  }
+  const int error = errno;
+  put(old);
+  return describe(error);
+}
+
+bool PosixFiles::readAll(int file, std::string& bytes) {
+  ssize_t count = 1;
+  while (count != 0) {
+    const std::size_t before = bytes.size();
+    bytes.resize(before + kBlock);
+    count = calls_.read(file, bytes.data() + before, kBlock);
+    bytes.resize(before + static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+    if (count < 0 && errno != EINTR) {
+      return false;
+    }
+  }
+  return true;
 }
 
 /// What can't be looked at or removed stays; the next save tries again.
@@ -270,14 +282,18 @@ void PosixFiles::removeStrays(const std::string& folder) {
   }
 }
 
-/// A new file under a short name of its own, which fits wherever the target's name fits.
+/// A new file, without a name where the file system knows such files, so that a process which is
+/// killed leaves nothing. `name` is blank then.
 int PosixFiles::openTemporary(const std::string& folder, std::string& name) {
+  name.clear();
+  const int unnamed =
+      calls_.open(folder.empty() ? "." : folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
+  if (unnamed >= 0 || (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL)) {
+    return unnamed;
+  }
   int file = -1;
   for (int tries = 0; tries < kMostTemporaries; ++tries) {
-    name = folder;
-    name += kTemporaryStart;
-    name += std::to_string(::getpid()) + "-" + std::to_string(++temporaries_);
-    name += kTemporaryEnd;
+    name = temporaryName(folder);
     file = calls_.open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
     if (file >= 0 || errno != EEXIST) {
       break;
@@ -286,31 +302,39 @@ int PosixFiles::openTemporary(const std::string& folder, std::string& name) {
   return file;
 }
 
-bool PosixFiles::fill(int file, const Target& target, std::string_view content) {
-  constexpr mode_t kModeBits = 07777;
-  if (target.exists) {
-    // Only a member of the group can pass it on; for others the mode alone has to do.
-    static_cast<void>(calls_.fchown(file, static_cast<uid_t>(-1), target.status.st_gid));
-    if (calls_.fchmod(file, target.status.st_mode & kModeBits) < 0) {
-      return false;
-    }
-  }
-  return writeAll(file, content) && calls_.fsync(file) == 0;
+/// Short, so that it fits wherever the target's name fits.
+std::string PosixFiles::temporaryName(const std::string& folder) {
+  return folder + std::string(kTemporaryStart) + std::to_string(::getpid()) + "-" +
+         std::to_string(++temporaries_) + std::string(kTemporaryEnd);
 }
 
-bool PosixFiles::writeAll(int file, std::string_view content) {
-  while (!content.empty()) {
-    const ssize_t count = calls_.write(file, content.data(), content.size());
-    if (count > 0) {
-      content.remove_prefix(static_cast<std::size_t>(count));
-    } else if (count == 0) {
-      errno = ENOSPC;
-      return false;
-    } else if (errno != EINTR) {
+/// Names a file that has no name yet.
+bool PosixFiles::name(int file, const Target& target, std::string& name) {
+  int result = name.empty() ? -1 : 0;
+  for (int tries = 0; result < 0 && tries < kMostTemporaries; ++tries) {
+    name = temporaryName(folderPart(target.path));
+    result = calls_.giveName(file, name.c_str());
+    if (result < 0 && errno != EEXIST) {
       return false;
     }
   }
-  return true;
+  return result == 0;
+}
+
+/// Whether the file has the target's owner and group, or could be given them.
+bool PosixFiles::takeOwner(int file, const Target& target) {
+  struct stat status = {};
+  if (calls_.fstat(file, &status) < 0) {
+    return false;
+  }
+  return (status.st_uid == target.status.st_uid && status.st_gid == target.status.st_gid) ||
+         calls_.fchown(file, target.status.st_uid, target.status.st_gid) == 0;
+}
+
+bool PosixFiles::fill(int file, const Target& target, std::string_view content) {
+  constexpr mode_t kModeBits = 07777;
+  return (!target.exists || calls_.fchmod(file, target.status.st_mode & kModeBits) == 0) &&
+         writeAll(calls_, file, content) && calls_.fsync(file) == 0;
 }
 
 /// The folder is opened before the renaming, so that only its sync can fail afterwards.

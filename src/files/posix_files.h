@@ -11,12 +11,16 @@ namespace tarnvex::files {
 
 /// The machine's files.
 ///
-/// Replacing a file writes a temporary one into the same folder, puts it on the disk, and renames
-/// it over the old one, which keeps its mode and group. So at any moment, also after a crash, there
-/// is either the old content or the new one. Only if the very last step fails, the sync of the
-/// folder, is the new content in place although a failure is reported: it may not outlast a power
-/// cut. A process that is killed in the middle leaves its temporary file; a later save into the
-/// folder takes it away.
+/// Replacing a file writes a new one into the same folder, puts it on the disk, and renames it over
+/// the old one. Mode, owner and group stay. So at any moment, also after a crash, there is either
+/// the old content or the new one. Only if the very last step fails, the sync of the folder, is the
+/// new content in place although a failure is reported: it may not outlast a power cut. A process
+/// that is killed in the moment before the renaming, or on a file system that knows no files
+/// without a name, leaves its temporary file; a later save into the folder takes it away.
+///
+/// A file that has several names, or an owner or group that a new one can't be given, is written in
+/// place. A failure then puts the old bytes back, but a process that is killed in the middle leaves
+/// a mixture.
 class PosixFiles : public platform::FileStore {
  public:
   explicit PosixFiles(FileCalls& calls) : calls_(calls) {}
@@ -33,9 +37,13 @@ class PosixFiles : public platform::FileStore {
 
   platform::Failure findTarget(const std::string& path, Target& target);
   void removeStrays(const std::string& folder);
+  platform::Failure writeInPlace(const Target& target, std::string_view content);
+  bool readAll(int file, std::string& bytes);
   int openTemporary(const std::string& folder, std::string& name);
+  std::string temporaryName(const std::string& folder);
+  bool name(int file, const Target& target, std::string& name);
+  bool takeOwner(int file, const Target& target);
   bool fill(int file, const Target& target, std::string_view content);
-  bool writeAll(int file, std::string_view content);
   bool moveInto(const Target& target, const std::string& temporary);
 
   FileCalls& calls_;

@@ -1,5 +1,6 @@
 #include "memory/channel_memory.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -40,7 +41,7 @@ bool mayStore(const HitPlace& place, platform::Dialogs& dialogs) {
     return false;
   }
   return !place.occupied ||
-         dialogs.messageBox(
+         dialogs.askToDestroy(
              place.table.textMatrix(place.table.row(), 1) + " will be overwritten! Continue?",
              "Confirm Overwrite", platform::kYesNoQuestion) == Answer::Yes;
 }
@@ -56,7 +57,8 @@ ChannelMemory::ChannelMemory(MemoryControls controls, platform::SharedState& sta
       state_(state),
       dialogs_(dialogs),
       model_(model),
-      sendCommand_(std::move(sendCommand)) {
+      sendCommand_(std::move(sendCommand)),
+      history_(grid1_, grid2_, state) {
   for (Table* table : {&grid1_, &grid2_}) {
     table->onKey = [this, table](char key) {
       if (GridKey(*table, key)) {
@@ -106,6 +108,7 @@ void ChannelMemory::CursorChanged(Table& table, int row) {
   // below isn't normalised.
   constexpr int kLastRowWithNext = 300;
   state_.CellEditActive = false;
+  history_.leaveCell();
   const auto normalise =
       &table == &grid1_ ? &ChannelMemory::normaliseFrequency : &ChannelMemory::normaliseId;
   // The cursor has already moved, so the cell that was edited is a neighbour.
@@ -165,6 +168,7 @@ void ChannelMemory::StoreHit(HitList list, std::string_view line) {
   if (!mayStore(place, dialogs_)) {
     return;
   }
+  const auto step = history_.step("Stored Hit");
   const int row = table.row();
   if (frequency) {
     table.setTextMatrix(row, ChannelRecord::Frequency, platform::mid(line, 1, 8));
@@ -180,6 +184,12 @@ void ChannelMemory::StoreHit(HitList list, std::string_view line) {
   if (row < place.lastRow) {
     table.setRow(row + 1);
   }
+  table.setFocus();
+}
+
+void ChannelMemory::showCell(Table& table, int row, int col) {
+  tabs_.setTab(&table == &grid1_ ? 0 : 1);
+  table.placeCursor(row, std::max(col, 1));
   table.setFocus();
 }
 

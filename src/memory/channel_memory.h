@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "link/radio_model.h"
+#include "memory/plan_history.h"
 #include "memory/plan_records.h"
 #include "platform/controls.h"
 #include "platform/dialogs.h"
@@ -56,15 +57,20 @@ class ChannelMemory : private platform::NonCopyable {
   /// Stores a line of a hit list in the current row of its table. Asks first if the row is in use.
   /// Deliberate: the plan isn't marked as changed.
   void StoreHit(HitList list, std::string_view line);
+  /// Brings a table to the front with the cursor on a cell, whose surroundings stay as they are.
+  void showCell(platform::Table& table, int row, int col);
   /// Empties the plan. Column 0 and the cursors stay as they are.
   void clear();
 
   [[nodiscard]] platform::Table& MSFlexGrid1() { return grid1_; }
   [[nodiscard]] platform::Table& MSFlexGrid2() { return grid2_; }
   [[nodiscard]] platform::SharedState& state() { return state_; }
+  [[nodiscard]] PlanHistory& history() { return history_; }
+  [[nodiscard]] platform::Dialogs& dialogs() { return dialogs_; }
   [[nodiscard]] const link::RadioModel& model() const { return model_; }
 
  private:
+  bool isFlag(const platform::Table& table) const;
   bool channelKey(char key);
   bool talkgroupKey(char key);
   void enterKey(platform::Table& table, int lastColumn, int lastRow);
@@ -83,6 +89,7 @@ class ChannelMemory : private platform::NonCopyable {
   platform::Dialogs& dialogs_;
   const link::RadioModel& model_;
   SendCommand sendCommand_;
+  PlanHistory history_;
 };
 
 }  // namespace tarnvex::memory

@@ -1,7 +1,10 @@
 #include "memory/frequency_file.h"
 
 #include <array>
+#include <functional>
 #include <span>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tarnvex::memory {
@@ -35,24 +38,27 @@ Failure readPlan(platform::SequentialFiles& files, ChannelMemory& memory) {
   return failure ? failure : readTable(files, memory.MSFlexGrid2(), talkgroup);
 }
 
-Failure writeTable(platform::SequentialFiles& files, const Table& table) {
+void appendRows(std::string& text, const Table& table) {
   std::vector<platform::WriteField> fields;
   for (int row = 1; row < table.rows(); ++row) {
     fields.clear();
     for (int col = 0; col < table.cols(); ++col) {
       fields.emplace_back(table.textMatrix(row, col));
     }
-    if (auto failure = files.write(kFile, fields)) {
-      return failure;
-    }
+    platform::appendLine(text, fields);
   }
-  return std::nullopt;
 }
 
-Failure writePlan(platform::SequentialFiles& files, ChannelMemory& memory) {
-  auto failure = writeTable(files, memory.MSFlexGrid1());
-  failure = failure ? failure : writeTable(files, memory.MSFlexGrid2());
-  return failure ? failure : files.flush(kFile);
+/// The plan as its file has it.
+std::string planText(ChannelMemory& memory) {
+  std::string text;
+  appendRows(text, memory.MSFlexGrid1());
+  appendRows(text, memory.MSFlexGrid2());
+  return text;
+}
+
+std::size_t fingerprintOf(std::string_view content) {
+  return std::hash<std::string_view>()(content);
 }
 
 }  // namespace
@@ -63,7 +69,13 @@ std::string mainTitle(const std::string& planName) {
 
 FrequencyFile::FrequencyFile(ChannelMemory& memory, FrequencyFilePorts ports)
     : memory_(memory), ports_(ports) {
-  ports_.Dlg1.Filter = "Tarnvex Frequency Files(*.tvf)|*.tvf";
+  for (platform::CommonDialog* dialog : {&ports_.Dlg1, &ports_.backupDialog}) {
+    dialog->Filter = "Tarnvex Frequency Files(*.tvf)|*.tvf";
+  }
+  memory_.history().onFileChanged = [this](const std::string& path) {
+    ports_.Dlg1.FileName = path;
+    showName(path);
+  };
 }
 
 Failure FrequencyFile::LoadPlanFromFile(const std::string& path) {
@@ -77,83 +89,215 @@ Failure FrequencyFile::LoadPlanFromFile(const std::string& path) {
 Failure FrequencyFile::WritePlanToFile(const std::string& path) {
   auto failure = ports_.files.open(kFile, path, OpenMode::Output);
   if (!failure) {
-    failure = writePlan(ports_.files, memory_);
+    failure = ports_.files.writeText(kFile, planText(memory_));
+  }
+  if (!failure) {
+    failure = ports_.files.flush(kFile);
   }
   return failure ? failure : ports_.files.close(kFile);
+}
+
+Failure FrequencyFile::replace(const std::string& path) {
+  std::string old;
+  if (ports_.files.exists(path) && !ports_.files.contentOf(path, old) && !old.empty() &&
+      old != planText(memory_)) {
+    keep(path, old);
+  }
+  auto failure = WritePlanToFile(path);
+  if (!failure) {
+    noteFingerprint(path);
+  }
+  return failure;
+}
+
+void FrequencyFile::keep(const std::string& path, std::string_view content) {
+  std::string kept;
+  if (auto failure = ports_.backups.keep(path, content, kept)) {
+    backupFailure_ = std::move(failure);
+  }
+}
+
+void FrequencyFile::keepPlan() {
+  keep(memory_.history().file(), planText(memory_));
+  tellBackupFailure();
+}
+
+/// Told after what the backup was for, which it never stops.
+void FrequencyFile::tellBackupFailure() {
+  const auto failure = std::exchange(backupFailure_, std::nullopt);
+  if (failure && ports_.backups.firstFailure()) {
+    ports_.dialogs.messageBox("The old plan could not be kept as a backup: " + *failure +
+                                  ". You will not be told this again.",
+                              "Backup", platform::kWarning);
+  }
+}
+
+void FrequencyFile::noteFingerprint(const std::string& path) {
+  std::string content;
+  known_.erase(path);
+  if (!ports_.files.contentOf(path, content)) {
+    known_[path] = fingerprintOf(content);
+  }
+}
+
+/// Asks before it replaces what another program has written since.
+bool FrequencyFile::mayReplace(const std::string& path) {
+  const auto known = known_.find(path);
+  std::string content;
+  if (known == known_.end() || !ports_.files.exists(path) ||
+      ports_.files.contentOf(path, content) || fingerprintOf(content) == known->second) {
+    return true;
+  }
+  return ports_.dialogs.askToDestroy(
+             path + " was changed by another program since it was opened. Replace it?",
+             "Confirm Overwrite", platform::kYesNoQuestion) == Answer::Yes;
 }
 
 void FrequencyFile::offerToSave() {
   if (memory_.state().MemoryModified &&
       ports_.dialogs.messageBox("Save Changes to Scanlist File?", "Save Changes",
                                 platform::kYesNoQuestion) == Answer::Yes) {
-    SavePlan();
+    save(true);
     memory_.state().MemoryModified = false;
+    memory_.history().saved();
   }
+}
+
+void FrequencyFile::prepareDialog(const char* title, const char* accept, const char* keep) {
+  platform::CommonDialog& dialog = ports_.Dlg1;
+  dialog.DialogTitle = title;
+  dialog.AcceptCaption = accept;
+  dialog.KeepCaption = keep;
+  dialog.DefaultExt = "tvf";
+  dialog.AsksBeforeReplacing = false;
 }
 
 void FrequencyFile::NewPlan() {
   offerToSave();
+  prepareDialog("New Frequency File", "New", "Empty");
   ports_.Dlg1.ShowOpen();
   const std::string path = ports_.Dlg1.FileName;
   if (path.empty()) {
     return;
   }
   if (ports_.files.exists(path) &&
-      ports_.dialogs.messageBox("File exists. Overwrite it?", "Confirm Overwrite",
-                                platform::kYesNoQuestion) != Answer::Yes) {
+      ports_.dialogs.askToDestroy("File exists. Overwrite it?", "Confirm Overwrite",
+                                  platform::kYesNoQuestion) != Answer::Yes) {
     return;
   }
-  memory_.clear();
-  if (const auto failure = WritePlanToFile(path)) {
+  if (!mayReplace(path)) {
+    return;
+  }
+  Failure failure;
+  {
+    const auto step = memory_.history().step("New");
+    memory_.clear();
+    failure = replace(path);
+    if (!failure) {
+      adopt(path);
+    }
+  }
+  if (failure) {
     report(*failure);
-    return;
   }
-  adopt(path);
+  tellBackupFailure();
 }
 
 void FrequencyFile::OpenPlan() {
   // Deliberate: after No the plan still counts as changed, so closing the program asks again.
   offerToSave();
+  prepareDialog("Open Frequency File", "Open", "Reload");
+  ports_.Dlg1.DefaultExt.clear();
   ports_.Dlg1.ShowOpen();
   const std::string path = ports_.Dlg1.FileName;
   if (path.empty()) {
     return;
   }
-  if (const auto failure = LoadPlanFromFile(path)) {
+  Failure failure;
+  {
+    const auto step = memory_.history().step("Open");
+    failure = LoadPlanFromFile(path);
+    if (!failure) {
+      noteFingerprint(path);
+      adopt(path);
+      resetCursors();
+    }
+  }
+  if (failure) {
     report(*failure);
+  }
+}
+
+void FrequencyFile::OpenBackup() {
+  offerToSave();
+  platform::CommonDialog& dialog = ports_.backupDialog;
+  dialog.DialogTitle = "Open Backup";
+  dialog.AcceptCaption = "Open";
+  dialog.InitDir = ports_.backups.folder();
+  dialog.FileName.clear();
+  dialog.ShowOpen();
+  if (dialog.FileName.empty()) {
     return;
   }
-  adopt(path);
-  resetCursors();
+  Failure failure;
+  {
+    const auto step = memory_.history().step("Open Backup");
+    failure = LoadPlanFromFile(dialog.FileName);
+    memory_.state().MemoryModified = true;
+    if (!failure) {
+      resetCursors();
+    }
+  }
+  if (failure) {
+    report(*failure);
+  }
 }
 
 void FrequencyFile::SavePlan() {
-  if (!chooseSaveName()) {
+  save(false);
+}
+
+void FrequencyFile::save(bool lastChance) {
+  const auto rescue = [&] { return lastChance ? keepUnsaved() : std::string(); };
+  if (!chooseSaveName() || !mayReplace(ports_.Dlg1.FileName)) {
+    rescue();
     return;
   }
   const std::string path = ports_.Dlg1.FileName;
   // Deliberate: set before writing. A plan counts as saved even if saving fails.
   memory_.state().MemoryModified = false;
-  if (const auto failure = WritePlanToFile(path)) {
-    report(*failure);
-    return;
+  memory_.history().saved();
+  if (const auto failure = replace(path)) {
+    report(*failure + rescue());
+  } else {
+    adopt(path);
   }
-  adopt(path);
+  tellBackupFailure();
+}
+
+/// What follows will take the plan away. Gives the words that say where it is.
+std::string FrequencyFile::keepUnsaved() {
+  std::string kept;
+  const auto failure = ports_.backups.keep(memory_.history().file(), planText(memory_), kept);
+  return failure ? "\n\nThe plan could not be kept as a backup either: " + *failure
+                 : "\n\nThe plan is kept as a backup: " + kept;
 }
 
 bool FrequencyFile::chooseSaveName() {
   platform::CommonDialog& dialog = ports_.Dlg1;
   const std::string current = dialog.FileName;
+  const bool asks = memory_.model().asksBeforeReplacing;
+  prepareDialog("Save Frequency File", "Save", "Save to");
+  dialog.AsksBeforeReplacing = !asks;
   bool settled = false;
   while (!settled) {
     dialog.ShowSave();
     if (dialog.FileName.empty()) {
       return false;
     }
-    settled = !memory_.model().asksBeforeReplacing || dialog.FileName == current ||
-              !ports_.files.exists(dialog.FileName) ||
-              ports_.dialogs.messageBox("Overwrite existing file?", "Confirm Overwrite",
-                                        platform::kYesNoQuestion) == Answer::Yes;
+    settled = !asks || dialog.FileName == current || !ports_.files.exists(dialog.FileName) ||
+              ports_.dialogs.askToDestroy("Overwrite existing file?", "Confirm Overwrite",
+                                          platform::kYesNoQuestion) == Answer::Yes;
   }
   return true;
 }
@@ -161,20 +305,29 @@ bool FrequencyFile::chooseSaveName() {
 void FrequencyFile::loadLastPlan() {
   const std::string path = ports_.settings.getSetting(memory_.model().key, "LastFreqFile", "");
   ports_.Dlg1.FileName = path;
+  memory_.history().setFile(path);
+  showName(path);
   if (path.empty()) {
-    ports_.window.setCaption(mainTitle({}));
     return;
   }
-  LoadPlanFromFile(path);
+  // The window that was here before may have left it open.
+  ports_.files.close(kFile);
+  if (!LoadPlanFromFile(path)) {
+    noteFingerprint(path);
+  }
   // Unlike in the commands, the file is closed even if it can't be read.
   ports_.files.close(kFile);
   resetCursors();
-  ports_.window.setCaption(mainTitle(path));
 }
 
 void FrequencyFile::adopt(const std::string& path) {
-  ports_.window.setCaption(mainTitle(path));
+  memory_.history().setFile(path);
+  showName(path);
   ports_.settings.saveSetting(memory_.model().key, "LastFreqFile", path);
+}
+
+void FrequencyFile::showName(const std::string& path) {
+  ports_.window.setCaption(mainTitle(path));
 }
 
 void FrequencyFile::report(const std::string& description) {

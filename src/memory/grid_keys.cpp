@@ -25,7 +25,18 @@ bool ChannelMemory::GridKey(Table& table, char key) {
   if (key == kQuote) {
     return true;  // the frequency file can't store it
   }
-  return &table == &grid1_ ? channelKey(key) : talkgroupKey(key);
+  const auto act = [&] { return &table == &grid1_ ? channelKey(key) : talkgroupKey(key); };
+  if (key == kEnter) {
+    return act();
+  }
+  const auto step = isFlag(table) ? history_.step("Mark") : history_.typing(table);
+  return act();
+}
+
+bool ChannelMemory::isFlag(const Table& table) const {
+  return &table == &grid1_
+             ? table.col() >= ChannelRecord::Trunk && table.col() <= ChannelRecord::Line
+             : table.col() == TalkgroupRecord::Priority;
 }
 
 bool ChannelMemory::channelKey(char key) {

@@ -6,8 +6,8 @@ namespace tarnvex::memory {
 
 void resetScanner(platform::Dialogs& dialogs, link::ScannerLink& link) {
   const auto answer =
-      dialogs.messageBox("WARNING: ALL CHANNELS OF YOUR SCANNER WILL BE CLEARED!!! Continue?",
-                         "Confirm Scanner Reset", platform::kYesNoWarning);
+      dialogs.askToDestroy("WARNING: ALL CHANNELS OF YOUR SCANNER WILL BE CLEARED!!! Continue?",
+                           "Confirm Scanner Reset", platform::kYesNoWarning);
   if (answer == platform::Answer::Yes) {
     link.SendCommand(link::command::kClearChannels);
   }

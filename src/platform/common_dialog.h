@@ -33,6 +33,17 @@ class CommonDialog : private NonCopyable {
   std::string Filter;
   /// Blank for the system's default title.
   std::string DialogTitle;
+  /// Added to a typed name that has no suffix, without its point; blank for none.
+  std::string DefaultExt;
+  /// The folder to begin in while `FileName` is blank. Blank for the system's choice.
+  std::string InitDir;
+  /// What the button says that chooses the file. Blank for the system's own word.
+  std::string AcceptCaption;
+  /// What Cancel means while there is a `FileName` to go on with, such as "Save to": the button
+  /// says so, with the file's name after it. Blank for the system's own word.
+  std::string KeepCaption;
+  /// The dialog itself asks before it gives a file that exists, other than `FileName`.
+  bool AsksBeforeReplacing = false;
 
  protected:
   /// Shows the system's dialog. Nothing if the user cancelled. Empty if the program has ended or

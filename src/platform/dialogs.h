@@ -31,6 +31,11 @@ class Dialogs : private NonCopyable {
   /// or OK if there is nothing else.
   virtual Answer messageBox(const std::string& text, const std::string& title,
                             MessageFlags flags) = 0;
+  /// Asks a question whose Yes destroys something. The button that Enter presses is No.
+  virtual Answer askToDestroy(const std::string& text, const std::string& title,
+                              MessageFlags flags) {
+    return messageBox(text, title, flags);
+  }
   /// Asks for a line of text. The poll goes on meanwhile. Empty if the user cancelled or the
   /// program has ended.
   virtual std::string inputBox(const std::string& prompt, const std::string& title) = 0;

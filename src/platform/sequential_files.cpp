@@ -1,5 +1,6 @@
 #include "platform/sequential_files.h"
 
+#include <array>
 #include <utility>
 
 #include "platform/convert.h"
@@ -11,6 +12,7 @@ constexpr char kQuote = '"';
 /// No field of ours comes near it. Without it a file of another kind, chosen by mistake, would fill
 /// the memory.
 constexpr std::size_t kLongestField = std::size_t{16} << 20;
+constexpr std::size_t kLargestFile = std::size_t{64} << 20;
 
 /// Splits a file into fields.
 class FieldReader {
@@ -18,6 +20,8 @@ class FieldReader {
   explicit FieldReader(std::unique_ptr<ByteSource> source) : source_(std::move(source)) {}
 
   [[nodiscard]] bool atEnd() { return failed_ || (!has() && !failure_); }
+  /// The last field was a quote that is never closed.
+  [[nodiscard]] bool unclosed() const { return unclosed_; }
 
   Failure next(std::string& field) {
     if (!failed_ && has()) {
@@ -78,6 +82,7 @@ class FieldReader {
   void takeQuoted(std::string& text) {
     ++position_;
     takeUntil(text, std::string_view(&kQuote, 1));
+    unclosed_ = !has();
     while (has() && peek() == kQuote) {
       ++position_;
       const std::string blanks = skipBlanks();
@@ -107,7 +112,32 @@ class FieldReader {
   std::size_t position_ = 0;
   Failure failure_;
   bool failed_ = false;
+  bool unclosed_ = false;
 };
+
+class TextSource : public ByteSource {
+ public:
+  explicit TextSource(std::string_view text) : text_(text) {}
+  Failure read(std::string& bytes) override {
+    bytes += std::exchange(text_, {});
+    return std::nullopt;
+  }
+
+ private:
+  std::string_view text_;
+};
+
+/// What must be written after the content of a file, so that what follows begins a line.
+std::string_view missingEnd(std::string_view content) {
+  FieldReader reader(std::make_unique<TextSource>(content));
+  std::string field;
+  while (!reader.atEnd() && !reader.next(field)) {
+  }
+  if (reader.unclosed()) {
+    return "\"\r\n";
+  }
+  return content.empty() || content.back() == '\n' || content.back() == '\r' ? "" : "\r\n";
+}
 
 Failure readWhole(FileStore& store, const std::string& path, std::string& content) {
   std::unique_ptr<ByteSource> source;
@@ -117,6 +147,9 @@ Failure readWhole(FileStore& store, const std::string& path, std::string& conten
     const std::size_t before = content.size();
     failure = source->read(content);
     more = content.size() > before;
+    if (content.size() > kLargestFile) {
+      failure = "The file is too large";
+    }
   }
   return failure;
 }
@@ -143,6 +176,17 @@ void WriteField::appendTo(std::string& line) const {
     line += text_;
     line += kQuote;
   }
+}
+
+void appendLine(std::string& text, std::span<const WriteField> fields) {
+  bool first = true;
+  for (const WriteField& field : fields) {
+    if (!std::exchange(first, false)) {
+      text += ',';
+    }
+    field.appendTo(text);
+  }
+  text += "\r\n";
 }
 
 SequentialFiles::SequentialFiles(FileStore& store) : store_(store) {}
@@ -206,19 +250,31 @@ Failure SequentialFiles::write(int number, std::span<const WriteField> fields) {
   if (file == nullptr || file->reader) {
     return "Bad file mode";
   }
-  if (file->lost) {
-    return file->lost;
+  if (!file->lost) {
+    appendLine(file->written, fields);
+    file->dirty = true;
   }
-  bool first = true;
-  for (const WriteField& field : fields) {
-    if (!std::exchange(first, false)) {
-      file->written += ',';
-    }
-    field.appendTo(file->written);
+  return file->lost;
+}
+
+Failure SequentialFiles::writeText(int number, std::string_view lines) {
+  OpenFile* file = find(number);
+  if (file == nullptr || file->reader) {
+    return "Bad file mode";
   }
-  file->written += "\r\n";
-  file->dirty = true;
-  return std::nullopt;
+  if (!file->lost) {
+    file->written += lines;
+    file->dirty = true;
+  }
+  return file->lost;
+}
+
+bool SequentialFiles::carries(std::string_view text) {
+  std::string line;
+  appendLine(line, std::array<WriteField, 2>{text, "next"});
+  FieldReader reader(std::make_unique<TextSource>(line));
+  std::string field;
+  return !reader.next(field) && field == text && !reader.next(field) && field == "next";
 }
 
 Failure SequentialFiles::flush(int number) {
@@ -245,6 +301,9 @@ Failure SequentialFiles::commit(OpenFile& file) {
     file.lost = readWhole(store_, file.path, content);
   }
   if (!file.lost) {
+    if (!file.written.empty()) {
+      content += missingEnd(content);
+    }
     file.lost = store_.replace(file.path, content += file.written);
   }
   file.dirty = false;
@@ -252,6 +311,11 @@ Failure SequentialFiles::commit(OpenFile& file) {
     file.written.clear();
   }
   return file.lost;
+}
+
+Failure SequentialFiles::contentOf(const std::string& path, std::string& content) {
+  content.clear();
+  return readWhole(store_, path, content);
 }
 
 bool SequentialFiles::exists(const std::string& path, NameCase nameCase) {

@@ -62,6 +62,9 @@ class WriteField {
   std::optional<double> number_;
 };
 
+/// Adds the line that the write statement makes of these fields.
+void appendLine(std::string& text, std::span<const WriteField> fields);
+
 enum class OpenMode { Input, Output, Append };
 
 /// How to look up a name in its folder.
@@ -91,11 +94,16 @@ class SequentialFiles : private NonCopyable {
   /// a number that isn't open for input, so that a loop to the end always ends.
   [[nodiscard]] bool endOfFile(int number);
 
-  /// Writes one line of fields, ended by CR LF. A double quote within text can't be escaped.
+  /// Writes one line of fields, ended by CR LF. A double quote within text can't be escaped: see
+  /// `carries`. If the last line of the file has no end, it gets one first.
   Failure write(int number, std::span<const WriteField> fields);
   Failure write(int number, std::initializer_list<WriteField> fields) {
     return write(number, std::span(fields.begin(), fields.size()));
   }
+  /// Writes lines as they are.
+  Failure writeText(int number, std::string_view lines);
+  /// Whether text that is written as a field reads back unchanged.
+  [[nodiscard]] static bool carries(std::string_view text);
   /// Puts what was written on the disk. On failure the number stays open, everything written is
   /// lost, and further writes fail. The file on the disk is then as it was.
   Failure flush(int number);
@@ -104,6 +112,9 @@ class SequentialFiles : private NonCopyable {
   Failure close(int number);
 
   [[nodiscard]] bool exists(const std::string& path, NameCase nameCase = NameCase::Exact);
+  /// The bytes of a file, which needs no number. Files of more than 64 MB, which no program of this
+  /// kind writes, are refused.
+  Failure contentOf(const std::string& path, std::string& content);
 
  private:
   struct OpenFile;

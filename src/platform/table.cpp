@@ -25,6 +25,12 @@ bool Table::setCol(int col) {
   return true;
 }
 
+void Table::placeCursor(int row, int col) {
+  row_ = row;
+  col_ = col;
+  cursorMoved.notify();
+}
+
 void Table::moveTo(int row, int col) {
   if (row == row_ && col == col_) {
     return;

@@ -24,6 +24,9 @@ class Table : public Control {
   /// Move the cursor. Outside the table they return false, and the cursor stays.
   bool setRow(int row);
   bool setCol(int col);
+  /// Puts the cursor on a cell of the table without `onCursorChanged`, which would bring the cells
+  /// around it into another form.
+  void placeCursor(int row, int col);
   /// The cell under the cursor.
   [[nodiscard]] const std::string& text() const { return textMatrix(row_, col_); }
   void setText(std::string text) { setTextMatrix(row_, col_, std::move(text)); }

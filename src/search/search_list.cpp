@@ -12,6 +12,7 @@ using platform::OpenMode;
 using platform::SequentialFiles;
 
 constexpr int kFile = 1;
+constexpr const char* kSaveTitle = "Save Search As";
 constexpr std::string_view kFileName = "/Searchlist.txt";
 
 using Fields = std::array<std::string, 4>;
@@ -55,8 +56,8 @@ std::optional<std::vector<Fields>> readAll(SequentialFiles& files, std::size_t m
   return outcome == Outcome::Failed ? std::nullopt : std::optional(std::move(records));
 }
 
-void write(SequentialFiles& files, const SearchListRecord& record) {
-  files.write(kFile, {record.id, record.lower, record.upper, record.name});
+platform::Failure write(SequentialFiles& files, const SearchListRecord& record) {
+  return files.write(kFile, {record.id, record.lower, record.upper, record.name});
 }
 
 /// A limit as it is saved: through the picture and back.
@@ -83,8 +84,8 @@ bool SearchList::present() {
   return found;
 }
 
-bool SearchList::open(OpenMode mode) {
-  return !ports_.files.open(kFile, path(), mode, NameCase::Any);
+bool SearchList::open() {
+  return !ports_.files.open(kFile, path(), OpenMode::Input, NameCase::Any);
 }
 
 void SearchList::load() {
@@ -95,7 +96,7 @@ void SearchList::load() {
 
 /// The list stays as it is if the file can't be opened.
 void SearchList::fill() {
-  if (!open(OpenMode::Input)) {
+  if (!open()) {
     return;
   }
   List3.clear();
@@ -109,7 +110,7 @@ void SearchList::fill() {
 }
 
 std::optional<SearchListRecord> SearchList::find(int id) {
-  if (!present() || !open(OpenMode::Input)) {
+  if (!present() || !open()) {
     return std::nullopt;
   }
   Fields fields;
@@ -123,29 +124,58 @@ std::optional<SearchListRecord> SearchList::find(int id) {
 
 void SearchList::append(std::optional<double> lower, std::optional<double> upper) {
   const std::string name = ports_.dialogs.inputBox("Enter the name for this search:", "Tarnvex");
-  if (name.empty() || !present()) {
+  if (name.empty() || !carried(name) || !present()) {
     return;
   }
   const int id = List3.count();
   if (model_.mostSearches && id >= *model_.mostSearches) {
     ports_.dialogs.messageBox("You may only have up to 200 Custom Searches Saved.",
                               "Maximum Saved Searches Exceeded", platform::kWarning);
-  } else if (open(OpenMode::Append)) {
+  } else {
     platform::assign(current_.lower, savedLimit(lower, model_.searchMask));
     platform::assign(current_.upper, savedLimit(upper, model_.searchMask));
     current_.id = id;
     current_.name = name;
-    write(ports_.files, current_);
-    ports_.files.close(kFile);
+    tellFailure(add(current_));
   }
   load();
 }
 
+/// The whole file is read back by fields, so a name that ends its own field would shift all that
+/// follows.
+bool SearchList::carried(const std::string& name) {
+  const bool carried = SequentialFiles::carries(name);
+  if (!carried) {
+    ports_.dialogs.messageBox(
+        "The file of searches can't hold this name: a comma or a line end follows a double quote "
+        "in it.",
+        kSaveTitle, platform::kWarning);
+  }
+  return carried;
+}
+
+platform::Failure SearchList::add(const SearchListRecord& record) {
+  auto failure = ports_.files.open(kFile, path(), OpenMode::Append, NameCase::Any);
+  if (!failure) {
+    failure = write(ports_.files, record);
+    const auto closing = ports_.files.close(kFile);
+    failure = failure ? failure : closing;
+  }
+  return failure;
+}
+
+void SearchList::tellFailure(const platform::Failure& failure) {
+  if (failure) {
+    ports_.dialogs.messageBox("The list of searches could not be saved: " + *failure, kSaveTitle,
+                              platform::kWarning);
+  }
+}
+
 void SearchList::removeSelected() {
   const std::string name = List3.text();
-  if (ports_.dialogs.messageBox("Delete search: " + name + "?", "Confirm Delete",
-                                platform::kYesNoQuestion) != platform::Answer::Yes ||
-      !present() || !open(OpenMode::Input)) {
+  if (ports_.dialogs.askToDestroy("Delete search: " + name + "?", "Confirm Delete",
+                                  platform::kYesNoQuestion) != platform::Answer::Yes ||
+      !present() || !open()) {
     return;
   }
   const auto records = readAll(ports_.files, kMostRewritten);
@@ -165,7 +195,8 @@ void SearchList::removeSelected() {
 }
 
 void SearchList::rewriteWithout(const std::string& name, const std::vector<Fields>& records) {
-  if (!open(OpenMode::Output)) {
+  if (const auto failure = ports_.files.open(kFile, path(), OpenMode::Output, NameCase::Any)) {
+    tellFailure(failure);
     return;
   }
   int id = 0;
@@ -180,7 +211,7 @@ void SearchList::rewriteWithout(const std::string& name, const std::vector<Field
       write(ports_.files, current_);
     }
   }
-  ports_.files.close(kFile);
+  tellFailure(ports_.files.close(kFile));
 }
 
 }  // namespace tarnvex::search

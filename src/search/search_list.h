@@ -65,7 +65,10 @@ class SearchList : private platform::NonCopyable {
 
   [[nodiscard]] std::string path() const;
   bool present();
-  bool open(platform::OpenMode mode);
+  bool open();
+  bool carried(const std::string& name);
+  platform::Failure add(const SearchListRecord& record);
+  void tellFailure(const platform::Failure& failure);
   void fill();
   void rewriteWithout(const std::string& name, const std::vector<Fields>& records);
 

@@ -15,6 +15,7 @@ namespace tarnvex::shell {
 MainForm::MainForm(const Services& services, MainFormOutside outside, const link::RadioModel& model)
     : window(std::string(model.mainWindow), memory::mainTitle({})),
       Dlg1(services.commonDialogs.create()),
+      backupDialog(services.commonDialogs.create()),
       trunkBank(std::string(model.trunkBankBox), model.bankNames),
       Combo2("Combo2", model.bankNames),
       Combo3("Combo3", model.bankNames),
@@ -25,7 +26,8 @@ MainForm::MainForm(const Services& services, MainFormOutside outside, const link
       model_(model),
       memory_({MSFlexGrid1, MSFlexGrid2, SSTab1}, services.state, services.dialogs, model,
               [&link = services.link](const std::string& command) { link.SendCommand(command); }),
-      frequencyFile_(memory_, {services.files, *Dlg1, services.dialogs, services.settings, window}),
+      frequencyFile_(memory_, {services.files, *Dlg1, services.dialogs, services.settings, window,
+                               services.backups, *backupDialog}),
       linkControls(model, trunkBank,
                    {*MSComm1, Scantimer, services.state, services.settings, services.dialogs}),
       keyBeep(services.settings, services.dialogs),

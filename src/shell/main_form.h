@@ -10,6 +10,7 @@
 #include "link/radio_model.h"
 #include "memory/channel_memory.h"
 #include "memory/frequency_file.h"
+#include "memory/plan_editor.h"
 #include "memory/transfer.h"
 #include "monitor/key_beep.h"
 #include "monitor/keypad.h"
@@ -60,6 +61,7 @@ class MainForm : private platform::NonCopyable {
   void mnuNew() { frequencyFile_.NewPlan(); }
   void mnuOpenConv() { frequencyFile_.OpenPlan(); }
   void mnuSaveConv() { frequencyFile_.SavePlan(); }
+  void mnuOpenBackup() { frequencyFile_.OpenBackup(); }
   void mnuImport();
   void mnuExport();
   /// The Conventional menu's: transfers between plan and radio.
@@ -79,10 +81,15 @@ class MainForm : private platform::NonCopyable {
   /// A character was typed with the tab strip in focus, or with a control that has no use for it.
   virtual void typeKey(char character) = 0;
 
+  /// What the tables' clipboard and undo keys do.
+  [[nodiscard]] memory::PlanEditor& planEditor() { return planEditor_; }
+
   platform::Window window;
   platform::TabStrip SSTab1{"SSTab1"};
   /// The file dialog; its `FileName` is the current frequency file.
   std::unique_ptr<platform::CommonDialog> Dlg1;
+  /// That of "Open Backup...".
+  std::unique_ptr<platform::CommonDialog> backupDialog;
 
   /// Pages "Station Program" and "Trunked Data". `Combo3` jumps in the channel table; `trunkBank`
   /// and `Combo2` pick bank and scanlist of the talkgroup table.
@@ -102,6 +109,7 @@ class MainForm : private platform::NonCopyable {
   Services services_;
   const link::RadioModel& model_;
   memory::ChannelMemory memory_;
+  memory::PlanEditor planEditor_{memory_};
   memory::FrequencyFile frequencyFile_;
 
  public:

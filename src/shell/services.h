@@ -3,6 +3,7 @@
 #include <string>
 
 #include "link/scanner_link.h"
+#include "platform/backups.h"
 #include "platform/clock.h"
 #include "platform/common_dialog.h"
 #include "platform/dialogs.h"
@@ -26,6 +27,7 @@ struct Services {
   link::ScannerLink& link;
   platform::SequentialFiles& files;
   platform::CommonDialogs& commonDialogs;
+  platform::Backups& backups;
   platform::MediaControls& mediaControls;
   /// The folder of the program's own files, without a slash at its end.
   std::string programDirectory;

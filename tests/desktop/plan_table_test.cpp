@@ -125,8 +125,8 @@ TEST_F(Bc895Window, TypedKeysAreSeenWhileAnExchangeWaits) {
 
 TEST_F(Bc245Window, CopiesAndPastesCells) {
   auto& table = find<QTableView>("MSFlexGrid1");
-  auto* copy = table.actions()[0];
-  auto* paste = table.actions()[1];
+  auto* copy = table.findChild<QAction*>("mnuCopy");
+  auto* paste = table.findChild<QAction*>("mnuPaste");
   const auto rowOf = [&](int row) {
     std::string cells;
     for (int col = 1; col < 8; ++col) {
@@ -151,17 +151,26 @@ TEST_F(Bc245Window, CopiesAndPastesCells) {
   EXPECT_EQ(text.size(), 23 + static_cast<qsizetype>(tag.size()));
   EXPECT_LT(table.model()->index(3, 7).data().toString().size(), 1000);
 
-  // By the rules of the keys, into the columns that are shown; what finds no room is dropped.
-  QApplication::clipboard()->setText("151.5\tX\t \tX\ta\"b\tbeyond\r\n852\tq");
+  // What was copied comes back as it was, and the message says what can't be pasted.
+  paste->trigger();
+  EXPECT_EQ(rowOf(3) + rowOf(4), "|X| |X|X|67.0|one|151.5| |X| |X||" + tag + "|");
+  EXPECT_TRUE(dialogs.takeBoxes().empty());
+  QApplication::clipboard()->setText(QStringLiteral("151,5\tX\t \tX\ta\u4E2D\r\n852\tq\tx\t\tb"));
   table.setCurrentIndex(table.model()->index(9, 1));
-  form.MSFlexGrid1.setTextMatrix(9, 5, "X");
+  form.MSFlexGrid1.setTextMatrix(10, 5, "X");
   paste->trigger();
-  EXPECT_EQ(rowOf(10), "151.5000|X| |X|X||ab|");
-  EXPECT_EQ(rowOf(11), "852.0000|X| |X|X||ab|");
-  EXPECT_EQ(dialogs.beeps, 1);
-  table.setCurrentIndex(table.model()->index(299, 1));
-  paste->trigger();
-  EXPECT_EQ(rowOf(300), "151.5000|X| |X|||ab|");
+  EXPECT_EQ(rowOf(10), "151.5000|X| |X|X|||");
+  EXPECT_EQ(rowOf(11), "852.0000||X||||b|") << "into the columns that are shown";
+  EXPECT_EQ(dialogs.takeBoxes(),
+            (std::vector<Box>{{"Not everything could be pasted. Left out:\n\n"
+                               "Row 10, Alpha Tag: \"a \"\nRow 11, Trnk: \"q\"",
+                               "Paste", 48}}));
+  openTab(0);
+  table.setFocus();
+  QTest::keyClick(&table, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(rowOf(10), "0.0000||||X|||");
+  QTest::keyClick(&table, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(rowOf(11), "852.0000||X||||b|");
 }
 
 TEST_F(Bc895Window, AClickOnARowsLabelMeansTheRow) {

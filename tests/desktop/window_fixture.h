@@ -14,6 +14,7 @@
 #include "desktop/ports/wall_clock.h"
 #include "desktop/windows/main_window.h"
 #include "desktop/windows/qt_windows.h"
+#include "files/backup_folder.h"
 #include "files/posix_files.h"
 #include "support/fake_dialogs.h"
 #include "support/fake_media_control.h"
@@ -44,20 +45,13 @@ class Below {
   platform::SequentialFiles files{fileStore};
   FakeMediaControls media;
   desktop::WallClock clock;
+  files::BackupFolder backups{fileCalls, clock, folder.path().toStdString()};
   platform::SharedState state;
   link::ScannerLink link{state, dialogs};
   bool ended = false;
-  shell::Services services{state,
-                           gate,
-                           ports,
-                           dialogs,
-                           settings,
-                           clock,
-                           link,
-                           files,
-                           commonDialogs,
-                           media,
-                           folder.path().toStdString()};
+  shell::Services services{state,         gate,    ports, dialogs,
+                           settings,      clock,   link,  files,
+                           commonDialogs, backups, media, folder.path().toStdString()};
   desktop::QtWindows windows{loop, gate, devices};
   shell::MainFormOutside outside{[] {}, [this] { ended = true; }, windows};
 };

@@ -7,6 +7,7 @@
 
 #include "memory_store.h"
 #include "plan_fixture.h"
+#include "support/fake_backups.h"
 #include "support/fake_common_dialog.h"
 #include "support/fake_settings.h"
 
@@ -31,7 +32,8 @@ Box failed(const std::string& description) {
 /// A plan with its file commands.
 struct FileFixture : PlanFixture {
   explicit FileFixture(const link::RadioModel& model = bc895Model())
-      : PlanFixture(model), file(plan, {files, Dlg1, dialogs, settings, window}) {
+      : PlanFixture(model),
+        file(plan, {files, Dlg1, dialogs, settings, window, backups, backupDialog}) {
     store.piece = 4096;
   }
 
@@ -40,6 +42,8 @@ struct FileFixture : PlanFixture {
   FakeCommonDialog Dlg1;
   FakeSettings settings;
   platform::Window window{"window", "Tarnvex"};
+  FakeBackups backups;
+  FakeCommonDialog backupDialog;
   memory::FrequencyFile file;
 };
 
@@ -88,7 +92,8 @@ TEST(FrequencyFile, NewYieldsAClearedPlanOnDisk) {
   EXPECT_THAT(on.settings.saved,
               ElementsAre(SavedSetting{"BC895", "LastFreqFile", "/plans/new.tvf"}));
   EXPECT_THAT(on.Dlg1.shown, ElementsAre(ShownDialog{FileDialogKind::Open, "",
-                                                     "Tarnvex Frequency Files(*.tvf)|*.tvf", ""}));
+                                                     "Tarnvex Frequency Files(*.tvf)|*.tvf",
+                                                     "New Frequency File"}));
 }
 
 TEST(FrequencyFile, OpenAndSaveRoundTripByteForByteOnBothRadios) {

@@ -7,6 +7,7 @@
 #include "platform/sequential_files.h"
 #include "shell/main_form.h"
 #include "shell/services.h"
+#include "support/fake_backups.h"
 #include "support/fake_clock.h"
 #include "support/fake_common_dialog.h"
 #include "support/fake_dialogs.h"
@@ -36,12 +37,13 @@ struct World {
   MemoryStore store;
   platform::SequentialFiles files{store};
   FakeCommonDialogs commonDialogs;
+  FakeBackups backups;
   FakeMediaControls media;
   ScriptedRadio radio;
   ScriptedPorts ports{radio};
   link::ScannerLink link{state, dialogs};
-  shell::Services services{state, gate,  ports,         dialogs, settings,  clock,
-                           link,  files, commonDialogs, media,   "/program"};
+  shell::Services services{state, gate,  ports,         dialogs, settings, clock,
+                           link,  files, commonDialogs, backups, media,    "/program"};
   RecordingWindows windows;
   int switches = 0;
 

@@ -1,7 +1,6 @@
 #include "desktop/ports/qt_common_dialog.h"
 
 #include <QFile>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QPointer>
 
@@ -22,29 +21,51 @@ QStringList nameFilters(const std::string& filter) {
   return filters << QObject::tr("All files (*)");
 }
 
+/// A button's caption shows no mnemonic that a file's name happens to hold.
+QString asCaption(QString text) {
+  return text.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
 }  // namespace
+
+/// Cancel goes on with the file in use, and its button says so.
+void QtCommonDialog::prepare(PlanFileDialog& dialog) const {
+  dialog.setNameFilters(nameFilters(Filter));
+  dialog.setSuffix(toScreen(DefaultExt));
+  if (!DialogTitle.empty()) {
+    dialog.setWindowTitle(toScreen(DialogTitle));
+  }
+  if (!AcceptCaption.empty()) {
+    dialog.setLabelText(QFileDialog::Accept, toScreen(AcceptCaption));
+  }
+  const QString current = QFile::decodeName(FileName.c_str());
+  if (AsksBeforeReplacing) {
+    dialog.askBeforeReplacing(current);
+  }
+  if (!current.isEmpty()) {
+    const QFileInfo file(current);
+    dialog.setDirectory(file.absolutePath());
+    dialog.selectFile(file.fileName());
+    if (!KeepCaption.empty()) {
+      dialog.setLabelText(QFileDialog::Reject,
+                          asCaption(toScreen(KeepCaption) + QLatin1Char(' ') + file.fileName()));
+    }
+  } else if (!InitDir.empty()) {
+    dialog.setDirectory(QFile::decodeName(InitDir.c_str()));
+  } else if (!DefaultExt.empty()) {
+    dialog.selectFile(QObject::tr("Untitled") + QLatin1Char('.') + toScreen(DefaultExt));
+  }
+}
 
 std::optional<std::string> QtCommonDialog::chooseFile(platform::FileDialogKind kind) {
   if (gate_.ended()) {
     return std::string();
   }
-  // Its window may go while the dialog stands, and takes the dialog along.
-  const QPointer<QFileDialog> dialog = new QFileDialog(windowInUse());
-  dialog->setObjectName(QStringLiteral("fileDialog"));
+  // Its window may go while the dialog is open, and takes the dialog along.
+  const QPointer<PlanFileDialog> dialog = new PlanFileDialog(windowInUse());
   const bool saving = kind == platform::FileDialogKind::Save;
   dialog->setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-  // The program asks about files that exist, in its own words, and New names one in the open form.
-  dialog->setFileMode(QFileDialog::AnyFile);
-  dialog->setOption(QFileDialog::DontConfirmOverwrite);
-  dialog->setNameFilters(nameFilters(Filter));
-  if (!DialogTitle.empty()) {
-    dialog->setWindowTitle(toScreen(DialogTitle));
-  }
-  if (!FileName.empty()) {
-    const QFileInfo file(QFile::decodeName(FileName.c_str()));
-    dialog->setDirectory(file.absolutePath());
-    dialog->selectFile(file.fileName());
-  }
+  prepare(*dialog);
   bool finished = false;
   bool accepted = false;
   QObject::connect(dialog, &QFileDialog::finished, [&](int result) {
@@ -55,7 +76,7 @@ std::optional<std::string> QtCommonDialog::chooseFile(platform::FileDialogKind k
   gate_.waitUntil([&] { return finished || dialog.isNull(); });
   // Not Cancel, after which a save goes on under the present name.
   const bool stopped = gate_.ended() || dialog.isNull() || isWithdrawn(*dialog);
-  const QStringList chosen = dialog && accepted ? dialog->selectedFiles() : QStringList();
+  const QString chosen = dialog && accepted ? dialog->chosen() : QString();
   delete dialog.data();
   if (stopped) {
     return std::string();
@@ -63,7 +84,7 @@ std::optional<std::string> QtCommonDialog::chooseFile(platform::FileDialogKind k
   if (chosen.isEmpty()) {
     return std::nullopt;
   }
-  return QFile::encodeName(chosen.first()).toStdString();
+  return QFile::encodeName(chosen).toStdString();
 }
 
 }  // namespace tarnvex::desktop

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "desktop/ports/plan_file_dialog.h"
 #include "platform/common_dialog.h"
 #include "platform/event_gate.h"
 
 namespace tarnvex::desktop {
 
-/// The desktop's file dialog over the window in use. The core stays in the call and yields until it
+/// The file dialog over the window in use. The core stays in the call and yields until it
 /// is closed.
 class QtCommonDialog : public platform::CommonDialog {
  public:
@@ -15,6 +16,8 @@ class QtCommonDialog : public platform::CommonDialog {
   std::optional<std::string> chooseFile(platform::FileDialogKind kind) override;
 
  private:
+  void prepare(PlanFileDialog& dialog) const;
+
   platform::EventGate& gate_;
 };
 

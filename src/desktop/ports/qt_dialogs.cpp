@@ -4,6 +4,7 @@
 #include <QColorDialog>
 #include <QGridLayout>
 #include <QInputDialog>
+#include <QLabel>
 
 #include "desktop/ports/colour.h"
 #include "desktop/ports/text.h"
@@ -70,14 +71,28 @@ void makeRoomForTitle(QMessageBox& box) {
 
 Answer QtDialogs::messageBox(const std::string& text, const std::string& title,
                              platform::MessageFlags flags) {
+  return ask(text, title, flags, QMessageBox::NoButton);
+}
+
+Answer QtDialogs::askToDestroy(const std::string& text, const std::string& title,
+                               platform::MessageFlags flags) {
+  return ask(text, title, flags, QMessageBox::No);
+}
+
+Answer QtDialogs::ask(const std::string& text, const std::string& title,
+                      platform::MessageFlags flags, QMessageBox::StandardButton preset) {
   if (gate_.ended()) {
     return answerOf(QMessageBox::NoButton, flags);
   }
-  // Its window may go while the box stands, and takes the box along.
+  // Its window may go while the box is open, and takes the box along.
   const QPointer<QMessageBox> box = new QMessageBox(iconOf(flags), toScreen(title), toScreen(text),
                                                     buttonsOf(flags), windowInUse());
   box->setObjectName(QStringLiteral("messageBox"));
   box->setTextFormat(Qt::PlainText);
+  box->setDefaultButton(preset);
+  if (box->standardButtons().testFlag(QMessageBox::No)) {
+    box->setEscapeButton(QMessageBox::No);
+  }
   makeRoomForTitle(*box);
   int button = QMessageBox::NoButton;
   bool finished = false;
@@ -112,6 +127,9 @@ std::string QtDialogs::inputBox(const std::string& prompt, const std::string& ti
   box->setObjectName(QStringLiteral("inputBox"));
   box->setWindowTitle(toScreen(title));
   box->setLabelText(toScreen(prompt));
+  for (QLabel* label : box->findChildren<QLabel*>()) {
+    label->setTextFormat(Qt::PlainText);
+  }
   box->resize(box->fontMetrics().averageCharWidth() * 48, box->sizeHint().height());
   std::string line;
   if (accepted(box.data())) {

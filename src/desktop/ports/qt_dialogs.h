@@ -17,12 +17,17 @@ class QtDialogs : public platform::Dialogs {
 
   platform::Answer messageBox(const std::string& text, const std::string& title,
                               platform::MessageFlags flags) override;
+  platform::Answer askToDestroy(const std::string& text, const std::string& title,
+                                platform::MessageFlags flags) override;
   std::string inputBox(const std::string& prompt, const std::string& title) override;
   std::optional<platform::Colour> chooseColour(platform::Colour current) override;
   void beep() override;
   void setBusyPointer(bool busy) override;
 
  private:
+  /// `preset` is the button that Enter presses; none for the box's own choice.
+  platform::Answer ask(const std::string& text, const std::string& title,
+                       platform::MessageFlags flags, QMessageBox::StandardButton preset);
   /// Shows the dialog and yields until it is answered; its window may go meanwhile and take it
   /// along. Whether it was accepted.
   bool accepted(const QPointer<QDialog>& dialog);

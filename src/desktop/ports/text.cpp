@@ -3,6 +3,7 @@
 #include <QStringDecoder>
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace tarnvex::desktop {
 namespace {
@@ -17,6 +18,17 @@ constexpr std::array<char16_t, 32> kHigh = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 constexpr unsigned char kHighStart = 0x80;
 constexpr std::size_t kLongestLine = 500;
+
+/// Nothing for a character that the page doesn't have.
+std::optional<char> byteOf(char16_t code) {
+  if (code < kHighStart || (code >= kHighStart + kHigh.size() && code <= 0xFF)) {
+    return static_cast<char>(code);
+  }
+  const auto* high = std::ranges::find(kHigh, code);
+  return high == kHigh.end()
+             ? std::nullopt
+             : std::optional(static_cast<char>(kHighStart + (high - kHigh.begin())));
+}
 
 }  // namespace
 
@@ -37,20 +49,26 @@ QString lineToScreen(std::string_view text) {
 
 std::string fromScreen(const QString& text, bool* dropped) {
   std::string bytes;
+  bytes.reserve(static_cast<std::size_t>(text.size()));
   bool lost = false;
   for (const QChar character : text) {
-    const char16_t code = character.unicode();
-    const auto* high = std::ranges::find(kHigh, code);
-    if (code < kHighStart || (code >= kHighStart + kHigh.size() && code <= 0xFF)) {
-      bytes += static_cast<char>(code);
-    } else if (high != kHigh.end()) {
-      bytes += static_cast<char>(kHighStart + (high - kHigh.begin()));
-    } else {
-      lost = true;
+    const auto byte = byteOf(character.unicode());
+    if (byte) {
+      bytes += *byte;
     }
+    lost = lost || !byte;
   }
   if (dropped != nullptr) {
     *dropped = lost;
+  }
+  return bytes;
+}
+
+std::string fromScreen(const QString& text, char substitute) {
+  std::string bytes;
+  bytes.reserve(static_cast<std::size_t>(text.size()));
+  for (const QChar character : text) {
+    bytes += byteOf(character.unicode()).value_or(substitute);
   }
   return bytes;
 }

@@ -15,6 +15,9 @@ QString lineToScreen(std::string_view text);
 /// `dropped` tells whether any were.
 std::string fromScreen(const QString& text, bool* dropped = nullptr);
 
+/// The same with `substitute` in place of each character that would be dropped.
+std::string fromScreen(const QString& text, char substitute);
+
 /// A window's title, which may hold the name of a file: bytes as the file system has them, so UTF-8
 /// as a rule.
 QString titleToScreen(std::string_view text);

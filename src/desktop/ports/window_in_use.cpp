@@ -7,20 +7,25 @@ namespace {
 
 constexpr const char* kWithdrawn = "withdrawn";
 
+/// Menus and tips close by themselves, splash and notice go, with what is over them, and the manual
+/// stays usable beside every question.
+bool carriesQuestions(const QWidget* window) {
+  const auto type = window->windowType();
+  const QString name = window->objectName();
+  return (type == Qt::Window || type == Qt::Dialog) && window->isVisible() &&
+         name != QLatin1String("Form1") && name != QLatin1String("Form6") &&
+         name != QLatin1String("help");
+}
+
 }  // namespace
 
 QWidget* windowInUse() {
-  // Splash and notice go by themselves, with what stands over them.
-  const auto passes = [](const QWidget* window) {
-    return window->objectName() == QLatin1String("Form1") ||
-           window->objectName() == QLatin1String("Form6");
-  };
   QWidget* active = QApplication::activeWindow();
-  if (active != nullptr && !passes(active)) {
+  if (active != nullptr && carriesQuestions(active)) {
     return active;
   }
   for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->isVisible() && !passes(window)) {
+    if (carriesQuestions(window)) {
       return window;
     }
   }

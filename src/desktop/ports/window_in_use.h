@@ -6,6 +6,7 @@ namespace tarnvex::desktop {
 
 /// The window that a message or dialog belongs over: the active one, or else any that is on the
 /// screen. Null if there is none.
+/// Never a menu, a tip or the manual.
 QWidget* windowInUse();
 
 /// Closes a dialog without an answer, since the window that it belongs to goes.

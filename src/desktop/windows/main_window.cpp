@@ -88,6 +88,7 @@ void MainWindow::addMenus() {
   addCommand(file, "mnuNew", tr("&New Frequency File..."), &shell::MainForm::mnuNew);
   addCommand(file, "mnuOpenConv", tr("&Open Frequency File..."), &shell::MainForm::mnuOpenConv);
   addCommand(file, "mnuSaveConv", tr("&Save Frequency File..."), &shell::MainForm::mnuSaveConv);
+  addCommand(file, "mnuOpenBackup", tr("Open &Backup..."), &shell::MainForm::mnuOpenBackup);
   file->addSeparator();
   addCommand(file, "mnuImport", tr("&Import from APF..."), &shell::MainForm::mnuImport);
   addCommand(file, "mnuExport", tr("&Export To APF..."), &shell::MainForm::mnuExport);

@@ -1,11 +1,11 @@
 #include "desktop/windows/plan_table.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMenu>
 #include <algorithm>
 
 #include "desktop/ports/text.h"
@@ -72,9 +72,9 @@ void PlanModel::cellChanged(int row, int column) {
   }
 }
 
-PlanTable::PlanTable(platform::Table& table, platform::EventGate& gate, int stretched,
-                     QWidget* parent)
-    : QTableView(parent), table_(table), gate_(gate), stretched_(stretched) {
+PlanTable::PlanTable(platform::Table& table, memory::PlanEditor& editor, platform::EventGate& gate,
+                     int stretched, QWidget* parent)
+    : QTableView(parent), table_(table), editor_(editor), gate_(gate), stretched_(stretched) {
   setObjectName(QString::fromStdString(table.name()));
   setModel(new PlanModel(table, this));
   setTabKeyNavigation(false);
@@ -98,83 +98,92 @@ PlanTable::PlanTable(platform::Table& table, platform::EventGate& gate, int stre
 }
 
 void PlanTable::addEditActions() {
-  const auto add = [this](const QString& caption, QKeySequence::StandardKey key, auto act) {
+  const auto add = [this](const char* name, const QString& caption, const QList<QKeySequence>& keys,
+                          auto act) {
     auto* action = new QAction(caption, this);
-    action->setShortcut(key);
+    action->setObjectName(QLatin1String(name));
+    action->setShortcuts(keys);
     action->setShortcutContext(Qt::WidgetShortcut);
     connect(action, &QAction::triggered, this, act);
     addAction(action);
+    return action;
   };
-  add(tr("&Copy"), QKeySequence::Copy, [this] { copySelection(); });
-  add(tr("&Paste"), QKeySequence::Paste, [this] { pasteClipboard(); });
-  setContextMenuPolicy(Qt::ActionsContextMenu);
+  undo_ = add("mnuUndo", tr("&Undo"), {QKeySequence(Qt::CTRL | Qt::Key_Z)},
+              [this] { beepUnless(editor_.undo()); });
+  redo_ = add("mnuRedo", tr("&Redo"),
+              {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)},
+              [this] { beepUnless(editor_.redo()); });
+  auto* separator = new QAction(this);
+  separator->setSeparator(true);
+  addAction(separator);
+  add("mnuCut", tr("Cu&t"), {QKeySequence(Qt::CTRL | Qt::Key_X)}, [this] { cutSelection(); });
+  add("mnuCopy", tr("&Copy"), {QKeySequence(Qt::CTRL | Qt::Key_C)}, [this] { copySelection(); });
+  add("mnuPaste", tr("&Paste"), {QKeySequence(Qt::CTRL | Qt::Key_V)}, [this] { pasteClipboard(); });
+  add("mnuDelete", tr("&Delete"), {QKeySequence(Qt::Key_Delete)},
+      [this] { editor_.clear(table_, selectedCells(), "Delete"); });
 }
 
-void PlanTable::copySelection() const {
-  QModelIndexList cells = selectionModel()->selectedIndexes();
-  std::ranges::sort(cells, [](const QModelIndex& a, const QModelIndex& b) {
-    return std::pair(a.row(), a.column()) < std::pair(b.row(), b.column());
-  });
-  QString text;
-  int lastRow = -1;
-  for (const QModelIndex& cell : cells) {
-    if (isColumnHidden(cell.column())) {
-      continue;
-    }
-    if (lastRow >= 0) {
-      text += cell.row() == lastRow ? QLatin1Char('\t') : QLatin1Char('\n');
-    }
-    lastRow = cell.row();
-    text += toScreen(table_.textMatrix(cell.row() + 1, cell.column()));
-  }
-  QApplication::clipboard()->setText(text);
+void PlanTable::contextMenuEvent(QContextMenuEvent* event) {
+  const auto name = [](QAction* action, const QString& what, const std::string& step) {
+    action->setText(step.empty() ? what : what + QLatin1Char(' ') + toScreen(step));
+  };
+  name(undo_, tr("&Undo"), editor_.undoName());
+  name(redo_, tr("&Redo"), editor_.redoName());
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->addActions(actions());
+  menu->popup(event->globalPos());
 }
 
-void PlanTable::pasteClipboard() {
-  const int firstColumn = table_.col();
-  QString text = QApplication::clipboard()->text();
-  text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-  text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
-  bool beyondColumns = false;
-  bool dropped = false;
-  for (const QChar character : text) {
-    if (character == QLatin1Char('\n')) {
-      if (table_.row() + 1 == table_.rows()) {
-        break;
-      }
-      table_.userMoveTo(table_.row() + 1, firstColumn);
-      beyondColumns = false;
-    } else if (character == QLatin1Char('\t')) {
-      beyondColumns = beyondColumns || !pasteIntoNextColumn();
-    } else if (!beyondColumns) {
-      dropped = !typeText(character) || dropped;
-    }
-  }
-  if (dropped) {
+void PlanTable::beepUnless(bool done) {
+  if (!done) {
     QApplication::beep();
   }
 }
 
-/// A copy leaves out the columns that aren't shown.
-bool PlanTable::pasteIntoNextColumn() {
-  int column = table_.col() + 1;
-  while (column < table_.cols() && isColumnHidden(column)) {
-    ++column;
+memory::CellRange PlanTable::selectedCells() const {
+  memory::CellRange cells{table_.row(), table_.col(), table_.row(), table_.col()};
+  const QItemSelection selection = selectionModel()->selection();
+  for (const QItemSelectionRange& range : selection) {
+    cells = {range.top() + 1, std::max(range.left(), 1), range.bottom() + 1, range.right()};
   }
-  if (column < table_.cols()) {
-    table_.userMoveTo(table_.row(), column);
-  }
-  return column < table_.cols();
+  return cells;
 }
 
-void PlanTable::showCursor() {
-  // The core may rest the cursor on a heading or label for a moment; the view keeps its cell then.
-  if (table_.row() >= 1 && table_.col() >= 1) {
-    const QModelIndex cell = model()->index(table_.row() - 1, table_.col());
-    if (currentIndex() != cell) {
-      setCurrentIndex(cell);
-    }
+void PlanTable::copySelection() const {
+  QApplication::clipboard()->setText(toScreen(editor_.copy(table_, selectedCells())));
+}
+
+void PlanTable::cutSelection() {
+  copySelection();
+  editor_.clear(table_, selectedCells(), "Cut");
+}
+
+void PlanTable::pasteClipboard() {
+  const QString text = QApplication::clipboard()->text();
+  beepUnless(!text.isEmpty());
+  // A zero for every character that the plan can't hold: its field is left out.
+  if (const auto message = editor_.paste(table_, selectedCells(), fromScreen(text, '\0'))) {
+    gate_.enter([&editor = editor_, message] { editor.tell(*message); });
   }
+}
+
+/// Queued where the core has rested the cursor on a heading or a label: it may only be on its way.
+void PlanTable::showCursor() {
+  if (table_.row() < 1 || table_.col() < 1) {
+    QMetaObject::invokeMethod(
+        this, [this] { settleCursor(); }, Qt::QueuedConnection);
+    return;
+  }
+  const QModelIndex cell = model()->index(table_.row() - 1, table_.col());
+  if (currentIndex() != cell) {
+    setCurrentIndex(cell);
+  }
+}
+
+void PlanTable::settleCursor() {
+  table_.userMoveTo(std::max(table_.row(), 1), std::max(table_.col(), 1));
+  setCurrentIndex(model()->index(table_.row() - 1, table_.col()));
 }
 
 void PlanTable::showColumns() {
@@ -209,8 +218,7 @@ void PlanTable::currentChanged(const QModelIndex& current, const QModelIndex& pr
   if (current.isValid() && current.column() == 0) {
     // On a row's label the cursor means the row. Later, since the click goes on to select its cell.
     QMetaObject::invokeMethod(
-        this, [this] { setCurrentIndex(model()->index(table_.row() - 1, table_.col())); },
-        Qt::QueuedConnection);
+        this, [this] { settleCursor(); }, Qt::QueuedConnection);
   }
 }
 

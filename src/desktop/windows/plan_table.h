@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QAction>
 #include <QTableView>
 
+#include "memory/plan_editor.h"
 #include "platform/event_gate.h"
 #include "platform/table.h"
 
@@ -28,34 +30,42 @@ class PlanModel : public QAbstractTableModel {
   platform::Connection changed_;
 };
 
-/// One of the plan's two tables on the screen. Typed keys go to the core at once, past the gate:
-/// they only edit the plan. Tab leaves the table.
+/// One of the plan's two tables on the screen. Typed keys, clipboard and undo go to the core at
+/// once, past the gate: they only edit the plan. Tab leaves the table. The context menu holds the
+/// table's actions; others may add to them.
 class PlanTable : public QTableView {
  public:
   /// `stretched` is the column that takes the room left over.
-  PlanTable(platform::Table& table, platform::EventGate& gate, int stretched, QWidget* parent);
+  PlanTable(platform::Table& table, memory::PlanEditor& editor, platform::EventGate& gate,
+            int stretched, QWidget* parent);
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void changeEvent(QEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
   void showCursor();
   void showColumns();
   bool typeText(const QString& text);
   void addEditActions();
-  /// Puts the selected cells on the clipboard, tabs between the columns, a line for each row.
+  /// The selected cells, or the one under the cursor.
+  [[nodiscard]] memory::CellRange selectedCells() const;
   void copySelection() const;
-  /// Types the clipboard's characters from the cursor on. A tab goes one cell to the right, a line
-  /// end to the next row, below where the pasting began. What lies beyond the table is dropped.
+  void cutSelection();
   void pasteClipboard();
-  bool pasteIntoNextColumn();
+  static void beepUnless(bool done);
+  /// Where the core has left its cursor on a heading or a label, it comes into the row's cells.
+  void settleCursor();
 
   platform::Table& table_;
+  memory::PlanEditor& editor_;
   platform::EventGate& gate_;
   int stretched_;
+  QAction* undo_ = nullptr;
+  QAction* redo_ = nullptr;
   platform::Connection cursor_;
   platform::Connection columns_;
   platform::Connection scroll_;

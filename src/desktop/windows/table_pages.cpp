@@ -34,8 +34,8 @@ QWidget* makeTablePage(QHBoxLayout* selectors, PlanTable* table, const QString& 
 QWidget* makeStationPage(shell::MainForm& form, Binder& binder) {
   auto* selectors = new QHBoxLayout;
   addSelector(selectors, QObject::tr("Select Bank:"), form.Combo3, binder);
-  auto* table =
-      new PlanTable(form.MSFlexGrid1, binder.gate(), memory::ChannelRecord::AlphaTag, nullptr);
+  auto* table = new PlanTable(form.MSFlexGrid1, form.planEditor(), binder.gate(),
+                              memory::ChannelRecord::AlphaTag, nullptr);
   return makeTablePage(selectors, table, QObject::tr("Conventional channels"));
 }
 
@@ -44,8 +44,8 @@ QWidget* makeTrunkedPage(shell::MainForm& form, Binder& binder) {
   addSelector(selectors, QObject::tr("Select Bank:"), form.trunkBank, binder);
   selectors->addSpacing(selectors->spacing() * 2);
   addSelector(selectors, QObject::tr("Scanlist:"), form.Combo2, binder);
-  auto* table =
-      new PlanTable(form.MSFlexGrid2, binder.gate(), memory::TalkgroupRecord::AlphaTag, nullptr);
+  auto* table = new PlanTable(form.MSFlexGrid2, form.planEditor(), binder.gate(),
+                              memory::TalkgroupRecord::AlphaTag, nullptr);
   return makeTablePage(selectors, table, QObject::tr("Talkgroup IDs"));
 }
 

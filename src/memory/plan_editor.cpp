@@ -1,0 +1,213 @@
+#include "memory/plan_editor.h"
+
+#include <algorithm>
+#include <set>
+
+#include "memory/cell_rules.h"
+
+namespace tarnvex::memory {
+
+using platform::Table;
+
+namespace {
+
+constexpr int kGroup = 10;
+/// Lines of the message; more would not fit on a screen.
+constexpr std::size_t kMostTold = 12;
+constexpr std::size_t kLongestTold = 40;
+
+std::vector<int> shownColumns(const Table& table, int left, int right) {
+  std::vector<int> columns;
+  for (int col = std::max(left, 1); col <= right; ++col) {
+    if (table.colWidth(col) != 0) {
+      columns.push_back(col);
+    }
+  }
+  return columns;
+}
+
+/// The field as a line of a message can show it.
+std::string quoted(std::string_view field) {
+  std::string shown(field.substr(0, kLongestTold));
+  std::ranges::replace_if(
+      shown, [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
+  return "\"" + shown + (field.size() > kLongestTold ? "...\"" : "\"");
+}
+
+std::string counted(std::size_t count, const char* what) {
+  return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+}  // namespace
+
+/// A paste under way.
+struct PlanEditor::Pasting {
+  Table& table;
+  PlanKind kind;
+  /// One line each for fields that were left out.
+  std::vector<std::string> told;
+  std::size_t leftOut = 0;
+  /// Rows of `MSFlexGrid2` that the text marks as priority, and groups in which that is new.
+  std::vector<int> marked;
+  std::set<int> newlyMarked;
+  bool changed = false;
+
+  void leaveOut(const std::string& line) {
+    ++leftOut;
+    if (told.size() < kMostTold) {
+      told.push_back(line);
+    }
+  }
+  [[nodiscard]] std::optional<std::string> message() const {
+    if (leftOut == 0) {
+      return std::nullopt;
+    }
+    std::string text = "Not everything could be pasted. Left out:\n";
+    for (const std::string& line : told) {
+      text += "\n" + line;
+    }
+    return leftOut > told.size() ? text + "\nand " + std::to_string(leftOut - told.size()) + " more"
+                                 : text;
+  }
+};
+
+PlanKind PlanEditor::kindOf(const Table& table) const {
+  return &table == &memory_.MSFlexGrid1() ? PlanKind::Channels : PlanKind::Talkgroups;
+}
+
+std::string PlanEditor::copy(const Table& table, const CellRange& cells) const {
+  const auto columns = shownColumns(table, cells.left, cells.right);
+  std::string text;
+  for (int row = cells.top; row <= cells.bottom; ++row) {
+    for (const int col : columns) {
+      if (col != columns.front()) {
+        text += '\t';
+      }
+      appendField(text, table.textMatrix(row, col));
+    }
+    if (row < cells.bottom) {
+      text += '\n';
+    }
+  }
+  return text;
+}
+
+void PlanEditor::clear(Table& table, const CellRange& cells, std::string_view name) {
+  const auto step = memory_.history().step(name);
+  bool changed = false;
+  for (int row = cells.top; row <= cells.bottom; ++row) {
+    for (const int col : shownColumns(table, cells.left, cells.right)) {
+      std::string cleared = clearedCell(kindOf(table), col);
+      changed = changed || table.textMatrix(row, col) != cleared;
+      table.setTextMatrix(row, col, std::move(cleared));
+    }
+  }
+  if (changed) {
+    edited();
+  }
+}
+
+std::optional<std::string> PlanEditor::paste(Table& table, const CellRange& cells,
+                                             std::string_view text) {
+  const PlanBlock block = parseBlock(text, static_cast<std::size_t>(table.rows() - cells.top));
+  const auto step = memory_.history().step("Paste");
+  Pasting pasting{table, kindOf(table), {}, 0, {}, {}, false};
+  if (block.rows.size() == 1 && block.rows.front().size() == 1 && block.further == 0) {
+    fill(pasting, cells, block.rows.front().front());
+  } else {
+    pasteRows(pasting, cells, block);
+  }
+  keepOnePriority(pasting);
+  if (pasting.changed) {
+    edited();
+  }
+  return pasting.message();
+}
+
+void PlanEditor::fill(Pasting& pasting, const CellRange& cells, const std::string& field) {
+  for (int row = cells.top; row <= cells.bottom; ++row) {
+    for (const int col : shownColumns(pasting.table, cells.left, cells.right)) {
+      pasteField(pasting, row, col, field);
+    }
+  }
+}
+
+void PlanEditor::pasteRows(Pasting& pasting, const CellRange& cells, const PlanBlock& block) {
+  const Table& table = pasting.table;
+  const auto columns = shownColumns(table, cells.left, table.cols() - 1);
+  if (block.further > 0) {
+    pasting.leaveOut(counted(block.further, "row") + " beyond row " +
+                     std::to_string(table.rows() - 1));
+  }
+  int row = cells.top;
+  for (const auto& fields : block.rows) {
+    for (std::size_t i = 0; i < std::min(fields.size(), columns.size()); ++i) {
+      pasteField(pasting, row, columns[i], fields[i]);
+    }
+    if (fields.size() > columns.size()) {
+      pasting.leaveOut("Row " + std::to_string(row) + ": " +
+                       counted(fields.size() - columns.size(), "field") +
+                       " beyond the last column");
+    }
+    ++row;
+  }
+}
+
+/// A field that says what the cell says already changes nothing, whatever it is.
+void PlanEditor::pasteField(Pasting& pasting, int row, int col, const std::string& field) {
+  Table& table = pasting.table;
+  const std::string& cell = table.textMatrix(row, col);
+  const bool priority = pasting.kind == PlanKind::Talkgroups && col == TalkgroupRecord::Priority;
+  if (field != cell) {
+    auto text = cellText(pasting.kind, col, field, memory_.model().tagLimit);
+    if (!text) {
+      const std::string label =
+          pasting.kind == PlanKind::Channels ? "" : " (" + table.textMatrix(row, 0) + ")";
+      pasting.leaveOut("Row " + std::to_string(row) + label + ", " + table.textMatrix(0, col) +
+                       ": " + quoted(field));
+      return;
+    }
+    if (*text != cell) {
+      pasting.changed = true;
+      if (priority && *text == "X") {
+        pasting.newlyMarked.insert((row - 1) / kGroup);
+      }
+      table.setTextMatrix(row, col, std::move(*text));
+    }
+  }
+  if (priority && cell == "X") {
+    pasting.marked.push_back(row);
+  }
+}
+
+/// The last mark of each group stays. A group whose marks were all there before keeps them.
+void PlanEditor::keepOnePriority(Pasting& pasting) {
+  Table& table = pasting.table;
+  for (auto row = pasting.marked.rbegin(); row != pasting.marked.rend(); ++row) {
+    const int group = (*row - 1) / kGroup;
+    if (pasting.newlyMarked.erase(group) == 0) {
+      continue;
+    }
+    for (int other = group * kGroup + 1; other <= (group + 1) * kGroup; ++other) {
+      if (other != *row && table.textMatrix(other, TalkgroupRecord::Priority) == "X") {
+        table.setTextMatrix(other, TalkgroupRecord::Priority, "");
+      }
+    }
+  }
+}
+
+void PlanEditor::edited() {
+  memory_.state().MemoryModified = true;
+  memory_.state().CellEditActive = false;
+}
+
+bool PlanEditor::show(const std::optional<PlanHistory::Place>& place) {
+  if (!place) {
+    return false;
+  }
+  memory_.state().CellEditActive = false;
+  memory_.showCell(*place->table, place->row, place->col);
+  return true;
+}
+
+}  // namespace tarnvex::memory

@@ -1,0 +1,282 @@
+#include "memory/plan_history.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tarnvex::memory {
+
+using platform::Table;
+
+namespace {
+
+/// A change of one cell: what lies between a beginning and an end that stay was replaced.
+struct Change {
+  std::uint32_t cell = 0;
+  std::uint32_t beginning = 0;
+  std::uint32_t removed = 0;
+  std::uint32_t inserted = 0;
+};
+
+/// Packed as the change, the removed bytes, the inserted bytes and the length of all that, so that
+/// a row of changes reads from either side.
+void pack(std::string& changes, std::uint32_t cell, const std::string& before,
+          const std::string& after) {
+  const auto same = std::ranges::mismatch(before, after);
+  const auto beginning = static_cast<std::size_t>(same.in1 - before.begin());
+  const std::size_t most = std::min(before.size(), after.size()) - beginning;
+  std::size_t end = 0;
+  while (end < most && before[before.size() - 1 - end] == after[after.size() - 1 - end]) {
+    ++end;
+  }
+  const Change change{cell, static_cast<std::uint32_t>(beginning),
+                      static_cast<std::uint32_t>(before.size() - beginning - end),
+                      static_cast<std::uint32_t>(after.size() - beginning - end)};
+  changes.append(reinterpret_cast<const char*>(&change), sizeof change);
+  changes.append(before, beginning, change.removed);
+  changes.append(after, beginning, change.inserted);
+  const auto size = static_cast<std::uint32_t>(sizeof change + change.removed + change.inserted);
+  changes.append(reinterpret_cast<const char*>(&size), sizeof size);
+}
+
+Change changeAt(const std::string& changes, std::size_t position) {
+  Change change;
+  changes.copy(reinterpret_cast<char*>(&change), sizeof change, position);
+  return change;
+}
+
+std::size_t sizeBefore(const std::string& changes, std::size_t position) {
+  std::uint32_t size = 0;
+  changes.copy(reinterpret_cast<char*>(&size), sizeof size, position - sizeof size);
+  return size + sizeof size;
+}
+
+std::size_t sizeAt(const Change& change) {
+  return sizeof change + change.removed + change.inserted + sizeof(std::uint32_t);
+}
+
+/// The two tables' cells under one number.
+constexpr std::uint32_t kTable = 0x80000000;
+
+}  // namespace
+
+PlanHistory::PlanHistory(Table& channels, Table& talkgroups, platform::SharedState& state)
+    : state_(state), tables_(2) {
+  watch(0, channels);
+  watch(1, talkgroups);
+}
+
+void PlanHistory::watch(std::size_t index, Table& table) {
+  Watched& watched = tables_[index];
+  watched.table = &table;
+  for (int row = 0; row < table.rows(); ++row) {
+    for (int col = 0; col < table.cols(); ++col) {
+      watched.cells.push_back(table.textMatrix(row, col));
+    }
+  }
+  watched.changed =
+      table.cellChanged.connect([this, index](int row, int col) { take(index, row, col); });
+}
+
+PlanHistory::Step PlanHistory::step(std::string_view name) {
+  if (depth_++ == 0) {
+    name_ = name;
+    modifiedBefore_ = state_.MemoryModified;
+    fileBefore_ = file_;
+    recorded_ = false;
+    typed_.reset();
+  }
+  return Step(*this);
+}
+
+PlanHistory::Step PlanHistory::typing(const Table& table) {
+  if (depth_ > 0) {
+    return step({});
+  }
+  const Place place{const_cast<Table*>(&table), table.row(), table.col()};
+  const auto same = [&place](const Place& other) {
+    return other.table == place.table && other.row == place.row && other.col == place.col;
+  };
+  const bool goesOn = visited_ && same(*visited_) && !done_.empty() && undone_.empty();
+  ++depth_;
+  name_ = "Typing";
+  modifiedBefore_ = state_.MemoryModified;
+  fileBefore_ = file_;
+  recorded_ = goesOn;
+  typed_ = place;
+  return Step(*this);
+}
+
+void PlanHistory::leaveCell() {
+  visited_.reset();
+}
+
+void PlanHistory::end() {
+  if (--depth_ > 0) {
+    return;
+  }
+  if (recorded_) {
+    done_.back().fileAfter = file_;
+    visited_ = typed_;
+    forgetOldest();
+  }
+  typed_.reset();
+}
+
+void PlanHistory::take(std::size_t index, int row, int col) {
+  Watched& watched = tables_[index];
+  const auto cell = static_cast<std::size_t>(row * watched.table->cols() + col);
+  std::string& before = watched.cells[cell];
+  const std::string& after = watched.table->textMatrix(row, col);
+  if (before == after) {
+    return;
+  }
+  // Before the first step nothing can be brought back.
+  const bool counts = depth_ > 0 || !done_.empty() || !undone_.empty();
+  if (!replaying_ && counts) {
+    std::string& changes = depth_ > 0 ? openRecord({watched.table, row, col}).changes : drift_;
+    const std::size_t size = changes.size();
+    pack(changes, static_cast<std::uint32_t>(cell) | (index == 0 ? 0 : kTable), before, after);
+    bytes_ += changes.size() - size;
+  }
+  before = after;
+}
+
+/// The record of the step under way.
+PlanHistory::Record& PlanHistory::openRecord(const Place& place) {
+  if (std::exchange(recorded_, true)) {
+    settleDrift();
+    return done_.back();
+  }
+  settleDrift();
+  for (const Record& record : undone_) {
+    bytes_ -= record.changes.size() + sizeof record;
+  }
+  undone_.clear();
+  done_.push_back({name_, {}, place, modifiedBefore_, true, fileBefore_, file_});
+  bytes_ += sizeof(Record);
+  return done_.back();
+}
+
+/// What has changed since the last step becomes a part of it. Before the first one nothing can
+/// bring it back.
+void PlanHistory::settleDrift() {
+  if (done_.empty()) {
+    bytes_ -= drift_.size();
+  } else {
+    done_.back().changes += drift_;
+  }
+  drift_.clear();
+}
+
+void PlanHistory::dropDrift() {
+  backward(drift_);
+  bytes_ -= drift_.size();
+  drift_.clear();
+}
+
+void PlanHistory::saved() {
+  // Everything before and after it differs from the file.
+  for (Record& record : done_) {
+    record.modifiedBefore = true;
+  }
+  for (Record& record : undone_) {
+    record.modifiedAfter = true;
+  }
+}
+
+std::string PlanHistory::undoName() const {
+  return done_.empty() || depth_ > 0 ? std::string() : done_.back().name;
+}
+
+std::string PlanHistory::redoName() const {
+  return undone_.empty() || depth_ > 0 ? std::string() : undone_.back().name;
+}
+
+std::optional<PlanHistory::Place> PlanHistory::undo() {
+  if (done_.empty() || depth_ > 0) {
+    return std::nullopt;
+  }
+  if (undone_.empty()) {
+    settleDrift();
+  } else {
+    dropDrift();
+  }
+  Record record = std::move(done_.back());
+  done_.pop_back();
+  backward(record.changes);
+  record.modifiedAfter = std::exchange(state_.MemoryModified, record.modifiedBefore);
+  adoptFile(record.fileAfter, record.fileBefore);
+  visited_.reset();
+  const Place place = record.place;
+  undone_.push_back(std::move(record));
+  return place;
+}
+
+std::optional<PlanHistory::Place> PlanHistory::redo() {
+  if (undone_.empty() || depth_ > 0) {
+    return std::nullopt;
+  }
+  dropDrift();
+  Record record = std::move(undone_.back());
+  undone_.pop_back();
+  forward(record.changes);
+  record.modifiedBefore = std::exchange(state_.MemoryModified, record.modifiedAfter);
+  adoptFile(record.fileBefore, record.fileAfter);
+  visited_.reset();
+  const Place place = record.place;
+  done_.push_back(std::move(record));
+  return place;
+}
+
+/// Only a step that has changed the name brings it back: a plan that was saved under another one
+/// since then keeps that.
+void PlanHistory::adoptFile(const std::string& from, const std::string& to) {
+  if (from != to) {
+    file_ = to;
+    if (onFileChanged) {
+      onFileChanged(to);
+    }
+  }
+}
+
+void PlanHistory::forward(const std::string& changes) {
+  for (std::size_t at = 0; at < changes.size();) {
+    const Change change = changeAt(changes, at);
+    std::string text = read(change.cell);
+    text.replace(change.beginning, change.removed, changes, at + sizeof change + change.removed,
+                 change.inserted);
+    write(change.cell, std::move(text));
+    at += sizeAt(change);
+  }
+}
+
+void PlanHistory::backward(const std::string& changes) {
+  for (std::size_t end = changes.size(); end > 0;) {
+    end -= sizeBefore(changes, end);
+    const Change change = changeAt(changes, end);
+    std::string text = read(change.cell);
+    text.replace(change.beginning, change.inserted, changes, end + sizeof change, change.removed);
+    write(change.cell, std::move(text));
+  }
+}
+
+const std::string& PlanHistory::read(std::uint32_t cell) const {
+  return tables_[cell >= kTable ? 1 : 0].cells[cell % kTable];
+}
+
+void PlanHistory::write(std::uint32_t cell, std::string text) {
+  Table& table = *tables_[cell >= kTable ? 1 : 0].table;
+  const int at = static_cast<int>(cell % kTable);
+  const bool before = std::exchange(replaying_, true);
+  table.setTextMatrix(at / table.cols(), at % table.cols(), std::move(text));
+  replaying_ = before;
+}
+
+void PlanHistory::forgetOldest() {
+  while (bytes_ > kMostBytes && done_.size() > 1) {
+    bytes_ -= done_.front().changes.size() + sizeof(Record);
+    done_.pop_front();
+  }
+}
+
+}  // namespace tarnvex::memory
