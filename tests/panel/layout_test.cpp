@@ -9,67 +9,6 @@
 namespace tarnvex::desktop {
 namespace {
 
-QStringList array(const char* name, int count) {
-  QStringList names;
-  for (int i = 0; i < count; ++i) names.append(QString("%1(%2)").arg(name).arg(i));
-  return names;
-}
-
-TEST(PanelLayout, DeskSetKeysFollowTheKeypadArray) {
-  const QStringList captions =
-      QString(
-          "STEP|AUX|DIM|WX|RMT|SEND|HOLD|LIMIT|SRC|AUTO|SCAN|MANUAL|PRI|TRUNK|DATA|L/O|DELAY|"
-          "CTCSS|1|2|3|4|5|6|7|8|9|.|0|E |A|B|C|D|E|F|G|H|I|J|FREQ  CHAN")
-          .split('|');
-  const PanelLayout layout = bc895Layout();
-  ASSERT_EQ(layout.keys.size(), captions.size());
-  for (int i = 0; i < captions.size(); ++i) {
-    EXPECT_EQ(layout.keys[i].caption, captions[i]) << i;
-    EXPECT_EQ(layout.keyIndex(QString("Keypad(%1)").arg(i)), i);
-  }
-  EXPECT_EQ(layout.keyIndex("Keypad(41)"), -1);
-}
-
-TEST(PanelLayout, HandheldKeysCarryTheirLabels) {
-  QStringList captions;
-  const PanelLayout layout = bc245Layout();
-  for (int label = 1; label <= 26; ++label) {
-    const int index = layout.keyIndex(QString("Label%1").arg(label));
-    captions.append(index < 0 ? "none" : layout.keys[index].caption);
-  }
-  EXPECT_EQ(captions.join('|').toStdString(),
-            "|  SCAN| MAN| TRNK|    SVC|     PRI|none|1|2|3|none|4|5|6|7|8|9|.|0|E|   LIMIT| SRCH|"
-            "   HOLD|  DLY|   L/O| DATA");
-  EXPECT_EQ(layout.keys.size(), captions.size() - 2);
-}
-
-TEST(PanelLayout, HoldsEveryElementThatThePollWrites) {
-  const QStringList desk =
-      QString(
-          "Frequency Alpha Channel CTCSS Scan Hold Search Trunk Wx Auto Priority Delay LO MHZ "
-          "CtcssStat Bank Alert Line STEP")
-          .split(' ') +
-      array("Bankltr", 10) + array("Sig", 5);
-  const QStringList hand = QString(
-                               "Frequency Alpha Channel TrunkType Trunk Att Data Dly Hold LO "
-                               "Pri Police Scan Keylock Search")
-                               .split(' ') +
-                           array("Bank", 11) + array("Bankltr", 10);
-  const auto sorted = [](QStringList names) {
-    names.sort();
-    return names;
-  };
-  const auto names = [](const PanelLayout& layout) {
-    QStringList result;
-    for (const DisplayElement& element : layout.elements) result.append(element.name);
-    return result;
-  };
-  EXPECT_EQ(sorted(names(bc895Layout())), sorted(desk));
-  EXPECT_EQ(sorted(names(bc245Layout())), sorted(hand));
-  EXPECT_EQ(bc895Layout().knob->marks, 13);
-  EXPECT_FALSE(bc245Layout().knob.has_value());
-}
-
 class BothLayouts : public testing::TestWithParam<std::function<PanelLayout()>> {
  protected:
   const PanelLayout layout = GetParam()();
