@@ -1,4 +1,4 @@
-// Whether the window ever stands still: somebody types into the full tables of the whole program
+// Whether the window ever freezes: somebody types into the full tables of the whole program
 // while it polls a radio at 9600 baud, and while it waits for one that has fallen silent.
 #include <QApplication>
 

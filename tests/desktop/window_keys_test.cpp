@@ -124,9 +124,9 @@ class KeysOf : public WindowTest<Form> {
       }
     }
     EXPECT_TRUE(this->window.isVisible());
-    for (const auto& element : this->form.panel.elements()) {
-      const QString name = QString::fromStdString(element.name);
-      EXPECT_TRUE(name.startsWith("Knob") || !panel.elementRect(name).isEmpty()) << element.name;
+    for (const platform::Label* element : this->form.panel.elements()) {
+      const QString name = QString::fromStdString(element->name());
+      EXPECT_TRUE(name.startsWith("Knob") || !panel.elementRect(name).isEmpty()) << element->name();
     }
   }
 

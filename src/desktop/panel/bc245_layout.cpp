@@ -2,7 +2,7 @@
 
 #include "desktop/panel/panel_layout.h"
 
-// The hand-held: display on top, then a grid of four columns and six rows. The digits stand in the
+// The hand-held: display on top, then a grid of four columns and six rows. The digits are in the
 // first three columns as on a telephone, what acts on a channel in the fourth.
 namespace tarnvex::desktop {
 namespace {

@@ -79,13 +79,23 @@ void paintCaption(QPainter& painter, const PanelCaption& caption) {
 
 void paintBody(QPainter& painter, const PanelLayout& layout) {
   painter.setRenderHint(QPainter::Antialiasing);
-  for (const PanelFitting& fitting : layout.fittings) paintFitting(painter, fitting);
-  if (!layout.body.isEmpty()) paintCase(painter, layout.body, layout.bodyRadius);
+  for (const PanelFitting& fitting : layout.fittings) {
+    paintFitting(painter, fitting);
+  }
+  if (!layout.body.isEmpty()) {
+    paintCase(painter, layout.body, layout.bodyRadius);
+  }
   // A display without a body fills its window to the corners.
   paintBezel(painter, layout.bezel, layout.body.isEmpty() ? 0 : kBezelRadius);
-  for (const PanelCaption& caption : layout.captions) paintCaption(painter, caption);
-  if (layout.knob) paintKnob(painter, *layout.knob);
-  for (const PanelKey& key : layout.keys) paintKey(painter, layout, key, KeyLook{});
+  for (const PanelCaption& caption : layout.captions) {
+    paintCaption(painter, caption);
+  }
+  if (layout.knob) {
+    paintKnob(painter, *layout.knob);
+  }
+  for (const PanelKey& key : layout.keys) {
+    paintKey(painter, layout, key, KeyLook{});
+  }
 }
 
 }  // namespace tarnvex::desktop

@@ -25,7 +25,9 @@ Lettering wordLettering(const DisplayElement& element) {
   lettering.bold = true;
   lettering.align = element.align;
   lettering.size = element.rect.height() * (element.kind == ElementKind::BankLetter ? 0.8 : 0.78);
-  if (element.kind == ElementKind::Text) lettering.size = element.rect.height() * 0.86;
+  if (element.kind == ElementKind::Text) {
+    lettering.size = element.rect.height() * 0.86;
+  }
   return lettering;
 }
 
@@ -71,17 +73,23 @@ void paintGlass(QPainter& painter, const PanelLayout& layout, const QColor& back
   paintShade(painter, glass);
   const QColor ghost = alpha(inkOn(back), kGhostAlpha);
   for (const DisplayElement& element : layout.elements) {
-    if (hasOwnShape(element.kind)) paintFixed(painter, element, ghost);
+    if (hasOwnShape(element.kind)) {
+      paintFixed(painter, element, ghost);
+    }
   }
 }
 
 void paintElement(QPainter& painter, const SegmentFace& face, const DisplayElement& element,
                   const QString& text, bool lit, const QColor& ink) {
   if (hasOwnShape(element.kind)) {
-    if (lit) paintFixed(painter, element, ink);
+    if (lit) {
+      paintFixed(painter, element, ink);
+    }
     return;
   }
-  if (!lit || text.isEmpty()) return;
+  if (!lit || text.isEmpty()) {
+    return;
+  }
   if (element.kind == ElementKind::Text || !face.canShow(text)) {
     painter.setPen(ink);
     drawLettering(painter, element.rect, text, wordLettering(element));
@@ -90,7 +98,9 @@ void paintElement(QPainter& painter, const SegmentFace& face, const DisplayEleme
   const SegmentLine line = segmentLine(face, element, text);
   painter.save();
   painter.setTransform(segmentPlace(element, line), true);
-  for (const QPainterPath& shape : line.lit) painter.fillPath(shape, ink);
+  for (const QPainterPath& shape : line.lit) {
+    painter.fillPath(shape, ink);
+  }
   painter.restore();
 }
 
@@ -116,7 +126,9 @@ void paintSegmentGhost(QPainter& painter, const DisplayElement& element, const S
                        const QColor& ink) {
   painter.save();
   painter.setTransform(segmentPlace(element, line), true);
-  for (const QPainterPath& shape : line.unlit) painter.fillPath(shape, alpha(ink, kGhostAlpha));
+  for (const QPainterPath& shape : line.unlit) {
+    painter.fillPath(shape, alpha(ink, kGhostAlpha));
+  }
   painter.restore();
 }
 

@@ -7,7 +7,7 @@
 #include "desktop/panel/panel_layout.h"
 #include "desktop/panel/segment_face.h"
 
-/// The lit glass and what stands on it; the painter is in units.
+/// The lit glass and what it shows; the painter is in units.
 namespace tarnvex::desktop {
 
 /// Near-black on a bright back light, near-white on a dark one.
@@ -23,7 +23,7 @@ void paintGlass(QPainter& painter, const PanelLayout& layout, const QColor& back
 void paintElement(QPainter& painter, const SegmentFace& face, const DisplayElement& element,
                   const QString& text, bool lit, const QColor& ink);
 
-/// Where a line of segments stands in its element's rectangle.
+/// Where a line of segments is drawn in its element's rectangle.
 QTransform segmentPlace(const DisplayElement& element, const SegmentLine& line);
 
 /// The unlit cells behind a line of segments. Their number follows the text.

@@ -11,8 +11,12 @@ QString mainLine(const QString& text) {
 }
 
 QString textElement(const DisplayElement& element, const QString& text) {
-  if (text.trimmed().isEmpty()) return {};
-  if (element.kind == ElementKind::MainText) return mainLine(text);
+  if (text.trimmed().isEmpty()) {
+    return {};
+  }
+  if (element.kind == ElementKind::MainText) {
+    return mainLine(text);
+  }
   const QString plain = text.simplified();
   return element.spoken.isEmpty() ? plain : element.spoken + QLatin1Char(' ') + plain;
 }
@@ -26,7 +30,9 @@ QString readDisplay(const PanelLayout& layout, const FrontState& state) {
   if (!state.live) parts.append(QStringLiteral("Not live"));
   for (int i = 0; i < layout.elements.size(); ++i) {
     const DisplayElement& element = layout.elements[i];
-    if (!state.elements[i].lit || element.silent) continue;
+    if (!state.elements[i].lit || element.silent) {
+      continue;
+    }
     switch (element.kind) {
       case ElementKind::BankLetter:
         banks.append(element.ghost);
@@ -44,8 +50,12 @@ QString readDisplay(const PanelLayout& layout, const FrontState& state) {
         parts.append(textElement(element, state.elements[i].text));
     }
   }
-  if (!banks.isEmpty()) parts.append(QStringLiteral("bank ") + banks.join(QLatin1Char(' ')));
-  if (bars > 0) parts.append(QStringLiteral("signal %1").arg(bars));
+  if (!banks.isEmpty()) {
+    parts.append(QStringLiteral("bank ") + banks.join(QLatin1Char(' ')));
+  }
+  if (bars > 0) {
+    parts.append(QStringLiteral("signal %1").arg(bars));
+  }
   parts.removeAll(QString());
   return parts.join(QStringLiteral(", "));
 }

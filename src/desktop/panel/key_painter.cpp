@@ -37,15 +37,21 @@ QColor alpha(QColor colour, int value) {
 
 void paintFace(QPainter& painter, const QRectF& rect, const PanelKey& key, const KeyLook& look) {
   Face face = faceOf(key.tone);
-  if (look.hover) face = {face.top.lighter(116), face.bottom.lighter(116)};
-  if (look.down) face = {face.bottom.darker(118), face.bottom.darker(104)};
+  if (look.hover) {
+    face = {face.top.lighter(116), face.bottom.lighter(116)};
+  }
+  if (look.down) {
+    face = {face.bottom.darker(118), face.bottom.darker(104)};
+  }
   QLinearGradient gradient(rect.topLeft(), rect.bottomLeft());
   gradient.setColorAt(0, face.top);
   gradient.setColorAt(1, face.bottom);
   painter.setPen(Qt::NoPen);
   painter.setBrush(gradient);
   painter.drawRoundedRect(rect, kCorner, kCorner);
-  if (look.down) return;
+  if (look.down) {
+    return;
+  }
   // The light from above catches the upper edge and fades down the sides.
   QLinearGradient rim(rect.topLeft(), rect.bottomLeft());
   rim.setColorAt(0, alpha(style::kLight, 70));
@@ -76,10 +82,18 @@ void paintLabel(QPainter& painter, const QRectF& rect, const PanelLayout& layout
   Lettering lettering;
   lettering.bold = true;
   lettering.size = layout.keyLetters;
-  if (key.tone == KeyTone::Digit) lettering.size *= 1.7;
-  if (key.tone == KeyTone::Bank) lettering.size *= 1.2;
-  if (key.tone == KeyTone::Quiet) lettering.size *= 0.9;
-  if (key.label.contains(QLatin1Char('\n'))) lettering.size *= 0.85;
+  if (key.tone == KeyTone::Digit) {
+    lettering.size *= 1.7;
+  }
+  if (key.tone == KeyTone::Bank) {
+    lettering.size *= 1.2;
+  }
+  if (key.tone == KeyTone::Quiet) {
+    lettering.size *= 0.9;
+  }
+  if (key.label.contains(QLatin1Char('\n'))) {
+    lettering.size *= 0.85;
+  }
   painter.setPen(key.tone == KeyTone::Quiet ? style::kPrint : style::kKeyPrint);
   drawLettering(painter, rect.adjusted(3, 0, -3, 0), key.label, lettering);
 }
@@ -95,7 +109,9 @@ void paintKey(QPainter& painter, const PanelLayout& layout, const PanelKey& key,
   const QRectF rect = look.down ? key.rect.translated(0, kTravel) : key.rect;
   paintFace(painter, rect, key, look);
   paintLabel(painter, rect, layout, key);
-  if (!look.focus) return;
+  if (!look.focus) {
+    return;
+  }
   painter.setPen(QPen(style::kAccent, 2));
   painter.setBrush(Qt::NoBrush);
   painter.drawRoundedRect(key.rect.adjusted(-2, -2, 2, 2), kCorner + 2, kCorner + 2);

@@ -10,7 +10,7 @@ struct KeyLook {
   bool hover = false;
   bool down = false;
   bool focus = false;
-  bool atRest() const { return !hover && !down && !focus; }
+  [[nodiscard]] bool atRest() const { return !hover && !down && !focus; }
 };
 
 /// How far a key's drawing (its seat, its focus ring) reaches beyond its rectangle, in units.

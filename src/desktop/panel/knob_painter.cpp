@@ -105,7 +105,9 @@ void paintKnobPosition(QPainter& painter, const PanelKnob& knob, int angleMark, 
   painter.drawEllipse(dimple, radius, radius);
   painter.setBrush(grey(0x36));
   painter.drawEllipse(dimple, radius - 1.4, radius - 1.4);
-  if (litMark < 0) return;
+  if (litMark < 0) {
+    return;
+  }
   const QPointF at = onCircle(knob, knob.ringRadius, double(litMark) / knob.marks);
   QRadialGradient glow(at, kGlow);
   QColor halo = style::kAccent;

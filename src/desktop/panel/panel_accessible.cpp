@@ -16,31 +16,35 @@ class KeyAccessible : public QAccessibleInterface, public QAccessibleActionInter
  public:
   KeyAccessible(RadioPanel* panel, int index) : panel_(panel), index_(index) {}
 
-  bool isValid() const override { return !panel_.isNull(); }
-  QObject* object() const override { return nullptr; }
-  QWindow* window() const override {
+  [[nodiscard]] bool isValid() const override { return !panel_.isNull(); }
+  [[nodiscard]] QObject* object() const override { return nullptr; }
+  [[nodiscard]] QWindow* window() const override {
     return isValid() ? panel_->window()->windowHandle() : nullptr;
   }
-  QAccessibleInterface* parent() const override {
+  [[nodiscard]] QAccessibleInterface* parent() const override {
     return isValid() ? QAccessible::queryAccessibleInterface(panel_) : nullptr;
   }
-  QAccessibleInterface* child(int) const override { return nullptr; }
-  QAccessibleInterface* childAt(int, int) const override { return nullptr; }
-  int childCount() const override { return 0; }
+  [[nodiscard]] QAccessibleInterface* child(int) const override { return nullptr; }
+  [[nodiscard]] QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+  [[nodiscard]] int childCount() const override { return 0; }
   int indexOfChild(const QAccessibleInterface*) const override { return -1; }
 
-  QString text(QAccessible::Text kind) const override {
-    if (kind != QAccessible::Name || !isValid()) return {};
+  [[nodiscard]] QString text(QAccessible::Text kind) const override {
+    if (kind != QAccessible::Name || !isValid()) {
+      return {};
+    }
     return panel_->layoutData().keys[index_].spoken;
   }
   void setText(QAccessible::Text, const QString&) override {}
-  QRect rect() const override {
-    if (!isValid()) return {};
+  [[nodiscard]] QRect rect() const override {
+    if (!isValid()) {
+      return {};
+    }
     const QRect key = panel_->keyRect(index_);
     return {panel_->mapToGlobal(key.topLeft()), key.size()};
   }
-  QAccessible::Role role() const override { return QAccessible::Button; }
-  QAccessible::State state() const override {
+  [[nodiscard]] QAccessible::Role role() const override { return QAccessible::Button; }
+  [[nodiscard]] QAccessible::State state() const override {
     QAccessible::State state;
     if (!isValid()) {
       state.invalid = true;
@@ -52,13 +56,19 @@ class KeyAccessible : public QAccessibleInterface, public QAccessibleActionInter
     return state;
   }
   void* interface_cast(QAccessible::InterfaceType type) override {
-    if (type != QAccessible::ActionInterface) return nullptr;
+    if (type != QAccessible::ActionInterface) {
+      return nullptr;
+    }
     return static_cast<QAccessibleActionInterface*>(this);
   }
 
-  QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
+  [[nodiscard]] QStringList actionNames() const override {
+    return {pressAction(), setFocusAction()};
+  }
   void doAction(const QString& name) override {
-    if (!isValid()) return;
+    if (!isValid()) {
+      return;
+    }
     if (name == setFocusAction()) {
       panel_->setFocus(Qt::OtherFocusReason);
       panel_->setFocusKey(index_);
@@ -66,7 +76,7 @@ class KeyAccessible : public QAccessibleInterface, public QAccessibleActionInter
       panel_->clickKey(index_);
     }
   }
-  QStringList keyBindingsForAction(const QString&) const override { return {}; }
+  [[nodiscard]] QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
  private:
   QPointer<RadioPanel> panel_;
@@ -87,33 +97,39 @@ class PanelAccessible : public QAccessibleWidget {
   PanelAccessible(PanelAccessible&&) = delete;
   PanelAccessible& operator=(PanelAccessible&&) = delete;
 
-  int childCount() const override { return static_cast<int>(keys_.size()); }
-  QAccessibleInterface* child(int index) const override {
+  [[nodiscard]] int childCount() const override { return static_cast<int>(keys_.size()); }
+  [[nodiscard]] QAccessibleInterface* child(int index) const override {
     return index >= 0 && index < keys_.size() ? QAccessible::accessibleInterface(keys_[index])
                                               : nullptr;
   }
   int indexOfChild(const QAccessibleInterface* wanted) const override {
     for (int i = 0; i < keys_.size(); ++i) {
-      if (QAccessible::accessibleInterface(keys_[i]) == wanted) return i;
+      if (QAccessible::accessibleInterface(keys_[i]) == wanted) {
+        return i;
+      }
     }
     return -1;
   }
-  QAccessibleInterface* childAt(int x, int y) const override {
+  [[nodiscard]] QAccessibleInterface* childAt(int x, int y) const override {
     for (int i = 0; i < keys_.size(); ++i) {
-      if (child(i)->rect().contains(x, y)) return child(i);
+      if (child(i)->rect().contains(x, y)) {
+        return child(i);
+      }
     }
     return nullptr;
   }
-  QAccessibleInterface* focusChild() const override {
+  [[nodiscard]] QAccessibleInterface* focusChild() const override {
     return panel_->hasFocus() ? child(panel_->focusKey()) : nullptr;
   }
-  QString text(QAccessible::Text kind) const override {
+  [[nodiscard]] QString text(QAccessible::Text kind) const override {
     return kind == QAccessible::Description ? panel_->displayText() : QAccessibleWidget::text(kind);
   }
 
  protected:
   ~PanelAccessible() override {
-    for (const QAccessible::Id id : keys_) QAccessible::deleteAccessibleInterface(id);
+    for (const QAccessible::Id id : keys_) {
+      QAccessible::deleteAccessibleInterface(id);
+    }
   }
 
  private:
@@ -133,7 +149,9 @@ void installPanelAccessibility() {
 }
 
 void announceKeyFocus(RadioPanel* panel, int keyIndex) {
-  if (!QAccessible::isActive() || keyIndex < 0) return;
+  if (!QAccessible::isActive() || keyIndex < 0) {
+    return;
+  }
   QAccessibleEvent event(panel, QAccessible::Focus);
   event.setChild(keyIndex);
   QAccessible::updateAccessibility(&event);

@@ -8,7 +8,7 @@ class RadioPanel;
 /// key. Called by every panel; the first call counts.
 void installPanelAccessibility();
 
-/// Tells a screen reader that the focus stands on that key now.
+/// Tells a screen reader that the focus is on that key now.
 void announceKeyFocus(RadioPanel* panel, int keyIndex);
 
 }  // namespace tarnvex::desktop

@@ -33,7 +33,9 @@ int keyAt(const PanelLayout& layout, const QPointF& point) {
 }
 
 bool isOnKnob(const PanelLayout& layout, const QPointF& point) {
-  if (!layout.knob) return false;
+  if (!layout.knob) {
+    return false;
+  }
   const QPointF way = point - layout.knob->centre;
   return std::hypot(way.x(), way.y()) <= layout.knob->ringRadius;
 }
@@ -47,9 +49,13 @@ int neighbourKey(const PanelLayout& layout, int from, Qt::Key arrow) {
     const QPointF way = layout.keys[i].rect.center() - start;
     const double forward = QPointF::dotProduct(way, ahead);
     const double aside = std::abs(way.x() * ahead.y() - way.y() * ahead.x());
-    if (forward < 1 || aside > 3 * forward) continue;
+    if (forward < 1 || aside > 3 * forward) {
+      continue;
+    }
     const double cost = forward + kAsideWeight * aside;
-    if (cost >= least) continue;
+    if (cost >= least) {
+      continue;
+    }
     least = cost;
     best = i;
   }

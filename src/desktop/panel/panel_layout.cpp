@@ -43,7 +43,9 @@ PanelLayout displayOnly(const PanelLayout& layout) {
   only.size = layout.bezel.size();
   only.bezel.moveTopLeft({0, 0});
   only.glass.translate(-origin);
-  for (DisplayElement& element : only.elements) element.rect.translate(-origin);
+  for (DisplayElement& element : only.elements) {
+    element.rect.translate(-origin);
+  }
   return only;
 }
 

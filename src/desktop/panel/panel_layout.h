@@ -8,7 +8,7 @@
 #include <QVector>
 #include <optional>
 
-/// Where things stand on a radio's front: pure data, one value per radio.
+/// Where things are on a radio's front: pure data, one value per radio.
 ///
 /// All measures are abstract units of the drawing; RadioPanel scales them to its widget, so only
 /// their proportions matter. At 100 % and the natural size of the panel a unit is about a pixel.
@@ -38,7 +38,7 @@ struct DisplayElement {
   /// rest, such as "888.8888". Empty: no ghost.
   QString ghost;
   Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter;
-  /// What precedes the text when the display is read aloud ("channel"), or stands for the word.
+  /// What precedes the text when the display is read aloud ("channel"), or replaces the word.
   QString spoken;
   bool silent = false;  ///< Left out when the display is read aloud.
 };
@@ -67,7 +67,7 @@ struct PanelKnob {
   double ringRadius = 0;  ///< Of the circle through the marks.
   int marks = 0;
   /// What takes the mouse; the round knob lies within.
-  QRectF area() const {
+  [[nodiscard]] QRectF area() const {
     const double reach = ringRadius + 6;
     return {centre.x() - reach, centre.y() - reach, 2 * reach, 2 * reach};
   }
@@ -105,9 +105,9 @@ struct PanelLayout {
   QVector<PanelFitting> fittings;
 
   /// Index of the key with that control name, or -1.
-  int keyIndex(const QString& control) const;
+  [[nodiscard]] int keyIndex(const QString& control) const;
   /// Index of the display element with that name, or -1.
-  int elementIndex(const QString& name) const;
+  [[nodiscard]] int elementIndex(const QString& name) const;
 };
 
 /// The desk set. Its key index is the index of the `Keypad` array, 0 to 40.

@@ -38,7 +38,9 @@ QColor shownInk(const FrontState& state) {
 PanelRenderer::PanelRenderer(const PanelLayout& layout) : layout_(layout) {}
 
 void PanelRenderer::setGeometry(const QSize& size, double devicePixelRatio) {
-  if (size == size_ && devicePixelRatio == ratio_) return;
+  if (size == size_ && devicePixelRatio == ratio_) {
+    return;
+  }
   size_ = size;
   ratio_ = devicePixelRatio;
   const double scale =
@@ -84,7 +86,9 @@ void PanelRenderer::ensurePictures(const QColor& back) {
 }
 
 void PanelRenderer::paint(QPainter& painter, const QRegion& clip, const FrontState& state) {
-  if (size_.isEmpty()) return;
+  if (size_.isEmpty()) {
+    return;
+  }
   ensurePictures(shownBack(state));
   painter.drawPixmap(0, 0, front_);
   paintGhosts(painter, clip, state);
@@ -104,7 +108,9 @@ void PanelRenderer::paintElements(QPainter& painter, const QRegion& clip,
   const QColor ink = shownInk(state);
   for (int i = 0; i < layout_.elements.size(); ++i) {
     const DisplayElement& element = layout_.elements[i];
-    if (!clip.intersects(widgetRect(element.rect, kElementMargin))) continue;
+    if (!clip.intersects(widgetRect(element.rect, kElementMargin))) {
+      continue;
+    }
     paintElement(painter, face_, element, state.elements[i].text, state.elements[i].lit, ink);
   }
 }
@@ -142,7 +148,9 @@ void PanelRenderer::paintKeys(QPainter& painter, const QRegion& clip,
   for (int i = 0; i < layout_.keys.size(); ++i) {
     const KeyLook look{state.hoverKey == i, state.keysDown.contains(i), state.focusKey == i};
     const PanelKey& key = layout_.keys[i];
-    if (look.atRest() || !clip.intersects(widgetRect(key.rect, kKeyMargin))) continue;
+    if (look.atRest() || !clip.intersects(widgetRect(key.rect, kKeyMargin))) {
+      continue;
+    }
     paintKey(painter, layout_, key, look);
   }
 }

@@ -28,8 +28,12 @@ QFont layoutFont(const Lettering& lettering) {
 }
 
 double alignedX(const QRectF& rect, double width, Qt::Alignment align) {
-  if (align.testFlag(Qt::AlignRight)) return rect.right() - width;
-  if (align.testFlag(Qt::AlignHCenter)) return rect.center().x() - width / 2;
+  if (align.testFlag(Qt::AlignRight)) {
+    return rect.right() - width;
+  }
+  if (align.testFlag(Qt::AlignHCenter)) {
+    return rect.center().x() - width / 2;
+  }
   return rect.left();
 }
 

@@ -34,7 +34,7 @@ class RadioPanel : public QWidget {
 
   /// The colour of the display's back light. On a dark one the ink turns light.
   void setDisplayColour(QColor back);
-  QColor displayColour() const;
+  [[nodiscard]] QColor displayColour() const;
 
   /// Whether the display shows a live radio: true at first. If it doesn't, the glass is dark and
   /// its text faint, and the display in words begins with "Not live".
@@ -47,25 +47,25 @@ class RadioPanel : public QWidget {
   /// A whole left click on a key, with its signals: for assistive technology.
   void clickKey(int keyIndex);
 
-  const PanelLayout& layoutData() const;
+  [[nodiscard]] const PanelLayout& layoutData() const;
 
   /// The display in words: "Frequency 155.1150, Fire dispatch, SCAN, bank A B". This is also the
   /// accessible description.
-  QString displayText() const;
+  [[nodiscard]] QString displayText() const;
 
   /// Where things are now, in widget coordinates; empty for what does not exist.
-  QRect keyRect(int keyIndex) const;
-  QRect elementRect(const QString& name) const;
-  QRect knobRect() const;
+  [[nodiscard]] QRect keyRect(int keyIndex) const;
+  [[nodiscard]] QRect elementRect(const QString& name) const;
+  [[nodiscard]] QRect knobRect() const;
 
   /// The key that has, or would take, the keyboard focus; -1 if there are no keys.
-  int focusKey() const;
+  [[nodiscard]] int focusKey() const;
   void setFocusKey(int keyIndex);
 
-  QSize sizeHint() const override;
-  QSize minimumSizeHint() const override;
-  bool hasHeightForWidth() const override { return true; }
-  int heightForWidth(int width) const override;
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override;
+  [[nodiscard]] bool hasHeightForWidth() const override { return true; }
+  [[nodiscard]] int heightForWidth(int width) const override;
 
  signals:
   /// A key went down, by mouse or (Space, Enter on the focused key: left) by keyboard.
@@ -98,8 +98,8 @@ class RadioPanel : public QWidget {
   struct Held;
   struct State;
 
-  QPointF toUnits(const QPointF& where) const;
-  int keyboardTarget() const;
+  [[nodiscard]] QPointF toUnits(const QPointF& where) const;
+  [[nodiscard]] int keyboardTarget() const;
   bool press(const QPointF& where, Qt::MouseButton button);
   void hold(int target, Qt::MouseButton button, bool byKeyboard);
   void release(Qt::MouseButton button, bool byKeyboard, int over);

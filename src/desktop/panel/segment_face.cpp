@@ -40,7 +40,9 @@ void useFont(SegmentShapes& shapes, bool bold) {
   font.setBold(bold);
   font.setHintingPreference(QFont::PreferNoHinting);
   for (auto it = shapes.glyphs.begin(); it != shapes.glyphs.end(); ++it) {
-    if (!it.value().isEmpty()) it.value() = fontGlyph(font, drawnAs(it.key()));
+    if (!it.value().isEmpty()) {
+      it.value() = fontGlyph(font, drawnAs(it.key()));
+    }
   }
   shapes.point = fontGlyph(font, QLatin1Char('.'));
   shapes.all = fontGlyph(font, QLatin1Char('~'));
@@ -48,8 +50,12 @@ void useFont(SegmentShapes& shapes, bool bold) {
 
 SegmentShapes shapesOf(SegmentFace::Source source, bool bold) {
   SegmentShapes shapes = drawSegments(bold ? kBold : kRegular);
-  if (source == SegmentFace::Source::Installed) useFont(shapes, bold);
-  for (QPainterPath& glyph : shapes.glyphs) glyph = slanted(glyph);
+  if (source == SegmentFace::Source::Installed) {
+    useFont(shapes, bold);
+  }
+  for (QPainterPath& glyph : shapes.glyphs) {
+    glyph = slanted(glyph);
+  }
   shapes.point = slanted(shapes.point);
   shapes.all = slanted(shapes.all);
   return shapes;
@@ -93,8 +99,9 @@ SegmentLine SegmentFace::line(const QString& text, const QString& rest, bool toR
   QVector<Cell> resting = cells(rest);
   const int count = static_cast<int>(std::max(shown.size(), resting.size()));
   const auto pad = [count, toRight](QVector<Cell>& line) {
-    while (line.size() < count)
+    while (line.size() < count) {
       line.insert(toRight ? 0 : line.size(), Cell{QLatin1Char(' '), false});
+    }
   };
   const bool longer = shown.size() > resting.size();
   pad(shown);
@@ -106,12 +113,18 @@ SegmentLine SegmentFace::line(const QString& text, const QString& rest, bool toR
   for (int i = 0; i < count; ++i) {
     const double x = i * kCellAdvance;
     const QPainterPath shape = shapes.glyphs.value(shown[i].character.toUpper());
-    if (!shape.isEmpty()) result.lit.append(shape.translated(x, 0));
+    if (!shape.isEmpty()) {
+      result.lit.append(shape.translated(x, 0));
+    }
     result.unlit.append(shapes.all.translated(x, 0));
     result.pattern.append(QLatin1Char('c'));
     const QPainterPath point = shapes.point.translated(x + kCellAdvance, 0);
-    if (shown[i].point) result.lit.append(point);
-    if (!shown[i].point && (longer || !resting[i].point)) continue;
+    if (shown[i].point) {
+      result.lit.append(point);
+    }
+    if (!shown[i].point && (longer || !resting[i].point)) {
+      continue;
+    }
     result.unlit.append(point);
     result.pattern.append(QLatin1Char('p'));
   }

@@ -42,14 +42,14 @@ class SegmentFace {
   /// `Installed` falls back to `Drawn` where the font is missing.
   explicit SegmentFace(Source wanted = Source::Installed);
 
-  Source source() const { return source_; }
+  [[nodiscard]] Source source() const { return source_; }
 
   /// Whether segments can show each of the characters.
-  bool canShow(const QString& text) const;
+  [[nodiscard]] bool canShow(const QString& text) const;
 
-  /// Lays `text` out in at least as many cells as `rest` ("888.8888") has. A shorter text stands
-  /// at the right if `toRight`, else at the left. What can't be shown leaves its cell dark.
-  SegmentLine line(const QString& text, const QString& rest, bool toRight) const;
+  /// Lays `text` out in at least as many cells as `rest` ("888.8888") has. A shorter text is
+  /// aligned at the right if `toRight`, else at the left. What can't be shown leaves its cell dark.
+  [[nodiscard]] SegmentLine line(const QString& text, const QString& rest, bool toRight) const;
 
  private:
   struct Cell {

@@ -153,7 +153,9 @@ SegmentShapes drawSegments(double thickness) {
   const auto path = [&shapes](int segments) {
     QPainterPath result;
     for (int bit = 0; bit < kSegments; ++bit) {
-      if ((segments & (1 << bit)) == 0) continue;
+      if ((segments & (1 << bit)) == 0) {
+        continue;
+      }
       result.addPolygon(shapes[static_cast<std::size_t>(bit)]);
       result.closeSubpath();
     }

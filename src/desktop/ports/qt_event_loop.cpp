@@ -5,7 +5,7 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// A window that stands still for as long as this is not noticed.
+/// Nobody notices a window that freezes for this long.
 constexpr int kStillMilliseconds = 4;
 
 }  // namespace

@@ -22,7 +22,7 @@ class QtEventLoop : public platform::EventLoop {
   /// passes. Returns `done`.
   bool waitUntil(const std::function<bool()>& done, QDeadlineTimer deadline);
   /// Waits for bytes on the device itself, without delivering events: a millisecond at the most,
-  /// and not at all if the last turn of the loop is longer ago than a window may stand still.
+  /// and not at all if the last turn of the loop is longer ago than a window may freeze.
   void waitOnDevice(QIODevice& device);
 
   /// Runs the program until `leave`. Returns its exit status.

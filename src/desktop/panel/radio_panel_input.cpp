@@ -1,0 +1,175 @@
+// How mouse and keyboard press the panel's keys and its knob.
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPointer>
+#include <algorithm>
+
+#include "desktop/panel/panel_accessible.h"
+#include "desktop/panel/panel_geometry.h"
+#include "desktop/panel/radio_panel_state.h"
+
+namespace tarnvex::desktop {
+namespace {
+
+bool isPressKey(int key) {
+  return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+bool isArrow(int key) {
+  return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down;
+}
+
+}  // namespace
+
+QPointF RadioPanel::toUnits(const QPointF& where) const {
+  return renderer_->transform().inverted().map(where);
+}
+
+bool RadioPanel::press(const QPointF& where, Qt::MouseButton button) {
+  const QPointF point = toUnits(where);
+  const int key = keyAt(state_->layout, point);
+  const int target = key == kNone && isOnKnob(state_->layout, point) ? kKnobTarget : key;
+  if (target == kNone) {
+    return false;
+  }
+  hold(target, button, false);
+  return true;
+}
+
+void RadioPanel::hold(int target, Qt::MouseButton button, bool byKeyboard) {
+  state_->held.append({target, button, byKeyboard});
+  if (target == kKnobTarget) {
+    emit knobPressed(button);
+  } else {
+    setKeyDown(target, true);
+    emit keyPressed(target, button);
+  }
+}
+
+void RadioPanel::release(Qt::MouseButton button, bool byKeyboard, int over) {
+  QVector<Held>& held = state_->held;
+  const auto found = std::find_if(held.begin(), held.end(), [button, byKeyboard](const Held& one) {
+    return one.button == button && one.byKeyboard == byKeyboard;
+  });
+  if (found == held.end()) {
+    return;
+  }
+  const int target = found->target;
+  held.erase(found);
+  if (target == kKnobTarget) {
+    emit knobReleased(button);
+    return;
+  }
+  const bool stillDown = std::any_of(held.begin(), held.end(),
+                                     [target](const Held& one) { return one.target == target; });
+  if (!stillDown) {
+    setKeyDown(target, false);
+  }
+  // What a key does may close the window and the panel with it.
+  const QPointer<RadioPanel> alive(this);
+  emit keyReleased(target, button);
+  if (alive && over == target) {
+    emit keyClicked(target, button);
+  }
+}
+
+void RadioPanel::releaseAll() {
+  const QPointer<RadioPanel> alive(this);
+  while (alive && !state_->held.isEmpty()) {
+    const Held first = state_->held.first();
+    release(first.button, first.byKeyboard, kNone);
+  }
+}
+
+void RadioPanel::clickKey(int keyIndex) {
+  if (keyIndex < 0 || keyIndex >= state_->layout.keys.size()) {
+    return;
+  }
+  const QPointer<RadioPanel> alive(this);
+  hold(keyIndex, Qt::LeftButton, true);
+  if (alive) {
+    release(Qt::LeftButton, true, keyIndex);
+  }
+}
+
+void RadioPanel::mousePressEvent(QMouseEvent* event) {
+  event->setAccepted(press(event->position(), event->button()));
+}
+
+void RadioPanel::mouseReleaseEvent(QMouseEvent* event) {
+  release(event->button(), false, keyAt(state_->layout, toUnits(event->position())));
+}
+
+void RadioPanel::mouseDoubleClickEvent(QMouseEvent* event) {
+  // The second press of a quick pair is as good a press as the first.
+  if (press(event->position(), event->button())) {
+    return;
+  }
+  const bool onGlass = state_->layout.glass.contains(toUnits(event->position()));
+  event->setAccepted(onGlass);
+  if (onGlass && event->button() == Qt::LeftButton) {
+    emit displayDoubleClicked();
+  }
+}
+
+void RadioPanel::mouseMoveEvent(QMouseEvent* event) {
+  setHoverKey(event->buttons() == Qt::NoButton ? keyAt(state_->layout, toUnits(event->position()))
+                                               : kNone);
+  event->setAccepted(!state_->held.isEmpty());
+}
+
+void RadioPanel::leaveEvent(QEvent*) {
+  setHoverKey(kNone);
+}
+
+int RadioPanel::keyboardTarget() const {
+  const auto own = std::find_if(state_->held.begin(), state_->held.end(),
+                                [](const Held& one) { return one.byKeyboard; });
+  return own == state_->held.end() ? kNone : own->target;
+}
+
+void RadioPanel::keyPressEvent(QKeyEvent* event) {
+  const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+  if (plain && isArrow(event->key()) && state_->focusKey >= 0) {
+    const auto arrow = static_cast<Qt::Key>(event->key());
+    setFocusKey(neighbourKey(state_->layout, state_->focusKey, arrow));
+  } else if (plain && isPressKey(event->key()) && state_->focusKey >= 0) {
+    if (event->isAutoRepeat() || keyboardTarget() != kNone) {
+      return;
+    }
+    hold(state_->focusKey, Qt::LeftButton, true);
+  } else {
+    event->ignore();
+  }
+}
+
+void RadioPanel::keyReleaseEvent(QKeyEvent* event) {
+  const int target = keyboardTarget();
+  if (!isPressKey(event->key()) || target == kNone) {
+    return event->ignore();
+  }
+  if (!event->isAutoRepeat()) {
+    release(Qt::LeftButton, true, target);
+  }
+}
+
+// The base class would paint the whole panel again at each change of focus.
+void RadioPanel::focusInEvent(QFocusEvent*) {
+  setFocusRing(true);
+  announceKeyFocus(this, state_->focusKey);
+}
+
+void RadioPanel::focusOutEvent(QFocusEvent*) {
+  setFocusRing(false);
+  if (keyboardTarget() != kNone) {
+    releaseAll();
+  }
+}
+
+void RadioPanel::hideEvent(QHideEvent* event) {
+  releaseAll();
+  QWidget::hideEvent(event);
+}
+
+}  // namespace tarnvex::desktop
