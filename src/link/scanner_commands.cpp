@@ -13,8 +13,6 @@ using platform::toInteger;
 using platform::toReal;
 
 constexpr int kChannels = 300;
-/// The BC245XLT's "-".
-constexpr char kWireDash = '\xFE';
 
 bool isDigit(char character) {
   return character >= '0' && character <= '9';
@@ -262,10 +260,15 @@ std::vector<std::string> listEntries(std::string_view reply) {
   return entries;
 }
 
-std::optional<std::string> lockoutEntry(std::string_view reply) {
-  if (reply.empty() || reply == "IL ------") {
-    return std::nullopt;
-  }
+bool listIsWhole(std::string_view reply) {
+  return reply == "END" || reply.ends_with("\rEND");
+}
+
+bool endsLockouts(std::string_view reply) {
+  return reply == "IL ------";
+}
+
+std::string lockoutEntry(std::string_view reply) {
   return mid(reply, 3);
 }
 

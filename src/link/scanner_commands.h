@@ -359,16 +359,21 @@ class TrunkTypeReply {
 /// The entries in the answer to the list forms of "SS" and "IL" on a BC895XLT, without the closing
 /// line. An answer that breaks off ends with its last whole line.
 std::vector<std::string> listEntries(std::string_view reply);
-/// The entry in an answer to `readSkip` or `readLockout`; nothing at the list's end and for
-/// silence.
-std::optional<std::string> lockoutEntry(std::string_view reply);
+/// Whether such an answer has its closing line.
+bool listIsWhole(std::string_view reply);
+/// Whether an answer to `readLockout` says that the list has ended.
+bool endsLockouts(std::string_view reply);
+/// The entry in an answer to `readSkip` or `readLockout`.
+std::string lockoutEntry(std::string_view reply);
 /// An entry of a list of skipped frequencies in MHz. Nothing if it is no number.
 std::optional<double> skippedFrequency(std::string_view entry);
 /// The bank letters in the answer to "SB" or "IS", with the blank before them.
 std::string bankList(std::string_view reply);
 /// The bank letters in the answer to "SB" or "IS".
 std::string bankLetters(std::string_view reply);
-/// A reply of the BC245XLT with the "-" that it sends as code 254.
+/// The BC245XLT sends "-" as this.
+inline constexpr char kWireDash = '\xFE';
+/// A reply of the BC245XLT with "-" in place of that.
 std::string withDashes(std::string reply);
 /// Group letter and slot digit of the priority ID in the answer to "PI ", empty if there is none.
 std::string priorityPlace(std::string_view reply);

@@ -9,6 +9,7 @@ void resetScanner(platform::Dialogs& dialogs, link::ScannerLink& link) {
       dialogs.askToDestroy("WARNING: ALL CHANNELS OF YOUR SCANNER WILL BE CLEARED!!! Continue?",
                            "Confirm Scanner Reset", platform::kYesNoWarning);
   if (answer == platform::Answer::Yes) {
+    link.ids().end();
     link.SendCommand(link::command::kClearChannels);
   }
 }

@@ -21,7 +21,9 @@ Transfer::Transfer(const TransferWindow& window, const TransferOutside& outside)
       granted_(!std::exchange(outside.state.TransferRunning, true)) {
   if (!granted_) {
     outside_.dialogs.beep();
+    return;
   }
+  outside_.link.ids().end();
 }
 
 Transfer::~Transfer() {

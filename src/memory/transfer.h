@@ -60,6 +60,7 @@ class Progress {
 class Transfer : private platform::NonCopyable {
  public:
   /// Beeps if another transfer is running: it then isn't `granted`, and nothing else may be called.
+  /// Ends the poll's ID loop, if it is in one.
   Transfer(const TransferWindow& window, const TransferOutside& outside);
   ~Transfer();
 

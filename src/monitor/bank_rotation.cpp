@@ -23,7 +23,7 @@ BankRotation::BankRotation(Outside outside, std::string_view section, int banks,
     box.onStored = bankClicked;
   }
   timer.onTick = [this, step = std::move(step)] {
-    if (panel().Frequency.caption() == kScanning) {
+    if (panel().Frequency.caption() == kScanning && mayAct()) {
       step();
     }
   };

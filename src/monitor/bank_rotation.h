@@ -16,7 +16,8 @@ namespace tarnvex::monitor {
 /// on to the next ticked bank. It knows a quiet radio by the word "Scanning" on the display, so
 /// that a reception holds the radio on the bank that it was found in.
 ///
-/// The rotation can't be on while no box is ticked.
+/// The rotation can't be on while no box is ticked. It leaves keys and display alone while a
+/// transfer runs, whatever is clicked.
 class BankRotation : private platform::NonCopyable {
  public:
   /// Ticks the stored boxes.
@@ -52,6 +53,7 @@ class BankRotation : private platform::NonCopyable {
     return MSBank[static_cast<std::size_t>(bank)].value();
   }
   [[nodiscard]] bool anyTicked() const;
+  [[nodiscard]] bool mayAct() const { return !outside_.state.TransferRunning; }
   /// Lets the user switch the rotation on if a box is ticked, and switches it off if none is.
   void followBoxes();
 

@@ -7,6 +7,8 @@
 namespace tarnvex::monitor {
 namespace {
 
+constexpr std::string_view kRemote = "RMT";
+
 namespace key = link::key;
 namespace mode = link::mode895;
 
@@ -66,6 +68,11 @@ Bc895Keypad::Bc895Keypad(PanelState& panel, KeypadOutside outside, std::function
       actions_(panel, std::move(outside), kLockoutModes),
       unload_(std::move(unload)) {}
 
+bool Bc895Keypad::leaves(int index, MouseButton button) {
+  return button == MouseButton::Left && index >= 0 && index < static_cast<int>(kCaptions.size()) &&
+         kCaptions[static_cast<std::size_t>(index)] == kRemote;
+}
+
 void Bc895Keypad::press(int index, MouseButton button) {
   if (index < 0 || index >= static_cast<int>(kCaptions.size())) {
     return;
@@ -92,7 +99,7 @@ void Bc895Keypad::pressLeft(std::string_view caption) {
     keyPoint();
   } else if (caption == "L/O") {
     keyLockout();
-  } else if (caption == "RMT") {
+  } else if (caption == kRemote) {
     unload_();
   } else if (caption.size() == 1 && isDigit(caption[0])) {
     keyDigit(caption[0] - '0');

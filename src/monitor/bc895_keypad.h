@@ -21,6 +21,8 @@ class Bc895Keypad {
   /// `unload` asks for the end of the main window, as the key "RMT" does.
   Bc895Keypad(PanelState& panel, KeypadOutside outside, std::function<void()> unload);
 
+  /// Whether a press of that key asks for the end of the program.
+  static bool leaves(int index, MouseButton button);
   /// A mouse button went down on `Keypad(index)`. An index outside the array is passed over.
   void press(int index, MouseButton button);
   /// A character was typed on the keyboard; one that means nothing has no effect.

@@ -19,7 +19,9 @@ Multiscan::Multiscan(Outside outside)
       outside_(outside) {
   Option5.onClick = [this] {
     timer.setEnabled(true);
-    send(link::key::kScan);
+    if (mayAct()) {
+      send(link::key::kScan);
+    }
   };
 }
 
@@ -101,7 +103,7 @@ void Multiscan::waitBeyond(double seconds) {
 
 /// A running Multiscan moves on at once, before it is switched off for want of a box.
 void Multiscan::bankClicked() {
-  if (timer.enabled()) {
+  if (timer.enabled() && mayAct()) {
     panel().Frequency.setCaption(std::string(kScanning));
     panel().Alpha.setCaption("");
     timer.fire();

@@ -15,7 +15,9 @@ SpeedEnhancement::SpeedEnhancement(PanelBase& panel, link::ScannerLink& link,
           {panel, link, state, settings}, "SpeedE", kBanks, kInterval, [this] { step(); },
           [this] {
             followBoxes();
-            send(link::key::kScan);
+            if (mayAct()) {
+              send(link::key::kScan);
+            }
           }) {}
 
 void SpeedEnhancement::step() {

@@ -12,8 +12,8 @@ class Clock : private NonCopyable {
  public:
   virtual ~Clock() = default;
 
-  /// Seconds, counted in whole steps. The core's waits compare differences, so a wait ends when the
-  /// counter moves.
+  /// A counter of whole seconds that is never set back. The core's waits compare its differences,
+  /// so they end when it moves on.
   [[nodiscard]] virtual std::int64_t seconds() const = 0;
   /// Local date and time as "YYYY-MM-DD HH:MM:SS".
   [[nodiscard]] virtual std::string now() const = 0;

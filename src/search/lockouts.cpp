@@ -4,68 +4,18 @@
 
 #include "link/scanner_commands.h"
 #include "platform/convert.h"
+#include "search/lockout_list.h"
 
 namespace tarnvex::search {
 namespace {
 
 namespace key = link::key;
 
-/// Places of the BC245XLT's lists.
-constexpr int kSkips245 = 50;
-constexpr int kLockouts245 = 100;
-
-std::string shown(double megahertz) {
-  return platform::format(megahertz, "0.0000");
-}
-
-std::vector<std::string> readFrequencies895(link::ScannerLink& link) {
-  std::vector<std::string> frequencies;
-  for (const std::string& entry : link::listEntries(link.QuerySearchSkips())) {
-    if (const auto frequency = link::skippedFrequency(entry)) {
-      frequencies.push_back(shown(*frequency));
-    }
-  }
-  return frequencies;
-}
-
-std::vector<std::string> readIds895(link::ScannerLink& link) {
-  return link::listEntries(link.QueryIdLockouts());
-}
-
-std::vector<std::string> readFrequencies245(link::ScannerLink& link) {
-  std::vector<std::string> frequencies;
-  for (int number = 1; number <= kSkips245; ++number) {
-    const auto entry = link::lockoutEntry(link.SendCommand(link::command::readSkip(number)));
-    const auto frequency = link::skippedFrequency(entry.value_or(""));
-    if (!frequency || *frequency <= 0) {
-      break;
-    }
-    frequencies.push_back(shown(*frequency));
-  }
-  return frequencies;
-}
-
-std::vector<std::string> readIds245(link::ScannerLink& link) {
-  std::vector<std::string> ids;
-  for (int number = 1; number <= kLockouts245; ++number) {
-    const auto entry = link::lockoutEntry(link.SendCommand(link::command::readLockout(number)));
-    if (!entry) {
-      break;
-    }
-    ids.push_back(*entry);
-  }
-  return ids;
-}
-
-using Entries = std::vector<std::string>;
-
-Entries readFrequencies(const link::RadioModel& model, link::ScannerLink& link) {
-  return model.numberedLockouts ? readFrequencies245(link) : readFrequencies895(link);
-}
-
-Entries readIds(const link::RadioModel& model, link::ScannerLink& link) {
-  return model.numberedLockouts ? readIds245(link) : readIds895(link);
-}
+constexpr const char* kReading = "The list is being read from the radio ...";
+constexpr const char* kNotWhole =
+    "Part of the list could not be read. It is shown without that part, and Done changes nothing "
+    "in "
+    "the radio.";
 
 }  // namespace
 
@@ -81,22 +31,34 @@ bool frmLockouts::modeIsIn(std::span<const std::string_view> modes) const {
 }
 
 void frmLockouts::load() {
-  const auto read = modeIsIn(model_.idModesAtLoad) ? readIds : readFrequencies;
+  const std::string help = Label1.caption();
+  Label1.setCaption(kReading);
+  setEnabled(false);
   List1.clear();
-  for (const std::string& entry : read(model_, link_)) {
+  link_.ids().end();
+  const LockoutList list = readLockouts(model_, modeIsIn(model_.idModesAtLoad), link_);
+  for (const std::string& entry : list.entries) {
     List1.add(entry);
   }
   for (int i = 0; i < List1.count(); ++i) {
     List1.setSelected(i, true);
   }
   List1.setListIndex(0);
+  whole_ = list.whole();
+  Label1.setCaption(whole_ ? help : kNotWhole);
+  setEnabled(true);
 }
 
+void frmLockouts::setEnabled(bool enabled) {
+  Command1.setEnabled(enabled);
+  Command2.setEnabled(enabled);
+}
+
+/// Done empties the radio's list before it writes: what wasn't read would be lost.
 void frmLockouts::done() {
-  if (modeIsIn(model_.idModesAtDone)) {
-    restoreIds();
-  } else {
-    restoreFrequencies();
+  if (whole_) {
+    link_.ids().end();
+    modeIsIn(model_.idModesAtDone) ? restoreIds() : restoreFrequencies();
   }
   closed.notify();
 }

@@ -15,9 +15,11 @@ namespace tarnvex::search {
 /// "Search Skip Memory": the radio's list of skipped search frequencies, or of locked-out IDs,
 /// whichever fits its mode. Every entry is ticked; unticked ones are let in again at Done.
 ///
-/// The window isn't modal and the poll goes on behind it, so the mode may change while it stands;
-/// Done goes by the mode of its own time. Whoever shows the window runs `load` and closes it on
-/// `closed`; asking for it while it stands only brings it to the front.
+/// A list that couldn't be read whole is shown as far as it was read, and Done then sends nothing.
+///
+/// The window isn't modal and the poll goes on behind it, so the mode may change while it is open;
+/// Done uses the mode at that moment. Whoever shows the window runs `load` and closes it on
+/// `closed`; asking for it while it is open only brings it to the front.
 class frmLockouts : private platform::NonCopyable {
  public:
   /// `mode` is the panel's label. It, the link and the model outlive the form.
@@ -46,12 +48,14 @@ class frmLockouts : private platform::NonCopyable {
   void restoreFrequencies();
   void restoreIds();
   void unlockAll();
+  void setEnabled(bool enabled);
   [[nodiscard]] std::string_view returnKey() const;
   [[nodiscard]] bool modeIsIn(std::span<const std::string_view> modes) const;
 
   const link::RadioModel& model_;
   const platform::Label& mode_;
   link::ScannerLink& link_;
+  bool whole_ = false;
 };
 
 }  // namespace tarnvex::search

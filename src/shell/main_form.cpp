@@ -67,6 +67,8 @@ void MainForm::unload() {
   // What the user still clicks before the window is gone must not open the port again.
   linkControls.disable();
   closeQuickView();
+  // The poll must not exchange the windows behind the question.
+  Scantimer.setEnabled(false);
   frequencyFile_.offerToSave();
   dialogHost_.closeAll();
   MSComm1->close();

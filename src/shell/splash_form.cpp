@@ -16,7 +16,13 @@ void Form1::identify() {
     MSComm1_->setCommPort(*slot);
   }
   MSComm1_->open();
-  const std::string reply = services_.link.ProbeCommand(*MSComm1_, link::command::kIdentify);
+  const auto probe = [this] {
+    return services_.link.ProbeCommand(*MSComm1_, link::command::kIdentify);
+  };
+  std::string reply = probe();
+  if (!link::IdentityReply(reply).isKnown()) {
+    reply = probe();
+  }
   if (link::IdentityReply(reply).isError()) {
     takeBc895();
   } else {

@@ -128,6 +128,29 @@ TEST_F(Bc245Ids, TakeNoStrayLineForAMode) {
   EXPECT_EQ(form.panel.mode.caption() + state.CurrentMode, "MD01MD01");
 }
 
+TEST_F(Bc245Ids, EndFirstForWhoeverNeedsTheLine) {
+  for (const int turn : {2, 3}) {
+    dialogs.answers = {platform::Answer::Yes};
+    loop.onTurn(turn, [&] { gate.enter([&] { form.mnuReset(); }); });
+    poll("MD09",
+         std::string("IDN > IDN") + (turn == 3 ? "; DL > DLF" : "") + "; IDF > IDF; AC > OK");
+    EXPECT_TRUE(form.Scantimer.enabled());
+  }
+}
+
+TEST_F(Bc245Ids, TakeALineThatComesBeforeItsAnswer) {
+  std::vector<std::string> shown;
+  const auto connection = form.panel.Frequency.changed.connect(
+      [&] { shown.push_back(form.panel.Frequency.caption()); });
+  const std::string next = lookup() + "; MD > MD09; LT > LTN";
+  stay("MD09", "; DL > DLF; IDN > ID S 005678 > IDN" + next +
+                   "; DL > DLF; IDN > IDN > OK > ID S 000123" + next +
+                   // Garbled, and the answer itself in place of a line.
+                   round("ID S 00#678 > ID", "", "MD09") + round("IDN > IDN", "", "MD00"));
+  EXPECT_THAT(shown, ElementsAre(kNobody, "5678", "123"));
+  EXPECT_EQ(form.List2.count(), 2);
+}
+
 TEST_F(Bc245Ids, LetTheUserInWhileTheTickStays) {
   int events = 0;
   int nested = 0;

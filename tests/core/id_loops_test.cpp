@@ -94,6 +94,43 @@ TEST_F(IdLoopsTest, LetHandlersTalkToTheRadioBetweenTheirExchanges) {
   }
 }
 
+TEST_F(IdLoopsTest, EndFirstForWhoeverNeedsTheLine) {
+  const std::string opening = "IDN > IDN; KEY09 > OK; ";
+  // The loop's own turns are the second and, in the search, the third.
+  const std::tuple<const char*, int, std::string> places[] = {
+      {"MD07", 2, opening}, {"MD07", 3, opening + "IDN > IDN; "}, {"MD08", 2, "IDN > IDN; "}};
+  const std::pair<void (*)(shell::Form4&), const char*> users[] = {
+      {[](shell::Form4& form) { form.mnuReset(); }, "AC > OK"},
+      {[](shell::Form4& form) { form.typeKey('L'); }, "IL > END"},
+      // Its frequency isn't in the plan.
+      {[](shell::Form4& form) { form.mnuOwnloadTrunk(); }, "SG > S018 F09990000"}};
+  for (const auto& [mode, turn, before] : places) {
+    for (const auto& [use, sent] : users) {
+      SCOPED_TRACE(std::string(mode) + " " + sent);
+      test::Bc895Rig rig;
+      if (*sent == 'A') {
+        rig.dialogs.answers = {platform::Answer::Yes};
+      }
+      rig.loop.onTurn(turn, [&, use = use] { rig.gate.enter([&, use] { use(rig.form); }); });
+      rig.poll(mode, before + "IDF > IDF; " + sent);
+      EXPECT_FALSE(rig.link.ids().on());
+      EXPECT_TRUE(rig.form.Scantimer.enabled());
+    }
+  }
+}
+
+TEST_F(IdLoopsTest, ReadPastStreamedLines) {
+  // Before the answer to "IDN", which then stays under way, and garbled.
+  radio.expect(test::opening("MD07") +
+               "IDN > IDN; KEY09 > OK; IDN > ID S 000042 > IDN S   005678; "
+               "SG > S020 F08510125; IDF > IDF; MD > MD07");
+  radio.expect(test::script("IDN > IDN S   00#678; IDF > IDF; MD > MD00; IDF > IDF"));
+  gate.enterTimer(form.Scantimer);
+  radio.expectSpent();
+  EXPECT_EQ(shown, "- -   - - -; 5678; ") << "what can't be read changes nothing";
+  EXPECT_THAT(form.List2.items(), ElementsAre("005678" + kTime + "(Detectives)"));
+}
+
 TEST_F(IdLoopsTest, HoldBackWhatArrivesInAnExchangeUntilTheyYield) {
   std::string course;
   radio.whileWaiting = [&] {

@@ -45,6 +45,15 @@ TEST_F(KnobTest, TurnsAStepATickWhileItIsHeld) {
   EXPECT_EQ(mark(), before) << "up first, then down";
 }
 
+TEST_F(KnobTest, TurnsAStepForAPressShorterThanATick) {
+  form.pressKnob(true);
+  form.releaseKnob(true);
+  form.pressKnob(false);
+  form.releaseKnob(false);
+  poll("MD15", "KEY07 > OK; KEY08 > OK");
+  poll("MD15");
+}
+
 TEST_F(KnobTest, LeavesScanningFirstInEveryTick) {
   form.pressKnob(true);
   form.pressKnob(false);

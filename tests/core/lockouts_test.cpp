@@ -139,11 +139,64 @@ TEST_F(LockoutsTest, Bc245IdsGoBackByTheMode) {
     const bool search = std::string("09 10 14 15").find(digits) != std::string::npos;
     open(link::bc245Model(), "MD" + digits,
          ids ? numbered("IL", "000", {"IL 001234", "IL 12-345", "IL ------"})
-             : numbered("SS", "00", {"SS 08510125", ""}));
+             : numbered("SS", "00", {"SS 08510125", "SS00000000"}));
     form->List1.userSelect({true});
     EXPECT_EQ(done(), ids ? std::string("KEY07; KEY06H; ILR 001234; ILD 12-345; ") +
                                 (search ? "KEY09" : "KEY00")
                           : "KEY09; KEY07; KEY06H; SS08510125");
+  }
+}
+
+TEST_F(LockoutsTest, AsksAgainForWhatCannotBeReadAndNeverWritesBackAPart) {
+  const std::string help = frmLockouts(link::bc895Model(), mode, link).Label1.caption();
+  const std::string good = "SS08510125\rSS00460125\r";
+  struct Case {
+    const char* mode;
+    bool small;
+    std::vector<Exchange> exchanges;
+    std::vector<std::string> shown;
+    bool whole;
+  };
+  const Case cases[] = {
+      {"MD02",
+       false,
+       query("SS", "SS085#0125\rSS00460125\r") + query("SS", good),
+       {"851.0125", "46.0125"},
+       true},
+      {"MD02",
+       false,
+       query("SS", "SS08510125\r#\r") + query("SS", "SSx\rSS00460125\r"),
+       {"46.0125"},
+       false},
+      {"MD07", false, query("IL", "IL0#1234\r") + query("IL", "IL001234\r"), {"001234"}, true},
+      {"MD02",
+       true,
+       test::script("SS01 > SS08510125; SS02 > S\xD3; SS02 > SS00460125; SS03 > SS00000000"),
+       {"851.0125", "46.0125"},
+       true},
+      {"MD02",
+       true,
+       test::script("SS01 > ERR; SS01 > #; SS02 > SS00460125; SS03 > SS00000000"),
+       {"46.0125"},
+       false},
+      {"MD09",
+       true,
+       test::script("IL001 > IL 00#234; IL001 > IL; IL002 > IL 000042; IL003 > IL ------"),
+       {" 000042"},
+       false},
+  };
+  for (const auto& [inMode, small, exchanges, shown, whole] : cases) {
+    SCOPED_TRACE(exchanges[0].command + exchanges[0].reply());
+    state.ModelKey = small ? "BC245" : "BC895";
+    std::string whileReading;
+    radio.whileWaiting = [&] { whileReading = form->Label1.caption(); };
+    open(small ? link::bc245Model() : link::bc895Model(), inMode, exchanges);
+    radio.whileWaiting = nullptr;
+    EXPECT_THAT(form->List1.items(), testing::ElementsAreArray(shown));
+    EXPECT_TRUE(form->Command1.enabled() && form->Command2.enabled());
+    EXPECT_NE(whileReading, help);
+    EXPECT_EQ(form->Label1.caption() == help, whole);
+    EXPECT_EQ(done().empty(), !whole);
   }
 }
 

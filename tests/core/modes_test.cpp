@@ -139,5 +139,47 @@ TEST(Modes, LeaveMarksForTheNextMode) {
   EXPECT_EQ(rig.picture(), "Frequency: Scanning, Auto, Bank, Sig: 2 / 000.0");
 }
 
+TEST(Bc895Modes, LeaveAToneThatIsBeingKeyedOnTheDisplay) {
+  for (const char* channel : {"C012 F01551150 TN DN LN AF RF N05; PC A > PC A012", "NG"}) {
+    test::Bc895Rig rig;
+    rig.setPanel(false);
+    rig.state.EntryActive = true;
+    rig.form.panel.CTCSS.setCaption("10");
+    rig.poll("MD13", std::string("CT > CTN; PR > PRF; MA > ") + channel);
+    EXPECT_EQ(rig.form.panel.CTCSS.caption(), "10");
+    EXPECT_TRUE(rig.form.panel.CTCSS.visible());
+  }
+}
+
+/// The display while it is waited for an answer shows what it shows afterwards.
+TEST(Bc895Modes, KeepTheTagStillWhileTheTickAsks) {
+  test::Bc895Rig rig;
+  std::string tags;
+  const auto watching =
+      rig.form.panel.Alpha.changed.connect([&] { tags += rig.form.panel.Alpha.caption() + "; "; });
+  for (int i = 0; i < 2; ++i) {
+    rig.poll("MD03", "SQ > +; SG > S018 F01551150");
+    rig.poll("MD03", "SQ > -");
+  }
+  EXPECT_EQ(tags, "Fire; ");
+}
+
+TEST(Bc895Modes, LeaveWhatNoAnswerReads) {
+  for (const auto& [mode, exchanges] :
+       {std::pair{"MD00", "CT > CTN; SB > SB; PR > PRN; MA > ERR"},
+        {"MD01", "CT > CTN; PR > PRN; MA > C999 Fxx\xB1"},
+        {"MD02", "SQ > +; SG > S0#8"},
+        {"MD09", "IS > IS; DL > DLN; IC > ERR; SG > ERR; LO > LOF"}}) {
+    SCOPED_TRACE(mode);
+    test::Bc895Rig rig;
+    rig.setPanel(true);
+    const auto& panel = rig.form.panel;
+    const std::string channel = mode == std::string("MD02") ? "" : "99";
+    rig.tick(test::opening(mode, "S0") + exchanges);
+    EXPECT_EQ(panel.Frequency.caption() + panel.Channel.caption(), "123.4567" + channel);
+    EXPECT_EQ(rig.form.List1.count(), 0);
+  }
+}
+
 }  // namespace
 }  // namespace tarnvex::monitor

@@ -143,5 +143,16 @@ TEST_F(MultiscanTest, RunsOutOnALostLinkWithOneMessage) {
   EXPECT_FALSE(form.multiscan.timer.enabled());
 }
 
+TEST_F(MultiscanTest, LeavesATransferAlone) {
+  start({0, 10});
+  state.TransferRunning = true;
+  gate.enterTimer(form.Timer1);
+  form.MSBank[3].userClick();
+  form.Option6.userClick();
+  form.Option5.userClick();
+  EXPECT_EQ(radio.takeLog(), "KEY00") << "from the start, before the transfer";
+  EXPECT_TRUE(form.Timer1.enabled());
+}
+
 }  // namespace
 }  // namespace tarnvex::monitor

@@ -128,7 +128,7 @@ bool isKnown(const std::string& command, const std::string& kind) {
 template <class Rig>
 void expectInStep(const std::string& opening, std::span<const Loop> loops) {
   const Stray strays[] = {
-      {"ID S 001234", "before"}, {"ID S 001234", "joined"}, {"ID S 001234", "after"},
+      {"ID S 005678", "before"}, {"ID S 005678", "joined"}, {"ID S 005678", "after"},
       {"echo", "before"},        {"echo", "after"},         {"KEY13", "before"},
       {"TB B E2-800", "joined"}, {"#", "before"},           {"#", "after"}};
   for (const Loop& loop : loops) {

@@ -159,5 +159,15 @@ TEST_F(SwitchTest, StaysWithASilentRadio) {
   EXPECT_THAT(windows.takeCalls(), IsEmpty());
 }
 
+TEST_F(SwitchTest, DoesNotRunBehindTheExitsQuestionAboutThePlan) {
+  state.MemoryModified = true;
+  dialogs.answers = {Answer::Yes, Answer::No};
+  std::vector<bool> polls;
+  dialogs.whileOpen = [&] { polls.push_back(application.mainForm()->Scantimer.enabled()); };
+  gate.enter([&] { application.mainForm()->requestUnload(); });
+  EXPECT_THAT(polls, ElementsAre(true, false));
+  EXPECT_TRUE(gate.ended());
+}
+
 }  // namespace
 }  // namespace tarnvex::shell

@@ -1,11 +1,14 @@
 #include "desktop/ports/wall_clock.h"
 
 #include <QDateTime>
+#include <chrono>
 
 namespace tarnvex::desktop {
 
 std::int64_t WallClock::seconds() const {
-  return QDateTime::currentSecsSinceEpoch();
+  using std::chrono::steady_clock;
+  return std::chrono::duration_cast<std::chrono::seconds>(steady_clock::now().time_since_epoch())
+      .count();
 }
 
 std::string WallClock::now() const {

@@ -154,8 +154,9 @@ void Binder::bind(QPushButton* widget, platform::Button& model, Urgency urgency)
   const auto show = [widget, &model] { widget->setEnabled(model.enabled()); };
   show();
   keep(model.changed.connect(show));
+  const Urgency used = isDialogs() ? Urgency::Leaving : urgency;
   QObject::connect(widget, &QPushButton::clicked, widget,
-                   [this, urgency, &model] { enter(urgency, [&model] { model.userClick(); }); });
+                   [this, used, &model] { enter(used, [&model] { model.userClick(); }); });
 }
 
 void Binder::bind(QCheckBox* widget, platform::CheckBox& model) {

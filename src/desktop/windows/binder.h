@@ -35,7 +35,8 @@ class Binder {
   explicit Binder(platform::EventGate& gate, QObject* forwarder = nullptr)
       : gate_(gate), forwarder_(forwarder) {}
 
-  /// Events that mean that the user wants out of a wait (Connect, a COM option).
+  /// Events that mean that the user wants out of a wait: Connect, a COM option, the buttons of a
+  /// dialog, which may be the only way on.
   enum class Urgency { Normal, Leaving };
 
   void bind(QPushButton* widget, platform::Button& model, Urgency urgency = Urgency::Normal);
@@ -55,6 +56,8 @@ class Binder {
  private:
   void bindControl(QWidget* widget, platform::Control& model);
   void enter(Urgency urgency, platform::EventGate::Handler handler);
+  /// Only the main windows have a forwarder.
+  [[nodiscard]] bool isDialogs() const { return forwarder_ == nullptr; }
 
   platform::EventGate& gate_;
   QObject* forwarder_;

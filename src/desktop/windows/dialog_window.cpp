@@ -64,7 +64,7 @@ void DialogWindow::leaveScreen() {
 }
 
 void DialogWindow::reject() {
-  binder_.gate().enter(askToClose_);
+  binder_.gate().enterLeaving(askToClose_);
 }
 
 DialogWindow* makeApfDialog(memory::ApfForm& form, platform::EventGate& gate, QWidget* parent) {

@@ -2,6 +2,7 @@
 
 #include "desktop/ports/colour.h"
 #include "desktop/ports/text.h"
+#include "monitor/bc895_keypad.h"
 
 namespace tarnvex::desktop {
 namespace {
@@ -37,7 +38,12 @@ PanelBinding::PanelBinding(RadioPanel& view, shell::Form4& form, platform::Event
     : PanelBinding(view, form.panel.elements(), form.panel.Label1) {
   QObject::connect(
       &view, &RadioPanel::keyPressed, &view, [&gate, &form](int key, Qt::MouseButton button) {
-        gate.enter([&form, key, which = buttonOf(button)] { form.pressKey(key, which); });
+        const auto press = [&form, key, which = buttonOf(button)] { form.pressKey(key, which); };
+        if (monitor::Bc895Keypad::leaves(key, buttonOf(button))) {
+          gate.enterLeaving(press);
+        } else {
+          gate.enter(press);
+        }
       });
   QObject::connect(&view, &RadioPanel::displayDoubleClicked, &view,
                    [&gate, &form] { gate.enter([&form] { form.chooseDisplayColour(); }); });

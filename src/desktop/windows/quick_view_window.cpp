@@ -81,7 +81,7 @@ void QuickViewWindow::leaveScreen() {
 }
 
 void QuickViewWindow::askToClose() {
-  gate_.enter([&form = form_] { form.userClose(); });
+  gate_.enterLeaving([&form = form_] { form.userClose(); });
 }
 
 void QuickViewWindow::mousePressEvent(QMouseEvent* event) {

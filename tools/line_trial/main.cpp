@@ -1,0 +1,209 @@
+// Whether the program keeps in step with a radio that talks out of turn: hours of the radio's time
+// in minutes, without a window. Prints a table; exit status 1 if a figure is missed.
+//
+//   line_trial [--quick]
+#include <cstdio>
+#include <cstring>
+#include <map>
+#include <set>
+
+#include "line_trial/trial_window.h"
+#include "memory/download_dialog.h"
+#include "radio/replies.h"
+
+namespace tarnvex::trial {
+namespace {
+
+using radio::Model;
+
+bool allMet = true;
+
+void report(const std::string& name, double value, double limit, bool atMost = true) {
+  const bool met = atMost ? value <= limit : value >= limit;
+  allMet = allMet && met;
+  std::printf("%-78s %9g  %s %-7g %s\n", name.c_str(), value, atMost ? "<=" : ">=", limit,
+              met ? "" : "MISSED");
+  std::fflush(stdout);
+}
+
+const char* nameOf(Model model) {
+  return model == Model::BC895XLT ? "BC895XLT" : "BC245XLT";
+}
+
+/// Heads of the lines in the talkgroup hit list, without blanks and leading zeros.
+std::string normal(std::string id) {
+  id = id.substr(0, id.find(" - "));
+  id.erase(0, std::min(id.find_first_not_of(" 0"), id.size()));
+  return id.substr(0, id.find_last_not_of(' ') + 1);
+}
+
+/// Minutes in an ID mode, left for a moment now and then, with a streamed line between one command
+/// in three and its reply.
+template <class Form>
+void followIds(Model model, bool hold, int baud, int seconds) {
+  TrialWindow<Form> window(model, baud, 7);
+  auto& radio = window.line.radio;
+  radio.playScene("busy");
+  const bool bc895 = model == Model::BC895XLT;
+  const std::string idMode = bc895 ? (hold ? "MD08" : "MD07") : (hold ? "MD10" : "MD09");
+  std::map<std::string, int> heard;
+  int late = 0;
+  int mostLate = 0;
+  radio::Millis nextChange = 5000;
+  bool follows = true;
+  window.form.panel.Frequency.setCaption("Scanning");
+  window.line.radio.setMode(idMode);
+  window.port().beforeCommand = [&](int /*number*/, std::string_view command) {
+    if (command == "MD") {
+      late = (window.mode() == idMode) == follows ? 0 : late + 1;
+      mostLate = std::max(mostLate, late);
+      if (window.line.milliseconds() >= nextChange) {
+        follows = !follows;
+        nextChange = window.line.milliseconds() + (follows ? 15000 : 2000);
+        radio.setMode(follows ? idMode : "MD00");
+        late = 0;
+      }
+    }
+    if (const std::string line = streamedLine(radio.state()); follows && line.starts_with("ID S")) {
+      ++heard[normal(line.substr(5))];
+    }
+  };
+  window.form.MSComm1->open();
+  window.form.Scantimer.setEnabled(true);
+  window.line.line.faults().set("extra stream before every 3");
+  while (window.line.milliseconds() < seconds * 1000LL) {
+    window.tick();
+    window.line.now += std::chrono::milliseconds(1);
+  }
+  const std::string name = std::string(nameOf(model)) + (hold ? " ID hold " : " ID search ") +
+                           std::to_string(baud) + ": ";
+  report(name + "exchanges of windows", window.exchanges(), 0);
+  report(name + "rounds until a mode change is seen", mostLate, 3);
+  int wrong = 0;
+  std::set<std::string> listed;
+  for (const std::string& hit : window.form.List2.items()) {
+    listed.insert(normal(hit));
+    wrong += heard.contains(normal(hit)) ? 0 : 1;
+  }
+  report(name + "wrong hits", wrong, 0);
+  int lost = 0;
+  for (const auto& [id, looks] : heard) {
+    // Long enough for a few rounds.
+    lost += !hold && looks > 30 && !listed.contains(id) ? 1 : 0;
+  }
+  report(name + "IDs heard and not found, of " + std::to_string(heard.size()), lost, 0);
+}
+
+constexpr const char* kFaults[] = {
+    "extra echo before",      "extra noise before",      "extra noise after",
+    "extra copy late 40",     "extra previous before",   "cut 0",
+    "join",                   "8bit",                    "slow",
+    "extra flood before",     "extra id before",         "extra id after",
+    "extra text # before",    "extra copy after",        "delay 400"};
+
+struct FaultCount {
+  int cases = 0;
+  int exchanged = 0;
+  int outOfStep = 0;
+  int notices = 0;
+};
+
+/// One fault at the n-th exchange of a load and some ticks in one mode. False behind the last one.
+template <class Form>
+bool strike(Model model, const std::string& mode, const char* fault, int nth, FaultCount& count) {
+  TrialWindow<Form> window(model, 9600, 3);
+  window.line.radio.playScene("steady");
+  window.line.radio.setMode(mode);
+  int modes = 0;
+  int since = -1;
+  int struck = 0;
+  window.port().beforeCommand = [&](int number, std::string_view command) {
+    modes += command == "MD" ? 1 : 0;
+    if (modes == 4) {
+      window.line.radio.setMode("MD00");
+    }
+    since = number == nth ? 0 : since < 0 ? -1 : since + 1;
+    if (number == nth) {
+      window.line.line.faults().set(fault);
+    }
+    struck += since > 3 && window.port().missed > 0 ? 1 : 0;
+  };
+  window.load();
+  for (int tick = 0; tick < 5; ++tick) {
+    window.tick();
+  }
+  if (since < 0) {
+    return false;
+  }
+  ++count.cases;
+  count.exchanged += window.exchanges() > 0 ? 1 : 0;
+  count.outOfStep += struck > 0 ? 1 : 0;
+  count.notices = std::max(count.notices, window.notices);
+  if (struck > 0 || window.exchanges() > 0) {
+    std::printf("  %s %s: %s at exchange %d\n", nameOf(model), mode.c_str(), fault, nth);
+  }
+  return true;
+}
+
+template <class Form>
+void strikeAll(Model model, bool quick) {
+  FaultCount count;
+  const int modes = model == Model::BC895XLT ? 17 : 21;
+  for (int code = 0; code < modes; code += quick ? 5 : 1) {
+    const std::string mode = "MD" + std::to_string(100 + code).substr(1);
+    if (!radio::activityOf(model, mode)) {
+      continue;
+    }
+    for (const char* fault : kFaults) {
+      for (int nth = 1; strike<Form>(model, mode, fault, nth, count); nth += quick ? 9 : 1) {
+      }
+    }
+  }
+  const std::string name =
+      std::string(nameOf(model)) + " " + std::to_string(count.cases) + " single faults: ";
+  report(name + "exchanges of windows", count.exchanged, 0);
+  report(name + "out of step after two exchanges", count.outOfStep, 0);
+  report(name + "most notices", count.notices, 1);
+}
+
+template <class Form>
+void noise(Model model, int exchanges) {
+  TrialWindow<Form> window(model, 9600, 11);
+  window.line.radio.playScene("busy");
+  window.load();
+  window.line.line.faults().set("noise 1");
+  while (window.port().commands < exchanges) {
+    if (window.port().commands % 400 < 20) {
+      window.line.radio.setMode(window.port().commands / 400 % 2 == 0 ? "MD02" : "MD00");
+    }
+    window.port().beforeCommand = [](int, std::string_view) {};
+    window.tick();
+  }
+  const std::string name = std::string(nameOf(model)) + " 1 % noise: ";
+  report(name + "exchanges of windows", window.exchanges(), 0);
+  report(name + "most exchanges in a row without their answer", window.port().mostMissed, 3);
+}
+
+}  // namespace
+}  // namespace tarnvex::trial
+
+int main(int argc, char** argv) {
+  using namespace tarnvex;
+  using radio::Model;
+  const bool quick = argc > 1 && std::strcmp(argv[1], "--quick") == 0;
+  if (argc > 1 && !quick) {
+    std::fprintf(stderr, "line_trial [--quick]\n");
+    return 2;
+  }
+  for (const int baud : {4800, 9600}) {
+    for (const bool hold : {false, true}) {
+      trial::followIds<shell::Form4>(Model::BC895XLT, hold, baud, quick ? 60 : 600);
+      trial::followIds<shell::Form2>(Model::BC245XLT, hold, baud, quick ? 60 : 600);
+    }
+  }
+  trial::strikeAll<shell::Form4>(Model::BC895XLT, quick);
+  trial::strikeAll<shell::Form2>(Model::BC245XLT, quick);
+  trial::noise<shell::Form4>(Model::BC895XLT, quick ? 2000 : 20000);
+  trial::noise<shell::Form2>(Model::BC245XLT, quick ? 2000 : 20000);
+  return trial::allMet ? 0 : 1;
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "platform/serial_port.h"
+#include "radio/serial_line.h"
+
+namespace tarnvex::trial {
+
+/// A simulated radio at the end of a line with its speed and its faults, on a clock of its own that
+/// moves only while somebody waits.
+struct TrialRadio {
+  TrialRadio(radio::Model model, int baud, std::uint64_t seed)
+      : radio(model, seed), line(radio, {.baud = baud, .seed = seed}, now) {}
+
+  [[nodiscard]] radio::Millis milliseconds() const { return now.count() / 1'000'000; }
+
+  radio::Instant now{};
+  radio::Radio radio;
+  radio::SerialLine line;
+};
+
+/// The program's port on that line. It tells after each exchange whether the program has read the
+/// radio's answer before it went on.
+class TrialPort : public platform::SerialPort {
+ public:
+  explicit TrialPort(TrialRadio& radio) : radio_(radio) {}
+
+  void setCommPort(int slot) override { slot_ = slot; }
+  [[nodiscard]] int commPort() const override { return slot_; }
+  void setSettings(std::string settings) override { settings_ = std::move(settings); }
+  [[nodiscard]] const std::string& settings() const override { return settings_; }
+  [[nodiscard]] bool portOpen() const override { return open_; }
+  std::optional<std::string> open() override;
+  void close() override { open_ = false; }
+  [[nodiscard]] std::size_t inBufferCount() override;
+  void discardInput() override;
+  void output(std::string_view text) override;
+  std::string input() override;
+  bool waitForInput(std::size_t atLeast, platform::Spins& budget) override;
+  bool waitForInput(std::size_t atLeast) override;
+
+  /// Before each command, with its number from 1.
+  std::function<void(int number, std::string_view command)> beforeCommand;
+  int commands = 0;
+  /// Exchanges that ended without the radio's answer, in a row, and the most of them.
+  int missed = 0;
+  int mostMissed = 0;
+
+ private:
+  bool waitUntil(std::size_t atLeast, radio::Instant deadline);
+  void judgeLastExchange();
+
+  TrialRadio& radio_;
+  int slot_ = 1;
+  std::string settings_;
+  bool open_ = false;
+  std::string waiting_;
+  std::string read_;
+  std::string expected_;
+};
+
+}  // namespace tarnvex::trial

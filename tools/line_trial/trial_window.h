@@ -1,0 +1,58 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "line_trial/trial_port.h"
+#include "support/world.h"
+
+namespace tarnvex::trial {
+
+/// A main window with its poll on a trial line. Nothing is drawn.
+template <class Form>
+struct TrialWindow : private test::World {
+  struct Ports : platform::SerialPorts {
+    explicit Ports(TrialRadio& radio) : radio(radio) {}
+    std::unique_ptr<platform::SerialPort> create() override {
+      auto made = std::make_unique<TrialPort>(radio);
+      last = made.get();
+      return made;
+    }
+    TrialRadio& radio;
+    TrialPort* last = nullptr;
+  };
+
+  TrialWindow(radio::Model model, int baud, std::uint64_t seed)
+      : line(model, baud, seed), trialPorts(line), form(trialServices(), outside()) {
+    state.ModelKey = model == radio::Model::BC895XLT ? "BC895" : "BC245";
+    dialogs.whileOpen = [this] { ++notices; };
+  }
+
+  /// One tick of the poll; connects again if the line was given up.
+  void tick() {
+    if (!form.MSComm1->portOpen()) {
+      form.Command3.userClick();
+    }
+    gate.enterTimer(form.Scantimer);
+    dialogs.boxes.clear();
+  }
+  void load() { form.load(); }
+  TrialPort& port() { return *trialPorts.last; }
+  int exchanges() const { return switches; }
+  void enter(const std::function<void()>& handler) { gate.enter(handler); }
+  std::string mode() const { return state.CurrentMode; }
+
+  TrialRadio line;
+  Ports trialPorts;
+  int notices = 0;
+  Form form;
+
+ private:
+  shell::Services trialServices() {
+    return {state, gate,  trialPorts,    dialogs, settings,  clock,
+            link,  files, commonDialogs, media,   "/program"};
+  }
+};
+
+}  // namespace tarnvex::trial
