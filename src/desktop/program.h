@@ -10,6 +10,8 @@
 #include "desktop/ports/qt_event_loop.h"
 #include "desktop/ports/qt_serial_port.h"
 #include "desktop/ports/sound_recorder.h"
+#include "desktop/ports/sqlite_reception_store.h"
+#include "desktop/ports/timer_driver.h"
 #include "desktop/ports/wall_clock.h"
 #include "desktop/windows/qt_windows.h"
 #include "files/backup_folder.h"
@@ -55,9 +57,12 @@ class Program : private platform::NonCopyable {
   files::BackupFolder backups{fileCalls, clock, directory};
   platform::SharedState state;
   link::ScannerLink link{state, dialogs};
+  SqliteReceptionStore receptionStore{directory, gate};
+  monitor::ReceptionLog receptions{{receptionStore, state, settings, dialogs, clock}};
+  TimerDriver receptionTimer{receptions.Timer1, gate};
   QtWindows windows{loop, gate, devices, [this] { return report(); }};
   shell::Application application{{state, gate, portsInUse, dialogs, settings, clock, link, files,
-                                  commonDialogs, backups, recorders, directory},
+                                  commonDialogs, backups, recorders, receptions, directory},
                                  windows};
 };
 

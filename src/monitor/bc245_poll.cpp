@@ -47,6 +47,7 @@ void Bc245Poll::tick() {
     panel_.TrunkType.setCaption(std::string(mode->trunkType));
     branch(*mode);
   }
+  hearing_.tell();
 }
 
 /// Silence leaves the texts blank: there is no radio to name. An answer that no radio gives leaves
@@ -138,7 +139,9 @@ void Bc245Poll::conventional(bool scanning) {
     panel_.Trunk.setVisible(false);
     return;
   }
-  showActiveChannel(channel, !scanning);
+  if (showActiveChannel(channel, !scanning)) {
+    hearing_.channel(channel, false, 0);
+  }
 }
 
 void Bc245Poll::search(std::string_view code) {
@@ -156,7 +159,11 @@ void Bc245Poll::search(std::string_view code) {
     state().HitCounted = false;
     return;
   }
-  const std::string frequency = link::SignalReply(ask(command::kReception)).shownFrequency();
+  const link::SignalReply reception(ask(command::kReception));
+  if (open) {
+    hearing_.frequency(reception, 0);
+  }
+  const std::string frequency = reception.shownFrequency();
   if (link::readsAsFrequency(frequency)) {
     skipIf(takeHit(frequency, ""));
   } else {

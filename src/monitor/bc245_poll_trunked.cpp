@@ -49,6 +49,7 @@ void Bc245Poll::showVoiceId(const link::TrunkIdReply& answer) {
   if (link::readsAsId(id) || !port_.portOpen()) {
     panel_.Channel.setCaption(slot);
     showTag(tag);
+    hearing_.talkgroup(id, reception.bank, reception.frequency, 0);
     const std::string shown = trunking::shownId(id);
     // What is on the display tells whose turn it is.
     const bool frequencysTurn = options_.Check5.value() && panel_.Frequency.caption() == shown;
@@ -151,6 +152,7 @@ void Bc245Poll::idRound(IdStay& stay) {
   showFrequency(stay.shown);
   askIdMode();
   showLight();
+  hearing_.tell();
 }
 
 /// Takes a streamed line. It may have come before the answer to "IDN", or a stray line may have
@@ -184,6 +186,9 @@ void Bc245Poll::takeId(const link::IdLine& line, bool held, IdStay& stay) {
   const Reception reception = askReception();
   platform::assign(stay.bank, reception.bank);
   showTag(askTalkgroupTag(stay.id, reception.bank));
+  if (!line.saysNoId()) {
+    hearing_.talkgroup(stay.id, reception.bank, reception.frequency, 0);
+  }
   captureId(outside_.hits.List2, panel_.Frequency.caption(), stay.bank, panel_.Alpha.caption(),
             outside_.clock);
   // Deliberate: known or not, this radio passes on from every ID that was taken.

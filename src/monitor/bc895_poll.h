@@ -19,6 +19,8 @@ class Bc895Poll : public PollCycle {
   bool otherModelAnswers();
   void mirrorMute(const std::string& answer);
   [[nodiscard]] bool showsReception() const;
+  /// Takes the level as bars; false, and they stay as they were, for one beyond the meter.
+  bool takeBars(const link::SignalReply& signal);
   void showSignalBars(const link::SignalReply& signal);
   void branch(const std::string& mode, const link::SignalReply& signal);
 
@@ -53,7 +55,11 @@ class Bc895Poll : public PollCycle {
 
   void sendMode();
 
+  /// What the main line shows before anything was read.
+  static constexpr std::string_view kDesignText = "Initializing";
+
   PanelState& panel_;
+  int bars_ = 0;
   Knob knob_;
 };
 

@@ -9,7 +9,9 @@ namespace tarnvex::monitor {
 namespace command = link::command;
 
 PollCycle::PollCycle(PanelBase& front, PollOutside outside)
-    : outside_(std::move(outside)), front_(front) {}
+    : outside_(std::move(outside)),
+      hearing_(outside_.receptions, outside_.state, front, outside_.MSFlexGrid1),
+      front_(front) {}
 
 void PollCycle::handOver(const std::string& modelKey, const std::string& scannerName) {
   state().ModelKey = modelKey;

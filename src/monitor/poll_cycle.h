@@ -6,6 +6,7 @@
 
 #include "link/scanner_commands.h"
 #include "link/scanner_link.h"
+#include "monitor/hearing.h"
 #include "monitor/hit_lists.h"
 #include "monitor/panel_state.h"
 #include "monitor/recording.h"
@@ -31,6 +32,8 @@ struct PollOutside {
   std::function<std::string()> planName;
   /// Starts and stops the recording of receptions.
   Recording& recording;
+  /// Told what is heard.
+  ReceptionListener& receptions;
   HitLists& hits;
   search::CustomSearch& search;
   /// The main window, its tables and its mute box.
@@ -92,6 +95,7 @@ class PollCycle : private platform::NonCopyable {
   void skipIf(bool known) { outside_.hits.skipIf(known); }
 
   PollOutside outside_;
+  Hearing hearing_;
 
  private:
   void showChannelTag(const std::string& frequency, const std::string& number);

@@ -48,6 +48,7 @@ void Recording::start(const std::string& tag, const std::string& frequency) {
   control.command(platform::MediaCommand::Open);
   control.command(platform::MediaCommand::Record);
   outside_.state.Recording = true;
+  outside_.receptions.recordingBegins();
 }
 
 /// The message is shown behind the tick, so that the poll goes on while it stands.
@@ -63,6 +64,13 @@ void Recording::stop() {
   }
   control.command(platform::MediaCommand::Close);
   outside_.state.Recording = false;
+  outside_.receptions.recordingEnds(control.savedFile());
+}
+
+void Recording::leave() {
+  if (outside_.state.Recording) {
+    outside_.receptions.recordingEnds(outside_.MMControl1.savedFile());
+  }
 }
 
 }  // namespace tarnvex::monitor

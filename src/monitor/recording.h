@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "monitor/reception.h"
 #include "platform/clock.h"
 #include "platform/controls.h"
 #include "platform/dialogs.h"
@@ -23,6 +24,8 @@ struct RecordingOutside {
   platform::EventGate& gate;
   platform::Dialogs& dialogs;
   const platform::Clock& clock;
+  /// Told of the files.
+  ReceptionListener& receptions;
   /// Where the files go.
   std::string programDirectory;
 };
@@ -37,6 +40,8 @@ class Recording {
   /// Run once a tick, with what the last tick left on the display. A running recording goes on to
   /// the end of its reception, also if the box is unticked meanwhile.
   void gate(bool active, const std::string& tag, const std::string& frequency);
+  /// The window goes: what is being recorded belongs to what was heard until now.
+  void leave();
 
   platform::CheckBox chkRecord{"chkRecord", "Record Output to File"};
 

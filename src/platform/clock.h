@@ -15,6 +15,8 @@ class Clock : private NonCopyable {
   /// A counter of whole seconds that is never set back. The core's waits compare its differences,
   /// so they end when it moves on.
   [[nodiscard]] virtual std::int64_t seconds() const = 0;
+  /// UTC, in milliseconds since 1970.
+  [[nodiscard]] virtual std::int64_t milliseconds() const = 0;
   /// Local date and time as "YYYY-MM-DD HH:MM:SS".
   [[nodiscard]] virtual std::string now() const = 0;
 };

@@ -17,6 +17,8 @@ enum MessageFlags : int {
   kOkCancelWarning = 49,
   kYesNoWarning = 52,
   kInformation = 64,
+  /// No is the button that Enter presses.
+  kYesNoWarningNo = 308,
 };
 
 enum class Answer : int { Ok = 1, Cancel = 2, Yes = 6, No = 7 };

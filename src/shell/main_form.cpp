@@ -8,6 +8,7 @@
 #include "memory/scanner_reset.h"
 #include "memory/upload_dialog.h"
 #include "shell/about_form.h"
+#include "shell/reception_log_form.h"
 #include "trunking/system_type_form.h"
 
 namespace tarnvex::shell {
@@ -32,7 +33,7 @@ MainForm::MainForm(const Services& services, MainFormOutside outside, const link
                    {*MSComm1, Scantimer, services.state, services.settings, services.dialogs}),
       keyBeep(services.settings, services.dialogs),
       recording({*MMControl1, services.state, services.gate, services.dialogs, services.clock,
-                 services.programDirectory}),
+                 services.receptions, services.programDirectory}),
       Check6("Check6", "Speaker Mute", link::kMuteSwitch, services.link),
       customSearch(model, {services.link, services.state, services.files, services.dialogs,
                            services.programDirectory,
@@ -73,6 +74,8 @@ void MainForm::unload() {
   dialogHost_.closeAll();
   MSComm1->close();
   releaseSound();
+  recording.leave();
+  services_.receptions.stop();
   if (!services_.state.SwitchingScanners) {
     outside_.endProgram();
   }
@@ -129,6 +132,14 @@ void MainForm::mnuReset() {
   memory::resetScanner(services_.dialogs, services_.link);
 }
 
+void MainForm::mnuReceptions() {
+  dialogHost_.show<frmReceptionLog>(
+      [this] {
+        return std::make_shared<frmReceptionLog>(services_.receptions, memory_, services_.dialogs);
+      },
+      false);
+}
+
 void MainForm::mnuAbout() {
   showDialog<frmAbout>(services_.state);
 }
@@ -181,6 +192,7 @@ monitor::PollOutside MainForm::pollOutside() {
           outside_.switchScanner,
           [this] { return Dlg1->FileName; },
           recording,
+          services_.receptions,
           hitLists,
           customSearch,
           window,

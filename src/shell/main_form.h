@@ -73,6 +73,8 @@ class MainForm : private platform::NonCopyable {
   virtual void mnuOwnloadTrunk() = 0;
   /// The View menu's: the small window takes the main window's place.
   void mnuQV();
+  /// Its second entry: what was heard. The window goes with the main window.
+  void mnuReceptions();
   /// The Help menu's.
   void mnuContents() { outside_.windows.showHelp(HelpView::Contents); }
   void mnuSearch() { outside_.windows.showHelp(HelpView::Search); }

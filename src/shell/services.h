@@ -3,6 +3,7 @@
 #include <string>
 
 #include "link/scanner_link.h"
+#include "monitor/reception_log.h"
 #include "platform/backups.h"
 #include "platform/clock.h"
 #include "platform/common_dialog.h"
@@ -29,6 +30,7 @@ struct Services {
   platform::CommonDialogs& commonDialogs;
   platform::Backups& backups;
   platform::MediaControls& mediaControls;
+  monitor::ReceptionLog& receptions;
   /// The folder of the program's own files, without a slash at its end.
   std::string programDirectory;
 };

@@ -26,6 +26,7 @@ class Form4;
 class Form9;
 class QuickView;
 class frmAbout;
+class frmReceptionLog;
 
 /// How the help comes up: at its contents, or ready to search for a word.
 enum class HelpView { Contents, Search };
@@ -57,6 +58,7 @@ class WindowLayer : private platform::NonCopyable {
   virtual void openDialog(trunking::Form3& form, bool modal) = 0;
   virtual void openDialog(trunking::Form5& form, bool modal) = 0;
   virtual void openDialog(frmAbout& form, bool modal) = 0;
+  virtual void openDialog(frmReceptionLog& form, bool modal) = 0;
   /// Closes the dialog of a form, or brings it to the front. A form without a dialog is passed
   /// over.
   virtual void closeDialog(const void* form) = 0;

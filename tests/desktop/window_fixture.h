@@ -18,6 +18,7 @@
 #include "files/posix_files.h"
 #include "support/fake_dialogs.h"
 #include "support/fake_media_control.h"
+#include "support/fake_reception_store.h"
 #include "support/fake_settings.h"
 #include "support/scripted_port.h"
 
@@ -48,10 +49,22 @@ class Below {
   files::BackupFolder backups{fileCalls, clock, folder.path().toStdString()};
   platform::SharedState state;
   link::ScannerLink link{state, dialogs};
+  FakeReceptionStore receptionStore;
+  monitor::ReceptionLog receptions{{receptionStore, state, settings, dialogs, clock}};
   bool ended = false;
-  shell::Services services{state,         gate,    ports, dialogs,
-                           settings,      clock,   link,  files,
-                           commonDialogs, backups, media, folder.path().toStdString()};
+  shell::Services services{state,
+                           gate,
+                           ports,
+                           dialogs,
+                           settings,
+                           clock,
+                           link,
+                           files,
+                           commonDialogs,
+                           backups,
+                           media,
+                           receptions,
+                           folder.path().toStdString()};
   desktop::QtWindows windows{loop, gate, devices};
   shell::MainFormOutside outside{[] {}, [this] { ended = true; }, windows};
 };

@@ -13,8 +13,9 @@ class FakeClock : public platform::Clock {
  public:
   explicit FakeClock(const FakeLoop& loop) : loop_(loop) {}
 
-  [[nodiscard]] std::int64_t seconds() const override {
-    return (loop_.now() + offsetMilliseconds) / 1000;
+  [[nodiscard]] std::int64_t seconds() const override { return milliseconds() / 1000; }
+  [[nodiscard]] std::int64_t milliseconds() const override {
+    return loop_.now() + offsetMilliseconds;
   }
   [[nodiscard]] std::string now() const override { return text; }
 

@@ -22,6 +22,8 @@ class FakeMediaControls : public platform::MediaControls {
   std::vector<std::string> log;
   /// What recording fails with.
   std::string error;
+  /// What it has recorded.
+  std::string saved;
 
  private:
   class Control : public platform::MediaControl {
@@ -35,6 +37,7 @@ class FakeMediaControls : public platform::MediaControls {
       owner_.log.emplace_back(kNames[static_cast<int>(command)]);
     }
     [[nodiscard]] std::string errorMessage() const override { return owner_.error; }
+    [[nodiscard]] std::string savedFile() const override { return owner_.saved; }
 
    private:
     FakeMediaControls& owner_;

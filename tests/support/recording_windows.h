@@ -52,6 +52,10 @@ class RecordingWindows : public shell::WindowLayer {
   void openDialog(trunking::Form3& form, bool modal) override { recordDialog(&form, modal); }
   void openDialog(trunking::Form5& form, bool modal) override { recordDialog(&form, modal); }
   void openDialog(shell::frmAbout& form, bool modal) override { recordDialog(&form, modal); }
+  void openDialog(shell::frmReceptionLog& form, bool modal) override {
+    receptionLog = &form;
+    recordDialog(&form, modal);
+  }
   void showHelp(shell::HelpView view) override {
     record(view == shell::HelpView::Contents ? "showHelp contents" : "showHelp search");
   }
@@ -71,6 +75,7 @@ class RecordingWindows : public shell::WindowLayer {
   shell::Form4* form4 = nullptr;
   shell::Form2* form2 = nullptr;
   shell::QuickViewForm* quickView = nullptr;
+  shell::frmReceptionLog* receptionLog = nullptr;
   /// The screen and the small window, in twips.
   static constexpr shell::Twips kScreen{15360, 9000};
   static constexpr shell::Twips kSmallWindow{3000, 1200};

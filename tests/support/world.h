@@ -13,6 +13,7 @@
 #include "support/fake_dialogs.h"
 #include "support/fake_loop.h"
 #include "support/fake_media_control.h"
+#include "support/fake_reception_store.h"
 #include "support/fake_settings.h"
 #include "support/recording_windows.h"
 #include "support/scripted_port.h"
@@ -42,8 +43,10 @@ struct World {
   ScriptedRadio radio;
   ScriptedPorts ports{radio};
   link::ScannerLink link{state, dialogs};
-  shell::Services services{state, gate,  ports,         dialogs, settings, clock,
-                           link,  files, commonDialogs, backups, media,    "/program"};
+  FakeReceptionStore receptionStore;
+  monitor::ReceptionLog receptions{{receptionStore, state, settings, dialogs, clock}};
+  shell::Services services{state, gate,          ports,   dialogs, settings,   clock,     link,
+                           files, commonDialogs, backups, media,   receptions, "/program"};
   RecordingWindows windows;
   int switches = 0;
 

@@ -94,6 +94,9 @@ Answer QtDialogs::ask(const std::string& text, const std::string& title,
     box->setEscapeButton(QMessageBox::No);
   }
   makeRoomForTitle(*box);
+  if (flags == platform::kYesNoWarningNo) {
+    box->setDefaultButton(QMessageBox::No);
+  }
   int button = QMessageBox::NoButton;
   bool finished = false;
   QObject::connect(box, &QMessageBox::finished, [&](int result) {

@@ -117,6 +117,7 @@ SoundCapture::State SoundCapture::work() {
     if (!file_) {
       return fail(error);
     }
+    fileName_ = file_->name();
   }
   return takeSound();
 }

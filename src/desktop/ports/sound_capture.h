@@ -34,6 +34,8 @@ class SoundCapture : private platform::NonCopyable {
   [[nodiscard]] bool over() const { return over_; }
   /// What went wrong, empty if nothing did. To be asked once it is over.
   [[nodiscard]] const QString& error() const { return error_; }
+  /// The file's name, empty if none was made; likewise.
+  [[nodiscard]] const QString& fileName() const { return fileName_; }
 
  private:
   enum class State { Going, Recording, Over };
@@ -52,6 +54,7 @@ class SoundCapture : private platform::NonCopyable {
   std::string directory_;
   QString name_;
   QString error_;
+  QString fileName_;
   std::chrono::steady_clock::time_point started_ = std::chrono::steady_clock::now();
   struct FreeLoop {
     void operator()(pa_mainloop* loop) const;

@@ -46,6 +46,7 @@ void SoundRecorder::wait() {
 void SoundRecorder::command(MediaCommand command) {
   if (command == MediaCommand::Open) {
     error_.clear();
+    saved_.clear();
     open_ = true;
   } else if (command == MediaCommand::Record) {
     record();
@@ -65,6 +66,7 @@ void SoundRecorder::end(MediaCommand command) {
     error_ = inCoreText(capture_->error());
   }
   if (command == MediaCommand::Close) {
+    saved_ = fromScreen(capture_->fileName());
     capture_.reset();
   }
 }

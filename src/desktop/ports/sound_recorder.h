@@ -19,6 +19,7 @@ class SoundRecorder : public platform::MediaControl {
   void setFileName(const std::string& directory, const std::string& name) override;
   void command(platform::MediaCommand command) override;
   [[nodiscard]] std::string errorMessage() const override { return error_; }
+  [[nodiscard]] std::string savedFile() const override { return saved_; }
 
  private:
   void record();
@@ -30,6 +31,7 @@ class SoundRecorder : public platform::MediaControl {
   std::string directory_;
   QString name_;
   std::string error_;
+  std::string saved_;
   bool open_ = false;
   std::optional<SoundCapture> capture_;
 };

@@ -11,6 +11,10 @@ std::int64_t WallClock::seconds() const {
       .count();
 }
 
+std::int64_t WallClock::milliseconds() const {
+  return QDateTime::currentMSecsSinceEpoch();
+}
+
 std::string WallClock::now() const {
   return QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toStdString();
 }

@@ -7,6 +7,7 @@ namespace tarnvex::desktop {
 class WallClock : public platform::Clock {
  public:
   [[nodiscard]] std::int64_t seconds() const override;
+  [[nodiscard]] std::int64_t milliseconds() const override;
   [[nodiscard]] std::string now() const override;
 };
 

@@ -23,13 +23,15 @@ QByteArray numbered(const QString& name, int number) {
                            name.mid(point));
 }
 
-/// Calls `make` with one name after the other until it doesn't find the name taken.
+/// Calls `make` with one name after the other until it doesn't find the name taken. `name` becomes
+/// the one that it has got.
 template <class Make>
-int firstFree(const std::string& directory, const QString& name, Make make) {
+int firstFree(const std::string& directory, QString& name, Make make) {
   for (int number = 1;; ++number) {
-    const std::string path = directory + "/" + numbered(name, number).toStdString();
-    const int result = make(path.c_str());
+    const QByteArray tried = numbered(name, number);
+    const int result = make((directory + "/" + tried.toStdString()).c_str());
     if (result >= 0 || errno != EEXIST) {
+      name = QFile::decodeName(tried);
       return result;
     }
   }
@@ -42,14 +44,14 @@ int openUnnamed(const std::string& directory) {
   return ::open(directory.c_str(), O_TMPFILE | kFlags, kMode);
 }
 
-int nameIt(int file, const std::string& directory, const QString& name) {
+int nameIt(int file, const std::string& directory, QString& name) {
   const std::string link = "/proc/self/fd/" + std::to_string(file);
   return firstFree(directory, name, [&](const char* path) {
     return ::linkat(AT_FDCWD, link.c_str(), AT_FDCWD, path, AT_SYMLINK_FOLLOW);
   });
 }
 
-int openNamed(const std::string& directory, const QString& name) {
+int openNamed(const std::string& directory, QString& name) {
   return firstFree(directory, name,
                    [](const char* path) { return ::open(path, O_CREAT | O_EXCL | kFlags, kMode); });
 }
@@ -99,13 +101,17 @@ std::unique_ptr<WaveFile> WaveFile::create(const std::string& directory, const Q
   // A file has no name until its header is whole, where the system knows such files. Elsewhere the
   // header follows the name at once.
   for (const bool unnamed : {true, false}) {
-    const int handle = unnamed ? openUnnamed(directory) : openNamed(directory, name);
+    QString got = name;
+    const int handle = unnamed ? openUnnamed(directory) : openNamed(directory, got);
     if (handle < 0) {
       error = cannotMake(name, reason());
       continue;
     }
     auto file = withHeader(handle, name, error);
-    if (!file || !unnamed || nameIt(handle, directory, name) >= 0) {
+    if (!file || !unnamed || nameIt(handle, directory, got) >= 0) {
+      if (file) {
+        file->name_ = got;
+      }
       return file;
     }
   }

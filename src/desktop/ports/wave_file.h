@@ -23,6 +23,9 @@ class WaveFile {
   static std::unique_ptr<WaveFile> create(const std::string& directory, const QString& name,
                                           QString& error);
 
+  /// The name it has got.
+  [[nodiscard]] const QString& name() const { return name_; }
+
   /// Appends samples. False and an error text if not all of them could be written; the file then
   /// holds what it held and part of these.
   bool write(std::span<const std::int16_t> samples, QString& error);
@@ -40,6 +43,7 @@ class WaveFile {
 
   std::unique_ptr<SNDFILE, Close> file_;
   std::size_t samples_ = 0;
+  QString name_;
 };
 
 }  // namespace tarnvex::desktop

@@ -112,6 +112,7 @@ void MainWindow::addMenus() {
   auto* view = menuBar()->addMenu(tr("&View"));
   view->setObjectName(QStringLiteral("mnuView"));
   addCommand(view, "mnuQV", tr("&Quickview Window"), &shell::MainForm::mnuQV);
+  addCommand(view, "mnuReceptions", tr("&Reception Log"), &shell::MainForm::mnuReceptions);
   auto* help = menuBar()->addMenu(tr("&Help"));
   help->setObjectName(QStringLiteral("mnuHelp"));
   addCommand(help, "mnuContents", tr("&Contents"), &shell::MainForm::mnuContents)

@@ -3,6 +3,7 @@
 #include <QWindow>
 
 #include "desktop/ports/text.h"
+#include "desktop/reception_log/reception_window.h"
 #include "desktop/windows/notices.h"
 
 namespace tarnvex::desktop {
@@ -121,6 +122,10 @@ void QtWindows::openDialog(trunking::Form5& form, bool modal) {
 
 void QtWindows::openDialog(shell::frmAbout& form, bool modal) {
   presentDialog(&form, makeAboutDialog(form, gate_, dialogParent()), modal);
+}
+
+void QtWindows::openDialog(shell::frmReceptionLog& form, bool modal) {
+  presentDialog(&form, new ReceptionWindow(form, gate_, dialogParent()), modal);
 }
 
 QWidget* QtWindows::dialogParent() const {

@@ -42,6 +42,7 @@ class QtWindows : public shell::WindowLayer {
   void openDialog(trunking::Form3& form, bool modal) override;
   void openDialog(trunking::Form5& form, bool modal) override;
   void openDialog(shell::frmAbout& form, bool modal) override;
+  void openDialog(shell::frmReceptionLog& form, bool modal) override;
   void closeDialog(const void* form) override;
   void raiseDialog(const void* form) override;
   void showHelp(shell::HelpView view) override;

@@ -1,0 +1,221 @@
+#include "desktop/ports/reception_database.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+#include <QSqlError>
+#include <array>
+#include <atomic>
+#include <vector>
+
+namespace tarnvex::desktop {
+namespace {
+
+/// The schema, in the steps in which it grew: a file of version n lacks the steps from n on. What
+/// isn't known is 0 or empty.
+const std::vector<std::vector<const char*>>& schema() {
+  static const std::vector<std::vector<const char*>> kSteps = {
+      {
+          // `started` is UTC in milliseconds since 1970; frequency and tone are in Hz; `bank` is 1
+          // to 10; `recording` is the name of a file in the folder of this one.
+          "CREATE TABLE receptions (id INTEGER PRIMARY KEY, started INTEGER NOT NULL, "
+          "seconds REAL NOT NULL, frequency INTEGER NOT NULL DEFAULT 0, "
+          "talkgroup TEXT NOT NULL DEFAULT '', tag TEXT NOT NULL DEFAULT '', "
+          "bank INTEGER NOT NULL DEFAULT 0, channel INTEGER NOT NULL DEFAULT 0, "
+          "tone REAL NOT NULL DEFAULT 0, mode TEXT NOT NULL DEFAULT '', "
+          "bars INTEGER NOT NULL DEFAULT 0, radio TEXT NOT NULL DEFAULT '', "
+          "recording TEXT NOT NULL DEFAULT '')",
+      },
+      {
+          // What the log has ever heard, each once. There are few of them, so that a filter looks
+          // through these and not through the receptions.
+          "CREATE TABLE sources (id INTEGER PRIMARY KEY, radio TEXT NOT NULL, "
+          "frequency INTEGER NOT NULL, talkgroup TEXT NOT NULL, tag TEXT NOT NULL, "
+          "bank INTEGER NOT NULL, channel INTEGER NOT NULL, tone REAL NOT NULL, "
+          "UNIQUE (radio, frequency, talkgroup, tag, bank, channel, tone))",
+          "INSERT INTO sources (radio, frequency, talkgroup, tag, bank, channel, tone) "
+          "SELECT DISTINCT radio, frequency, talkgroup, tag, bank, channel, tone FROM receptions",
+          "ALTER TABLE receptions ADD COLUMN source INTEGER NOT NULL DEFAULT 0",
+          "UPDATE receptions SET source = (SELECT s.id FROM sources s WHERE "
+          "s.radio = receptions.radio AND s.frequency = receptions.frequency AND "
+          "s.talkgroup = receptions.talkgroup AND s.tag = receptions.tag AND "
+          "s.bank = receptions.bank AND s.channel = receptions.channel AND "
+          "s.tone = receptions.tone)",
+          // One for each order of the window's table. They hold all that a filter looks at.
+          "CREATE INDEX by_time ON receptions (started, source, seconds, bars)",
+          "CREATE INDEX by_source ON receptions (source, started, seconds, bars)",
+          "CREATE INDEX by_length ON receptions (seconds, started, source)",
+          "CREATE INDEX by_signal ON receptions (bars, started, source)",
+          "CREATE INDEX by_recording ON receptions ((recording <> ''), started, source, seconds, "
+          "bars)",
+      },
+  };
+  return kSteps;
+}
+
+/// The library's error numbers.
+enum Code {
+  kBusy = 5,
+  kLocked = 6,
+  kInputOutput = 10,
+  kCorrupt = 11,
+  kDiskFull = 13,
+  kNoFile = 14,
+  kNotADatabase = 26,
+  kReadOnly = 8
+};
+
+DatabaseState stateOf(const QSqlError& error) {
+  // Extended codes hold the plain one in their lowest byte.
+  switch (error.nativeErrorCode().toInt() & 0xFF) {
+    case kBusy:
+    case kLocked:
+      return DatabaseState::Busy;
+    case kCorrupt:
+    case kNotADatabase:
+      return DatabaseState::Damaged;
+    case kInputOutput:
+    case kDiskFull:
+    case kNoFile:
+    case kReadOnly:
+      return DatabaseState::Full;
+    default:
+      // A table that isn't there, or isn't as it should be.
+      return DatabaseState::Damaged;
+  }
+}
+
+QString newConnection() {
+  static std::atomic<int> number = 0;
+  return QStringLiteral("receptions-%1").arg(++number);
+}
+
+constexpr const char* kPatience = "QSQLITE_BUSY_TIMEOUT=5000";
+
+}  // namespace
+
+ReceptionDatabase::ReceptionDatabase(const QString& file, Access access)
+    : connection_(newConnection()) {
+  if (access == Access::Read && !QFileInfo::exists(file)) {
+    state_ = DatabaseState::Missing;
+    return;
+  }
+  open(file, access);
+  if (state_ == DatabaseState::Good) {
+    checkVersion(access);
+  }
+}
+
+ReceptionDatabase::~ReceptionDatabase() {
+  database_.close();
+  database_ = QSqlDatabase();
+  QSqlDatabase::removeDatabase(connection_);
+}
+
+void ReceptionDatabase::open(const QString& file, Access access) {
+  database_ = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection_);
+  database_.setDatabaseName(file);
+  QString options = QLatin1String(kPatience);
+  if (access == Access::Read) {
+    options += QLatin1String(";QSQLITE_OPEN_READONLY");
+  }
+  database_.setConnectOptions(options);
+  if (!database_.open()) {
+    note(database_.lastError());
+    return;
+  }
+  // Readers and the writer don't wait for each other, and a killed program leaves a whole file.
+  if (access == Access::Write && !run(QStringLiteral("PRAGMA journal_mode = WAL"))) {
+    return;
+  }
+  run(QStringLiteral("PRAGMA synchronous = NORMAL"));
+  run(QStringLiteral("PRAGMA temp_store = MEMORY"));
+  run(QStringLiteral("PRAGMA cache_size = -16384"));
+}
+
+void ReceptionDatabase::checkVersion(Access access) {
+  const int version = value(QStringLiteral("PRAGMA user_version")).toInt();
+  if (state_ != DatabaseState::Good) {
+    return;
+  }
+  if (version > kVersion) {
+    state_ = DatabaseState::Newer;
+  } else if (version < kVersion && access == Access::Write) {
+    upgrade(version);
+  } else if (version < kVersion) {
+    state_ = DatabaseState::Missing;
+  }
+}
+
+/// All or nothing. Another program may do the same at the same time, so the version is read again.
+void ReceptionDatabase::upgrade(int from) {
+  if (!run(QStringLiteral("BEGIN IMMEDIATE"))) {
+    return;
+  }
+  from = value(QStringLiteral("PRAGMA user_version")).toInt();
+  for (auto step = static_cast<std::size_t>(from); step < schema().size(); ++step) {
+    for (const char* statement : schema()[step]) {
+      run(QLatin1String(statement));
+    }
+  }
+  run(QStringLiteral("PRAGMA user_version = %1").arg(kVersion));
+  if (state_ == DatabaseState::Good) {
+    run(QStringLiteral("COMMIT"));
+  } else {
+    database_.exec(QStringLiteral("ROLLBACK"));
+  }
+}
+
+void ReceptionDatabase::note(const QSqlError& error) {
+  state_ = stateOf(error);
+  error_ = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
+}
+
+QSqlQuery ReceptionDatabase::prepare(const QString& statement) {
+  QSqlQuery query(database_);
+  query.setForwardOnly(true);
+  if (!query.prepare(statement)) {
+    note(query.lastError());
+  }
+  return query;
+}
+
+bool ReceptionDatabase::run(QSqlQuery& query, const QVariantList& values) {
+  for (int i = 0; i < values.size(); ++i) {
+    query.bindValue(i, values[i]);
+  }
+  if (!query.exec()) {
+    note(query.lastError());
+    return false;
+  }
+  return true;
+}
+
+bool ReceptionDatabase::run(const QString& statement, const QVariantList& values) {
+  QSqlQuery query = prepare(statement);
+  return run(query, values);
+}
+
+QVariant ReceptionDatabase::value(const QString& statement, const QVariantList& values) {
+  QSqlQuery query = prepare(statement);
+  return run(query, values) && query.next() ? query.value(0) : QVariant();
+}
+
+QString setAside(const QString& file) {
+  const QFileInfo info(file);
+  const QString aside =
+      info.path() + QLatin1Char('/') +
+      QStringLiteral("%1 damaged %2.%3")
+          .arg(info.completeBaseName(),
+               QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH.mm.ss")),
+               info.suffix());
+  if (!QFile::rename(file, aside)) {
+    return {};
+  }
+  for (const char* part : {"-wal", "-shm"}) {
+    QFile::rename(file + QLatin1String(part), aside + QLatin1String(part));
+  }
+  return aside;
+}
+
+}  // namespace tarnvex::desktop

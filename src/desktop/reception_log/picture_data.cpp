@@ -1,0 +1,52 @@
+#include "desktop/reception_log/picture_data.h"
+
+#include <algorithm>
+
+#include "desktop/reception_log/reception_texts.h"
+
+namespace tarnvex::desktop {
+
+QVector<BusySource> busiest(const QVector<SourceAirtime>& airtimes,
+                            const QHash<qint64, ReceptionSource>& sources,
+                            const std::function<QString(const ReceptionSource&)>& tag) {
+  QHash<QString, BusySource> joined;
+  for (const SourceAirtime& airtime : airtimes) {
+    const ReceptionSource source = sources.value(airtime.source);
+    BusySource& busy = joined[sourceText(source)];
+    busy.source = sourceText(source);
+    busy.count += airtime.count;
+    busy.seconds += airtime.seconds;
+    busy.ids.push_back(airtime.source);
+    if (const QString name = tag(source); !name.isEmpty()) {
+      busy.tag = name;
+    }
+  }
+  QVector<BusySource> rows = joined.values();
+  std::ranges::sort(rows, [](const BusySource& one, const BusySource& other) {
+    return std::tuple(-one.seconds, -one.count, one.source) <
+           std::tuple(-other.seconds, -other.count, other.source);
+  });
+  rows.resize(std::min<qsizetype>(rows.size(), PictureGeometry::kMostRows));
+  return rows;
+}
+
+QString inWords(const PictureData& data) {
+  if (data.rows.isEmpty()) {
+    return QObject::tr("Nothing was heard in this period.");
+  }
+  QStringList lines{QObject::tr("The busiest from %1 to %2:")
+                        .arg(timeText(data.whole.from), timeText(data.whole.to))};
+  for (const BusySource& row : data.rows) {
+    const QString name =
+        row.tag.isEmpty() ? row.source : row.tag + QStringLiteral(", ") + row.source;
+    lines << QObject::tr("%1: %2 in %3 receptions.")
+                 .arg(name, lengthText(row.seconds))
+                 .arg(row.count);
+  }
+  const auto* most = std::ranges::max_element(data.hours);
+  lines
+      << QObject::tr("The busiest hour of the day begins at %1:00.").arg(most - data.hours.begin());
+  return lines.join(QLatin1Char('\n'));
+}
+
+}  // namespace tarnvex::desktop

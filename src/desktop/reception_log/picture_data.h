@@ -1,0 +1,35 @@
+#pragma once
+
+#include <array>
+
+#include "desktop/reception_log/picture_geometry.h"
+#include "desktop/reception_log/reception_query.h"
+
+namespace tarnvex::desktop {
+
+/// One of the busiest: a frequency or a talkgroup, under whatever tags the log has it.
+struct BusySource {
+  /// As the table shows it.
+  QString source;
+  QString tag;
+  qint64 count = 0;
+  double seconds = 0;
+  QVector<qint64> ids;
+};
+
+/// What the picture shows.
+struct PictureData {
+  TimeSpan whole;
+  QVector<BusySource> rows;
+  std::array<double, 24> hours{};
+};
+
+/// The busiest of the sources, by airtime. `tag` gives the tag that is shown.
+QVector<BusySource> busiest(const QVector<SourceAirtime>& airtimes,
+                            const QHash<qint64, ReceptionSource>& sources,
+                            const std::function<QString(const ReceptionSource&)>& tag);
+
+/// The picture in words, for who can't see it.
+QString inWords(const PictureData& data);
+
+}  // namespace tarnvex::desktop

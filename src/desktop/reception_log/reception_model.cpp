@@ -1,0 +1,353 @@
+#include "desktop/reception_log/reception_model.h"
+
+#include <algorithm>
+
+#include "desktop/reception_log/reception_texts.h"
+
+namespace tarnvex::desktop {
+namespace {
+
+constexpr int kSoonMilliseconds = 300;
+constexpr int kMostPages = 64;
+/// The newest rows may still grow, or get their recording.
+constexpr int kPagesThatChange = 2;
+
+}  // namespace
+
+ReceptionModel::ReceptionModel(QueryThread& thread, PlanTag planTag, QObject* parent)
+    : QAbstractTableModel(parent), thread_(thread), planTag_(std::move(planTag)) {
+  soon_.setSingleShot(true);
+  soon_.setInterval(kSoonMilliseconds);
+  connect(&soon_, &QTimer::timeout, this, [this] { askBeyond(); });
+}
+
+void ReceptionModel::setFilter(const ReceptionFilter& filter) {
+  filter_ = filter;
+  ask();
+}
+
+void ReceptionModel::sort(int column, Qt::SortOrder order) {
+  column_ = static_cast<Column>(column);
+  descending_ = order == Qt::DescendingOrder;
+  ask();
+}
+
+void ReceptionModel::refresh() {
+  if (!soon_.isActive()) {
+    soon_.start();
+  }
+}
+
+void ReceptionModel::forgetTags() {
+  tags_.clear();
+  if (query_.someSources || column_ == Tag) {
+    refresh();
+  } else {
+    emit dataChanged(index(0, Tag), index(rowCount() - 1, Tag));
+  }
+}
+
+/// Two questions: which rows are wanted depends on the sources that there are.
+void ReceptionModel::ask() {
+  const int asked = ++asked_;
+  thread_.ask([this, asked, after = lastSource_](ReceptionReader& reader) -> QueryThread::Answer {
+    return [this, asked, sources = reader.sourcesAfter(after)] {
+      addSources(sources);
+      begin(asked);
+    };
+  });
+}
+
+void ReceptionModel::begin(int asked) {
+  if (asked != asked_) {
+    return;
+  }
+  updateQuery();
+  thread_.ask([this, asked, query = query_](ReceptionReader& reader) -> QueryThread::Answer {
+    const ReceptionCount count = reader.begin(query);
+    return [this, asked, count, rows = reader.rows(count, 0, kPageRows), state = reader.state()] {
+      state_ = state;
+      take(count, rows, asked);
+    };
+  });
+}
+
+void ReceptionModel::take(const ReceptionCount& count, QVector<ReceptionRow> first, int asked) {
+  if (asked != asked_) {
+    return;
+  }
+  answered_ = asked;
+  fetching_ = false;
+  beginResetModel();
+  count_ = count;
+  pages_.clear();
+  // What is seen first is there at once, whatever its page is.
+  for (int row = 0; row < first.size(); ++row) {
+    Page& page = pages_[static_cast<int>(place(row) / kPageRows)];
+    const auto at = static_cast<qsizetype>(place(row) % kPageRows);
+    page.rows.resize(std::max(page.rows.size(), at + 1));
+    page.rows[at] = first[row];
+    page.stale = true;
+  }
+  endResetModel();
+  if (onCounted) {
+    onCounted();
+  }
+}
+
+void ReceptionModel::askBeyond() {
+  if (!counted()) {
+    return;
+  }
+  thread_.ask([this, asked = asked_, count = count_,
+               after = lastSource_](ReceptionReader& reader) -> QueryThread::Answer {
+    return [this, asked, count = reader.beyond(count), sources = reader.sourcesAfter(after)] {
+      if (asked == asked_) {
+        takeBeyond(count, sources);
+      }
+    };
+  });
+}
+
+/// Only where new rows simply come at the top is the rest known to stay.
+void ReceptionModel::takeBeyond(const ReceptionCount& count,
+                                const QVector<ReceptionSource>& sources) {
+  const bool news = addSources(sources);
+  const bool dropped = count.bottom != count_.bottom || count.top < count_.top;
+  if (dropped || !growsAtTop() || query_.recordedOnly || (news && query_.someSources)) {
+    ask();
+    return;
+  }
+  adopt(count);
+  for (auto page = pages_.begin(); page != pages_.end(); ++page) {
+    page->stale = page->stale || page.key() + kPagesThatChange > count_.count / kPageRows;
+  }
+  if (rowCount() > 0) {
+    emit dataChanged(index(0, 0), index(std::min(rowCount(), kPageRows) - 1, kColumns - 1));
+  }
+  if (onCounted) {
+    onCounted();
+  }
+}
+
+void ReceptionModel::adopt(const ReceptionCount& count) {
+  const auto added = static_cast<int>(count.count - count_.count);
+  if (added <= 0) {
+    count_ = count;
+    return;
+  }
+  beginInsertRows({}, 0, added - 1);
+  count_ = count;
+  endInsertRows();
+  if (onRowsAbove) {
+    onRowsAbove(added);
+  }
+}
+
+bool ReceptionModel::addSources(const QVector<ReceptionSource>& sources) {
+  for (const ReceptionSource& source : sources) {
+    sources_.insert(source.id, source);
+    lastSource_ = std::max(lastSource_, source.id);
+  }
+  return !sources.isEmpty();
+}
+
+bool ReceptionModel::matches(const ReceptionSource& source, const QStringList& words) const {
+  if (!filter_.radio.isEmpty() && source.radio != filter_.radio) {
+    return false;
+  }
+  const QString shown = QStringList{frequencyText(source.frequency), source.talkgroup, tag(source),
+                                    toneText(source.tone), source.radio}
+                            .join(QLatin1Char('\n'));
+  return std::ranges::all_of(
+      words, [&](const QString& word) { return shown.contains(word, Qt::CaseInsensitive); });
+}
+
+void ReceptionModel::updateQuery() {
+  using Order = ReceptionQuery::Order;
+  static const QHash<int, Order> kOrders = {{Time, Order::Time},
+                                            {For, Order::Length},
+                                            {Signal, Order::Signal},
+                                            {Recording, Order::Recording}};
+  const QStringList words = filter_.text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+  query_ = {.from = filter_.from,
+            .to = filter_.to,
+            .recordedOnly = filter_.recordedOnly,
+            .someSources = !words.isEmpty() || !filter_.radio.isEmpty(),
+            .sources = {},
+            .order = kOrders.value(column_, Order::Source),
+            .descending = descending_};
+  if (!query_.someSources && query_.order != Order::Source) {
+    return;
+  }
+  for (const ReceptionSource& source : std::as_const(sources_)) {
+    if (matches(source, words)) {
+      query_.sources.push_back(source.id);
+    }
+  }
+  sortSources(query_.sources);
+}
+
+void ReceptionModel::sortSources(QVector<qint64>& ids) const {
+  const auto key = [this](const ReceptionSource& source) {
+    const double number = column_ == Bank      ? source.bank
+                          : column_ == Channel ? source.channel
+                          : column_ == Tone    ? source.tone
+                          : column_ == Source && source.talkgroup.isEmpty()
+                              ? double(source.frequency)
+                              : 0;
+    const QString words = column_ == Tag ? tag(source).toLower() : source.talkgroup;
+    return std::tuple(number, words, source.id);
+  };
+  QHash<qint64, std::tuple<double, QString, qint64>> keys;
+  for (const qint64 id : ids) {
+    keys.insert(id, key(sources_[id]));
+  }
+  std::ranges::sort(ids, {}, [&](qint64 id) { return keys[id]; });
+}
+
+QString ReceptionModel::tag(const ReceptionSource& source) const {
+  if (!source.tag.isEmpty()) {
+    return source.tag;
+  }
+  const auto known = tags_.constFind(source.id);
+  return known != tags_.constEnd() ? *known : *tags_.insert(source.id, planTag_(source));
+}
+
+qint64 ReceptionModel::place(int row) const {
+  return growsAtTop() ? count_.count - 1 - row : row;
+}
+
+const ReceptionRow* ReceptionModel::row(int row) const {
+  const qint64 at = place(row);
+  const auto page = pages_.constFind(static_cast<int>(at / kPageRows));
+  if (page == pages_.constEnd()) {
+    want(row);
+    return nullptr;
+  }
+  const auto in = static_cast<qsizetype>(at % kPageRows);
+  const bool there = in < page->rows.size() && page->rows[in].started != 0;
+  if (!there || page->stale) {
+    want(row);
+  }
+  return there ? &page->rows[in] : nullptr;
+}
+
+void ReceptionModel::want(int row) const {
+  wantedPage_ = static_cast<int>(place(row) / kPageRows);
+  if (!fetching_ && counted()) {
+    askPage();
+  }
+}
+
+void ReceptionModel::askPage() const {
+  fetching_ = true;
+  const int page = std::exchange(wantedPage_, -1);
+  const qint64 size = std::min<qint64>(kPageRows, count_.count - qint64(page) * kPageRows);
+  const qint64 first =
+      growsAtTop() ? count_.count - qint64(page) * kPageRows - size : qint64(page) * kPageRows;
+  // The table asks while it paints; what is asked of the file changes nothing that it has.
+  auto* self = const_cast<ReceptionModel*>(this);
+  thread_.ask([self, page, first, size, asked = asked_,
+               count = count_](ReceptionReader& reader) -> QueryThread::Answer {
+    auto rows = reader.rows(count, first, static_cast<int>(size));
+    return [self, page, rows = std::move(rows), asked] { self->takePage(page, rows, asked); };
+  });
+}
+
+void ReceptionModel::takePage(int page, QVector<ReceptionRow> rows, int asked) {
+  if (asked != asked_) {
+    return;
+  }
+  fetching_ = false;
+  if (rows.isEmpty()) {
+    return;
+  }
+  if (growsAtTop()) {
+    std::ranges::reverse(rows);
+  }
+  pages_[page] = {std::move(rows), false};
+  dropFarPages(page);
+  const qint64 first = qint64(page) * kPageRows;
+  const qint64 last = std::min(first + kPageRows, count_.count) - 1;
+  const auto rowAt = [this](qint64 at) {
+    return static_cast<int>(growsAtTop() ? count_.count - 1 - at : at);
+  };
+  const auto [top, bottom] = std::minmax(rowAt(first), rowAt(last));
+  emit dataChanged(index(top, 0), index(bottom, kColumns - 1));
+}
+
+void ReceptionModel::dropFarPages(int page) {
+  while (pages_.size() > kMostPages) {
+    const auto far =
+        std::ranges::max(pages_.keys(), {}, [page](int key) { return std::abs(key - page); });
+    pages_.remove(far);
+  }
+}
+
+int ReceptionModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid()
+             ? 0
+             : static_cast<int>(std::min<qint64>(count_.count, std::numeric_limits<int>::max()));
+}
+
+int ReceptionModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : kColumns;
+}
+
+QString ReceptionModel::text(const ReceptionRow& row, int column) const {
+  switch (column) {
+    case Time:
+      return timeText(row.started);
+    case For:
+      return lengthText(row.seconds);
+    case Source:
+      return sourceText(row.source);
+    case Tag:
+      return tag(row.source);
+    case Bank:
+      return bankText(row.source);
+    case Channel:
+      return row.source.channel == 0 ? QString() : QString::number(row.source.channel);
+    case Tone:
+      return toneText(row.source.tone);
+    default:
+      return {};
+  }
+}
+
+QVariant ReceptionModel::data(const QModelIndex& index, int role) const {
+  if (role == Qt::TextAlignmentRole) {
+    const bool number = index.column() == For || index.column() == Source ||
+                        index.column() == Channel || index.column() == Tone;
+    return QVariant(Qt::AlignVCenter | (number                   ? Qt::AlignRight
+                                        : index.column() == Bank ? Qt::AlignHCenter
+                                                                 : Qt::AlignLeft));
+  }
+  if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole && role != Qt::ToolTipRole) {
+    return {};
+  }
+  const ReceptionRow* shown = row(index.row());
+  if (shown == nullptr) {
+    return {};
+  }
+  if (role == Qt::AccessibleTextRole && index.column() == Signal) {
+    return tr("%1 of 4 bars").arg(shown->bars);
+  }
+  if (index.column() == Recording && role != Qt::DisplayRole) {
+    return shown->recording;
+  }
+  return text(*shown, index.column());
+}
+
+QVariant ReceptionModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  static const QStringList kNames = {tr("Time"), tr("For"),    tr("Frequency or ID"),
+                                     tr("Tag"),  tr("Bank"),   tr("Channel"),
+                                     tr("Tone"), tr("Signal"), tr("Recording")};
+  if (orientation == Qt::Horizontal && role == Qt::DisplayRole) {
+    return kNames.value(section);
+  }
+  return QAbstractTableModel::headerData(section, orientation, role);
+}
+
+}  // namespace tarnvex::desktop

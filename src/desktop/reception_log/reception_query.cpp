@@ -1,0 +1,245 @@
+#include "desktop/reception_log/reception_query.h"
+
+#include <algorithm>
+
+namespace tarnvex::desktop {
+namespace {
+
+ReceptionSource sourceAt(const QSqlQuery& query, int column) {
+  return {query.value(column).toLongLong(),     query.value(column + 1).toString(),
+          query.value(column + 2).toLongLong(), query.value(column + 3).toString(),
+          query.value(column + 4).toString(),   query.value(column + 5).toInt(),
+          query.value(column + 6).toInt(),      query.value(column + 7).toDouble()};
+}
+
+constexpr const char* kRowColumns =
+    "r.started, r.seconds, r.mode, r.bars, r.recording, r.source, r.radio, r.frequency, "
+    "r.talkgroup, r.tag, r.bank, r.channel, r.tone";
+
+ReceptionRow rowAt(const QSqlQuery& query) {
+  return {query.value(0).toLongLong(), query.value(1).toDouble(), query.value(2).toString(),
+          query.value(3).toInt(),      query.value(4).toString(), sourceAt(query, 5)};
+}
+
+}  // namespace
+
+ReceptionDatabase* ReceptionReader::database() {
+  if (!database_ || database_->state() != DatabaseState::Good) {
+    database_ = std::make_unique<ReceptionDatabase>(file_, ReceptionDatabase::Access::Read);
+    if (database_->state() == DatabaseState::Good) {
+      database_->run(QStringLiteral(
+          "CREATE TEMP TABLE wanted (rank INTEGER PRIMARY KEY, source INTEGER UNIQUE)"));
+    }
+  }
+  state_ = database_->state();
+  return state_ == DatabaseState::Good ? database_.get() : nullptr;
+}
+
+bool ReceptionReader::note(bool good) {
+  state_ = database_->state();
+  return good;
+}
+
+QVector<ReceptionSource> ReceptionReader::sourcesAfter(qint64 id) {
+  QVector<ReceptionSource> sources;
+  if (ReceptionDatabase* log = database()) {
+    QSqlQuery query = log->prepare(
+        QStringLiteral("SELECT id, radio, frequency, talkgroup, tag, bank, channel, tone FROM "
+                       "sources WHERE id > ? ORDER BY id"));
+    for (bool more = note(log->run(query, {id})) && query.next(); more; more = query.next()) {
+      sources.push_back(sourceAt(query, 0));
+    }
+  }
+  return sources;
+}
+
+ReceptionCount ReceptionReader::begin(const ReceptionQuery& query) {
+  query_ = query;
+  ReceptionDatabase* log = database();
+  if (log == nullptr) {
+    return {};
+  }
+  log->run(QStringLiteral("DELETE FROM wanted"));
+  if (query.someSources || query.order == ReceptionQuery::Order::Source) {
+    log->run(QStringLiteral("BEGIN"));
+    QSqlQuery insert = log->prepare(QStringLiteral("INSERT INTO wanted VALUES (?, ?)"));
+    for (qsizetype rank = 0; rank < query.sources.size(); ++rank) {
+      log->run(insert, {rank, query.sources[rank]});
+    }
+    insert.finish();
+    log->run(QStringLiteral("COMMIT"));
+  }
+  return beyond({});
+}
+
+/// The whole of the file is counted without looking at its rows.
+ReceptionCount ReceptionReader::beyond(const ReceptionCount& count) {
+  ReceptionDatabase* log = database();
+  if (log == nullptr) {
+    return {};
+  }
+  ReceptionCount all;
+  all.bottom = log->value(QStringLiteral("SELECT min(id) FROM receptions")).toLongLong();
+  all.top = log->value(QStringLiteral("SELECT max(id) FROM receptions")).toLongLong();
+  QVariantList bounds = values(all.top);
+  bounds << count.top;
+  // Few are new: those are looked at one by one.
+  const bool few = count.top > 0 && query_.order != ReceptionQuery::Order::Source;
+  const QString from = few ? QStringLiteral("receptions r NOT INDEXED") : table();
+  all.count =
+      count.count + log->value(QStringLiteral("SELECT count(*) FROM %1 WHERE %2 AND r.id > ?")
+                                   .arg(from, conditions()),
+                               bounds)
+                        .toLongLong();
+  note(true);
+  return all;
+}
+
+QString ReceptionReader::table() const {
+  using Order = ReceptionQuery::Order;
+  if (query_.order == Order::Source) {
+    return QStringLiteral("wanted w CROSS JOIN receptions r INDEXED BY by_source");
+  }
+  const bool byRecording = query_.recordedOnly || query_.order == Order::Recording;
+  const char* index = query_.order == Order::Length   ? "by_length"
+                      : query_.order == Order::Signal ? "by_signal"
+                      : byRecording                   ? "by_recording"
+                                                      : "by_time";
+  return QStringLiteral("receptions r INDEXED BY %1").arg(QLatin1String(index));
+}
+
+QString ReceptionReader::conditions(bool joined) const {
+  QString text = QStringLiteral("r.started >= ? AND r.started < ? AND r.id <= ?");
+  if (query_.recordedOnly) {
+    text += QStringLiteral(" AND (r.recording <> '') = 1");
+  }
+  if (joined && query_.order == ReceptionQuery::Order::Source) {
+    text += QStringLiteral(" AND r.source = w.source");
+  } else if (query_.someSources) {
+    text += QStringLiteral(" AND r.source IN (SELECT source FROM wanted)");
+  }
+  return text;
+}
+
+QVariantList ReceptionReader::values(qint64 top) const {
+  return {query_.from, query_.to, top};
+}
+
+QString ReceptionReader::order(bool reversed) const {
+  using Order = ReceptionQuery::Order;
+  const QString way =
+      query_.descending != reversed ? QStringLiteral(" DESC") : QStringLiteral(" ASC");
+  switch (query_.order) {
+    case Order::Length:
+      return QStringLiteral("r.seconds") + way + QStringLiteral(", r.started") + way;
+    case Order::Signal:
+      return QStringLiteral("r.bars") + way + QStringLiteral(", r.started") + way;
+    case Order::Recording:
+      return QStringLiteral("(r.recording <> '')") + way + QStringLiteral(", r.started") + way;
+    case Order::Source:
+      return QStringLiteral("w.rank") + way + QStringLiteral(", r.started") + way;
+    default:
+      return QStringLiteral("r.started") + way;
+  }
+}
+
+/// From the nearer end: what lies before the first row has to be walked over.
+QVector<ReceptionRow> ReceptionReader::rows(const ReceptionCount& count, qint64 first, int number) {
+  QVector<ReceptionRow> rows;
+  ReceptionDatabase* log = database();
+  const qint64 size = std::min<qint64>(number, count.count - first);
+  if (log == nullptr || size <= 0) {
+    return rows;
+  }
+  const qint64 after = count.count - first - size;
+  const bool reversed = after < first;
+  QVariantList bounds = values(count.top);
+  bounds << size << (reversed ? after : first);
+  QSqlQuery query =
+      log->prepare(QStringLiteral("SELECT %1 FROM %2 WHERE %3 ORDER BY %4 LIMIT ? OFFSET ?")
+                       .arg(QLatin1String(kRowColumns), table(), conditions(), order(reversed)));
+  for (bool more = note(log->run(query, bounds)) && query.next(); more; more = query.next()) {
+    rows.push_back(rowAt(query));
+  }
+  if (reversed) {
+    std::ranges::reverse(rows);
+  }
+  return rows;
+}
+
+bool ReceptionReader::forEach(const ReceptionCount& count,
+                              const std::function<bool(const ReceptionRow&)>& take) {
+  ReceptionDatabase* log = database();
+  if (log == nullptr) {
+    return false;
+  }
+  QSqlQuery query =
+      log->prepare(QStringLiteral("SELECT %1 FROM %2 WHERE %3 ORDER BY %4")
+                       .arg(QLatin1String(kRowColumns), table(), conditions(), order(false)));
+  bool going = note(log->run(query, values(count.top)));
+  while (going && query.next()) {
+    going = take(rowAt(query));
+  }
+  return going;
+}
+
+QSqlQuery ReceptionReader::aggregate(const QString& columns, const char* index,
+                                     const QString& group) {
+  QSqlQuery query = database_->prepare(
+      QStringLiteral("SELECT %1 FROM receptions r INDEXED BY %2 WHERE %3 GROUP BY %4")
+          .arg(columns, QLatin1String(query_.recordedOnly ? "by_recording" : index),
+               conditions(false), group));
+  note(database_->run(query, values(std::numeric_limits<qint64>::max())));
+  return query;
+}
+
+QVector<SourceAirtime> ReceptionReader::airtimes() {
+  QVector<SourceAirtime> airtimes;
+  if (database() != nullptr) {
+    QSqlQuery query =
+        aggregate(QStringLiteral("r.source, count(*), sum(r.seconds)"), "by_source", "r.source");
+    while (query.next()) {
+      airtimes.push_back(
+          {query.value(0).toLongLong(), query.value(1).toLongLong(), query.value(2).toDouble()});
+    }
+  }
+  return airtimes;
+}
+
+QVector<QPair<qint64, double>> ReceptionReader::airtimeBySlice(qint64 slice) {
+  QVector<QPair<qint64, double>> slices;
+  if (database() != nullptr) {
+    const QString number = QStringLiteral("r.started / %1").arg(slice);
+    QSqlQuery query = aggregate(number + QStringLiteral(", sum(r.seconds)"), "by_time", number);
+    while (query.next()) {
+      slices.push_back({query.value(0).toLongLong(), query.value(1).toDouble()});
+    }
+  }
+  return slices;
+}
+
+/// A reception that began before `from` may reach into it.
+QVector<AirtimeBar> ReceptionReader::bars(const QVector<qint64>& sources, qint64 from, qint64 to,
+                                          qint64 slice) {
+  constexpr qint64 kLongest = 6LL * 3600 * 1000;
+  QVector<AirtimeBar> bars;
+  ReceptionDatabase* log = database();
+  if (log == nullptr) {
+    return bars;
+  }
+  QSqlQuery query = log->prepare(
+      QStringLiteral("SELECT min(started), max(started + CAST(seconds * 1000 AS INTEGER)), "
+                     "max(bars), count(*) FROM receptions INDEXED BY by_source WHERE source = ? "
+                     "AND started >= ? AND started < ? GROUP BY started / %1")
+          .arg(slice));
+  for (const qint64 source : sources) {
+    const QVariantList bounds = {source, from - kLongest, to};
+    for (bool more = note(log->run(query, bounds)) && query.next(); more; more = query.next()) {
+      bars.push_back({source, query.value(0).toLongLong(), query.value(1).toLongLong(),
+                      query.value(2).toInt(), query.value(3).toLongLong()});
+    }
+  }
+  return bars;
+}
+
+}  // namespace tarnvex::desktop

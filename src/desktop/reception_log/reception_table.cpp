@@ -1,0 +1,211 @@
+#include "desktop/reception_log/reception_table.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QPainter>
+#include <QScrollBar>
+#include <QUrl>
+
+namespace tarnvex::desktop {
+namespace {
+
+constexpr int kBars = 4;
+
+/// Four bars that rise, the lit ones strong. Nothing for a signal that isn't known.
+void paintBars(QPainter* painter, const QRectF& cell, int lit, QColor colour) {
+  const double height = cell.height() * 0.52;
+  const double width = height / 3;
+  QRectF bar(cell.left() + width * 2, 0, width, 0);
+  for (int step = 1; step <= kBars && lit > 0; ++step) {
+    bar.setTop(cell.center().y() + height / 2 - height * step / kBars);
+    bar.setBottom(cell.center().y() + height / 2);
+    colour.setAlphaF(step <= lit ? 1.0F : 0.18F);
+    painter->fillRect(bar, colour);
+    bar.translate(width * 1.6, 0);
+  }
+}
+
+void paintPlay(QPainter* painter, const QRectF& cell, const QColor& colour) {
+  const double side = cell.height() * 0.46;
+  const QPointF middle = cell.center();
+  painter->setPen(Qt::NoPen);
+  painter->setBrush(colour);
+  painter->drawPolygon(QPolygonF{{middle.x() - side * 0.4, middle.y() - side / 2},
+                                 {middle.x() + side * 0.5, middle.y()},
+                                 {middle.x() - side * 0.4, middle.y() + side / 2}});
+}
+
+}  // namespace
+
+void ReceptionDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const {
+  QStyledItemDelegate::paint(painter, option, index);
+  const bool signal = index.column() == ReceptionModel::Signal;
+  if (!signal && index.column() != ReceptionModel::Recording) {
+    return;
+  }
+  const auto* row = static_cast<const ReceptionModel*>(index.model())->row(index.row());
+  if (row == nullptr) {
+    return;
+  }
+  const bool selected = option.state.testFlag(QStyle::State_Selected);
+  const QColor colour = option.palette.color(selected ? QPalette::HighlightedText
+                                             : signal ? QPalette::Text
+                                                      : QPalette::Highlight);
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  if (signal) {
+    paintBars(painter, option.rect, row->bars, colour);
+  } else if (!row->recording.isEmpty()) {
+    paintPlay(painter, option.rect, colour);
+  }
+  painter->restore();
+}
+
+ReceptionTable::ReceptionTable(ReceptionModel& model, QString recordings, QWidget* parent)
+    : QTableView(parent), model_(model), recordings_(std::move(recordings)) {
+  setObjectName(QStringLiteral("receptions"));
+  setAccessibleName(tr("Receptions"));
+  setItemDelegate(new ReceptionDelegate(this));
+  setSelectionBehavior(SelectRows);
+  setAlternatingRowColors(true);
+  setWordWrap(false);
+  setShowGrid(false);
+  setTabKeyNavigation(false);
+  setCornerButtonEnabled(false);
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setSortIndicator(ReceptionModel::Time, Qt::DescendingOrder);
+  setModel(&model_);
+  connect(horizontalHeader(), &QHeaderView::sortIndicatorChanged, &model_, &ReceptionModel::sort);
+  horizontalHeader()->setSortIndicatorShown(true);
+  horizontalHeader()->setSectionsClickable(true);
+  // Who reads further down stays with the rows that are read.
+  model_.onRowsAbove = [this](int rows) {
+    if (verticalScrollBar()->value() > 0) {
+      verticalScrollBar()->setValue(verticalScrollBar()->value() + rows);
+    }
+  };
+  sizeColumns();
+}
+
+void ReceptionTable::sizeColumns() {
+  const QFontMetrics metrics(font());
+  verticalHeader()->setDefaultSectionSize(metrics.height() + metrics.height() / 2);
+  static constexpr std::array kWidths = {"2026-12-31 23:59:59",
+                                         "1:00:00",
+                                         "000.00000",
+                                         "",
+                                         "Bank",
+                                         "Channel",
+                                         "000.0",
+                                         "Signal",
+                                         "Recording"};
+  for (int column = 0; column < ReceptionModel::kColumns; ++column) {
+    const int heading = horizontalHeader()->sectionSizeHint(column);
+    const int text = metrics.horizontalAdvance(QLatin1String(kWidths.at(std::size_t(column))));
+    setColumnWidth(column, std::max(heading, text + metrics.height()));
+  }
+  horizontalHeader()->setSectionResizeMode(ReceptionModel::Tag, QHeaderView::Stretch);
+}
+
+void ReceptionTable::changeEvent(QEvent* event) {
+  QTableView::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+    sizeColumns();
+  }
+}
+
+void ReceptionTable::withCurrent(const std::function<void(const ReceptionRow&)>& act) const {
+  const ReceptionRow* row = currentIndex().isValid() ? model_.row(currentIndex().row()) : nullptr;
+  if (row != nullptr && act) {
+    // The model may give up the page meanwhile.
+    const ReceptionRow copy = *row;
+    act(copy);
+  }
+}
+
+void ReceptionTable::mouseDoubleClickEvent(QMouseEvent* event) {
+  QTableView::mouseDoubleClickEvent(event);
+  if (event->button() == Qt::LeftButton && indexAt(event->pos()).isValid()) {
+    withCurrent(onTune);
+  }
+}
+
+void ReceptionTable::mouseReleaseEvent(QMouseEvent* event) {
+  QTableView::mouseReleaseEvent(event);
+  const QModelIndex cell = indexAt(event->pos());
+  if (event->button() == Qt::LeftButton && cell.isValid() && cell == currentIndex() &&
+      cell.column() == ReceptionModel::Recording) {
+    withCurrent([this](const ReceptionRow& row) { play(row); });
+  }
+}
+
+void ReceptionTable::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) {
+    copy();
+  } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    withCurrent(onTune);
+  } else {
+    QTableView::keyPressEvent(event);
+  }
+}
+
+void ReceptionTable::contextMenuEvent(QContextMenuEvent* event) {
+  const ReceptionRow* row = currentIndex().isValid() ? model_.row(currentIndex().row()) : nullptr;
+  if (row == nullptr) {
+    return;
+  }
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setObjectName(QStringLiteral("receptionMenu"));
+  menu->addAction(tr("&Copy"), this, [this] { copy(); });
+  menu->addSeparator();
+  menu->addAction(tr("&Tune the Radio There"), this, [this] { withCurrent(onTune); });
+  menu->addAction(tr("&Store in the Plan"), this, [this] { withCurrent(onStore); });
+  menu->addSeparator();
+  auto* playing = menu->addAction(tr("&Play Recording"), this, [this] {
+    withCurrent([this](const ReceptionRow& current) { play(current); });
+  });
+  auto* folder = menu->addAction(tr("Show Recording in &Folder"), this, [this] {
+    withCurrent([this](const ReceptionRow& current) { showInFolder(current); });
+  });
+  playing->setEnabled(!row->recording.isEmpty());
+  folder->setEnabled(!row->recording.isEmpty());
+  menu->popup(event->globalPos());
+}
+
+/// The selected rows that are at hand: a line for each, tabs between the columns.
+void ReceptionTable::copy() const {
+  QModelIndexList rows = selectionModel()->selectedRows();
+  std::ranges::sort(rows, {}, &QModelIndex::row);
+  QStringList lines;
+  for (const QModelIndex& row : rows) {
+    QStringList cells;
+    for (int column = 0; column < ReceptionModel::kColumns; ++column) {
+      const int role = column < ReceptionModel::Signal ? Qt::DisplayRole : Qt::AccessibleTextRole;
+      cells << model_.data(row.siblingAtColumn(column), role).toString();
+    }
+    lines << cells.join(QLatin1Char('\t'));
+  }
+  QApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
+}
+
+void ReceptionTable::play(const ReceptionRow& row) const {
+  if (!row.recording.isEmpty()) {
+    QDesktopServices::openUrl(QUrl::fromLocalFile(recordings_ + QLatin1Char('/') + row.recording));
+  }
+}
+
+void ReceptionTable::showInFolder(const ReceptionRow& /*row*/) const {
+  QDesktopServices::openUrl(QUrl::fromLocalFile(recordings_));
+}
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+#include <QTableView>
+
+#include "desktop/reception_log/reception_model.h"
+
+namespace tarnvex::desktop {
+
+/// Draws the signal's bars and the recording's play button.
+class ReceptionDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override;
+};
+
+/// The rows of the log on the screen.
+class ReceptionTable : public QTableView {
+ public:
+  ReceptionTable(ReceptionModel& model, QString recordings, QWidget* parent = nullptr);
+
+  /// A double click, or the entry of the context menu.
+  std::function<void(const ReceptionRow&)> onTune;
+  std::function<void(const ReceptionRow&)> onStore;
+
+ protected:
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void sizeColumns();
+  void copy() const;
+  void withCurrent(const std::function<void(const ReceptionRow&)>& act) const;
+  void play(const ReceptionRow& row) const;
+  void showInFolder(const ReceptionRow& row) const;
+
+  ReceptionModel& model_;
+  /// The folder of the recordings.
+  QString recordings_;
+};
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,283 @@
+#include "desktop/reception_log/reception_window.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QMessageBox>
+#include <QVBoxLayout>
+
+#include "desktop/ports/text.h"
+#include "desktop/reception_log/reception_texts.h"
+
+namespace tarnvex::desktop {
+namespace {
+
+/// A pause in the typing.
+constexpr int kTypingMilliseconds = 120;
+constexpr int kExportLookMilliseconds = 50;
+
+monitor::Heard heardOf(const ReceptionSource& source) {
+  monitor::Heard heard;
+  heard.frequency = source.frequency;
+  heard.talkgroup = fromScreen(source.talkgroup);
+  heard.bank = source.bank;
+  heard.channel = source.channel;
+  return heard;
+}
+
+template <class Widget>
+Widget* named(Widget* widget, const char* name) {
+  widget->setObjectName(QLatin1String(name));
+  return widget;
+}
+
+QDateTimeEdit* makeTime(const char* name, const QString& spoken) {
+  auto* edit = named(new QDateTimeEdit, name);
+  edit->setAccessibleName(spoken);
+  edit->setCalendarPopup(true);
+  edit->setDisplayFormat(QStringLiteral("yyyy-MM-dd HH:mm"));
+  edit->hide();
+  return edit;
+}
+
+}  // namespace
+
+ReceptionWindow::ReceptionWindow(shell::frmReceptionLog& form, platform::EventGate& gate,
+                                 QWidget* parent)
+    : DialogWindow(
+          gate, form.window, [&form] { form.userClose(); }, parent),
+      log_(QFile::decodeName(form.log().store().file().c_str())),
+      thread_(std::make_unique<QueryThread>(log_)) {
+  setWindowFlags(windowFlags() | Qt::WindowMinMaxButtonsHint);
+  makeParts(form);
+  auto* column = new QVBoxLayout(this);
+  column->addLayout(makeFilter());
+  column->addWidget(pages_, 1);
+  column->addLayout(makeFooter(form));
+  connectParts(form, gate);
+  text_->setFocus();
+  const QFontMetrics metrics(font());
+  resize(metrics.averageCharWidth() * 150, metrics.height() * 42);
+  applyFilter();
+}
+
+ReceptionWindow::~ReceptionWindow() {
+  exporting_.reset();
+  thread_.reset();
+}
+
+void ReceptionWindow::makeParts(shell::frmReceptionLog& form) {
+  const auto planTag = [&form](const ReceptionSource& source) {
+    return toScreen(form.planTag(heardOf(source)));
+  };
+  model_ = new ReceptionModel(*thread_, planTag, this);
+  table_ = new ReceptionTable(*model_, QFileInfo(log_).path());
+  picture_ = new PictureView(*thread_, *model_);
+  pages_ = named(new QTabWidget, "pages");
+  pages_->addTab(table_, tr("&Receptions"));
+  pages_->addTab(picture_, tr("&Picture"));
+}
+
+QLayout* ReceptionWindow::makeFilter() {
+  text_ = named(new QLineEdit, "filter");
+  text_->setPlaceholderText(tr("Filter by tag, frequency, ID or tone"));
+  text_->setAccessibleName(tr("Filter"));
+  text_->setClearButtonEnabled(true);
+  period_ = named(new QComboBox, "period");
+  period_->setAccessibleName(tr("Period"));
+  period_->addItems({tr("Last hour"), tr("Today"), tr("7 days"), tr("All"), tr("From - to")});
+  period_->setCurrentIndex(All);
+  from_ = makeTime("from", tr("From"));
+  to_ = makeTime("to", tr("To"));
+  radio_ = named(new QComboBox, "radio");
+  radio_->setAccessibleName(tr("Radio"));
+  radio_->addItems({tr("Both radios"), QStringLiteral("BC895XLT"), QStringLiteral("BC245XLT")});
+  recorded_ = named(new QCheckBox(tr("Only with &recording")), "recordedOnly");
+  auto* row = new QHBoxLayout;
+  row->addWidget(text_, 1);
+  for (QWidget* widget : std::initializer_list<QWidget*>{period_, from_, to_, radio_, recorded_}) {
+    row->addWidget(widget);
+  }
+  return row;
+}
+
+QLayout* ReceptionWindow::makeFooter(shell::frmReceptionLog& form) {
+  auto* keep = new QCheckBox;
+  binder().bind(keep, form.log().chkKeep);
+  auto* keepFor = new QComboBox;
+  binder().bind(keepFor, form.log().cboKeepFor);
+  auto* caption = new QLabel(tr("Keep &for:"));
+  caption->setBuddy(keepFor);
+  counted_ = named(new QLabel, "counted");
+  export_ = named(new QPushButton(tr("&Export...")), "export");
+  auto* clear = new QPushButton;
+  binder().bind(clear, form.cmdClear);
+  for (QPushButton* button : {export_, clear}) {
+    button->setAutoDefault(false);
+  }
+  auto* row = new QHBoxLayout;
+  row->addWidget(keep);
+  row->addSpacing(fontMetrics().height());
+  row->addWidget(caption);
+  row->addWidget(keepFor);
+  row->addStretch();
+  row->addWidget(counted_);
+  row->addSpacing(fontMetrics().height());
+  row->addWidget(export_);
+  row->addWidget(clear);
+  return row;
+}
+
+void ReceptionWindow::connectParts(shell::frmReceptionLog& form, platform::EventGate& gate) {
+  typing_.setSingleShot(true);
+  typing_.setInterval(kTypingMilliseconds);
+  connect(&typing_, &QTimer::timeout, this, [this] { applyFilter(); });
+  connect(text_, &QLineEdit::textChanged, &typing_, qOverload<>(&QTimer::start));
+  connect(period_, &QComboBox::currentIndexChanged, this, [this] { applyFilter(); });
+  connect(radio_, &QComboBox::currentIndexChanged, this, [this] { applyFilter(); });
+  connect(recorded_, &QCheckBox::toggled, this, [this] { applyFilter(); });
+  for (QDateTimeEdit* edit : {from_, to_}) {
+    connect(edit, &QDateTimeEdit::dateTimeChanged, &typing_, qOverload<>(&QTimer::start));
+  }
+  connect(export_, &QPushButton::clicked, this, [this] { askForExport(); });
+  connect(&exportTimer_, &QTimer::timeout, this, [this] { followExport(); });
+  connect(pages_, &QTabWidget::currentChanged, this, [this] { showPicture(); });
+  model_->onCounted = [this] {
+    showCount();
+    pictureStale_ = true;
+    showPicture();
+  };
+  picture_->onRowClicked = [this](const BusySource& busy, const TimeSpan& span) {
+    goToRows(busy, span);
+  };
+  table_->onTune = [&form, &gate](const ReceptionRow& row) {
+    gate.enter([&form, heard = heardOf(row.source)] { form.tune(heard); });
+  };
+  table_->onStore = [&form, &gate](const ReceptionRow& row) {
+    gate.enter([&form, heard = heardOf(row.source)] { form.store(heard); });
+  };
+  binder().keep(form.log().store().changed.connect([this] { model_->refresh(); }));
+  const auto tagsChanged = [this](int, int) { model_->forgetTags(); };
+  binder().keep(form.memory().MSFlexGrid1().cellChanged.connect(tagsChanged));
+  binder().keep(form.memory().MSFlexGrid2().cellChanged.connect(tagsChanged));
+}
+
+TimeSpan ReceptionWindow::period() const {
+  constexpr qint64 kHour = 3'600'000;
+  constexpr auto kEver = std::numeric_limits<qint64>::max();
+  const QDateTime now = QDateTime::currentDateTime();
+  switch (period_->currentIndex()) {
+    case LastHour:
+      return {now.toMSecsSinceEpoch() - kHour, kEver};
+    case Today:
+      return {now.date().startOfDay().toMSecsSinceEpoch(), kEver};
+    case SevenDays:
+      return {now.date().addDays(-6).startOfDay().toMSecsSinceEpoch(), kEver};
+    case FromTo:
+      return {from_->dateTime().toMSecsSinceEpoch(), to_->dateTime().toMSecsSinceEpoch()};
+    default:
+      return {std::numeric_limits<qint64>::min(), kEver};
+  }
+}
+
+void ReceptionWindow::applyFilter() {
+  typing_.stop();
+  const bool fromTo = period_->currentIndex() == FromTo;
+  if (fromTo && !from_->isVisibleTo(this)) {
+    const QSignalBlocker first(from_);
+    const QSignalBlocker last(to_);
+    from_->setDateTime(QDate::currentDate().startOfDay());
+    to_->setDateTime(QDate::currentDate().addDays(1).startOfDay());
+  }
+  from_->setVisible(fromTo);
+  to_->setVisible(fromTo);
+  const TimeSpan span = period();
+  const QString radio = radio_->currentIndex() == 0 ? QString() : radio_->currentText();
+  model_->setFilter({text_->text(), span.from, span.to, radio, recorded_->isChecked()});
+}
+
+void ReceptionWindow::showCount() {
+  switch (model_->state()) {
+    case DatabaseState::Damaged:
+      return counted_->setText(tr("The log's file is damaged."));
+    case DatabaseState::Newer:
+      return counted_->setText(tr("The log was written by a newer version of Tarnvex."));
+    case DatabaseState::Busy:
+    case DatabaseState::Full:
+      return counted_->setText(tr("The log can't be read."));
+    default:
+      return counted_->setText(tr("%1 receptions").arg(QLocale().toString(model_->rowCount())));
+  }
+}
+
+void ReceptionWindow::showPicture() {
+  if (pages_->currentWidget() == picture_ && std::exchange(pictureStale_, false)) {
+    picture_->reload();
+  }
+}
+
+void ReceptionWindow::goToRows(const BusySource& busy, const TimeSpan& span) {
+  {
+    const QSignalBlocker first(text_);
+    const QSignalBlocker second(period_);
+    const QSignalBlocker third(from_);
+    const QSignalBlocker fourth(to_);
+    text_->setText(busy.source);
+    period_->setCurrentIndex(FromTo);
+    from_->setVisible(true);
+    // The boxes know whole minutes.
+    from_->setDateTime(QDateTime::fromMSecsSinceEpoch(span.from));
+    to_->setDateTime(QDateTime::fromMSecsSinceEpoch(span.to + 60'000));
+  }
+  pages_->setCurrentWidget(table_);
+  applyFilter();
+}
+
+void ReceptionWindow::askForExport() {
+  auto* dialog = new QFileDialog(this, tr("Export Receptions"), QString(), tr("CSV files (*.csv)"));
+  dialog->setAttribute(Qt::WA_DeleteOnClose);
+  dialog->setAcceptMode(QFileDialog::AcceptSave);
+  dialog->setDefaultSuffix(QStringLiteral("csv"));
+  connect(dialog, &QFileDialog::fileSelected, this,
+          [this](const QString& file) { exportTo(file); });
+  dialog->open();
+}
+
+void ReceptionWindow::exportTo(const QString& file) {
+  if (exporting_) {
+    return;
+  }
+  QHash<qint64, QString> tags;
+  for (const ReceptionSource& source : model_->sources()) {
+    tags.insert(source.id, model_->tag(source));
+  }
+  exporting_ = std::make_unique<CsvExport>(log_, model_->query(), tags, file);
+  progress_ = new QProgressDialog(tr("Exporting the receptions..."), tr("Cancel"), 0, 1000, this);
+  progress_->setObjectName(QStringLiteral("exporting"));
+  progress_->setWindowTitle(tr("Export Receptions"));
+  progress_->setWindowModality(Qt::WindowModal);
+  progress_->setAutoReset(false);
+  progress_->setMinimumDuration(500);
+  connect(progress_, &QProgressDialog::canceled, this, [this] { exporting_->cancel(); });
+  exportTimer_.start(kExportLookMilliseconds);
+}
+
+void ReceptionWindow::followExport() {
+  if (!exporting_->over()) {
+    progress_->setValue(exporting_->progress());
+    return;
+  }
+  exportTimer_.stop();
+  const QString error = exporting_->cancelled() ? QString() : exporting_->error();
+  exporting_.reset();
+  delete progress_;
+  if (!error.isEmpty()) {
+    auto* box = new QMessageBox(QMessageBox::Warning, tr("Export Receptions"),
+                                tr("The receptions could not be exported: %1").arg(error),
+                                QMessageBox::Ok, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+  }
+}
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QDateTimeEdit>
+#include <QLabel>
+#include <QPointer>
+#include <QProgressDialog>
+#include <QTabWidget>
+
+#include "desktop/reception_log/csv_export.h"
+#include "desktop/reception_log/picture_view.h"
+#include "desktop/reception_log/reception_table.h"
+#include "desktop/windows/dialog_window.h"
+#include "shell/reception_log_form.h"
+
+namespace tarnvex::desktop {
+
+/// The log of receptions on the screen: the filter above, the rows on one page and the picture on
+/// the other, and what concerns the whole log beneath.
+class ReceptionWindow : public DialogWindow {
+ public:
+  ReceptionWindow(shell::frmReceptionLog& form, platform::EventGate& gate, QWidget* parent);
+  ~ReceptionWindow() override;
+
+  [[nodiscard]] ReceptionModel& model() { return *model_; }
+  [[nodiscard]] PictureView& picture() { return *picture_; }
+  /// Writes what the filter lets through to a file, with a bar and a button to cancel it.
+  void exportTo(const QString& file);
+
+ private:
+  enum Period { LastHour, Today, SevenDays, All, FromTo };
+
+  void makeParts(shell::frmReceptionLog& form);
+  QLayout* makeFilter();
+  QLayout* makeFooter(shell::frmReceptionLog& form);
+  void connectParts(shell::frmReceptionLog& form, platform::EventGate& gate);
+  void applyFilter();
+  [[nodiscard]] TimeSpan period() const;
+  void showCount();
+  void showPicture();
+  void goToRows(const BusySource& busy, const TimeSpan& span);
+  void askForExport();
+  void followExport();
+
+  QString log_;
+  /// The thread answers to the others, so it ends first.
+  std::unique_ptr<QueryThread> thread_;
+  ReceptionModel* model_ = nullptr;
+  ReceptionTable* table_ = nullptr;
+  PictureView* picture_ = nullptr;
+  QTabWidget* pages_ = nullptr;
+  QLineEdit* text_ = nullptr;
+  QComboBox* period_ = nullptr;
+  QDateTimeEdit* from_ = nullptr;
+  QDateTimeEdit* to_ = nullptr;
+  QComboBox* radio_ = nullptr;
+  QCheckBox* recorded_ = nullptr;
+  QLabel* counted_ = nullptr;
+  QPushButton* export_ = nullptr;
+  bool pictureStale_ = true;
+  QTimer typing_;
+  QTimer exportTimer_;
+  std::unique_ptr<CsvExport> exporting_;
+  QPointer<QProgressDialog> progress_;
+};
+
+}  // namespace tarnvex::desktop

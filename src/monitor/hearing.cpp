@@ -1,0 +1,91 @@
+#include "monitor/hearing.h"
+
+#include <cmath>
+
+#include "link/tone_table.h"
+#include "memory/plan_lookup.h"
+#include "platform/convert.h"
+#include "trunking/talkgroup_id.h"
+
+namespace tarnvex::monitor {
+namespace {
+
+std::string trimmed(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  return first == std::string_view::npos
+             ? std::string()
+             : std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
+}
+
+}  // namespace
+
+std::optional<std::int64_t> hertzOf(std::string_view shown) {
+  if (!link::readsAsFrequency(shown)) {
+    return std::nullopt;
+  }
+  const double hertz = platform::toReal(shown).value_or(0) * 1e6;
+  return hertz > 0 ? std::optional(std::llround(hertz)) : std::nullopt;
+}
+
+bool namesTalkgroup(std::string_view text) {
+  return text.find_first_not_of("0123456789-") == std::string_view::npos &&
+         text.find_first_of("123456789") != std::string_view::npos &&
+         text.find("--") == std::string_view::npos;
+}
+
+Heard Hearing::begin(int bars) const {
+  Heard heard;
+  heard.mode = state_.CurrentMode;
+  // While digits are being keyed the tag on the front is that of something else.
+  heard.tag = state_.EntryActive ? std::string() : front_.Alpha.caption();
+  heard.bars = bars;
+  return heard;
+}
+
+void Hearing::channel(const link::ChannelReply& reply, bool toneSquelch, int bars) {
+  const auto hertz = hertzOf(reply.shownFrequency());
+  const auto number = platform::toInteger(reply.number());
+  if (!hertz || !number || *number < 1) {
+    return;
+  }
+  heard_ = begin(bars);
+  heard_->frequency = *hertz;
+  heard_->channel = *number;
+  heard_->bank = memory::bankOfChannel(*number) + 1;
+  const auto tone = static_cast<std::size_t>(reply.tone().value_or(0));
+  if (toneSquelch && tone < link::ToneTable().size()) {
+    heard_->tone = platform::toReal(link::ToneTable().at(tone)).value_or(0);
+  }
+}
+
+/// The front may show the tag of the frequency before.
+void Hearing::frequency(const link::SignalReply& reply, int bars) {
+  const std::string shown = reply.shownFrequency();
+  if (const auto hertz = hertzOf(shown)) {
+    heard_ = begin(bars);
+    heard_->frequency = *hertz;
+    heard_->tag = memory::findTag(channels_, shown).value_or("");
+  }
+}
+
+void Hearing::talkgroup(const std::string& id, std::optional<int> bank,
+                        const std::optional<std::string>& frequency, int bars) {
+  const std::string text = trimmed(id);
+  if (!namesTalkgroup(text)) {
+    return;
+  }
+  heard_ = begin(bars);
+  heard_->talkgroup = trunking::shownId(text);
+  heard_->frequency = hertzOf(frequency.value_or("")).value_or(0);
+  heard_->bank = bank ? *bank + 1 : 0;
+  // "P  3" for the priority slot.
+  const std::string& slot = front_.Channel.caption();
+  heard_->channel = platform::toInteger(slot.substr(slot.find_last_of(' ') + 1)).value_or(0);
+}
+
+void Hearing::tell() {
+  listener_.tick(heard_ ? &*heard_ : nullptr);
+  heard_.reset();
+}
+
+}  // namespace tarnvex::monitor

@@ -1,0 +1,58 @@
+#include "monitor/reception_joiner.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tarnvex::monitor {
+namespace {
+
+/// A conversation on a trunked system goes on whichever frequency it is sent to.
+bool isSame(const Heard& one, const Heard& other) {
+  const bool samePlace = one.bank == other.bank && one.channel == other.channel;
+  return one.talkgroup == other.talkgroup && samePlace &&
+         (!one.talkgroup.empty() || one.frequency == other.frequency);
+}
+
+}  // namespace
+
+std::optional<Reception> ReceptionJoiner::tick(const Heard* heard, std::int64_t now,
+                                               const std::string& radio) {
+  auto ended = endIfStill(now);
+  lastTick_ = now;
+  if (heard == nullptr) {
+    return open_ && now - lastHeard_ >= kGap ? end() : ended;
+  }
+  if (open_ && !isSame(open_->heard, *heard)) {
+    ended = end();
+  }
+  if (!open_) {
+    open_.emplace();
+    open_->started = now;
+    open_->heard = *heard;
+    open_->radio = radio;
+  }
+  Heard& joined = open_->heard;
+  joined.bars = std::max(joined.bars, heard->bars);
+  if (joined.tag.empty()) {
+    joined.tag = heard->tag;
+  }
+  open_->seconds = static_cast<double>(std::max<std::int64_t>(now - open_->started, 0)) / 1000;
+  lastHeard_ = now;
+  return ended;
+}
+
+std::optional<Reception> ReceptionJoiner::endIfStill(std::int64_t now) {
+  return open_ && now - lastTick_ >= kStill ? end() : std::nullopt;
+}
+
+std::optional<Reception> ReceptionJoiner::end() {
+  return std::exchange(open_, std::nullopt);
+}
+
+void ReceptionJoiner::record(const std::string& file) {
+  if (open_ && open_->recording.empty()) {
+    open_->recording = file;
+  }
+}
+
+}  // namespace tarnvex::monitor
