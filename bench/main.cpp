@@ -20,12 +20,13 @@ struct Part {
   std::string_view name;
   void (*run)(Table&);
 };
-constexpr std::array<Part, 6> kParts = {{{"exchange", benchExchange},
+constexpr std::array<Part, 7> kParts = {{{"exchange", benchExchange},
                                          {"poll", benchPoll},
                                          {"still", benchStill},
                                          {"plan", benchPlan},
                                          {"transfer", benchTransfer},
-                                         {"start", benchStart}}};
+                                         {"start", benchStart},
+                                         {"log", benchLog}}};
 
 bool isPart(std::string_view name) {
   return std::ranges::find(kParts, name, &Part::name) != kParts.end();

@@ -72,5 +72,6 @@ void benchStill(Table& table);
 void benchPlan(Table& table);
 void benchTransfer(Table& table);
 void benchStart(Table& table);
+void benchLog(Table& table);
 
 }  // namespace tarnvex::bench

@@ -44,7 +44,7 @@ Heard Hearing::begin(int bars) const {
 
 void Hearing::channel(const link::ChannelReply& reply, bool toneSquelch, int bars) {
   const auto hertz = hertzOf(reply.shownFrequency());
-  const auto number = platform::toInteger(reply.number());
+  const auto number = reply.number();
   if (!hertz || !number || *number < 1) {
     return;
   }

@@ -1,0 +1,154 @@
+// The log of receptions with a million rows: what writing, opening, filtering and scrolling take,
+// and what the log costs a tick of the poll.
+#include <QApplication>
+#include <QScrollBar>
+#include <QTemporaryDir>
+
+#include "bench/line.h"
+#include "bench/measure.h"
+#include "desktop/ports/qt_event_loop.h"
+#include "desktop/ports/sqlite_reception_store.h"
+#include "desktop/reception_log/reception_window.h"
+#include "reception_log/log_file.h"
+#include "support/radio_port.h"
+#include "support/world.h"
+
+namespace tarnvex::bench {
+namespace {
+
+/// A main form on a radio in this process, whose line costs nothing.
+class TickRun : public platform::SerialPorts {
+ public:
+  TickRun() {
+    radio_.playScene("steady");
+    form_->MSComm1->open();
+    form_->Scantimer.setEnabled(true);
+  }
+  std::unique_ptr<platform::SerialPort> create() override {
+    return std::make_unique<test::RadioPort>(radio_);
+  }
+  /// Milliseconds of the processor.
+  double ticks(int count, bool logged) {
+    world_.receptions.chkKeep.setValue(logged);
+    const double start = processorMilliseconds();
+    for (int tick = 0; tick < count; ++tick) {
+      world_.gate.enterTimer(form_->Scantimer);
+    }
+    return processorMilliseconds() - start;
+  }
+
+ private:
+  radio::Radio radio_{radio::Model::BC895XLT, 1};
+  test::World world_;
+  shell::Services services_{world_.state,   world_.gate,       *this,
+                            world_.dialogs, world_.settings,   world_.clock,
+                            world_.link,    world_.files,      world_.commonDialogs,
+                            world_.media,   world_.receptions, "/program"};
+  std::unique_ptr<shell::Form4> form_ = std::make_unique<shell::Form4>(services_, world_.outside());
+};
+
+void benchTick(Table& table) {
+  TickRun run;
+  const int count = table.choose(2000, 200);
+  run.ticks(count, true);
+  std::vector<double> ratios;
+  for (int round = 0; round < table.choose(31, 5); ++round) {
+    const double with = run.ticks(count, true);
+    ratios.push_back(with / run.ticks(count, false));
+  }
+  table.atMost("log: a tick's processor time with it / without", quantile(ratios, 0.5), 1.01);
+}
+
+void benchInsert(Table& table, const QString& folder, platform::EventGate& gate) {
+  desktop::SqliteReceptionStore store(folder.toStdString(), gate);
+  const int count = table.choose(200, 20);
+  const auto start = Clock::now();
+  for (int number = 0; number < count; ++number) {
+    monitor::Reception reception;
+    reception.started = 1'700'000'000'000 + number;
+    reception.heard.frequency = 155'115'000;
+    store.write(number, reception, true);
+    store.finish();
+  }
+  table.note("log: one reception into a million", millisecondsSince(start) / count, "ms");
+}
+
+/// The window on the log.
+class OpenLog {
+ public:
+  OpenLog(const QString& folder, desktop::QtEventLoop& loop, platform::EventGate& gate)
+      : loop_(loop) {
+    world_.receptionStore.path = (folder + QStringLiteral("/receptions.db")).toStdString();
+    const auto start = Clock::now();
+    window_ = std::make_unique<desktop::ReceptionWindow>(form_, gate, nullptr);
+    window_->show();
+    settle();
+    opened = millisecondsSince(start);
+  }
+  double filter(const QString& text) {
+    auto* box = window_->findChild<QLineEdit*>(QStringLiteral("filter"));
+    box->setText(text);
+    // Not the pause in the typing.
+    loop_.waitUntil([this] { return !model().counted(); }, QDeadlineTimer(1000));
+    const auto start = Clock::now();
+    settle();
+    return millisecondsSince(start);
+  }
+  /// Milliseconds that each of so many frames takes while the table is scrolled from end to end.
+  std::vector<double> scroll(int frames) {
+    auto* table = window_->findChild<QAbstractItemView*>(QStringLiteral("receptions"));
+    QScrollBar* bar = table->verticalScrollBar();
+    std::vector<double> taken;
+    for (int frame = 0; frame < frames; ++frame) {
+      const auto start = Clock::now();
+      bar->setValue(static_cast<int>(qint64(bar->maximum()) * frame / frames));
+      QApplication::processEvents();
+      taken.push_back(millisecondsSince(start));
+    }
+    return taken;
+  }
+  double opened = 0;
+
+ private:
+  desktop::ReceptionModel& model() { return window_->model(); }
+  void settle() {
+    loop_.waitUntil(
+        [this] {
+          return model().counted() && (model().rowCount() == 0 || model().row(0) != nullptr);
+        },
+        QDeadlineTimer(60000));
+    QApplication::processEvents();
+  }
+
+  desktop::QtEventLoop& loop_;
+  test::World world_;
+  shell::Form4 main_{world_.services, world_.outside()};
+  memory::ChannelMemory memory_{{main_.MSFlexGrid1, main_.MSFlexGrid2, main_.SSTab1},
+                                world_.state,
+                                world_.dialogs,
+                                link::bc895Model(),
+                                [](const std::string&) {}};
+  shell::frmReceptionLog form_{world_.receptions, memory_, world_.dialogs};
+  std::unique_ptr<desktop::ReceptionWindow> window_;
+};
+
+}  // namespace
+
+void benchLog(Table& table) {
+  benchTick(table);
+  const QTemporaryDir folder;
+  test::makeLog(folder.filePath(QStringLiteral("receptions.db")), table.choose(1'000'000, 100'000));
+  desktop::QtEventLoop loop;
+  platform::EventGate gate(loop);
+  benchInsert(table, folder.path(), gate);
+  OpenLog log(folder.path(), loop, gate);
+  table.atMost("log: opening the window", log.opened, 200, "ms");
+  table.atMost("log: filtering by a tag", log.filter(QStringLiteral("tag 42")), 200, "ms");
+  table.atMost("log: filtering by what isn't there", log.filter(QStringLiteral("nothing")), 200,
+               "ms");
+  log.filter(QString());
+  const auto frames = log.scroll(table.choose(600, 60));
+  table.atMost("log: a frame while scrolling, 99 of 100", quantile(frames, 0.99), 16.7, "ms");
+}
+
+}  // namespace tarnvex::bench
