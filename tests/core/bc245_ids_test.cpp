@@ -148,7 +148,7 @@ TEST_F(Bc245Ids, TakeALineThatComesBeforeItsAnswer) {
                    // Garbled, and the answer itself in place of a line.
                    round("ID S 00#678 > ID", "", "MD09") + round("IDN > IDN", "", "MD00"));
   EXPECT_THAT(shown, ElementsAre(kNobody, "5678", "123"));
-  EXPECT_EQ(form.List2.count(), 2);
+  EXPECT_EQ(form.hitLists.List2.count(), 2);
 }
 
 TEST_F(Bc245Ids, LetTheUserInWhileTheTickStays) {

@@ -128,7 +128,7 @@ TEST_F(IdLoopsTest, ReadPastStreamedLines) {
   gate.enterTimer(form.Scantimer);
   radio.expectSpent();
   EXPECT_EQ(shown, "- -   - - -; 5678; ") << "what can't be read changes nothing";
-  EXPECT_THAT(form.List2.items(), ElementsAre("005678" + kTime + "(Detectives)"));
+  EXPECT_THAT(form.hitLists.List2.items(), ElementsAre("005678" + kTime + "(Detectives)"));
 }
 
 TEST_F(IdLoopsTest, HoldBackWhatArrivesInAnExchangeUntilTheyYield) {

@@ -177,7 +177,7 @@ TEST(Bc895Modes, LeaveWhatNoAnswerReads) {
     const std::string channel = mode == std::string("MD02") ? "" : "99";
     rig.tick(test::opening(mode, "S0") + exchanges);
     EXPECT_EQ(panel.Frequency.caption() + panel.Channel.caption(), "123.4567" + channel);
-    EXPECT_EQ(rig.form.List1.count(), 0);
+    EXPECT_EQ(rig.form.hitLists.List1.count(), 0);
   }
 }
 

@@ -146,12 +146,12 @@ TEST_F(MultiscanTest, RunsOutOnALostLinkWithOneMessage) {
 TEST_F(MultiscanTest, LeavesATransferAlone) {
   start({0, 10});
   state.TransferRunning = true;
-  gate.enterTimer(form.Timer1);
-  form.MSBank[3].userClick();
-  form.Option6.userClick();
-  form.Option5.userClick();
+  gate.enterTimer(form.multiscan.timer);
+  form.multiscan.MSBank[3].userClick();
+  form.multiscan.Option6.userClick();
+  form.multiscan.Option5.userClick();
   EXPECT_EQ(radio.takeLog(), "KEY00") << "from the start, before the transfer";
-  EXPECT_TRUE(form.Timer1.enabled());
+  EXPECT_TRUE(form.multiscan.timer.enabled());
 }
 
 }  // namespace

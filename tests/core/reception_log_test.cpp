@@ -96,7 +96,7 @@ TEST(ReceptionLog, HearsWhatTheBc245xltHears) {
   for (const HeardCase& one : cases) {
     SCOPED_TRACE(std::string(one.mode) + " " + one.exchanges);
     test::Bc245Rig rig;
-    rig.form.Option7.setValue(true);
+    rig.form.receiver.Option7.setValue(true);
     rig.poll(one.mode, one.exchanges);
     EXPECT_EQ(logged(rig), *one.row == '\0' ? Lines{} : Lines{one.row});
   }

@@ -94,12 +94,21 @@ void followIds(Model model, bool hold, int baud, int seconds) {
   report(name + "IDs heard and not found, of " + std::to_string(heard.size()), lost, 0);
 }
 
-constexpr const char* kFaults[] = {
-    "extra echo before",      "extra noise before",      "extra noise after",
-    "extra copy late 40",     "extra previous before",   "cut 0",
-    "join",                   "8bit",                    "slow",
-    "extra flood before",     "extra id before",         "extra id after",
-    "extra text # before",    "extra copy after",        "delay 400"};
+constexpr const char* kFaults[] = {"extra echo before",
+                                   "extra noise before",
+                                   "extra noise after",
+                                   "extra copy late 40",
+                                   "extra previous before",
+                                   "cut 0",
+                                   "join",
+                                   "8bit",
+                                   "slow",
+                                   "extra flood before",
+                                   "extra id before",
+                                   "extra id after",
+                                   "extra text # before",
+                                   "extra copy after",
+                                   "delay 400"};
 
 struct FaultCount {
   int cases = 0;

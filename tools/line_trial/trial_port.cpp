@@ -41,7 +41,8 @@ void TrialPort::output(std::string_view text) {
 }
 
 void TrialPort::judgeLastExchange() {
-  const bool answered = ("\r" + std::exchange(read_, {})).find("\r" + expected_) != std::string::npos;
+  const bool answered =
+      ("\r" + std::exchange(read_, {})).find("\r" + expected_) != std::string::npos;
   missed = answered || !open_ ? 0 : missed + 1;
   mostMissed = std::max(mostMissed, missed);
 }
