@@ -25,8 +25,8 @@ frmReceptionLog::frmReceptionLog(monitor::ReceptionLog& log, memory::ChannelMemo
                                  platform::Dialogs& dialogs)
     : log_(log), memory_(memory), dialogs_(dialogs) {
   cmdClear.onClick = [this] {
-    if (dialogs_.messageBox("All receptions in the log will be deleted! Continue?", "Confirm Clear",
-                            platform::kYesNoWarningNo) == platform::Answer::Yes) {
+    if (dialogs_.askToDestroy("All receptions in the log will be deleted! Continue?",
+                              "Confirm Clear", platform::kYesNoWarning) == platform::Answer::Yes) {
       log_.clear();
     }
   };

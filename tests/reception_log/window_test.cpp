@@ -277,7 +277,7 @@ TEST_F(ReceptionLogWindow, AsksBeforeItClears) {
   EXPECT_EQ(receptionStore.rows.size(), 1U);
   form.cmdClear.userClick();
   EXPECT_TRUE(receptionStore.rows.empty());
-  EXPECT_EQ(dialogs.boxes.front().flags, 308);
+  EXPECT_EQ(dialogs.boxes.size(), 2U);
 }
 
 }  // namespace

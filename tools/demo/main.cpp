@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QPalette>
+#include <QTabWidget>
 #include <QTimer>
 #include <cstdio>
 #include <map>
@@ -19,6 +20,9 @@ using tarnvex::desktop::Program;
 constexpr int kLookMilliseconds = 20;
 constexpr int kPictureMilliseconds = 1250;
 constexpr int kRunMilliseconds = 12500;
+/// The log is shown once, near the end: one page, then the other.
+constexpr int kLogMilliseconds = 10500;
+constexpr int kPageMilliseconds = 900;
 
 class Demo {
  public:
@@ -28,6 +32,10 @@ class Demo {
     look_.start(kLookMilliseconds);
     shoot_.start(kPictureMilliseconds);
     QTimer::singleShot(kPictureMilliseconds / 2, [this] { takeSplash(); });
+    QTimer::singleShot(kLogMilliseconds, [this] { openLog(); });
+    QTimer::singleShot(kLogMilliseconds + kPageMilliseconds, [this] { takeLog("log-rows", 1); });
+    QTimer::singleShot(kLogMilliseconds + 2 * kPageMilliseconds,
+                       [this] { takeLog("log-picture", 0); });
     QTimer::singleShot(kRunMilliseconds, [this] { finish(); });
   }
 
@@ -71,6 +79,24 @@ class Demo {
     for (QWidget* window : QApplication::topLevelWidgets()) {
       if (window->objectName() == QLatin1String("Form1")) {
         save(window->grab(), QStringLiteral("0-splash"));
+      }
+    }
+  }
+
+  void openLog() {
+    program_.gate.enter([this] {
+      if (form() != nullptr) {
+        form()->mnuReceptions();
+      }
+    });
+  }
+
+  /// Takes the page of the log that is in front and brings another there.
+  void takeLog(const char* name, int next) {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (window->objectName() == QLatin1String("frmReceptionLog")) {
+        save(window->grab(), QLatin1String(name));
+        window->findChild<QTabWidget*>("pages")->setCurrentIndex(next);
       }
     }
   }
