@@ -26,7 +26,7 @@ void report(const std::string& name, double value, double limit, bool atMost = t
   std::fflush(stdout);
 }
 
-const char* nameOf(Model model) {
+const char* radioName(Model model) {
   return model == Model::BC895XLT ? "BC895XLT" : "BC245XLT";
 }
 
@@ -75,13 +75,13 @@ void followIds(Model model, bool hold, int baud, int seconds) {
     window.tick();
     window.line.now += std::chrono::milliseconds(1);
   }
-  const std::string name = std::string(nameOf(model)) + (hold ? " ID hold " : " ID search ") +
+  const std::string name = std::string(radioName(model)) + (hold ? " ID hold " : " ID search ") +
                            std::to_string(baud) + ": ";
   report(name + "exchanges of windows", window.exchanges(), 0);
   report(name + "rounds until a mode change is seen", mostLate, 3);
   int wrong = 0;
   std::set<std::string> listed;
-  for (const std::string& hit : window.form.List2.items()) {
+  for (const std::string& hit : window.form.hitLists.List2.items()) {
     listed.insert(normal(hit));
     wrong += heard.contains(normal(hit)) ? 0 : 1;
   }
@@ -149,7 +149,7 @@ bool strike(Model model, const std::string& mode, const char* fault, int nth, Fa
   count.outOfStep += struck > 0 ? 1 : 0;
   count.notices = std::max(count.notices, window.notices);
   if (struck > 0 || window.exchanges() > 0) {
-    std::printf("  %s %s: %s at exchange %d\n", nameOf(model), mode.c_str(), fault, nth);
+    std::printf("  %s %s: %s at exchange %d\n", radioName(model), mode.c_str(), fault, nth);
   }
   return true;
 }
@@ -169,7 +169,7 @@ void strikeAll(Model model, bool quick) {
     }
   }
   const std::string name =
-      std::string(nameOf(model)) + " " + std::to_string(count.cases) + " single faults: ";
+      std::string(radioName(model)) + " " + std::to_string(count.cases) + " single faults: ";
   report(name + "exchanges of windows", count.exchanged, 0);
   report(name + "out of step after two exchanges", count.outOfStep, 0);
   report(name + "most notices", count.notices, 1);
@@ -188,7 +188,7 @@ void noise(Model model, int exchanges) {
     window.port().beforeCommand = [](int, std::string_view) {};
     window.tick();
   }
-  const std::string name = std::string(nameOf(model)) + " 1 % noise: ";
+  const std::string name = std::string(radioName(model)) + " 1 % noise: ";
   report(name + "exchanges of windows", window.exchanges(), 0);
   report(name + "most exchanges in a row without their answer", window.port().mostMissed, 3);
 }

@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "line_trial/trial_port.h"
+#include "shell/bc245_form.h"
+#include "shell/bc895_form.h"
 #include "support/world.h"
 
 namespace tarnvex::trial {
@@ -32,7 +34,7 @@ struct TrialWindow : private test::World {
   /// One tick of the poll; connects again if the line was given up.
   void tick() {
     if (!form.MSComm1->portOpen()) {
-      form.Command3.userClick();
+      form.linkControls.Command3.userClick();
     }
     gate.enterTimer(form.Scantimer);
     dialogs.boxes.clear();
