@@ -60,6 +60,24 @@ class KeyFilter : public QObject {
   bool replaying_ = false;
 };
 
+/// The wheel over a box that hasn't the focus scrolls the page and chooses nothing.
+class CalmWheel : public QObject {
+ public:
+  explicit CalmWheel(QWidget* widget) : QObject(widget) {
+    widget->setFocusPolicy(Qt::StrongFocus);
+    widget->installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Wheel && !static_cast<QWidget*>(watched)->hasFocus()) {
+      event->ignore();
+      return true;
+    }
+    return QObject::eventFilter(watched, event);
+  }
+};
+
 void showItems(QComboBox* widget, const platform::ComboBox& model) {
   QStringList items;
   for (const auto& item : model.items()) {
@@ -209,6 +227,7 @@ void Binder::bind(QComboBox* widget, platform::ComboBox& model) {
   };
   show();
   keep(model.changed.connect(show));
+  new CalmWheel(widget);
   QObject::connect(widget, &QComboBox::activated, widget, [this, widget, &model, show](int index) {
     gate_.enter([guard = QPointer<QComboBox>(widget), &model, index, show] {
       model.userChoose(index);

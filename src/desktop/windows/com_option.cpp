@@ -7,6 +7,8 @@
 #include <QMenu>
 #include <algorithm>
 
+#include "desktop/windows/plain_text.h"
+
 namespace tarnvex::desktop {
 
 namespace {
@@ -64,7 +66,7 @@ void ComOption::showDevices() {
     box_->clear();
     for (const Choice& choice : shown_) {
       box_->addItem(choice.title);
-      box_->setItemData(box_->count() - 1, choice.path, Qt::ToolTipRole);
+      box_->setItemData(box_->count() - 1, plainTip(choice.path), Qt::ToolTipRole);
     }
     box_->insertSeparator(box_->count());
     box_->addItem(tr("Other..."));
@@ -72,8 +74,9 @@ void ComOption::showDevices() {
   }
   box_->setCurrentIndex(currentChoice());
   const QString path = devices_.device(slot_);
-  box_->setToolTip(path.isEmpty() ? tr("No serial device was found for this port.") : path);
-  setToolTip(tr("Opens this port: %1").arg(box_->currentText()));
+  box_->setToolTip(
+      plainTip(path.isEmpty() ? tr("No serial device was found for this port.") : path));
+  setToolTip(plainTip(tr("Opens this port: %1").arg(box_->currentText())));
   setAccessibleDescription(box_->currentText());
 }
 

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/ports/text.h"
+#include "desktop/windows/plain_text.h"
 #include "desktop/windows/window_exit.h"
 
 namespace tarnvex::desktop {
@@ -12,7 +13,7 @@ namespace {
 
 /// Captions and visibility of a label.
 QLabel* addLabel(Binder& binder, const platform::Label& model) {
-  auto* label = new QLabel;
+  auto* label = makeLabel();
   label->setObjectName(QString::fromStdString(model.name()));
   label->setWordWrap(true);
   const auto show = [label, &model] {
@@ -64,7 +65,9 @@ void DialogWindow::leaveScreen() {
 }
 
 void DialogWindow::reject() {
-  binder_.gate().enterLeaving(askToClose_);
+  if (askToClose_) {
+    binder_.gate().enterLeaving(askToClose_);
+  }
 }
 
 DialogWindow* makeApfDialog(memory::ApfForm& form, platform::EventGate& gate, QWidget* parent) {
@@ -126,10 +129,10 @@ DialogWindow* makeAboutDialog(shell::frmAbout& form, platform::EventGate& gate, 
   auto* dialog = new DialogWindow(
       gate, form.window, [&form] { form.Command1.userClick(); }, parent);
   Binder& binder = dialog->binder();
-  auto* picture = new QLabel;
+  auto* picture = makeLabel();
   const int side = picture->fontMetrics().height() * 4;
   picture->setPixmap(QIcon(QStringLiteral(":/tarnvex.svg")).pixmap(side, side));
-  auto* name = new QLabel(QStringLiteral("Tarnvex"));
+  auto* name = makeLabel(QStringLiteral("Tarnvex"));
   QFont strong = name->font();
   strong.setBold(true);
   strong.setPointSizeF(strong.pointSizeF() * 1.6);
@@ -173,8 +176,7 @@ DialogWindow* makeLockoutsDialog(search::frmLockouts& form, platform::EventGate&
 
 DialogWindow* makeSystemTypeDialog(trunking::Form3& form, platform::EventGate& gate,
                                    QWidget* parent) {
-  auto* dialog = new DialogWindow(
-      gate, form.window, [&form] { form.userClose(); }, parent);
+  auto* dialog = new DialogWindow(gate, form.window, nullptr, parent);
   Binder& binder = dialog->binder();
   auto* type = new QComboBox;
   binder.bind(type, form.Combo1);
@@ -209,7 +211,7 @@ DialogWindow* makeFleetMapDialog(trunking::Form5& form, platform::EventGate& gat
   const auto add = [&](platform::ComboBox& model, const QString& caption, int row, int column) {
     auto* combo = new QComboBox;
     binder.bind(combo, model);
-    auto* label = new QLabel(caption);
+    auto* label = makeLabel(caption);
     label->setBuddy(combo);
     grid->addWidget(label, row, column);
     grid->addWidget(combo, row, column + 1);

@@ -18,7 +18,8 @@ namespace tarnvex::desktop {
 /// closing it by the window's own button asks the form.
 class DialogWindow : public QDialog {
  public:
-  /// `askToClose` runs in the core when the user closes the window by other means than its buttons.
+  /// `askToClose` runs in the core when the user closes the window by other means than its buttons;
+  /// without it only they close it.
   DialogWindow(platform::EventGate& gate, const platform::Window& form,
                std::function<void()> askToClose, QWidget* parent);
 

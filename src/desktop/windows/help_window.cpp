@@ -97,6 +97,9 @@ HelpWindow::HelpWindow(const QString& folder)
   connect(search_, &QLineEdit::textChanged, this, [this] { listPages(); });
   connect(list_, &QListWidget::currentItemChanged, this,
           [this](const QListWidgetItem* item) { open(item); });
+  // The current line as well, after a link has led elsewhere.
+  connect(list_, &QListWidget::itemClicked, this,
+          [this](const QListWidgetItem* item) { open(item); });
 }
 
 void HelpWindow::readPages() {
@@ -131,15 +134,21 @@ void HelpWindow::changeEvent(QEvent* event) {
 void HelpWindow::listPages() {
   const QStringList words = search_->text().split(QLatin1Char(' '), Qt::SkipEmptyParts);
   list_->clear();
+  if (words.isEmpty() && !pages_.isEmpty()) {
+    addLine(tr("Contents"), QStringLiteral("index.html"));
+  }
   for (const Page& page : pages_) {
     if (holdsAll(page.title + QLatin1Char('\n') + page.words, words)) {
-      auto* item = new QListWidgetItem(page.title, list_);
-      item->setData(Qt::UserRole, page.file);
+      addLine(page.title, page.file);
     }
   }
   if (pages_.isEmpty()) {
     text_->setPlainText(tr("The manual is missing. Installing Tarnvex again brings it back."));
   }
+}
+
+void HelpWindow::addLine(const QString& title, const QString& file) {
+  (new QListWidgetItem(title, list_))->setData(Qt::UserRole, file);
 }
 
 void HelpWindow::open(const QListWidgetItem* item) {
@@ -158,9 +167,8 @@ void HelpWindow::present(shell::HelpView view) {
   activateWindow();
   if (view == shell::HelpView::Contents) {
     search_->clear();
-    if (!pages_.isEmpty()) {
-      text_->setSource(QUrl(QStringLiteral("index.html")));
-    }
+    list_->setCurrentRow(0);
+    open(list_->currentItem());
     list_->setFocus();
   } else {
     search_->selectAll();

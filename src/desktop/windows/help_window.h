@@ -34,6 +34,7 @@ class HelpWindow : public QWidget {
   void colourLinks();
   void readPages();
   void listPages();
+  void addLine(const QString& title, const QString& file);
   void open(const QListWidgetItem* item);
 
   QString folder_;

@@ -7,13 +7,14 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "desktop/windows/plain_text.h"
 #include "platform/version.h"
 
 namespace tarnvex::desktop {
 namespace {
 
 QLabel* makeLine(const QString& text, double scale, bool strong) {
-  auto* label = new QLabel(text);
+  auto* label = makeLabel(text);
   QFont font = label->font();
   font.setPointSizeF(font.pointSizeF() * scale);
   font.setBold(strong);
@@ -34,7 +35,7 @@ QWidget* makeSplash() {
   auto* splash = new QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint);
   splash->setObjectName(QStringLiteral("Form1"));
   splash->setWindowTitle(QStringLiteral("Tarnvex"));
-  auto* picture = new QLabel;
+  auto* picture = makeLabel();
   const int side = picture->fontMetrics().height() * 6;
   picture->setPixmap(QIcon(QStringLiteral(":/tarnvex.svg")).pixmap(side, side));
   auto* words = new QVBoxLayout;
@@ -61,7 +62,7 @@ QWidget* makeNotice(const QString& caption, const QString& text, QWidget* parent
   notice->setObjectName(QStringLiteral("Form6"));
   notice->setWindowTitle(caption);
   auto* column = new QVBoxLayout(notice);
-  auto* label = new QLabel(text);
+  auto* label = makeLabel(text);
   const int margin = label->fontMetrics().height() * 2;
   column->setContentsMargins(margin, margin, margin, margin);
   column->addWidget(label);

@@ -10,6 +10,7 @@
 #include "desktop/ports/text.h"
 #include "desktop/windows/com_option.h"
 #include "desktop/windows/pages.h"
+#include "desktop/windows/plain_text.h"
 
 namespace tarnvex::desktop {
 namespace {
@@ -17,7 +18,7 @@ namespace {
 /// A row of bank boxes under their column headings.
 void addBankRow(QGridLayout* grid, int row, const QString& caption, monitor::BankRotation& rotation,
                 int first, Binder& binder) {
-  grid->addWidget(new QLabel(caption), row, 0);
+  grid->addWidget(makeLabel(caption), row, 0);
   for (int bank = 0; bank < 10; ++bank) {
     auto* box = new QCheckBox;
     binder.bind(box, rotation.MSBank[static_cast<std::size_t>(first + bank)]);
@@ -35,7 +36,7 @@ QGridLayout* addBankFrame(QGroupBox* frame, monitor::BankRotation& rotation,
   // Ten columns beside the hand-held have to go on a small screen.
   grid->setHorizontalSpacing(frame->fontMetrics().averageCharWidth() / 2);
   for (int bank = 0; bank < banks.size(); ++bank) {
-    grid->addWidget(new QLabel(banks[bank]), 0, bank + 1, Qt::AlignHCenter);
+    grid->addWidget(makeLabel(banks[bank]), 0, bank + 1, Qt::AlignHCenter);
   }
   auto* on = new QRadioButton;
   auto* off = new QRadioButton;
@@ -78,7 +79,8 @@ void bindSearchMenu(QListWidget* list, search::SearchlistMenu& model, Binder& bi
   }
   menu->setDefaultAction(menu->actions().first());
   binder.keep(model.shown.connect([menu, &model] {
-    menu->actions().first()->setText(toScreen(model.mnuSLSearch.caption));
+    const QString caption = toScreen(model.mnuSLSearch.caption);
+    menu->actions().first()->setText(caption.left(1) + withoutMnemonics(caption.mid(1)));
     menu->popup(QCursor::pos());
   }));
 }
@@ -86,7 +88,7 @@ void bindSearchMenu(QListWidget* list, search::SearchlistMenu& model, Binder& bi
 /// The state of the line in words. It keeps the room of two lines, so that nothing moves when the
 /// text changes.
 QLabel* makeLinkState(link::LinkState& state, Binder& binder) {
-  auto* label = new QLabel;
+  auto* label = makeLabel();
   label->setObjectName(QStringLiteral("LinkState"));
   label->setAccessibleName(QObject::tr("Link state"));
   label->setWordWrap(true);
@@ -124,7 +126,7 @@ QWidget* makeLinkFrame(link::LinkControls& controls, link::LinkState& state, Dev
   new DeviceWatcher({QStringLiteral("/dev"), QStringLiteral("/dev/serial/by-id")}, follow, frame);
   auto* baud = new QComboBox;
   binder.bind(baud, controls.baudBox);
-  auto* caption = new QLabel(QObject::tr("Baud Rate"));
+  auto* caption = makeLabel(QObject::tr("Baud Rate"));
   caption->setBuddy(baud);
   auto* connectButton = new QPushButton;
   binder.bind(connectButton, controls.Command3, Binder::Urgency::Leaving);
@@ -174,7 +176,7 @@ QWidget* makeReceiverFrame(monitor::ReceiverOptions& options, Binder& binder) {
                 {&options.Check1, &options.Check2, &options.Check3, &options.Check4,
                  &options.Check5, &options.Check6, &options.Check7},
                 binder);
-  auto* heading = new QLabel(toScreen(options.Label48.caption()));
+  auto* heading = makeLabel(toScreen(options.Label48.caption()));
   heading->setObjectName(QString::fromStdString(options.Label48.name()));
   column->addWidget(heading);
   auto* views = new QVBoxLayout;

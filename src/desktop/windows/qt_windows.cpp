@@ -139,7 +139,8 @@ QWidget* QtWindows::dialogParent() const {
 
 void QtWindows::presentDialog(const void* form, DialogWindow* dialog, bool modal) {
   dialogs_[form] = dialog;
-  dialog->setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+  // The manual stays usable beside it.
+  dialog->setWindowModality(modal ? Qt::WindowModal : Qt::NonModal);
   dialog->show();
 }
 

@@ -103,8 +103,11 @@ void QuickViewWindow::mouseReleaseEvent(QMouseEvent* /*event*/) {
   }
 }
 
-void QuickViewWindow::keyPressEvent(QKeyEvent* /*event*/) {
-  askToClose();
+void QuickViewWindow::keyPressEvent(QKeyEvent* event) {
+  // Not by the key that has opened it and is still held down.
+  if (!event->isAutoRepeat()) {
+    askToClose();
+  }
 }
 
 void QuickViewWindow::closeEvent(QCloseEvent* event) {

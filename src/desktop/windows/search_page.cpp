@@ -1,6 +1,7 @@
 #include <QGridLayout>
 
 #include "desktop/windows/pages.h"
+#include "desktop/windows/plain_text.h"
 
 namespace tarnvex::desktop {
 namespace {
@@ -9,7 +10,7 @@ void addHitList(QGridLayout* grid, int column, const QString& caption, platform:
                 platform::Button& clear, Binder& binder) {
   auto* hits = new QListWidget;
   hits->setAlternatingRowColors(true);
-  auto* label = new QLabel(caption);
+  auto* label = makeLabel(caption);
   label->setBuddy(hits);
   auto* button = new QPushButton;
   binder.bind(hits, list);

@@ -2,6 +2,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/windows/pages.h"
+#include "desktop/windows/plain_text.h"
 #include "desktop/windows/plan_table.h"
 #include "memory/plan_records.h"
 
@@ -11,7 +12,7 @@ namespace {
 QComboBox* addSelector(QHBoxLayout* row, const QString& caption, platform::ComboBox& model,
                        Binder& binder) {
   auto* box = new QComboBox;
-  auto* label = new QLabel(caption);
+  auto* label = makeLabel(caption);
   label->setBuddy(box);
   binder.bind(box, model);
   row->addWidget(label);

@@ -1,0 +1,22 @@
+#include "desktop/windows/plain_text.h"
+
+namespace tarnvex::desktop {
+
+QLabel* makeLabel(const QString& text) {
+  auto* label = new QLabel;
+  label->setTextFormat(Qt::PlainText);
+  label->setText(text);
+  return label;
+}
+
+/// A tip guesses what it is given, so it is always given markup.
+QString plainTip(QString text) {
+  text = text.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
+  return QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text);
+}
+
+QString withoutMnemonics(QString text) {
+  return text.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+}  // namespace tarnvex::desktop
