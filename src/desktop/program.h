@@ -60,7 +60,7 @@ class Program : private platform::NonCopyable {
   SqliteReceptionStore receptionStore{directory, gate};
   monitor::ReceptionLog receptions{{receptionStore, state, settings, dialogs, clock}};
   TimerDriver receptionTimer{receptions.Timer1, gate};
-  QtWindows windows{loop, gate, devices, [this] { return report(); }};
+  QtWindows windows{loop, gate, devices, settings, [this] { return report(); }};
   shell::Application application{{state, gate, portsInUse, dialogs, settings, clock, link, files,
                                   commonDialogs, backups, recorders, receptions, directory},
                                  windows};

@@ -39,6 +39,18 @@ void Recording::gate(bool active, const std::string& tag, const std::string& fre
   } else if (chkRecord.value() && !outside_.state.Recording) {
     start(tag, frequency);
   }
+  showLight();
+}
+
+void Recording::showLight() {
+  constexpr std::int64_t kMinute = 60;
+  light.setVisible(outside_.state.Recording);
+  if (outside_.state.Recording) {
+    const std::int64_t seconds = outside_.clock.seconds() - started_;
+    const std::string rest = std::to_string(seconds % kMinute);
+    light.setCaption("REC " + std::to_string(seconds / kMinute) + (rest.size() < 2 ? ":0" : ":") +
+                     rest);
+  }
 }
 
 void Recording::start(const std::string& tag, const std::string& frequency) {
@@ -48,6 +60,7 @@ void Recording::start(const std::string& tag, const std::string& frequency) {
   control.command(platform::MediaCommand::Open);
   control.command(platform::MediaCommand::Record);
   outside_.state.Recording = true;
+  started_ = outside_.clock.seconds();
   outside_.receptions.recordingBegins();
 }
 

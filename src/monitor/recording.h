@@ -44,12 +44,17 @@ class Recording {
   void leave();
 
   platform::CheckBox chkRecord{"chkRecord", "Record Output to File"};
+  /// "REC 1:05", lit while a file is open.
+  platform::Label light{"RecordingLight", "", false};
 
  private:
+  void showLight();
   void start(const std::string& tag, const std::string& frequency);
   void stop();
 
   RecordingOutside outside_;
+  /// The clock's seconds when the file was opened.
+  std::int64_t started_ = 0;
 };
 
 }  // namespace tarnvex::monitor

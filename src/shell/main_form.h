@@ -85,6 +85,10 @@ class MainForm : private platform::NonCopyable {
 
   /// What the tables' clipboard and undo keys do.
   [[nodiscard]] memory::PlanEditor& planEditor() { return planEditor_; }
+  /// Where recordings and the saved searches are.
+  [[nodiscard]] const std::string& programDirectory() const { return services_.programDirectory; }
+  /// Lit while a recording runs.
+  [[nodiscard]] const platform::Label& recordingLight() const { return recording.light; }
 
   platform::Window window;
   platform::TabStrip SSTab1{"SSTab1"};

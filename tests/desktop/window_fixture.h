@@ -65,7 +65,7 @@ class Below {
                            media,
                            receptions,
                            folder.path().toStdString()};
-  desktop::QtWindows windows{loop, gate, devices};
+  desktop::QtWindows windows{loop, gate, devices, settings};
   shell::MainFormOutside outside{[] {}, [this] { ended = true; }, windows};
 };
 

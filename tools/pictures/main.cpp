@@ -6,15 +6,17 @@
 #include <QFile>
 #include <QListWidget>
 #include <QTimer>
+#include <array>
 #include <cstdio>
 #include <functional>
 
 #include "desktop/program.h"
 #include "link/scanner_commands.h"
 
-/// Makes the manual's pictures from the program itself, on a simulated radio that it steers through
-/// the radio's control pipe: tarnvex-pictures FOLDER PIPE. See scripts/help-pictures. A new picture
-/// is a new row of `shots`. Ends with 0 if all of them were taken.
+/// Makes pictures from the program itself, on a simulated radio that it steers through the radio's
+/// control pipe: tarnvex-pictures FOLDER PIPE makes the manual's (see scripts/help-pictures), and
+/// with a size, such as 1024x600, it pictures every page and dialog in windows of that size (see
+/// scripts/pictures). A new picture is a new row of shots. Ends with 0 if all of them were taken.
 namespace {
 
 using tarnvex::desktop::Program;
@@ -29,7 +31,7 @@ enum Tab { kStation, kTrunked, kOptions, kHits };
 /// One picture: what the radio is told, what the user does once the first condition holds, and what
 /// is taken once the second does. Without a widget to take, it only prepares the next one.
 struct Shot {
-  const char* file;
+  QString file;
   QByteArray radio;
   std::function<bool()> ready;
   std::function<void()> act;
@@ -41,12 +43,18 @@ struct Shot {
 
 class Photographer {
  public:
-  Photographer(Program& program, const QString& folder, const QString& pipe)
-      : program_(program), folder_(folder), radio_(pipe) {
+  /// `whole` is the size of the windows that are pictured whole; without one, the manual's pictures
+  /// are made.
+  Photographer(Program& program, const QString& folder, const QString& pipe, const QSize& whole)
+      : program_(program), folder_(folder), radio_(pipe), whole_(whole) {
     if (!radio_.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
       std::fputs("No radio to steer.\n", stderr);
     }
-    listShots();
+    if (whole_.isValid()) {
+      listWindows();
+    } else {
+      listShots();
+    }
     QObject::connect(&look_, &QTimer::timeout, [this] { look(); });
     look_.start(kLookMilliseconds);
     patience_.setRemainingTime(kShotMilliseconds);
@@ -56,6 +64,9 @@ class Photographer {
 
  private:
   void listShots();
+  void listWindows();
+  void addPages(const QString& radio, const QByteArray& first);
+  void addDialog(const QString& radio, const char* action, const char* window);
   void look();
   void take(const Shot& shot);
   void save(const Shot& shot);
@@ -78,7 +89,7 @@ class Photographer {
   /// What the user does.
   void show(Tab tab) const {
     form()->SSTab1.setTab(tab);
-    program_.windows.mainWindow()->resize(kWidth, kHeight);
+    program_.windows.mainWindow()->resize(whole_.isValid() ? whole_ : QSize(kWidth, kHeight));
   }
   template <class Widget = QWidget>
   [[nodiscard]] Widget* find(const char* name) const {
@@ -106,6 +117,7 @@ class Photographer {
   Program& program_;
   QString folder_;
   QFile radio_;
+  QSize whole_;
   QTimer look_;
   QDeadlineTimer patience_;
   std::vector<Shot> shots_;
@@ -229,13 +241,63 @@ void Photographer::listShots() {
   };
 }
 
+void Photographer::addPages(const QString& radio, const QByteArray& first) {
+  const std::array pages = {"station", "trunked", "options", "hits"};
+  for (int tab = kStation; tab <= kHits; ++tab) {
+    const bool begins = tab == kStation;
+    shots_.push_back(
+        {radio + QLatin1Char('-') + QLatin1String(pages[static_cast<std::size_t>(tab)]),
+         begins ? first : QByteArray(),
+         [this, radio] { return isUpright() == (radio == QLatin1String("bc245")); },
+         [this, tab] { show(static_cast<Tab>(tab)); }, [] { return true; },
+         [this] { return program_.windows.mainWindow(); }});
+  }
+}
+
+void Photographer::addDialog(const QString& radio, const char* action, const char* name) {
+  shots_.push_back({radio + QLatin1Char('-') + QLatin1String(name), "", [] { return true; },
+                    [this, action] {
+                      closeAll();
+                      choose(action);
+                    },
+                    [name] { return window(name) != nullptr; }, [name] { return window(name); }});
+}
+
+void Photographer::listWindows() {
+  addPages("bc895", "scene quiet\nmode MD00\nreception 1 90");
+  for (const auto& [action, name] :
+       {std::pair{"mnuUpload", "frmUpload"}, std::pair{"mnuDownload", "frmDownload"},
+        std::pair{"mnuExport", "Form8"}, std::pair{"mnuAbout", "frmAbout"},
+        std::pair{"mnuContents", "help"}, std::pair{"mnuQV", "QuickView"}}) {
+    addDialog("bc895", action, name);
+  }
+  shots_.push_back({{},
+                    "",
+                    [] { return true; },
+                    [] { closeAll(); },
+                    [] { return window("Form4") != nullptr; },
+                    nullptr});
+  addPages("bc245", "become bc245\nscene quiet\nmode MD00\nreception 61 90");
+  for (const auto& [action, name] :
+       {std::pair{"mnuCustom", "Form5"}, std::pair{"mnuOwnloadTrunk", "frmDownloadtrs"},
+        std::pair{"mnuUploadTrunk", "frmUploadtrs"}, std::pair{"mnuQV", "Form9"}}) {
+    addDialog("bc245", action, name);
+  }
+  shots_.push_back({{},
+                    "",
+                    [] { return true; },
+                    [] { closeAll(); },
+                    [] { return window("Form2") != nullptr; },
+                    nullptr});
+}
+
 void Photographer::look() {
   if (done()) {
     return;
   }
   const Shot& shot = shots_[at_];
   if (patience_.hasExpired()) {
-    std::fprintf(stderr, "Waited in vain for picture %zu, \"%s\".\n", at_, shot.file);
+    std::fprintf(stderr, "Waited in vain for picture %zu, \"%s\".\n", at_, qPrintable(shot.file));
     leave();
     return;
   }
@@ -260,8 +322,8 @@ void Photographer::look() {
 /// Whether the main window has its size; a window that has just come may have missed it.
 bool Photographer::isSized() const {
   auto* window = program_.windows.mainWindow();
-  const QSize wanted =
-      (isUpright() ? kUpright : QSize(kWidth, kHeight)).expandedTo(window->minimumSizeHint());
+  const QSize manual = isUpright() ? kUpright : QSize(kWidth, kHeight);
+  const QSize wanted = (whole_.isValid() ? whole_ : manual).expandedTo(window->minimumSizeHint());
   if (window->size() == wanted) {
     return true;
   }
@@ -283,7 +345,7 @@ void Photographer::take(const Shot& shot) {
 
 void Photographer::save(const Shot& shot) {
   QWidget* widget = shot.what();
-  if (widget->isWindow()) {
+  if (widget->isWindow() && widget != program_.windows.mainWindow()) {
     // Whatever the screen has room for.
     widget->resize(widget->sizeHint());
   }
@@ -309,18 +371,36 @@ void Photographer::leave() {
   });
 }
 
+/// Invalid for anything but "WIDTHxHEIGHT".
+QSize sizeOf(const QString& text) {
+  const QStringList sides = text.split(QLatin1Char('x'));
+  return sides.size() == 2 ? QSize(sides[0].toInt(), sides[1].toInt()) : QSize();
+}
+
+/// The palette of a common dark desktop.
+void darken() {
+  QPalette palette(QColor(0x31, 0x36, 0x3b), QColor(0x31, 0x36, 0x3b));
+  palette.setColor(QPalette::Base, QColor(0x23, 0x26, 0x29));
+  palette.setColor(QPalette::AlternateBase, QColor(0x2a, 0x2e, 0x32));
+  palette.setColor(QPalette::Highlight, QColor(0x3d, 0xae, 0xe9));
+  QApplication::setPalette(palette);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   const QStringList arguments = QApplication::arguments();
-  if (arguments.size() != 3) {
-    std::fputs("Usage: tarnvex-pictures FOLDER PIPE\n", stderr);
+  if (arguments.size() < 3 || arguments.size() > 4) {
+    std::fputs("Usage: tarnvex-pictures FOLDER PIPE [WIDTHxHEIGHT]\n", stderr);
     return 2;
   }
+  if (qEnvironmentVariableIsSet("TARNVEX_DARK")) {
+    darken();
+  }
   Program program;
-  const Photographer photographer(program, arguments[1], arguments[2]);
+  const Photographer photographer(program, arguments[1], arguments[2], sizeOf(arguments.value(3)));
   const int status = program.run();
   return photographer.done() ? status : 1;
 }

@@ -60,4 +60,18 @@ QString readDisplay(const PanelLayout& layout, const FrontState& state) {
   return parts.join(QStringLiteral(", "));
 }
 
+QString readReception(const PanelLayout& layout, const FrontState& state) {
+  QStringList parts;
+  for (int i = 0; i < layout.elements.size(); ++i) {
+    const DisplayElement& element = layout.elements[i];
+    const bool isText = element.kind == ElementKind::MainText ||
+                        element.kind == ElementKind::SegmentText ||
+                        element.kind == ElementKind::Text;
+    if (isText && state.elements[i].lit && !element.silent) {
+      parts.append(textElement(element, state.elements[i].text));
+    }
+  }
+  return parts.join(QLatin1Char(' '));
+}
+
 }  // namespace tarnvex::desktop

@@ -30,10 +30,14 @@ class KeyAccessible : public QAccessibleInterface, public QAccessibleActionInter
   int indexOfChild(const QAccessibleInterface*) const override { return -1; }
 
   [[nodiscard]] QString text(QAccessible::Text kind) const override {
-    if (kind != QAccessible::Name || !isValid()) {
+    if (!isValid()) {
       return {};
     }
-    return panel_->layoutData().keys[index_].spoken;
+    const PanelKey& key = panel_->layoutData().keys[index_];
+    if (kind == QAccessible::Description) {
+      return key.tip;
+    }
+    return kind == QAccessible::Name ? key.spoken : QString();
   }
   void setText(QAccessible::Text, const QString&) override {}
   [[nodiscard]] QRect rect() const override {
@@ -63,7 +67,11 @@ class KeyAccessible : public QAccessibleInterface, public QAccessibleActionInter
   }
 
   [[nodiscard]] QStringList actionNames() const override {
-    return {pressAction(), setFocusAction()};
+    return {pressAction(), holdAction(), setFocusAction()};
+  }
+  [[nodiscard]] QString localizedActionName(const QString& name) const override {
+    return name == holdAction() ? QObject::tr("Hold")
+                                : QAccessibleActionInterface::localizedActionName(name);
   }
   void doAction(const QString& name) override {
     if (!isValid()) {
@@ -74,11 +82,16 @@ class KeyAccessible : public QAccessibleInterface, public QAccessibleActionInter
       panel_->setFocusKey(index_);
     } else if (name == pressAction()) {
       panel_->clickKey(index_);
+    } else if (name == holdAction()) {
+      panel_->clickKey(index_, Qt::RightButton);
     }
   }
   [[nodiscard]] QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
  private:
+  /// What the right mouse button does.
+  static QString holdAction() { return QStringLiteral("Hold"); }
+
   QPointer<RadioPanel> panel_;
   int index_;
 };

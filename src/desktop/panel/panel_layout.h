@@ -55,6 +55,7 @@ struct PanelKey {
   QString caption;  ///< The exact caption of the control, blanks included.
   QString label;    ///< What is drawn on the key; a line feed parts two lines.
   QString spoken;   ///< Accessible name.
+  QString tip;      ///< Shown when the pointer rests on the key; the accessible description.
   QRectF rect;
   KeyTone tone = KeyTone::Function;
   KeyIcon icon = KeyIcon::None;
@@ -66,6 +67,8 @@ struct PanelKnob {
   double radius = 0;      ///< Of the knob itself.
   double ringRadius = 0;  ///< Of the circle through the marks.
   int marks = 0;
+  /// Shown when the pointer rests on it.
+  QString tip = {};
   /// What takes the mouse; the round knob lies within.
   [[nodiscard]] QRectF area() const {
     const double reach = ringRadius + 6;

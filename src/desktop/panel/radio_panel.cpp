@@ -1,7 +1,10 @@
 #include "desktop/panel/radio_panel.h"
 
 #include <QAccessible>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QTimer>
+#include <QToolTip>
 
 #include "desktop/panel/display_painter.h"
 #include "desktop/panel/display_reader.h"
@@ -14,6 +17,8 @@ namespace tarnvex::desktop {
 namespace {
 
 constexpr double kLeastScale = 0.62;
+/// What is received is told when it has been there for so long.
+constexpr int kCalmMilliseconds = 700;
 
 }  // namespace
 
@@ -168,6 +173,11 @@ int RadioPanel::heightForWidth(int width) const {
 }
 
 bool RadioPanel::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    showTip(help->pos(), help->globalPos());
+    return true;
+  }
   // A dialog that opens during a press swallows the release.
   if (event->type() == QEvent::WindowDeactivate) {
     releaseAll();
@@ -183,6 +193,18 @@ void RadioPanel::paintEvent(QPaintEvent* event) {
 
 void RadioPanel::resizeEvent(QResizeEvent*) {
   renderer_->setGeometry(size(), devicePixelRatioF());
+}
+
+void RadioPanel::showTip(const QPoint& where, const QPoint& onScreen) {
+  const QPointF point = toUnits(where);
+  const int key = keyAt(state_->layout, point);
+  if (key >= 0) {
+    QToolTip::showText(onScreen, state_->layout.keys[key].tip, this, keyRect(key));
+  } else if (isOnKnob(state_->layout, point)) {
+    QToolTip::showText(onScreen, state_->layout.knob->tip, this, knobRect());
+  } else {
+    QToolTip::hideText();
+  }
 }
 
 void RadioPanel::setHoverKey(int keyIndex) {
@@ -208,20 +230,23 @@ void RadioPanel::setFocusRing(bool shown) {
   updateKey(state_->front.focusKey);
 }
 
+/// Not at every flicker of the display: only another reception, once it has been there for a
+/// moment. Nobody to tell, nothing to do.
 void RadioPanel::announce() {
-  // Once for all the changes of a poll; nobody to tell, nothing to do.
   if (state_->announcing || !QAccessible::isActive()) {
     return;
   }
   state_->announcing = true;
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        state_->announcing = false;
-        QAccessibleEvent event(this, QAccessible::DescriptionChanged);
-        QAccessible::updateAccessibility(&event);
-      },
-      Qt::QueuedConnection);
+  QTimer::singleShot(kCalmMilliseconds, this, [this] {
+    state_->announcing = false;
+    const QString received = readReception(state_->layout, state_->front);
+    if (received == state_->announced) {
+      return;
+    }
+    state_->announced = received;
+    QAccessibleEvent event(this, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&event);
+  });
 }
 
 }  // namespace tarnvex::desktop

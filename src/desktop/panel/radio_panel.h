@@ -17,8 +17,8 @@ class PanelRenderer;
 ///
 /// It keeps the layout's proportions within whatever room it gets, and repaints only what changed.
 /// It begins with every element dark. One key at a time takes the keyboard focus: the arrow keys
-/// move it, Space and Enter press. All other keys are left to the parent widget, and so are mouse
-/// presses beside the keys and the knob.
+/// move it, Space and Enter press; Page Up, Page Down and the wheel turn the knob. All other keys
+/// are left to the parent widget, and so are mouse presses beside the keys and the knob.
 class RadioPanel : public QWidget {
   Q_OBJECT
   Q_DISABLE_COPY_MOVE(RadioPanel)
@@ -44,8 +44,10 @@ class RadioPanel : public QWidget {
   /// ignored.
   void setKeyDown(int keyIndex, bool down);
 
-  /// A whole left click on a key, with its signals: for assistive technology.
-  void clickKey(int keyIndex);
+  /// A whole click on a key, with its signals: for assistive technology.
+  void clickKey(int keyIndex, Qt::MouseButton button = Qt::LeftButton);
+  /// Holds the knob for a moment, long enough for one step: right turns up, left down.
+  void turnKnob(Qt::MouseButton button);
 
   [[nodiscard]] const PanelLayout& layoutData() const;
 
@@ -88,6 +90,7 @@ class RadioPanel : public QWidget {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void leaveEvent(QEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
@@ -108,6 +111,7 @@ class RadioPanel : public QWidget {
   void setHoverKey(int keyIndex);
   void setFocusRing(bool shown);
   void updateKey(int keyIndex);
+  void showTip(const QPoint& where, const QPoint& onScreen);
   void announce();
 
   std::unique_ptr<State> state_;

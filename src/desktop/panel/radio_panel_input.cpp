@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QTimer>
 #include <algorithm>
 
 #include "desktop/panel/panel_accessible.h"
@@ -12,8 +13,15 @@
 namespace tarnvex::desktop {
 namespace {
 
+/// A poll looks at the knob each tick, which may take a quarter of a second.
+constexpr int kKnobMilliseconds = 300;
+
 bool isPressKey(int key) {
   return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+bool isPageKey(int key) {
+  return key == Qt::Key_PageUp || key == Qt::Key_PageDown;
 }
 
 bool isArrow(int key) {
@@ -82,14 +90,33 @@ void RadioPanel::releaseAll() {
   }
 }
 
-void RadioPanel::clickKey(int keyIndex) {
+void RadioPanel::clickKey(int keyIndex, Qt::MouseButton button) {
   if (keyIndex < 0 || keyIndex >= state_->layout.keys.size()) {
     return;
   }
   const QPointer<RadioPanel> alive(this);
-  hold(keyIndex, Qt::LeftButton, true);
+  hold(keyIndex, button, true);
   if (alive) {
-    release(Qt::LeftButton, true, keyIndex);
+    release(button, true, keyIndex);
+  }
+}
+
+/// The wheel and the page keys have no release: the knob comes up by itself.
+void RadioPanel::turnKnob(Qt::MouseButton button) {
+  const bool turning = std::any_of(state_->held.begin(), state_->held.end(),
+                                   [](const Held& one) { return one.target == kKnobTarget; });
+  if (!state_->layout.knob || turning) {
+    return;
+  }
+  hold(kKnobTarget, button, true);
+  QTimer::singleShot(kKnobMilliseconds, this, [this, button] { release(button, true, kNone); });
+}
+
+void RadioPanel::wheelEvent(QWheelEvent* event) {
+  const int turn = event->angleDelta().y();
+  event->setAccepted(turn != 0 && isOnKnob(state_->layout, toUnits(event->position())));
+  if (event->isAccepted()) {
+    turnKnob(turn > 0 ? Qt::RightButton : Qt::LeftButton);
   }
 }
 
@@ -134,6 +161,8 @@ void RadioPanel::keyPressEvent(QKeyEvent* event) {
   if (plain && isArrow(event->key()) && state_->focusKey >= 0) {
     const auto arrow = static_cast<Qt::Key>(event->key());
     setFocusKey(neighbourKey(state_->layout, state_->focusKey, arrow));
+  } else if (plain && isPageKey(event->key()) && state_->layout.knob) {
+    turnKnob(event->key() == Qt::Key_PageUp ? Qt::RightButton : Qt::LeftButton);
   } else if (plain && isPressKey(event->key()) && state_->focusKey >= 0) {
     if (event->isAutoRepeat() || keyboardTarget() != kNone) {
       return;

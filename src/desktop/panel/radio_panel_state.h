@@ -27,6 +27,7 @@ struct RadioPanel::State {
   QVector<Held> held;
   int focusKey = kNone;
   bool announcing = false;
+  QString announced;
 };
 
 }  // namespace tarnvex::desktop

@@ -161,6 +161,14 @@ void HelpWindow::open(const QListWidgetItem* item) {
   }
 }
 
+void HelpWindow::showPage(const QString& file) {
+  for (int row = 0; row < list_->count(); ++row) {
+    if (list_->item(row)->data(Qt::UserRole).toString() == file) {
+      list_->setCurrentRow(row);
+    }
+  }
+}
+
 void HelpWindow::present(shell::HelpView view) {
   show();
   raise();

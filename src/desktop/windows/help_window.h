@@ -19,6 +19,8 @@ class HelpWindow : public QWidget {
   /// Beside the program in a build tree, else where it was installed.
   static QString helpFolder();
 
+  /// Shows a page of the manual by its file name.
+  void showPage(const QString& file);
   void present(shell::HelpView view);
 
  protected:

@@ -4,13 +4,20 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QMenuBar>
+#include <QScreen>
 #include <QTabBar>
+#include <QTimer>
 #include <QToolTip>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <array>
 
 #include "desktop/ports/text.h"
+#include "desktop/windows/accessible_roles.h"
 #include "desktop/windows/dialog_window.h"
+#include "desktop/windows/key_tips.h"
 #include "desktop/windows/pages.h"
+#include "desktop/windows/recording_light.h"
 #include "desktop/windows/window_exit.h"
 
 namespace tarnvex::desktop {
@@ -21,6 +28,8 @@ MainWindow::MainWindow(shell::MainForm& form, platform::EventGate& gate, Report 
       binder_(gate, keys_),
       report_(std::move(report)),
       tabs_(new QTabWidget) {
+  // First: setting a widget's name may already ask for its interface, and that one is kept.
+  installAccessibleRoles();
   setObjectName(QString::fromStdString(form.window.name()));
   setCentralWidget(new QWidget);
   auto* layout = new QBoxLayout(QBoxLayout::TopToBottom, centralWidget());
@@ -30,6 +39,7 @@ MainWindow::MainWindow(shell::MainForm& form, platform::EventGate& gate, Report 
   tabs_->tabBar()->setFocusPolicy(Qt::StrongFocus);
   tabs_->tabBar()->setFocus();
   tabs_->tabBar()->installEventFilter(keys_);
+  tabs_->setCornerWidget(new RecordingLight(form_.recordingLight()));
   addMenus();
   const auto showTitle = [this] { setWindowTitle(titleToScreen(form_.window.caption())); };
   showTitle();
@@ -39,9 +49,10 @@ MainWindow::MainWindow(shell::MainForm& form, platform::EventGate& gate, Report 
 MainWindow::MainWindow(shell::Form4& form, platform::EventGate& gate, DeviceSlots& devices,
                        Report report)
     : MainWindow(form, gate, std::move(report)) {
-  auto* panel = new RadioPanel(bc895Layout());
+  auto* panel = new RadioPanel(withTips(bc895Layout()));
   panelBinding_ = std::make_unique<PanelBinding>(*panel, form, gate);
   panelBinding_->follow(form.linkState);
+  markReception(form.panel.Channel);
   // A wide set stands above the pages.
   place(panel, QBoxLayout::TopToBottom);
   addPages(makeOptionsPage({{makeLinkFrame(form.linkControls, form.linkState, devices, binder_)},
@@ -58,9 +69,10 @@ MainWindow::MainWindow(shell::Form4& form, platform::EventGate& gate, DeviceSlot
 MainWindow::MainWindow(shell::Form2& form, platform::EventGate& gate, DeviceSlots& devices,
                        Report report)
     : MainWindow(form, gate, std::move(report)) {
-  auto* panel = new RadioPanel(bc245Layout());
+  auto* panel = new RadioPanel(withTips(bc245Layout()));
   panelBinding_ = std::make_unique<PanelBinding>(*panel, form, gate);
   panelBinding_->follow(form.linkState);
+  markReception(form.panel.Channel);
   trunkedMenu_->addSeparator();
   addCommand(trunkedMenu_, "mnuCustom", tr("&Custom Fleet Map..."), [&form] { form.mnuCustom(); });
   // An upright hand-held stands beside them.
@@ -85,9 +97,12 @@ void MainWindow::addPages(QWidget* options) {
 void MainWindow::addMenus() {
   auto* file = menuBar()->addMenu(tr("&File"));
   file->setObjectName(QStringLiteral("mnuFile"));
-  addCommand(file, "mnuNew", tr("&New Frequency File..."), &shell::MainForm::mnuNew);
-  addCommand(file, "mnuOpenConv", tr("&Open Frequency File..."), &shell::MainForm::mnuOpenConv);
-  addCommand(file, "mnuSaveConv", tr("&Save Frequency File..."), &shell::MainForm::mnuSaveConv);
+  addCommand(file, "mnuNew", tr("&New Frequency File..."), &shell::MainForm::mnuNew)
+      ->setShortcut(QKeySequence::New);
+  addCommand(file, "mnuOpenConv", tr("&Open Frequency File..."), &shell::MainForm::mnuOpenConv)
+      ->setShortcut(QKeySequence::Open);
+  addCommand(file, "mnuSaveConv", tr("&Save Frequency File..."), &shell::MainForm::mnuSaveConv)
+      ->setShortcut(QKeySequence::Save);
   addCommand(file, "mnuOpenBackup", tr("Open &Backup..."), &shell::MainForm::mnuOpenBackup);
   file->addSeparator();
   addCommand(file, "mnuImport", tr("&Import from APF..."), &shell::MainForm::mnuImport);
@@ -96,6 +111,8 @@ void MainWindow::addMenus() {
   auto* exit = file->addAction(tr("E&xit"), this, [this] { close(); });
   exit->setObjectName(QStringLiteral("mnuExit"));
   exit->setMenuRole(QAction::QuitRole);
+  // Not every platform has a standard key for it.
+  exit->setShortcut(Qt::CTRL | Qt::Key_Q);
   auto* conventional = menuBar()->addMenu(tr("&Conventional"));
   conventional->setObjectName(QStringLiteral("mnuConv"));
   addCommand(conventional, "mnuUpload", tr("&Upload To Scanner..."), &shell::MainForm::mnuUpload);
@@ -115,8 +132,15 @@ void MainWindow::addMenus() {
   addCommand(view, "mnuReceptions", tr("&Reception Log"), &shell::MainForm::mnuReceptions);
   auto* help = menuBar()->addMenu(tr("&Help"));
   help->setObjectName(QStringLiteral("mnuHelp"));
-  addCommand(help, "mnuContents", tr("&Contents"), &shell::MainForm::mnuContents)
-      ->setShortcut(QKeySequence::HelpContents);
+  auto* here = help->addAction(tr("Help on This &Page"), this, [this] {
+    static const std::array kPages = {"plan.html", "trunking.html", "connection.html",
+                                      "searching.html"};
+    const auto page = static_cast<std::size_t>(std::max(tabs_->currentIndex(), 0));
+    helpWanted.notify(QLatin1String(kPages[std::min(page, kPages.size() - 1)]));
+  });
+  here->setObjectName(QStringLiteral("helpHere"));
+  here->setShortcut(Qt::Key_F1);
+  addCommand(help, "mnuContents", tr("&Contents"), &shell::MainForm::mnuContents);
   addCommand(help, "mnuSearch", tr("&Search"), &shell::MainForm::mnuSearch);
   help->addSeparator();
   help->addAction(tr("Copy &Report"), this, &MainWindow::copyReport)
@@ -137,6 +161,18 @@ QAction* MainWindow::addCommand(QMenu* menu, const char* name, const QString& ca
   return action;
 }
 
+/// The panel's channel is "12" or, for the priority channel, "P  12".
+void MainWindow::markReception(const platform::Label& channel) {
+  const auto mark = [this, &channel] {
+    auto* table = static_cast<PlanTable*>(findChild<QWidget*>(QStringLiteral("MSFlexGrid1")));
+    if (table != nullptr) {
+      const QString number = toScreen(channel.caption()).remove(QLatin1Char('P'));
+      table->markRow(channel.visible() ? number.toInt() : 0);
+    }
+  };
+  binder_.keep(channel.changed.connect(mark));
+}
+
 /// Only reads, so it needs no turn at the gate.
 void MainWindow::copyReport() {
   if (report_) {
@@ -149,6 +185,8 @@ void MainWindow::copyReport() {
 void MainWindow::place(RadioPanel* panel, QBoxLayout::Direction direction) {
   panel->setObjectName(QStringLiteral("panel"));
   panel->installEventFilter(keys_);
+  panel_ = panel;
+  panelIsAbove_ = direction == QBoxLayout::TopToBottom;
   auto* layout = static_cast<QBoxLayout*>(centralWidget()->layout());
   layout->setDirection(direction);
   layout->insertWidget(0, panel);
@@ -184,6 +222,56 @@ void MainWindow::addProgress(const memory::Progress& progress) {
 
 void MainWindow::leaveScreen() {
   takeOffScreen(this);
+}
+
+void MainWindow::restore(const WindowMemory& memory) {
+  std::vector<QRect> screens;
+  for (const QScreen* screen : QGuiApplication::screens()) {
+    screens.push_back(screen->availableGeometry());
+  }
+  setGeometry(fitToScreens(memory.place().value_or(QRect(pos(), size())), screens));
+  if (memory.maximised()) {
+    setWindowState(windowState() | Qt::WindowMaximized);
+  }
+  // The form's load lays the tables out and ends on its own page. What the user had comes after it.
+  binder_.keep(form_.SSTab1.changed.connect([this, memory, first = true]() mutable {
+    if (std::exchange(first, false)) {
+      QTimer::singleShot(0, this, [this, memory] { restorePages(memory); });
+    }
+  }));
+}
+
+void MainWindow::restorePages(const WindowMemory& memory) {
+  for (PlanTable* table : tables()) {
+    table->setColumnWidths(memory.columns(table->objectName().toStdString()));
+  }
+  if (const auto page = memory.page(); page && *page >= 0 && *page < tabs_->count()) {
+    tabs_->setCurrentIndex(*page);
+  }
+}
+
+void MainWindow::remember(WindowMemory& memory) const {
+  memory.setMaximised(isMaximized());
+  memory.setPlace(isMaximized() ? normalGeometry() : geometry());
+  memory.setPage(tabs_->currentIndex());
+  for (const PlanTable* table : tables()) {
+    memory.setColumns(table->objectName().toStdString(), table->columnWidths());
+  }
+}
+
+QVector<PlanTable*> MainWindow::tables() const {
+  return {static_cast<PlanTable*>(findChild<QWidget*>(QStringLiteral("MSFlexGrid1"))),
+          static_cast<PlanTable*>(findChild<QWidget*>(QStringLiteral("MSFlexGrid2")))};
+}
+
+/// A panel above the pages leaves them more than half of the height, however wide the window is.
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  constexpr double kPanelShare = 0.46;
+  if (panel_ != nullptr && panelIsAbove_) {
+    panel_->setMaximumHeight(
+        std::max(panel_->minimumSizeHint().height(), static_cast<int>(height() * kPanelShare)));
+  }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -11,6 +11,8 @@
 #include "desktop/windows/binder.h"
 #include "desktop/windows/key_forwarder.h"
 #include "desktop/windows/panel_binding.h"
+#include "desktop/windows/plan_table.h"
+#include "desktop/windows/window_memory.h"
 #include "shell/bc245_form.h"
 #include "shell/bc895_form.h"
 
@@ -29,12 +31,21 @@ class MainWindow : public QMainWindow {
              Report report = {});
 
   [[nodiscard]] const link::LinkState& linkState() const { return form_.linkState; }
+  [[nodiscard]] const platform::Label& recordingLight() const { return form_.recordingLight(); }
+  /// The user wants help: the manual's page for what is in front.
+  platform::Notifier<QString> helpWanted;
+
+  /// Brings the window back as it was left, before it is shown; fits it to the screens there are.
+  void restore(const WindowMemory& memory);
+  /// Keeps how the window is left.
+  void remember(WindowMemory& memory) const;
   /// Takes the window off the screen without asking.
   void leaveScreen();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   MainWindow(shell::MainForm& form, platform::EventGate& gate, Report report);
@@ -44,6 +55,10 @@ class MainWindow : public QMainWindow {
   QAction* addCommand(QMenu* menu, const char* name, const QString& caption,
                       platform::EventGate::Handler command);
   void copyReport();
+  /// Marks the channel that is being received in its table.
+  void markReception(const platform::Label& channel);
+  void restorePages(const WindowMemory& memory);
+  [[nodiscard]] QVector<PlanTable*> tables() const;
   void place(RadioPanel* panel, QBoxLayout::Direction direction);
   void addPages(QWidget* options);
   void showTab();
@@ -56,6 +71,8 @@ class MainWindow : public QMainWindow {
   Binder binder_;
   Report report_;
   QTabWidget* tabs_;
+  RadioPanel* panel_ = nullptr;
+  bool panelIsAbove_ = false;
   QMenu* trunkedMenu_ = nullptr;
   std::unique_ptr<PanelBinding> panelBinding_;
 };

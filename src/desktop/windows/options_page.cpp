@@ -1,13 +1,16 @@
+#include <QDesktopServices>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QScrollArea>
+#include <QUrl>
 #include <QVBoxLayout>
 
 #include "desktop/ports/device_watcher.h"
 #include "desktop/ports/text.h"
+#include "desktop/windows/box_row.h"
 #include "desktop/windows/com_option.h"
 #include "desktop/windows/pages.h"
 #include "desktop/windows/plain_text.h"
@@ -19,13 +22,16 @@ namespace {
 void addBankRow(QGridLayout* grid, int row, const QString& caption, monitor::BankRotation& rotation,
                 int first, Binder& binder) {
   grid->addWidget(makeLabel(caption), row, 0);
+  QVector<QAbstractButton*> stop;
   for (int bank = 0; bank < 10; ++bank) {
     auto* box = new QCheckBox;
     binder.bind(box, rotation.MSBank[static_cast<std::size_t>(first + bank)]);
     const auto* heading = static_cast<QLabel*>(grid->itemAtPosition(0, bank + 1)->widget());
     box->setAccessibleName(caption + QLatin1Char(' ') + heading->text());
     grid->addWidget(box, row, bank + 1, Qt::AlignHCenter);
+    stop.push_back(box);
   }
+  new BoxRow(stop, stop.front());
 }
 
 /// A frame that is switched on and off, with room for rows of banks under these headings.
@@ -42,6 +48,10 @@ QGridLayout* addBankFrame(QGroupBox* frame, monitor::BankRotation& rotation,
   auto* off = new QRadioButton;
   binder.bind(on, rotation.Option5);
   binder.bind(off, rotation.Option6);
+  const QString needsBanks =
+      QObject::tr("Steps the radio through the ticked banks. Tick one first.");
+  on->setToolTip(needsBanks);
+  on->setAccessibleDescription(needsBanks);
   auto* switches = new QHBoxLayout;
   switches->addWidget(on);
   switches->addWidget(off);
@@ -78,10 +88,13 @@ void bindSearchMenu(QListWidget* list, search::SearchlistMenu& model, Binder& bi
     action->setObjectName(QLatin1String(name));
   }
   menu->setDefaultAction(menu->actions().first());
-  binder.keep(model.shown.connect([menu, &model] {
+  binder.keep(model.shown.connect([menu, list, &model] {
     const QString caption = toScreen(model.mnuSLSearch.caption);
     menu->actions().first()->setText(caption.left(1) + withoutMnemonics(caption.mid(1)));
-    menu->popup(QCursor::pos());
+    // Opened by the keyboard, it belongs to the current line, wherever the pointer is.
+    const QRect line = list->visualItemRect(list->currentItem());
+    const bool byMouse = list->viewport()->underMouse();
+    menu->popup(byMouse ? QCursor::pos() : list->viewport()->mapToGlobal(line.bottomLeft()));
   }));
 }
 
@@ -147,6 +160,13 @@ QWidget* makeSwitchesFrame(shell::MainForm& form, Binder& binder, bool muteToo) 
     addCheckBoxes(column, {&form.Check6}, binder);
   }
   addCheckBoxes(column, {&form.recording.chkRecord}, binder);
+  auto* folder = new QPushButton(QObject::tr("Show recordings"));
+  folder->setObjectName(QStringLiteral("showRecordings"));
+  const QString path = QString::fromStdString(form.programDirectory());
+  folder->setToolTip(QObject::tr("Opens the folder %1").arg(path));
+  QObject::connect(folder, &QPushButton::clicked, folder,
+                   [path] { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); });
+  column->addWidget(folder, 0, Qt::AlignLeft);
   column->addStretch();
   return frame;
 }
@@ -199,12 +219,15 @@ QWidget* makeSearchFrame(search::CustomSearch& search, Binder& binder) {
     auto* box = new QLineEdit;
     binder.bind(box, *model);
     box->setAccessibleName(caption);
+    box->setToolTip(QObject::tr("From 29 to 956 MHz. Enter sends it to the radio."));
     box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("0000.00000")));
     rows->addRow(caption, box);
   }
   auto* searches = new QListWidget;
   binder.bind(searches, search.saved.List3);
   searches->setAccessibleName(QObject::tr("Saved searches"));
+  searches->setToolTip(
+      QObject::tr("A click sets both limits and offers to search. The right button offers more."));
   searches->setMinimumHeight(searches->fontMetrics().lineSpacing() * 4);
   bindSearchMenu(searches, search.mnuSearchlist, binder);
   auto* save = new QPushButton;

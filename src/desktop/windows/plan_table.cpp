@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/ports/text.h"
 #include "desktop/windows/binder.h"
@@ -16,6 +17,17 @@ namespace {
 
 /// Width of an average digit, in twips, in the face that the tables' widths are given for.
 constexpr double kTwipsPerDigit = 90;
+
+/// The colour of a selection, thinned over the page, so that the text keeps its contrast.
+QBrush markBrush() {
+  constexpr float kShare = 0.25F;
+  const QPalette palette = QApplication::palette();
+  const QColor strong = palette.color(QPalette::Highlight);
+  const QColor page = palette.color(QPalette::Base);
+  const auto mix = [](float one, float other) { return one * kShare + other * (1 - kShare); };
+  return QColor::fromRgbF(mix(strong.redF(), page.redF()), mix(strong.greenF(), page.greenF()),
+                          mix(strong.blueF(), page.blueF()));
+}
 
 }  // namespace
 
@@ -42,6 +54,9 @@ QVariant PlanModel::data(const QModelIndex& index, int role) const {
                           ? Qt::AlignCenter
                           : Qt::AlignLeft | Qt::AlignVCenter);
     case Qt::BackgroundRole:
+      if (index.row() + 1 == marked_) {
+        return markBrush();
+      }
       return index.column() == 0 ? QVariant(QApplication::palette().brush(QPalette::Button))
                                  : QVariant();
     case Qt::ForegroundRole:
@@ -61,6 +76,15 @@ QVariant PlanModel::headerData(int section, Qt::Orientation orientation, int rol
 
 Qt::ItemFlags PlanModel::flags(const QModelIndex& index) const {
   return index.column() == 0 ? Qt::ItemIsEnabled : Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+}
+
+void PlanModel::markRow(int row) {
+  for (const int changed : {std::exchange(marked_, row), row}) {
+    if (changed > 0 && changed < table_.rows()) {
+      emit dataChanged(index(changed - 1, 0), index(changed - 1, table_.cols() - 1),
+                       {Qt::BackgroundRole});
+    }
+  }
 }
 
 void PlanModel::cellChanged(int row, int column) {
@@ -200,6 +224,26 @@ void PlanTable::showColumns() {
     horizontalHeader()->setSectionResizeMode(
         column, column == stretched_ ? QHeaderView::Stretch : QHeaderView::Interactive);
     setColumnWidth(column, std::max(heading, design));
+  }
+}
+
+std::vector<int> PlanTable::columnWidths() const {
+  std::vector<int> widths;
+  for (int column = 0; column < table_.cols(); ++column) {
+    widths.push_back(columnWidth(column));
+  }
+  return widths;
+}
+
+void PlanTable::setColumnWidths(const std::vector<int>& widths) {
+  if (std::cmp_not_equal(widths.size(), table_.cols())) {
+    return;
+  }
+  for (int column = 0; column < table_.cols(); ++column) {
+    const int width = widths[static_cast<std::size_t>(column)];
+    if (column != stretched_ && !isColumnHidden(column) && width > 0) {
+      setColumnWidth(column, width);
+    }
   }
 }
 

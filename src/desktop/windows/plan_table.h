@@ -22,11 +22,14 @@ class PlanModel : public QAbstractTableModel {
   [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                     int role) const override;
   [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+  /// Tints a row of the core's table, 0 for none.
+  void markRow(int row);
 
  private:
   void cellChanged(int row, int column);
 
   platform::Table& table_;
+  int marked_ = 0;
   platform::Connection changed_;
 };
 
@@ -38,6 +41,13 @@ class PlanTable : public QTableView {
   /// `stretched` is the column that takes the room left over.
   PlanTable(platform::Table& table, memory::PlanEditor& editor, platform::EventGate& gate,
             int stretched, QWidget* parent);
+
+  /// Widths of the columns in pixels, for windows that remember them. A list of another length is
+  /// ignored; the stretched column and those that aren't shown keep their widths.
+  [[nodiscard]] std::vector<int> columnWidths() const;
+  void setColumnWidths(const std::vector<int>& widths);
+  /// Marks the row of what is being received, 0 for none.
+  void markRow(int row) { static_cast<PlanModel*>(model())->markRow(row); }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

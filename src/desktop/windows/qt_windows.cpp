@@ -1,12 +1,28 @@
 #include "desktop/windows/qt_windows.h"
 
+#include <QShortcut>
 #include <QWindow>
+#include <utility>
 
 #include "desktop/ports/text.h"
 #include "desktop/reception_log/reception_window.h"
 #include "desktop/windows/notices.h"
 
 namespace tarnvex::desktop {
+namespace {
+
+QString helpPageOf(const QString& dialog) {
+  static const QMap<QString, QString> kPages = {
+      {"frmUpload", "transfers.html"},   {"frmDownload", "transfers.html"},
+      {"frmUploadtrs", "trunking.html"}, {"frmDownloadtrs", "trunking.html"},
+      {"Form3", "trunking.html"},        {"Form5", "trunking.html"},
+      {"Form7", "files.html"},           {"Form8", "files.html"},
+      {"frmLockouts", "searching.html"},
+  };
+  return kPages.value(dialog, QStringLiteral("index.html"));
+}
+
+}  // namespace
 
 void QtWindows::removeAll() {
   delete splash_;
@@ -32,27 +48,44 @@ void QtWindows::closeSplash() {
 void QtWindows::openMain(shell::Form4& form) {
   drive(form.Scantimer);
   drive(form.multiscan.timer);
-  present(new MainWindow(form, gate_, devices_, report_));
+  present(new MainWindow(form, gate_, devices_, report_), "BC895");
 }
 
 void QtWindows::openMain(shell::Form2& form) {
   drive(form.Scantimer);
   drive(form.speed.timer);
-  present(new MainWindow(form, gate_, devices_, report_));
+  present(new MainWindow(form, gate_, devices_, report_), "BC245");
 }
 
 void QtWindows::drive(platform::Timer& timer) {
   timers_.push_back(std::make_unique<TimerDriver>(timer, gate_));
 }
 
-void QtWindows::present(MainWindow* window) {
+void QtWindows::present(MainWindow* window, const char* section) {
   main_ = window;
+  section_ = section;
+  WindowMemory memory(settings_, section_);
+  window->restore(memory);
+  // The window of the other radio stands where the last one stood.
+  if (lastPlace_ && !memory.maximised()) {
+    window->move(*std::exchange(lastPlace_, std::nullopt));
+  }
+  helpWanted_ = window->helpWanted.connect([this](const QString& page) { showHelpPage(page); });
   window->show();
+}
+
+void QtWindows::rememberMain() {
+  if (main_) {
+    WindowMemory memory(settings_, section_);
+    main_->remember(memory);
+  }
 }
 
 void QtWindows::closeMain() {
   timers_.clear();
+  rememberMain();
   if (main_) {
+    lastPlace_ = main_->pos();
     main_->leaveScreen();
     main_.clear();
   }
@@ -71,18 +104,26 @@ void QtWindows::showMain(bool shown) {
 
 void QtWindows::openQuickView(shell::QuickView& form) {
   quickView_ = new QuickViewWindow(form, bc895Layout(), gate_);
-  quickView_->follow(main_->linkState());
-  quickView_->present();
+  showQuickView();
 }
 
 void QtWindows::openQuickView(shell::Form9& form) {
   quickView_ = new QuickViewWindow(form, bc245Layout(), gate_);
+  showQuickView();
+}
+
+void QtWindows::showQuickView() {
+  if (const auto size = WindowMemory(settings_, section_).quickViewSize()) {
+    quickView_->resize(*size);
+  }
   quickView_->follow(main_->linkState());
+  quickView_->showRecording(main_->recordingLight());
   quickView_->present();
 }
 
 void QtWindows::closeQuickView() {
   if (quickView_) {
+    WindowMemory(settings_, section_).setQuickViewSize(quickView_->size());
     quickView_->leaveScreen();
     quickView_.clear();
   }
@@ -139,6 +180,9 @@ QWidget* QtWindows::dialogParent() const {
 
 void QtWindows::presentDialog(const void* form, DialogWindow* dialog, bool modal) {
   dialogs_[form] = dialog;
+  auto* helpKey = new QShortcut(Qt::Key_F1, dialog);
+  QObject::connect(helpKey, &QShortcut::activated, dialog,
+                   [this, dialog] { showHelpPage(helpPageOf(dialog->objectName())); });
   // The manual stays usable beside it.
   dialog->setWindowModality(modal ? Qt::WindowModal : Qt::NonModal);
   dialog->show();
@@ -162,15 +206,25 @@ void QtWindows::raiseDialog(const void* form) {
   }
 }
 
-void QtWindows::showHelp(shell::HelpView view) {
+HelpWindow& QtWindows::help() {
   if (!help_) {
     help_ = new HelpWindow;
     help_->setAttribute(Qt::WA_DeleteOnClose);
   }
-  help_->present(view);
+  return *help_;
+}
+
+void QtWindows::showHelp(shell::HelpView view) {
+  help().present(view);
+}
+
+void QtWindows::showHelpPage(const QString& page) {
+  help().present(shell::HelpView::Contents);
+  help().showPage(page);
 }
 
 void QtWindows::quit() {
+  rememberMain();
   delete help_;
   if (main_) {
     main_->hide();

@@ -3,6 +3,7 @@
 #include <QPointer>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "desktop/ports/device_slots.h"
@@ -21,8 +22,12 @@ namespace tarnvex::desktop {
 class QtWindows : public shell::WindowLayer {
  public:
   QtWindows(QtEventLoop& loop, platform::EventGate& gate, DeviceSlots& devices,
-            MainWindow::Report report = {})
-      : loop_(loop), gate_(gate), devices_(devices), report_(std::move(report)) {}
+            platform::SettingsStore& settings, MainWindow::Report report = {})
+      : loop_(loop),
+        gate_(gate),
+        devices_(devices),
+        settings_(settings),
+        report_(std::move(report)) {}
   ~QtWindows() override { removeAll(); }
 
   void openSplash(shell::Form1& form) override;
@@ -56,7 +61,12 @@ class QtWindows : public shell::WindowLayer {
 
  private:
   void drive(platform::Timer& timer);
-  void present(MainWindow* window);
+  void present(MainWindow* window, const char* section);
+  /// Keeps how the main window is left.
+  void rememberMain();
+  void showQuickView();
+  HelpWindow& help();
+  void showHelpPage(const QString& page);
   void presentDialog(const void* form, DialogWindow* dialog, bool modal);
   /// Where a dialog belongs: the dialog that is open in front, or the main window.
   [[nodiscard]] QWidget* dialogParent() const;
@@ -64,7 +74,13 @@ class QtWindows : public shell::WindowLayer {
   QtEventLoop& loop_;
   platform::EventGate& gate_;
   DeviceSlots& devices_;
+  platform::SettingsStore& settings_;
   MainWindow::Report report_;
+  platform::Connection helpWanted_;
+  /// Of the main window's radio.
+  std::string section_;
+  /// Where the main window of the other radio was, while the windows are exchanged.
+  std::optional<QPoint> lastPlace_;
   QPointer<QWidget> splash_;
   QPointer<QWidget> notice_;
   QPointer<MainWindow> main_;

@@ -9,6 +9,7 @@
 #include <QWindow>
 #include <algorithm>
 
+#include "desktop/panel/panel_style.h"
 #include "desktop/ports/text.h"
 #include "desktop/windows/window_exit.h"
 
@@ -53,9 +54,12 @@ QuickViewWindow::QuickViewWindow(shell::QuickViewForm& form, const PanelLayout& 
   display_->setFocusPolicy(Qt::NoFocus);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins({});
+  // Around a display that keeps its proportions in a window that doesn't have them.
+  setPalette(QPalette(style::kBezel));
   layout->addWidget(display_);
   const int width = fontMetrics().averageCharWidth() * 44;
-  setFixedSize(width, display_->heightForWidth(width));
+  resize(width, display_->heightForWidth(width));
+  setMinimumSize(size() / 2);
 }
 
 void QuickViewWindow::present() {

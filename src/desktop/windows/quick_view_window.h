@@ -5,6 +5,7 @@
 
 #include "desktop/panel/panel_layout.h"
 #include "desktop/windows/panel_binding.h"
+#include "desktop/windows/recording_light.h"
 #include "platform/event_gate.h"
 #include "shell/quick_view.h"
 
@@ -19,6 +20,8 @@ class QuickViewWindow : public QWidget {
 
   /// Dims the display while the line isn't live.
   void follow(const link::LinkState& line) { binding_.follow(line); }
+  /// Shows a recording that runs, in the corner.
+  void showRecording(const platform::Label& light) { new RecordingLight(light, this); }
   /// Runs the form's load and shows the window where the form wants it.
   void present();
   void leaveScreen();

@@ -16,6 +16,7 @@ void addHitList(QGridLayout* grid, int column, const QString& caption, platform:
   binder.bind(hits, list);
   binder.bind(button, clear);
   hits->setAccessibleName(caption);
+  hits->setToolTip(QObject::tr("A click stores the line in the table, at the table's cursor."));
   button->setAccessibleName(button->text() + QStringLiteral(": ") + caption);
   grid->addWidget(label, 0, column);
   grid->addWidget(button, 0, column + 1);

@@ -1,6 +1,8 @@
 #include <QHBoxLayout>
+#include <QPushButton>
 #include <QVBoxLayout>
 
+#include "desktop/windows/find_bar.h"
 #include "desktop/windows/pages.h"
 #include "desktop/windows/plain_text.h"
 #include "desktop/windows/plan_table.h"
@@ -20,13 +22,21 @@ QComboBox* addSelector(QHBoxLayout* row, const QString& caption, platform::Combo
   return box;
 }
 
-QWidget* makeTablePage(QHBoxLayout* selectors, PlanTable* table, const QString& spokenName) {
+QWidget* makeTablePage(QHBoxLayout* selectors, PlanTable* table, const QString& spokenName,
+                       std::vector<int> searched, const QStringList& emptyTexts) {
   table->setAccessibleName(spokenName);
   selectors->addStretch();
   auto* page = new QWidget;
   auto* layout = new QVBoxLayout(page);
   layout->addLayout(selectors);
   layout->addWidget(table);
+  auto* bar = new FindBar(*table, std::move(searched), emptyTexts, page);
+  layout->addWidget(bar);
+  auto* find = new QPushButton(QObject::tr("Find..."));
+  find->setObjectName(QStringLiteral("find"));
+  find->setToolTip(QObject::tr("Finds a channel by its text (Ctrl+F)"));
+  QObject::connect(find, &QPushButton::clicked, bar, &FindBar::open);
+  selectors->addWidget(find);
   return page;
 }
 
@@ -37,7 +47,10 @@ QWidget* makeStationPage(shell::MainForm& form, Binder& binder) {
   addSelector(selectors, QObject::tr("Select Bank:"), form.Combo3, binder);
   auto* table = new PlanTable(form.MSFlexGrid1, form.planEditor(), binder.gate(),
                               memory::ChannelRecord::AlphaTag, nullptr);
-  return makeTablePage(selectors, table, QObject::tr("Conventional channels"));
+  return makeTablePage(selectors, table, QObject::tr("Conventional channels"),
+                       {memory::ChannelRecord::Frequency, memory::ChannelRecord::Ctcss,
+                        memory::ChannelRecord::AlphaTag},
+                       {QString(), QStringLiteral("0.0000")});
 }
 
 QWidget* makeTrunkedPage(shell::MainForm& form, Binder& binder) {
@@ -47,7 +60,9 @@ QWidget* makeTrunkedPage(shell::MainForm& form, Binder& binder) {
   addSelector(selectors, QObject::tr("Scanlist:"), form.Combo2, binder);
   auto* table = new PlanTable(form.MSFlexGrid2, form.planEditor(), binder.gate(),
                               memory::TalkgroupRecord::AlphaTag, nullptr);
-  return makeTablePage(selectors, table, QObject::tr("Talkgroup IDs"));
+  return makeTablePage(selectors, table, QObject::tr("Talkgroup IDs"),
+                       {memory::TalkgroupRecord::Id, memory::TalkgroupRecord::AlphaTag},
+                       {QString(), QStringLiteral("-----")});
 }
 
 }  // namespace tarnvex::desktop

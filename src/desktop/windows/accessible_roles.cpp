@@ -1,0 +1,58 @@
+#include "desktop/windows/accessible_roles.h"
+
+#include <QAccessibleWidget>
+#include <QRadioButton>
+
+#include "desktop/windows/quick_view_window.h"
+
+namespace tarnvex::desktop {
+namespace {
+
+/// Qt takes a radio button for a check box unless Qt itself keeps its group.
+class RadioAccessible : public QAccessibleWidget {
+ public:
+  explicit RadioAccessible(QRadioButton* button)
+      : QAccessibleWidget(button, QAccessible::RadioButton), button_(button) {}
+
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.checkable = true;
+    state.checked = button_->isChecked();
+    return state;
+  }
+  QString text(QAccessible::Text kind) const override {
+    const QString text = QAccessibleWidget::text(kind);
+    return kind == QAccessible::Name && text.isEmpty() ? button_->text().remove(QLatin1Char('&'))
+                                                       : text;
+  }
+  QStringList actionNames() const override {
+    return QStringList{pressAction()} + QAccessibleWidget::actionNames();
+  }
+  void doAction(const QString& name) override {
+    if (name == pressAction()) {
+      button_->click();
+    } else {
+      QAccessibleWidget::doAction(name);
+    }
+  }
+
+ private:
+  QRadioButton* button_;
+};
+
+QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
+  if (auto* button = qobject_cast<QRadioButton*>(object)) {
+    return new RadioAccessible(button);
+  }
+  auto* small = dynamic_cast<QuickViewWindow*>(object);
+  return small == nullptr ? nullptr
+                          : new QAccessibleWidget(small, QAccessible::Window, small->windowTitle());
+}
+
+}  // namespace
+
+void installAccessibleRoles() {
+  QAccessible::installFactory(makeInterface);
+}
+
+}  // namespace tarnvex::desktop

@@ -1,0 +1,176 @@
+// What the user reaches without a mouse, and what windows keep: tips, Tab stops, shortcuts, sizes.
+#include <QHelpEvent>
+#include <QTest>
+#include <QToolTip>
+
+#include "desktop/window_fixture.h"
+#include "desktop/windows/key_tips.h"
+#include "desktop/windows/window_memory.h"
+
+namespace tarnvex::test {
+namespace {
+
+using desktop::PanelKey;
+using desktop::WindowMemory;
+
+/// What stands in a tip after "Keyboard: " or "Right button: ".
+std::string part(const PanelKey& key, const char* heading) {
+  const QString start = QLatin1String(heading) + QStringLiteral(": ");
+  for (const QString& line : key.tip.split('\n')) {
+    if (line.startsWith(start)) {
+      return line.mid(start.size()).toStdString();
+    }
+  }
+  return "missing";
+}
+
+char typed(const std::string& keyboard) {
+  return keyboard == "Enter" ? '\r' : keyboard.front();
+}
+
+TEST_F(Bc895Window, TipsTellTheTruthAboutEachKey) {
+  const auto layout = desktop::withTips(desktop::bc895Layout());
+  radio.answerAll("OK");
+  for (int key = 0; key < layout.keys.size(); ++key) {
+    const PanelKey& shown = layout.keys[key];
+    SCOPED_TRACE(shown.spoken.toStdString());
+    if (shown.caption == "RMT") {
+      continue;
+    }
+    radio.log.clear();
+    form.pressKey(key, monitor::MouseButton::Left);
+    const std::string pressed = radio.takeLog();
+    if (const std::string letter = part(shown, "Keyboard"); letter != "none") {
+      form.typeKey(typed(letter));
+      EXPECT_EQ(radio.takeLog(), pressed);
+    }
+    form.pressKey(key, monitor::MouseButton::Right);
+    EXPECT_EQ(radio.takeLog().empty(), part(shown, "Right button") == "nothing");
+  }
+}
+
+TEST_F(Bc245Window, TipsTellTheTruthAboutEachKey) {
+  const auto layout = desktop::withTips(desktop::bc245Layout());
+  radio.answerAll("OK");
+  for (const PanelKey& shown : layout.keys) {
+    SCOPED_TRACE(shown.spoken.toStdString());
+    const std::string name = shown.control.toStdString();
+    radio.log.clear();
+    form.pressKey(name, monitor::MouseButton::Left);
+    form.clickKey(name);
+    // A key pressed with the mouse sends its line end twice, and the point asks for the attenuator.
+    std::string pressed = radio.takeLog();
+    std::erase(pressed, '\r');
+    if (const std::string letter = part(shown, "Keyboard"); letter != "none") {
+      form.typeKey(typed(letter));
+      EXPECT_EQ(pressed.substr(0, pressed.find(';')), radio.takeLog());
+    }
+    form.pressKey(name, monitor::MouseButton::Right);
+    EXPECT_EQ(radio.takeLog().empty(), part(shown, "Right button") == "nothing");
+  }
+}
+
+TEST_F(Bc895Window, PanelShowsTipsAndTurnsItsKnobByWheelAndKeys) {
+  auto& panel = find<desktop::RadioPanel>("panel");
+  const QPoint scan = panel.keyRect(10).center();
+  QHelpEvent ask(QEvent::ToolTip, scan, panel.mapToGlobal(scan));
+  QApplication::sendEvent(&panel, &ask);
+  EXPECT_TRUE(QToolTip::text().startsWith("Scans")) << QToolTip::text().toStdString();
+  const auto knobComesUp = [&] {
+    return QTest::qWaitFor([&] { return !state.KnobUpHeld && !state.KnobDownHeld; });
+  };
+  QTest::keyClick(&panel, Qt::Key_PageUp);
+  EXPECT_TRUE(state.KnobUpHeld);
+  EXPECT_TRUE(knobComesUp());
+  const QPointF knob = panel.knobRect().center();
+  QWheelEvent wheel(knob, panel.mapToGlobal(knob), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                    Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&panel, &wheel);
+  EXPECT_TRUE(state.KnobDownHeld);
+  EXPECT_TRUE(knobComesUp());
+}
+
+TEST_F(Bc895Window, ARowOfBanksIsOneTabStop) {
+  openTab(2);
+  auto& first = find<QCheckBox>("MSBank(0)");
+  first.setFocus();
+  QTest::keyClick(&first, Qt::Key_Right);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), "MSBank(2)");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), "MSBank(10)");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), "MSBank(2)") << "back where it was left";
+}
+
+TEST_F(Bc895Window, MenusHaveTheUsualKeysAndHelpKnowsThePage) {
+  const std::map<QString, QString> keys = {{"mnuNew", "Ctrl+N"},
+                                           {"mnuOpenConv", "Ctrl+O"},
+                                           {"mnuSaveConv", "Ctrl+S"},
+                                           {"mnuExit", "Ctrl+Q"},
+                                           {"helpHere", "F1"}};
+  for (const auto& [name, key] : keys) {
+    EXPECT_EQ(find<QAction>(name).shortcut().toString(), key) << name.toStdString();
+  }
+  QStringList pages;
+  const auto kept = window.helpWanted.connect([&](const QString& page) { pages << page; });
+  for (int tab = 0; tab < 4; ++tab) {
+    openTab(tab);
+    find<QAction>("helpHere").trigger();
+  }
+  EXPECT_EQ(pages.join(' ').toStdString(),
+            "plan.html trunking.html connection.html searching.html");
+  for (const QString& page : pages) {
+    EXPECT_TRUE(QFile::exists(QStringLiteral(TARNVEX_HELP) + '/' + page));
+  }
+}
+
+TEST(FitToScreens, BringsAWindowBackOntoAScreen) {
+  const std::vector<QRect> screens = {{0, 0, 1024, 600}, {1024, 0, 2560, 1080}};
+  struct Case {
+    QRect kept;
+    QRect fitted;
+  };
+  for (const auto& [kept, fitted] : std::vector<Case>{
+           {{100, 50, 700, 400}, {100, 50, 700, 400}},
+           {{1200, 50, 2000, 900}, {1200, 50, 2000, 900}},
+           {{100, 50, 1300, 900}, {0, 0, 1024, 600}},
+           {{900, 500, 700, 400}, {1024, 500, 700, 400}},
+           {{-500, -500, 300, 200}, {0, 0, 300, 200}},
+           {{9000, 9000, 300, 200}, {724, 400, 300, 200}},
+       }) {
+    EXPECT_EQ(desktop::fitToScreens(kept, screens), fitted)
+        << kept.x() << ' ' << kept.y() << ' ' << kept.width();
+  }
+}
+
+TEST_F(Bc895Window, ComesBackAsItWasLeft) {
+  WindowMemory memory(settings, "BC895");
+  auto& table = find<QTableView>("MSFlexGrid1");
+  openTab(3);
+  table.setColumnWidth(1, 123);
+  window.setGeometry(10, 20, 640, 500);
+  window.remember(memory);
+  shell::Form4 nextForm{services, outside};
+  desktop::MainWindow next{nextForm, gate, devices};
+  next.restore(memory);
+  form.MSComm1->close();
+  nextForm.load();
+  loop.turn();
+  EXPECT_EQ(next.geometry().topLeft(), QPoint(10, 20));
+  EXPECT_EQ(next.findChild<QTabWidget*>("SSTab1")->currentIndex(), 3);
+  EXPECT_EQ(next.findChild<QTableView*>("MSFlexGrid1")->columnWidth(1), 123);
+  settings.values[std::pair("BC895", "Window")] = "1 2 x";
+  settings.values[std::pair("BC895", "Page")] = "99";
+  EXPECT_FALSE(memory.place().has_value());
+  next.restore(memory);
+}
+
+TEST_F(Bc895Window, APanelInAWideWindowLeavesTheTableItsRoom) {
+  window.resize(2400, 1000);
+  loop.turn();
+  EXPECT_LT(find<desktop::RadioPanel>("panel").height(), 500);
+}
+
+}  // namespace
+}  // namespace tarnvex::test
