@@ -10,6 +10,7 @@
 #include "desktop/panel/display_reader.h"
 #include "desktop/panel/key_painter.h"
 #include "desktop/panel/panel_accessible.h"
+#include "desktop/panel/panel_geometry.h"
 #include "desktop/panel/panel_renderer.h"
 #include "desktop/panel/radio_panel_state.h"
 
