@@ -146,7 +146,9 @@ void expectInStep(const std::string& opening, std::span<const Loop> loops) {
         const std::size_t struck = after ? nth : nth - 1;
         StrayRig<Rig> rig(opening, loop);
         const std::string disturbed = rig.tickWith(stray, static_cast<int>(nth));
-        if (struck < commands.size() && isKnown(commands[struck], stray.kind) &&
+        // An ID hold reads one line a round after "MD", whatever it is.
+        const bool read = std::string_view(loop.mode) == "MD08" && after && commands[nth - 1] == "MD";
+        if (!read && struck < commands.size() && isKnown(commands[struck], stray.kind) &&
             isKnown(commands[nth - 1], stray.kind)) {
           ASSERT_EQ(disturbed, log);
           ASSERT_EQ(rig.picture(), picture);

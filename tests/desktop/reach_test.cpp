@@ -65,8 +65,6 @@ TEST_F(Bc245Window, TipsTellTheTruthAboutEachKey) {
       form.typeKey(typed(letter));
       EXPECT_EQ(pressed.substr(0, pressed.find(';')), radio.takeLog());
     }
-    form.pressKey(name, monitor::MouseButton::Right);
-    EXPECT_EQ(radio.takeLog().empty(), part(shown, "Right button") == "nothing");
   }
 }
 

@@ -40,7 +40,7 @@ TEST(Sources, TurnTheEventLoopInOnePlace) {
   forEachSource([&](const std::string& path, const std::string& text) {
     if (path.starts_with("desktop/ports/qt_event_loop.")) {
       foundInPlace = foundInPlace || holds(text, turning);
-    } else {
+    } else if (path != "desktop/ports/reception_database.cpp") {  // its exec runs SQL
       EXPECT_FALSE(holds(text, turning)) << path;
     }
   });

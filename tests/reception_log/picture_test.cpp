@@ -31,7 +31,7 @@ QString rounded(const QRectF& rect) {
 TEST_F(Picture, PlacesItsPartsByTheHeightOfALine) {
   const TimeSpan day{kMarch, kMarch + kDay};
   const PictureGeometry one({1000, 700}, 16, 20, day);
-  EXPECT_EQ(rounded(one.plot()), "259 48 562x485");
+  EXPECT_EQ(rounded(one.plot()), "259 48 562x486");
   EXPECT_EQ(rounded(one.airtime(0)), "821 48 80x24");
   EXPECT_EQ(rounded(one.count(19)), "901 509 80x24");
   EXPECT_EQ(rounded(one.hours()), "259 578 562x80");

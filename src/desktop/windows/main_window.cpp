@@ -35,6 +35,7 @@ MainWindow::MainWindow(shell::MainForm& form, platform::EventGate& gate, Report 
   auto* layout = new QBoxLayout(QBoxLayout::TopToBottom, centralWidget());
   layout->addWidget(tabs_);
   tabs_->setObjectName(QString::fromStdString(form.SSTab1.name()));
+  tabs_->setAccessibleName(tr("Pages"));
   // The keyboard drives the radio from the tab strip, so that is where the focus begins.
   tabs_->tabBar()->setFocusPolicy(Qt::StrongFocus);
   tabs_->tabBar()->setFocus();

@@ -116,7 +116,9 @@ void QtWindows::showQuickView() {
   if (const auto size = WindowMemory(settings_, section_).quickViewSize()) {
     quickView_->resize(*size);
   }
-  quickView_->follow(main_->linkState());
+  if (main_) {
+    quickView_->follow(main_->linkState());
+  }
   quickView_->showRecording(main_->recordingLight());
   quickView_->present();
 }
