@@ -39,7 +39,7 @@ constexpr Loop kModes245[] = {
     {"MD11", "SB > SB AC; IC > IC B3 005678; PI B > PI B3; WI > WI020F08510125; AF > AFN"},
 };
 
-/// A line out of turn, and how it lies to the reply of the exchange that it comes with.
+/// A line out of turn, and where it comes relative to the reply of its exchange.
 struct Stray {
   const char* kind;
   const char* place;

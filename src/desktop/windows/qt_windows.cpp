@@ -93,8 +93,8 @@ void QtWindows::openNotice(const std::string& caption, const std::string& text) 
   notice_->show();
 }
 
-/// At once: the core is never on the stack of a notice, and one exchange may follow on another
-/// before the loop gets round to deleting it.
+/// At once: the core is never on the stack of a notice, and a second switch may follow before the
+/// event loop deletes the first notice.
 void QtWindows::closeNotice() {
   delete notice_;
 }
