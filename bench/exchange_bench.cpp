@@ -1,5 +1,5 @@
-// What an exchange costs beside the bare line. Both sides talk to the same radio, block by block in
-// turns, so that a busy machine slows both alike.
+// What an exchange costs compared with the bare line. Both talk to the same radio, in alternating
+// blocks, so that a busy machine slows both equally.
 #include <fcntl.h>
 #include <termios.h>
 #include <unistd.h>

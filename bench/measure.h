@@ -44,7 +44,7 @@ class Table {
   void atLeast(const std::string& what, double value, double limit, const char* unit = "");
   /// Without a limit.
   void note(const std::string& what, double value, const char* unit = "");
-  /// Something went wrong that no figure tells.
+  /// Something went wrong that no figure shows.
   void fail(const std::string& why);
 
   /// Rows so far.

@@ -1,5 +1,5 @@
 // The whole program, in this process, on a radio at 9600 baud in another one: how fast it polls,
-// and what that takes of the processor.
+// and how much processor time that takes.
 #include "bench/line.h"
 #include "bench/measure.h"
 #include "desktop/program_rig.h"
@@ -12,7 +12,7 @@ class PollRun {
   /// `seconds` is how long it is watched while it polls.
   PollRun(const Radio& radio, double seconds)
       : seconds_(seconds), rig_(radioAt9600(radio, {"--log", log_})) {
-    // Looks at the program too often would count as its own work.
+    // Checking the program too often would count as its own work.
     rig_.lookMilliseconds = 100;
   }
 

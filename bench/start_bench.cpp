@@ -1,4 +1,4 @@
-// From the start of a process to the painted splash, and what the running program takes of memory.
+// From the start of a process to the painted splash, and how much memory the running program takes.
 #include <QApplication>
 #include <QFile>
 #include <QProcess>

@@ -1,5 +1,5 @@
-// Whether the window ever freezes: somebody types into the full tables of the whole program
-// while it polls a radio at 9600 baud, and while it waits for one that has fallen silent.
+// Whether the window ever freezes: a user types into the full tables of the whole program while it
+// polls a radio at 9600 baud, and while it waits for one that has fallen silent.
 #include <QApplication>
 
 #include "bench/full_plan.h"

@@ -1,5 +1,5 @@
-// The channels of whole banks to a radio at 9600 baud and back, through the whole program's
-// dialogs, beside what the bytes and the radio's thinking time need.
+// The channels of whole banks to a radio at 9600 baud and back, through the dialogs of the whole
+// program, compared with the time that the bytes and the radio's thinking take.
 #include <QAction>
 #include <QApplication>
 #include <QListWidget>
@@ -17,7 +17,7 @@ class TransferRun {
  public:
   TransferRun(const Radio& radio, int banks)
       : banks_(banks), rig_(radioAt9600(radio, {"--log", log_})) {
-    // Looks at the program too often would count as its own work.
+    // Checking the program too often would count as its own work.
     rig_.lookMilliseconds = 100;
     rig_.stepMilliseconds = 120000;
   }

@@ -8,8 +8,8 @@
 #include <string>
 #include <string_view>
 
-/// The entry of every target: runs the program's code on arbitrary bytes. A crash, a sanitizer's
-/// finding, a failed check or a run without end is a fault.
+/// The entry of every target: runs the program's code on arbitrary bytes. A crash, a sanitizer
+/// report, a failed check or an endless run is a fault.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace tarnvex::fuzz {

@@ -11,8 +11,8 @@ namespace tarnvex {
 namespace {
 
 /// The bytes as a radio. For each command one byte tells what comes: on "MD" a mode, otherwise a
-/// length, with that many bytes after it as the reply, or one of the line's faults. A radio that
-/// has no bytes left is silent.
+/// length, followed by that many bytes as the reply, or one of the line's faults. A radio that has
+/// no bytes left is silent.
 class ByteRadio {
  public:
   explicit ByteRadio(std::string_view bytes) : bytes_(bytes) {}

@@ -5,8 +5,8 @@
 
 #include "desktop/report.h"
 
-/// The pictures stand in a library, from which the linker takes only what is asked for. Qt wants
-/// this call outside of any namespace.
+/// The pictures are in a library, and the linker takes only what is referred to. Qt requires this
+/// call outside of any namespace.
 static void initialiseResources() {
   Q_INIT_RESOURCE(desktop);
 }

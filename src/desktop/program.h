@@ -22,8 +22,8 @@
 
 namespace tarnvex::desktop {
 
-/// The whole program, wired: the machine's ports below, the core, the windows above. One object a
-/// process; it needs a QApplication.
+/// The whole program, wired together: the machine's ports, the core and the windows. `main` makes
+/// one object per process. It needs a QApplication.
 class Program : private platform::NonCopyable {
  public:
   /// `programFolder` is where the program keeps its files. `otherPorts`, if given, are used in
@@ -36,7 +36,7 @@ class Program : private platform::NonCopyable {
 
   /// Shows the splash and runs until the user has left. Returns the exit status.
   int run();
-  /// What the maintainers want to know about a fault: see report.h.
+  /// The text that the user sends to the maintainers about a fault: see report.h.
   [[nodiscard]] QString report() const;
 
   QtEventLoop loop;

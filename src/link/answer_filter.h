@@ -14,7 +14,7 @@ enum class Belonging {
   Answer,
   /// An answer to the same question about another channel, slot or bank.
   OtherPlace,
-  /// Surely not its answer.
+  /// Certainly not its answer.
   Elsewhere,
 };
 

@@ -22,7 +22,7 @@ std::string lineSettings(std::string_view baudRate);
 /// kept.
 class LinkControls : private platform::NonCopyable {
  public:
-  /// What the controls work on. All of it outlives them.
+  /// What the controls work on. Everything it refers to outlives them.
   struct Outside {
     platform::SerialPort& port;
     platform::Timer& pollTimer;
@@ -43,10 +43,10 @@ class LinkControls : private platform::NonCopyable {
   platform::ComboBox baudBox;
   platform::Button Command3{"Command3", "Connect"};
 
-  /// From here on the user can open no port: the window is about to close.
+  /// Called when the window is about to close: the user can't open a port any more.
   void disable();
 
-  /// Spins that the radio has for an answer after a change of the baud rate.
+  /// How long the radio may take to answer after a change of the baud rate, in spins.
   static constexpr int kBaudProbeSpins = 12500;
 
   /// Steps of a main window's load. An unreadable value is skipped.

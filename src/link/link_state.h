@@ -10,7 +10,7 @@
 namespace tarnvex::link {
 
 /// The state of the line in words for the user, and whether what the panel shows is live. It
-/// watches the port of a main window, so nobody has to tell it anything. Windows show it.
+/// watches the port of a main window, so it needs no other calls. The windows show it.
 class LinkState : public PortWatcher {
  public:
   /// `radio` is the name of the window's radio, such as "BC895XLT".

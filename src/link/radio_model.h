@@ -18,7 +18,7 @@ enum class DirtyRule {
   EveryKey,       ///< every key except Enter
 };
 
-/// Everything in which the two radios differ as data. Each main window hands its radio's model to
+/// Everything in which the two radios differ as data. Each main window passes its radio's model to
 /// the rooms it uses. What differs in behaviour has code of its own instead, in files named after
 /// the radio.
 struct RadioModel {

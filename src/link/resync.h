@@ -19,8 +19,8 @@ inline constexpr int kMostQuietSpins = 12500;
 /// Returns at once on a closed port or when the device is gone.
 void letFallQuiet(platform::SerialPort& port);
 
-/// Opens a port and lets the line fall quiet: an answer to whoever used it before may be under way.
-/// Gives the description of a failure to open, nothing on success.
+/// Opens a port and lets the line fall quiet: an answer to an earlier user of the port may be under
+/// way. Returns the description of a failure to open, or nothing on success.
 std::optional<std::string> openQuietly(platform::SerialPort& port);
 
 }  // namespace tarnvex::link

@@ -12,7 +12,7 @@ using std::chrono::duration_cast;
 using std::chrono::milliseconds;
 using std::chrono::system_clock;
 
-/// A line that never ends doesn't fill the memory.
+/// A line that never ends must not fill the memory.
 constexpr std::size_t kLongestLine = 200;
 
 std::string timeText(TrafficLog::Time when) {
@@ -87,7 +87,7 @@ void TrafficLog::discarded(std::size_t count) {
 }
 
 void TrafficLog::waitedInVain(const platform::SerialPort& port) {
-  // The radio need not send anything by itself: that is no news.
+  // The radio doesn't have to send anything by itself, so silence isn't worth a line.
   if (awaiting_) {
     add('#', port.trouble() == platform::PortTrouble::Lost ? "the device is gone" : "no reply");
     awaiting_ = false;

@@ -10,7 +10,7 @@
 
 namespace tarnvex::link {
 
-/// Is told what happens at a serial port. It changes nothing there.
+/// Receives what happens at a serial port. It can't change anything there.
 class PortWatcher : private platform::NonCopyable {
  public:
   virtual ~PortWatcher() = default;
@@ -21,13 +21,13 @@ class PortWatcher : private platform::NonCopyable {
   virtual void closed() = 0;
   virtual void sent(std::string_view text) = 0;
   virtual void received(std::string_view text) = 0;
-  /// Bytes were thrown away unread.
+  /// Bytes were discarded unread.
   virtual void discarded(std::size_t count) = 0;
   /// A wait ended without the bytes it was for, since its time was up or the device is gone.
   virtual void waitedInVain(const platform::SerialPort& port) = 0;
 };
 
-/// A serial port that tells a watcher of all that passes. The watcher outlives it.
+/// A serial port that reports everything that passes to a watcher. The watcher outlives it.
 class WatchedPort : public platform::SerialPort {
  public:
   WatchedPort(std::unique_ptr<platform::SerialPort> inner, PortWatcher& watcher)
@@ -54,7 +54,7 @@ class WatchedPort : public platform::SerialPort {
   PortWatcher& watcher_;
 };
 
-/// Makes ports that all tell one watcher. Both arguments outlive it.
+/// Makes ports that all report to one watcher. Both arguments outlive it.
 class WatchedPorts : public platform::SerialPorts {
  public:
   WatchedPorts(platform::SerialPorts& inner, PortWatcher& watcher)

@@ -37,14 +37,14 @@ class BankRotation : private platform::NonCopyable {
   };
 
   /// `section` is the settings section of the boxes, `step` what a tick on a quiet radio does and
-  /// `bankClicked` what follows when a change of a box has been stored.
+  /// `bankClicked` runs after a change of a box has been stored.
   BankRotation(Outside outside, std::string_view section, int banks, int interval,
                std::function<void()> step, std::function<void()> bankClicked);
   ~BankRotation() = default;
 
   [[nodiscard]] PanelBase& panel() { return outside_.panel; }
   std::string send(std::string_view command) { return outside_.link.SendCommand(command); }
-  /// The place in the boxes, kept in the shared state.
+  /// The position among the boxes. It is kept in the shared state.
   [[nodiscard]] int& cursor() { return outside_.state.BankCursor; }
   [[nodiscard]] platform::SharedState& state() { return outside_.state; }
   /// Moves the cursor to the next place, from the last to the first.

@@ -26,7 +26,7 @@ struct PressedKey {
   /// With the right button.
   std::string_view held;
   std::string_view command;
-  /// Held down, the key leads out of the choice of a system type.
+  /// Holding the key down leaves the choice of a system type.
   bool clearsDigitKeyed = false;
 };
 
@@ -49,8 +49,8 @@ constexpr std::array kLockoutModes{
     mode::kProgramEdacs,   mode::kSelectBank,      mode::kIdSearch,      mode::kIdHold,
     mode::kTrunkScan,      mode::kTrunkManual,     mode::kIdSearchEdacs, mode::kIdHoldEdacs,
     mode::kTrunkScanEdacs, mode::kTrunkManualEdacs};
-/// Modes in which the point is the "-" of an ID. The panel's key knows fewer of them than the
-/// keyboard does; it has always been so, and both are as their users know them.
+/// Modes in which the point is the "-" of an ID. Deliberate: the panel's key knows fewer of them
+/// than the keyboard, so it echoes a point in modes in which the keyboard echoes "-".
 constexpr std::array kPanelDashModes{mode::kIdSearch, mode::kTrunkManual, mode::kIdHoldEdacs,
                                      mode::kTrunkManualEdacs};
 constexpr std::array kKeyboardDashModes{mode::kIdSearch,    mode::kIdHold,
@@ -71,8 +71,8 @@ Bc245Keypad::Bc245Keypad(Bc245Panel& panel, const platform::OptionButton& Option
     : panel_(panel), option8_(Option8), actions_(panel, std::move(outside), kLockoutModes) {}
 
 /// The radio answers the second line end too, and the two answers may come as one. If not, the next
-/// exchange throws the second away only if it has arrived by then, and the poll may be that quick:
-/// it would take a refusal for the word of another radio.
+/// exchange discards the second one only if it has arrived by then. The poll may be quick enough to
+/// read it, and would take a refusal for the answer of another radio.
 std::string Bc245Keypad::sendKey(std::string_view command) {
   std::string reply = actions_.send(key::withLineEnd(command));
   if (reply.find('\r') == std::string::npos) {
@@ -93,7 +93,7 @@ bool Bc245Keypad::scanning() {
 void Bc245Keypad::press(std::string_view label, MouseButton button) {
   const bool held = button == MouseButton::Right;
   if (label == "Label1" && held) {
-    // The light is wanted in the dark, where a beep isn't.
+    // Deliberate: the light key never beeps.
     sendKey(key::kLightHeld);
     actions_.state().EntryBuffer.clear();
   } else if (label == "Label25") {
@@ -134,7 +134,7 @@ void Bc245Keypad::click(std::string_view label) {
   }
 }
 
-/// The light leaves an entry standing, but what is keyed next starts afresh.
+/// Deliberate: the light key doesn't end an entry, but the next digit begins a new one.
 void Bc245Keypad::clickLight() {
   actions_.beep();
   sendKey(key::kLight);

@@ -15,10 +15,10 @@ class Bc245Keypad {
   /// `Option8` ("Active Banks") tells which of the radio's two bank lists the digits switch.
   Bc245Keypad(Bc245Panel& panel, const platform::OptionButton& Option8, KeypadOutside outside);
 
-  /// A mouse button went down on a label. The keys that a press holds down go by it, all others by
-  /// `click`; a label that doesn't go by it is passed over.
+  /// A mouse button was pressed on a label. Works the keys that a press holds down; all others work
+  /// by `click`, and are ignored here.
   void press(std::string_view label, MouseButton button);
-  /// The left button went down and came up on a label.
+  /// The left button was pressed and released on a label.
   void click(std::string_view label);
   /// A character was typed on the keyboard; one that means nothing has no effect.
   void type(char character);

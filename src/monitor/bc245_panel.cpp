@@ -3,7 +3,7 @@
 namespace tarnvex::monitor {
 namespace {
 
-/// Amber, as the lamp behind the display is, and the grey-green of the display itself.
+/// Amber, the colour of the lamp behind the display, and the grey-green of the display itself.
 constexpr platform::Colour kLit = 0x4DB2FF;
 constexpr platform::Colour kUnlit = 0x96B0A3;
 

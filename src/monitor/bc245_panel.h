@@ -7,12 +7,12 @@
 
 namespace tarnvex::monitor {
 
-/// The front of the BC245XLT.
+/// The front panel of the BC245XLT. The poll and the keys write it.
 struct Bc245Panel : PanelBase {
   Bc245Panel();
 
-  /// What the main line shows before anything was read: all segments. The poll knows by it that the
-  /// radio has to be started.
+  /// What the main line shows before anything was read: all segments. The poll recognises it and
+  /// starts the radio's scan.
   static constexpr std::string_view kDesignText = "888.8888";
 
   /// "M" in a mode on a Motorola system, "E" on an EDACS one, else empty.
@@ -21,7 +21,7 @@ struct Bc245Panel : PanelBase {
   PanelElement Dly{"Dly", drawn_, "DLY", false};
   PanelElement Att{"Att", drawn_, "ATT", false};
   PanelElement Police{"Police", drawn_, "SERVICE SEARCH ON", false};
-  /// Part of the picture; nothing in the poll touches them.
+  /// Part of the picture. The poll never changes them.
   PanelElement Data{"Data", drawn_, "DATA", false};
   PanelElement Keylock{"Keylock", drawn_, "KEYLOCK", false};
   /// The digits of the ten banks, over their marks, and the word before them.

@@ -5,7 +5,7 @@
 
 namespace tarnvex::monitor {
 
-/// The beep that confirms a key pressed with the mouse. Keys of the keyboard never beep.
+/// The beep that confirms a key pressed with the mouse. Typed keys never beep.
 class KeyBeep {
  public:
   KeyBeep(platform::SettingsStore& settings, platform::Dialogs& dialogs)

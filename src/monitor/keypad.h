@@ -11,10 +11,10 @@
 
 namespace tarnvex::monitor {
 
-/// The mouse button that pressed a key. The right one stands for holding the radio's own key down.
+/// The mouse button that pressed a key. The right one means that the radio's key is held down.
 enum class MouseButton { Left, Right, Other };
 
-/// What a keypad works with beside its panel. All of it outlives the keypad.
+/// What a keypad works with besides its panel. Everything it refers to outlives the keypad.
 struct KeypadOutside {
   link::ScannerLink& link;
   platform::SharedState& state;
@@ -26,8 +26,8 @@ struct KeypadOutside {
 using ModeList = std::span<const std::string_view>;
 bool contains(ModeList modes, std::string_view mode);
 
-/// What the keypads of both radios have in common. A key is one command; the replies aren't looked
-/// at. From the first digit until a key that ends the entry, `EntryActive` keeps the poll off the
+/// What the keypads of both radios have in common. A key is one command, and its reply is ignored.
+/// From the first digit until a key that ends the entry, `EntryActive` keeps the poll off the
 /// display, which shows what is keyed meanwhile. There is no time-out.
 class KeyActions {
  public:
@@ -38,19 +38,21 @@ class KeyActions {
   [[nodiscard]] const std::string& mode() const { return panel_.mode.caption(); }
   void beep() { outside_.keyBeep.sound(); }
   std::string send(std::string_view command) { return outside_.link.SendCommand(command); }
-  /// Takes a line that the radio still has to send, if there is one.
+  /// Reads a line that the radio still has to send, if there is one.
   void skipReply() { outside_.link.ReadReply(); }
   void endEntry() { outside_.state.EntryActive = false; }
 
-  /// Shows a digit, behind those that were keyed before it, and begins the entry with the first.
+  /// Shows a digit after those that were keyed before. The first one begins the entry.
   void echoDigit(platform::Label& target, int digit);
   static void append(platform::Label& target, char character);
-  /// Whether what was keyed may be echoed. Replies come without their line end, so it always may:
-  /// a digit that the radio refuses is seen too, and the radio's own beep tells.
+  /// Whether what was keyed may be echoed. Deliberate: replies come without their line end, so it
+  /// always may. A digit that the radio refuses is shown too; the radio's own beep is the only
+  /// sign.
   static bool accepted(std::string_view reply);
 
   void holdLockout();
-  /// A character that stands for the same key on both radios; false for any other. Ends the entry.
+  /// Sends a character that means the same key on both radios, and ends the entry. False for any
+  /// other character.
   bool typeKey(char character);
 
  private:

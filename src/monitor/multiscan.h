@@ -14,7 +14,7 @@ class Multiscan : public BankRotation {
   static constexpr int kConventionalBanks = 10;
   static constexpr int kBanks = 20;
 
-  /// All of it outlives Multiscan.
+  /// Everything it refers to outlives Multiscan.
   struct Outside {
     PanelBase& panel;
     link::ScannerLink& link;

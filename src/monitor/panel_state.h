@@ -8,7 +8,7 @@
 
 namespace tarnvex::monitor {
 
-/// The labels of a radio's front that are drawn, in the order in which they are declared.
+/// The labels of a radio's front panel that are drawn, in the order in which they are declared.
 using PanelElements = std::vector<const platform::Label*>;
 
 /// A label that is drawn. It adds itself to its front's elements.
@@ -54,7 +54,7 @@ class PanelBase {
       platform::controlArray<PanelElement, 10>("Bankltr", drawn_);
 };
 
-/// The front of the BC895XLT.
+/// The front panel of the BC895XLT. The poll and the keys write it.
 struct PanelState : PanelBase {
   PanelState();
 
@@ -67,9 +67,10 @@ struct PanelState : PanelBase {
   PanelElement CtcssStat{"CtcssStat", drawn_, "CTCSS", false};
   /// The word before the bank letters.
   PanelElement Bank{"Bank", drawn_, "BANK", false};
-  /// Signal bars; the fifth is only ever cleared.
+  /// Signal bars. Deliberate: the fifth is only ever cleared, so the meter never shows more than
+  /// four.
   std::array<PanelElement, 5> Sig = platform::controlArray<PanelElement, 5>("Sig", drawn_);
-  /// Part of the picture; nothing in the poll touches them.
+  /// Part of the picture. The poll never changes them.
   PanelElement Alert{"Alert", drawn_, "ALERT", false};
   PanelElement Line{"Line", drawn_, "LINE", false};
   PanelElement STEP{"STEP", drawn_, "12.5KHz", false};

@@ -11,12 +11,12 @@ namespace tarnvex::monitor {
 /// the radio's state, the pair from the settings.
 class ReceiverOptions : private platform::NonCopyable {
  public:
-  /// `mute` is the window's mute box, which stands among these options. `att` is the attenuator's
+  /// `mute` is the window's mute box, which is one of these options. `att` is the attenuator's
   /// indicator on the panel.
   ReceiverOptions(SwitchBox& mute, platform::Label& att, link::ScannerLink& link,
                   platform::SettingsStore& settings);
 
-  /// Chooses the stored one of the pair. A text that can't be read leaves the choice.
+  /// Chooses the stored one of the pair. A value that can't be read leaves the choice as it is.
   void loadView();
   /// Asks the radio for its switches and ticks the boxes of those that are on. Ticking a box sends
   /// the switch back to the radio, which changes nothing there.

@@ -5,11 +5,11 @@
 namespace tarnvex::monitor {
 namespace {
 
-/// Keeps the name below what file systems take, whatever the tag: 255 bytes, of which a character
-/// may need three.
+/// Keeps the name within the limit of file systems, whatever the tag: 255 bytes, of which a
+/// character may need three.
 constexpr std::size_t kLongestTag = 70;
 
-/// What no file name may hold, or what nobody could read in one.
+/// What a file name must not contain, or what is unreadable in one.
 char inFileName(char character) {
   if (character == '/' || character == '\\') {
     return '-';
@@ -64,7 +64,7 @@ void Recording::start(const std::string& tag, const std::string& frequency) {
   outside_.receptions.recordingBegins();
 }
 
-/// The message is shown behind the tick, so that the poll goes on while it stands.
+/// The message is shown after the tick, so that the poll goes on while it is open.
 void Recording::stop() {
   auto& control = outside_.MMControl1;
   control.command(platform::MediaCommand::Stop);

@@ -13,11 +13,11 @@
 namespace tarnvex::monitor {
 
 /// Name of the wave file of a reception: its tag, or its frequency where there is no tag, and the
-/// time (as `Clock::now` tells it). Always a valid file name of moderate length.
+/// time (in the form of `Clock::now`). Always a valid file name of moderate length.
 std::string recordingName(const std::string& tag, const std::string& frequency,
                           const std::string& time);
 
-/// What the recording uses. All of it outlives the recording.
+/// What the recording uses. Everything it refers to outlives the recording.
 struct RecordingOutside {
   platform::MediaControl& MMControl1;
   platform::SharedState& state;
@@ -31,14 +31,14 @@ struct RecordingOutside {
 };
 
 /// With `chkRecord` ticked, records the PC's sound input for as long as the radio's display shows a
-/// reception, each to a file of its own. Failures never disturb the poll: the user hears of them
-/// once, behind the stop, and the box is unticked.
+/// reception, each to a file of its own. Failures never disturb the poll. The user is told once,
+/// after the recording has stopped, and the box is unticked.
 class Recording {
  public:
   explicit Recording(RecordingOutside outside) : outside_(std::move(outside)) {}
 
-  /// Run once a tick, with what the last tick left on the display. A running recording goes on to
-  /// the end of its reception, also if the box is unticked meanwhile.
+  /// Called once a tick with what the last tick left on the display. A recording that is running
+  /// goes on to the end of its reception, even if the box is unticked meanwhile.
   void gate(bool active, const std::string& tag, const std::string& frequency);
   /// The window goes: what is being recorded belongs to what was heard until now.
   void leave();

@@ -27,7 +27,7 @@ struct SearchlistMenu {
 /// Choosing a search sends its limits at once, unchecked, before the user confirms the search.
 class CustomSearch : private platform::NonCopyable {
  public:
-  /// All of it outlives the searches.
+  /// Everything it refers to outlives the searches.
   struct Outside {
     link::ScannerLink& link;
     platform::SharedState& state;

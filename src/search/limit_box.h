@@ -10,8 +10,8 @@
 namespace tarnvex::search {
 
 /// A box of the search range, lower or upper limit in MHz, that the user edits key by key. When it
-/// gets the focus its whole text is selected. The poll refreshes it from the radio while nobody
-/// types in it; Enter sends the limit and gives the box back to the poll.
+/// gets the focus its whole text is selected. The poll refreshes it from the radio while the user
+/// doesn't type in it. Enter sends the limit and returns the box to the poll.
 class LimitBox : public platform::TextBox {
  public:
   /// `editing` is set while the user edits, `command` sets the limit on the radio, and `next` gets
@@ -20,10 +20,10 @@ class LimitBox : public platform::TextBox {
            link::ScannerLink& link, platform::Dialogs& dialogs);
 
   [[nodiscard]] bool editing() const { return editing_; }
-  /// Sends the limit in the box as it is, unless it is no number.
+  /// Sends the limit in the box, unless it isn't a number.
   void send();
 
-  /// Limits that the radios take, in MHz, both included.
+  /// The lowest and the highest limit that the radios accept, in MHz.
   static constexpr double kLowest = 29.0;
   static constexpr double kHighest = 956.0;
 

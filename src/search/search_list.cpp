@@ -17,7 +17,7 @@ constexpr std::string_view kFileName = "/Searchlist.txt";
 
 using Fields = std::array<std::string, 4>;
 
-/// `Ended` also where the file ends within a record.
+/// Also `Ended` if the file ends within a record.
 enum class Outcome { Read, Ended, Failed };
 
 Outcome readFields(SequentialFiles& files, Fields& fields) {
@@ -60,7 +60,7 @@ platform::Failure write(SequentialFiles& files, const SearchListRecord& record) 
   return files.write(kFile, {record.id, record.lower, record.upper, record.name});
 }
 
-/// A limit as it is saved: through the picture and back.
+/// A limit as it is saved: formatted by the picture and read back.
 std::optional<double> savedLimit(std::optional<double> limit, std::string_view mask) {
   return limit ? platform::toReal(platform::format(*limit, mask)) : std::nullopt;
 }
@@ -203,7 +203,7 @@ void SearchList::rewriteWithout(const std::string& name, const std::vector<Field
   for (const Fields& fields : records) {
     const auto record = recordOf(fields);
     if (!record) {
-      // The list doesn't show it, so nobody has asked for it to go.
+      // The list doesn't show it, so the user hasn't asked to delete it.
       ports_.files.write(kFile, {fields[0], fields[1], fields[2], fields[3]});
     } else if (record->name != name) {
       current_ = *record;

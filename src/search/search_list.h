@@ -25,11 +25,12 @@ struct SearchListRecord {
 };
 
 /// The saved searches, `Searchlist.txt` in the program's directory, and the list `List3` that shows
-/// their names. Both radios share the file. It is installed with the program and never made by it:
-/// every operation reports its absence and leaves the list as it was.
+/// their names. Both radios share the file. It is installed with the program, which never creates
+/// it. If it is missing, every operation says so and leaves the list as it was.
 ///
-/// What the file holds isn't checked: a record that can't be read is passed over. A search whose
-/// limits are no numbers is saved with those of the record that was read or written last.
+/// The contents aren't checked, and a record that can't be read is skipped. Deliberate: a search
+/// whose limits aren't numbers is saved with the limits of the record that was read or written
+/// last.
 class SearchList : private platform::NonCopyable {
  public:
   struct Ports {
@@ -47,14 +48,15 @@ class SearchList : private platform::NonCopyable {
   /// Fills `List3` in the order of the file.
   void load();
   /// "Save Search As..": asks for a name and adds the search between the two limits, in MHz. A
-  /// limit that is none leaves that of the record read or written last.
+  /// limit that isn't a number is replaced by that of the record read or written last.
   void append(std::optional<double> lower, std::optional<double> upper);
-  /// "Delete Search": asks, and removes all searches that have the selected one's name, not that
-  /// one alone. The others are numbered anew. With more records than it can rewrite it says so and
-  /// leaves the file alone; so it does, without a word, if the file can't be read to its end.
+  /// "Delete Search": asks, and removes the selected search. Deliberate: all searches with the same
+  /// name go, too. The others are renumbered. If there are more records than it can rewrite, it
+  /// shows a message and leaves the file as it is. If the file can't be read to its end, it does
+  /// the same without a message.
   void removeSelected();
-  /// The first record with that id; nothing if there is none or the file is missing. It becomes the
-  /// record read last.
+  /// The first record with that id, or nothing if there is none or the file is missing. It becomes
+  /// the record read last.
   std::optional<SearchListRecord> find(int id);
 
   platform::ListBox List3{"List3"};

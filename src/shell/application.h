@@ -10,13 +10,14 @@
 
 namespace tarnvex::shell {
 
-/// The program from its splash to its end: which window stands, and the exchange of the main
-/// windows when the radio is changed. It decides nothing else.
+/// The program from its splash to its end: which window is open, and the switch of the main windows
+/// when the user connects the other radio. The program makes one and
+/// calls `start`.
 class Application {
  public:
   Application(const Services& services, WindowLayer& windows);
 
-  /// Shows the splash. All else follows from its timer.
+  /// Shows the splash. Everything else follows from its timer.
   void start();
 
   /// The main window in use, if there is one.

@@ -17,7 +17,7 @@ class Form2 : public MainForm {
 
   void load() override;
 
-  /// A mouse button went down on the panel's label of that control name, or clicked it.
+  /// The user pressed a mouse button on the panel's label with that control name, or clicked it.
   void pressKey(std::string_view label, monitor::MouseButton button) {
     keypad_.press(label, button);
   }

@@ -51,7 +51,7 @@ std::shared_ptr<QuickViewForm> Form4::openQuickView(WindowLayer& windows) {
   return form;
 }
 
-/// This window lets the sound input go by itself; the other one leaves it to its end.
+/// This window releases the sound input itself. The other one leaves that to its destructor.
 void Form4::releaseSound() {
   MMControl1->command(platform::MediaCommand::Close);
 }
@@ -64,8 +64,8 @@ void Form4::loadColour() {
   }
 }
 
-/// The colour is kept also when the user cancels: it is then the one that was there. Black, which
-/// would hide the display's segments, isn't taken.
+/// Deliberate: the colour is saved even when the user cancels. It is then the old one. Black isn't
+/// accepted, since it would hide the display's segments.
 void Form4::chooseDisplayColour() {
   auto& background = panel.Label1;
   const auto chosen = services_.dialogs.chooseColour(background.backColor());
@@ -75,8 +75,9 @@ void Form4::chooseDisplayColour() {
   services_.settings.saveSetting("Colors", "Backcolor", std::to_string(background.backColor()));
 }
 
-/// The COM option comes before the baud rate box here: with COM 2 to 4 the poll is on by then, so
-/// the box asks its question during the start. The BC245XLT's window has the other order.
+/// Deliberate: the COM option comes before the baud rate box. With COM 2 to 4 the poll is then
+/// already on, so the box asks its question during the start. The BC245XLT's window has the other
+/// order.
 void Form4::loadLink() {
   linkControls.chooseStoredPort();
   if (const auto rate = platform::toReal(linkControls.storedBaudRate())) {

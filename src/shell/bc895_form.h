@@ -24,7 +24,7 @@ class Form4 : public MainForm {
     (up ? services_.state.KnobUpHeld : services_.state.KnobDownHeld) = false;
   }
 
-  /// A mouse button went down on the key `Keypad(index)`.
+  /// A mouse button was pressed on the key `Keypad(index)`.
   void pressKey(int index, monitor::MouseButton button) { keypad_.press(index, button); }
   void typeKey(char character) override { keypad_.type(character); }
   /// The user double-clicked the display's background, `Label1`.
@@ -35,7 +35,7 @@ class Form4 : public MainForm {
   monitor::PanelState panel;
   /// The Multiscan frame: banks A to J conventional (0 to 9) and trunked (10 to 19).
   monitor::Multiscan multiscan;
-  /// Runs without a dialog: the window shows how far it has come.
+  /// Runs without a dialog. The window shows its progress.
   trunking::Bc895IdTransfer idTransfer;
 
  protected:

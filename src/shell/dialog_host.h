@@ -14,15 +14,15 @@
 
 namespace tarnvex::shell {
 
-/// The dialogs of a main window: each is made when it is asked for, stands on the screen until it
-/// tells `closed`, and is destroyed once the core's stack is empty. There is one of a kind at a
-/// time; asking again brings it to the front.
+/// The dialogs of a main window. Each is made when it is asked for, stays on the screen until it
+/// notifies `closed`, and is destroyed when the core's stack is empty. There is one of each kind at
+/// a time. Asking for it again brings it to the front.
 class DialogHost : private platform::NonCopyable {
  public:
   DialogHost(platform::EventGate& gate, WindowLayer& windows) : gate_(gate), windows_(windows) {}
   ~DialogHost() { closeAll(); }
 
-  /// Shows the dialog that `make` gives, unless one of its kind stands already. `make` returns a
+  /// Shows the dialog that `make` returns, unless one of its kind is already open. `make` returns a
   /// shared pointer to the form, which may own more than the form. `load` runs before the dialog is
   /// on the screen; it may ask the user, and if the dialog is closed meanwhile it isn't shown.
   /// Returns the new form, or null.
@@ -47,7 +47,7 @@ class DialogHost : private platform::NonCopyable {
     return form.get();
   }
 
-  /// Shows a form that somebody else keeps, and returns when it has told `closed` or the program
+  /// Shows a form that the caller owns. Returns when the form has notified `closed` or the program
   /// has ended.
   template <class Form>
   void showAndWait(Form& form) {

@@ -45,7 +45,7 @@ MainForm::MainForm(const Services& services, MainFormOutside outside, const link
 }
 
 void MainForm::requestUnload() {
-  // A second request while the question stands adds nothing.
+  // A second request while the question is open does nothing.
   if (asking_) {
     return;
   }
@@ -56,16 +56,17 @@ void MainForm::requestUnload() {
   if (answer != platform::Answer::Yes) {
     return;
   }
-  // The flag still stands in the moment behind an exchange of the windows. It spares the window
-  // that was exchanged; left standing, it would take this one apart and not end the program.
+  // The flag is still set just after a switch of the windows. It is meant for the window that was
+  // replaced. If it stayed set, this window would unload without ending the program.
   services_.state.SwitchingScanners = false;
   unload();
 }
 
 void MainForm::unload() {
-  // The window goes from here on: a request while the next question stands adds nothing either.
+  // The window is closing from here on: a request while the next question is open does nothing
+  // either.
   asking_ = true;
-  // What the user still clicks before the window is gone must not open the port again.
+  // A late click of the user must not open the port again.
   linkControls.disable();
   closeQuickView();
   // The poll must not exchange the windows behind the question.
@@ -153,7 +154,7 @@ void MainForm::mnuQV() {
   outside_.windows.showMain(false);
 }
 
-/// Also when the main window goes, with the radio: the small window shows labels of it.
+/// Called also when the main window closes: the small window shows its labels.
 void MainForm::closeQuickView() {
   if (!quickView_) {
     return;

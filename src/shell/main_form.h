@@ -29,7 +29,7 @@
 
 namespace tarnvex::shell {
 
-/// What the main window asks of the program around it.
+/// What the main window needs from the program around it.
 struct MainFormOutside {
   /// The other model has answered.
   std::function<void()> switchScanner;
@@ -42,19 +42,19 @@ struct MainFormOutside {
 /// and its poll timer. Only one main window is in use at a time.
 ///
 /// Life: constructed, `load`, then the poll runs until `requestUnload` is granted. It is destroyed
-/// no earlier than when no function of the core is on the stack.
+/// only when no function of the core is on the stack.
 class MainForm : private platform::NonCopyable {
  public:
   MainForm(const Services& services, MainFormOutside outside, const link::RadioModel& model);
   virtual ~MainForm() = default;
 
-  /// Reads the settings, opens the port and starts the poll. Errors of every step are passed over.
+  /// Reads the settings, opens the port and starts the poll. A step that fails is skipped.
   virtual void load() = 0;
   /// The user wants to close the window, by the menu, a panel key or the window's own button. May
   /// be refused.
   void requestUnload();
-  /// Offers to save the plan and closes the port; ends the program unless the main windows are
-  /// being exchanged.
+  /// Offers to save the plan and closes the port. Ends the program unless the main windows are
+  /// being switched.
   void unload();
 
   /// The File menu's commands on the plan.
@@ -80,7 +80,8 @@ class MainForm : private platform::NonCopyable {
   void mnuSearch() { outside_.windows.showHelp(HelpView::Search); }
   void mnuAbout();
 
-  /// A character was typed with the tab strip in focus, or with a control that has no use for it.
+  /// A character was typed while the tab strip, or a control that passes its keys on, had the
+  /// focus.
   virtual void typeKey(char character) = 0;
 
   /// What the tables' clipboard and undo keys do.
@@ -129,15 +130,15 @@ class MainForm : private platform::NonCopyable {
   monitor::HitLists hitLists;
 
  protected:
-  /// The radio's front.
+  /// The radio's front panel.
   [[nodiscard]] virtual monitor::PanelBase& front() = 0;
   [[nodiscard]] monitor::PollOutside pollOutside();
   [[nodiscard]] monitor::KeypadOutside keypadOutside();
 
-  /// What a transfer drives of this window.
+  /// The parts of this window that a transfer uses.
   [[nodiscard]] memory::TransferWindow transferWindow();
   [[nodiscard]] memory::TransferOutside transferOutside();
-  /// Loads and shows a dialog, modal as this radio's dialogs are.
+  /// Loads and shows a dialog. It is modal if this radio's dialogs are.
   template <class Form, class... Arguments>
   void showDialog(Arguments&&... arguments) {
     dialogHost_.show<Form>(
@@ -151,7 +152,7 @@ class MainForm : private platform::NonCopyable {
   }
   /// Makes the small window's form and shows it.
   virtual std::shared_ptr<QuickViewForm> openQuickView(WindowLayer& windows) = 0;
-  /// This window is on its way out.
+  /// This window is closing.
   virtual void releaseSound() {}
 
  private:

@@ -20,15 +20,15 @@ struct Twips {
   double y = 0;
 };
 
-/// The small window over all others: a copy of the radio's display, for as long as the main window
-/// is hidden. It has no state but its place. The window layer shows the main window's labels in it
-/// as they change, so the two can't differ.
+/// The small window above all others: a copy of the radio's display, shown while the main window is
+/// hidden. Its position is its only state. The window layer shows the main window's labels in it as
+/// they change, so the two can't differ.
 class QuickViewForm : private platform::NonCopyable {
  public:
-  /// Run by the window layer as it makes the window, before it shows: where the window was when it
-  /// was last closed, or the bottom right corner of the screen.
+  /// The window layer calls it when it has made the window, before it shows it. Takes the position
+  /// at which the window was last closed, or the bottom right corner of the screen.
   void load(Twips screen, Twips size);
-  /// Keeps the place.
+  /// Saves the position.
   void unload();
   /// A click on the window, any key in it, or its own close button.
   void userClose() { closed.notify(); }

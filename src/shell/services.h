@@ -17,7 +17,7 @@
 
 namespace tarnvex::shell {
 
-/// What the windows of the core are given to work with. Everything outlives them.
+/// What the windows of the core work with. Everything it refers to outlives them.
 struct Services {
   platform::SharedState& state;
   platform::EventGate& gate;

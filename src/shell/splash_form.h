@@ -7,9 +7,9 @@
 
 namespace tarnvex::shell {
 
-/// The splash window. It stands for a second, makes the first contact with the radio and tells
-/// which main window fits. There is no third outcome: no answer, or none that can be read, counts
-/// as a BC245XLT, and the poll of the main window then mends a wrong choice or reports the silence.
+/// The splash window. It stays for a second, makes the first contact with the radio and finds out
+/// which main window fits. Deliberate: no answer, or one that can't be read, counts as a BC245XLT.
+/// The poll of the main window then corrects a wrong choice or reports the silence.
 class Form1 {
  public:
   /// `identified` is called once, with `ModelKey` set and the port closed again.
@@ -24,8 +24,8 @@ class Form1 {
 
   Services services_;
   std::function<void()> identified_;
-  /// Stays on its initial 9600 baud whatever rate is stored: the first contact is always tried at
-  /// that rate.
+  /// Deliberate: stays at its initial 9600 baud, whatever rate is stored. A radio at another rate
+  /// is not recognised at the first contact.
   std::unique_ptr<platform::SerialPort> MSComm1_;
 };
 

@@ -28,11 +28,11 @@ class QuickView;
 class frmAbout;
 class frmReceptionLog;
 
-/// How the help comes up: at its contents, or ready to search for a word.
+/// How the help opens: at its contents, or ready to search for a word.
 enum class HelpView { Contents, Search };
 
-/// What the program asks of the layer that draws its windows. A window is bound to its form from
-/// `open` to `close`; the form lives longer than that.
+/// The layer that draws the windows, as the core sees it. The application and the main windows call
+/// it. A window is bound to its form from `open` to `close`, and the form outlives it.
 class WindowLayer : private platform::NonCopyable {
  public:
   virtual ~WindowLayer() = default;
@@ -44,11 +44,11 @@ class WindowLayer : private platform::NonCopyable {
   virtual void closeMain() = 0;
   /// Hides the main window, or brings it back.
   virtual void showMain(bool shown) = 0;
-  /// The small window over all others; the layer runs the form's `load` when it knows the sizes.
+  /// The small window above all others. The layer calls the form's `load` when it knows the sizes.
   virtual void openQuickView(QuickView& form) = 0;
   virtual void openQuickView(Form9& form) = 0;
   virtual void closeQuickView() = 0;
-  /// `Form6`: a notice with one label and no buttons, over all else.
+  /// `Form6`: a notice with one label and no buttons, above all other windows.
   virtual void openNotice(const std::string& caption, const std::string& text) = 0;
   virtual void closeNotice() = 0;
   /// Dialogs over the main window; a modal one blocks it.
@@ -59,11 +59,10 @@ class WindowLayer : private platform::NonCopyable {
   virtual void openDialog(trunking::Form5& form, bool modal) = 0;
   virtual void openDialog(frmAbout& form, bool modal) = 0;
   virtual void openDialog(frmReceptionLog& form, bool modal) = 0;
-  /// Closes the dialog of a form, or brings it to the front. A form without a dialog is passed
-  /// over.
+  /// Closes the dialog of a form, or brings it to the front. Ignores a form that has no dialog.
   virtual void closeDialog(const void* form) = 0;
   virtual void raiseDialog(const void* form) = 0;
-  /// Shows the program's manual; says so where it is missing.
+  /// Shows the program's manual, or a message if it is missing.
   virtual void showHelp(HelpView view) = 0;
   /// The program has ended: close all windows and leave the event loop.
   virtual void quit() = 0;

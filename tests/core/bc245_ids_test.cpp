@@ -10,7 +10,7 @@ using testing::ElementsAre;
 constexpr const char* kNobody = "- -   - - -";
 const std::string kTime = " - 2031-05-06 07:08:09 Bank: ";
 
-/// What a round asks behind a line that begins with "ID".
+/// What a round asks after a line that begins with "ID".
 std::string lookup(const std::string& window = "WI020F08510125", const std::string& decimal = "N") {
   return "; WI > " + window + "; AF > AF" + decimal;
 }
@@ -74,7 +74,7 @@ TEST_F(Bc245Ids, FollowIdsFromRoundToRound) {
   const auto tagConnection =
       form.panel.Alpha.changed.connect([&] { tags.push_back(form.panel.Alpha.caption()); });
   stay("MD15", round("ID S 005678", lookup(), "MD15") +
-                   // Strayed in, a line of nobody's.
+                   // A stray line.
                    round("SB AC", "", "MD15") +
                    // The other form of an ID of the plan, which the plan alone can name.
                    round("ID S 00-153", lookup("WI020F08510125", "F"), "MD15") +
@@ -101,7 +101,7 @@ TEST_F(Bc245Ids, ListWhatTheDisplayShows) {
   stay("MD09", round("ID S 000007", lookup(), "MD09") +
                    round("ID S 000011", lookup("WI020F08520125"), "MD00"));
   EXPECT_THAT(form.hitLists.List2.items(), ElementsAre("7" + kTime + "2 ", "11" + kTime + "2 "));
-  // Keyed digits stand on the display while the user enters them, and stay there.
+  // Keyed digits stay on the display while the user enters them.
   form.hitLists.List2.clear();
   state.EntryActive = true;
   form.panel.Frequency.setCaption("42");

@@ -12,7 +12,7 @@ const std::string kLitRest = kRest + ", Bank" + kAllMarks;
 
 TEST(Bc245Modes, Conventional) {
   test::expectModes<Bc245Rig>({
-      // The opening has asked for the priority; this answer counts for nothing.
+      // The opening has asked for the priority; this answer is ignored.
       {"MD00", "SB > SB ACJ; PR > PRN; MA > NG", "Frequency: Scanning, Scan, Bank, Bankltr: 1 3 10",
        "Frequency: Scanning, Scan, " + kRest + ", Bank, Bankltr: 1 3 10"},
       {"MD00", "SB > SB A; PR > PRF; MA > C012 F01551150 TN DN LN AF RF N05; PC A > PC A012",
@@ -34,7 +34,7 @@ TEST(Bc245Modes, Search) {
        "Frequency: Searching, Search, Trunk, " + kLitRest},
       {"MD02", "SQ > +" + heard, "Frequency: 155.1150, Alpha: Fire, Search",
        "Frequency: 155.1150, Alpha: Fire, Search, Trunk, " + kLitRest},
-      // On hold the radio stands on a frequency, heard or not.
+      // On hold the radio stays on a frequency, heard or not.
       {"MD03", "SQ > -; WI > WI000F00460125", "Frequency: 46.0125, Hold, Search",
        "Frequency: 46.0125, Hold, Search, Trunk, " + kLitRest},
       {"MD04", "SQ > -", "Frequency: Searching, Police",
@@ -48,7 +48,7 @@ TEST(Bc245Modes, Search) {
   });
 }
 
-/// What is asked of an active ID, behind "IC".
+/// What is asked about an active ID after "IC".
 std::string voice(const std::string& priority, const std::string& decimal,
                   const std::string& lockout, const std::string& window = "WI020F08510125") {
   return "; PI B > " + priority + "; WI > " + window + "; AF > " + decimal + "; LO > " + lockout;
@@ -91,7 +91,7 @@ TEST(Bc245Modes, Other) {
   }
   test::expectModes<Bc245Rig>(
       {{"MD08", "", "Alpha: Select Bank, Trunk", "Alpha: Select Bank" + lit}});
-  // The panel stays as it was, but for what belongs to the opening.
+  // The panel stays as it was, except for what belongs to the opening.
   for (const auto& [mode, type] : {std::pair<const char*, std::string>{"MD13", "M"},
                                    {"MD19", "E"},
                                    {"MD21", "X"},

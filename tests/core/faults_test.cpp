@@ -14,7 +14,7 @@ std::string modeOf(int code) {
   return "MD" + std::to_string(100 + code).substr(1);
 }
 
-/// What a radio in order answers.
+/// What a healthy radio answers.
 std::string healthy(std::string_view command, std::string_view mode) {
   static const std::vector<test::Exchange> kReplies =
       test::opening("") +

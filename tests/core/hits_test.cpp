@@ -94,7 +94,7 @@ TEST_F(HitsTest, AreSkippedOnceKnown) {
   radio.expect(test::script("KEY09 > OK"));
   form.hitLists.chkSkip.userClick();
   search(true, kTagged, true);
-  // With the squelch closed the plan decides, by what stood on the display.
+  // With the squelch closed the plan decides, for what was on the display.
   search(false, kTagged, true);
   search(false, kUntagged, true);
   search(false, kUntagged, false);

@@ -17,7 +17,7 @@ struct Bc245KeypadTest : test::KeypadRig<Bc245Panel> {
     state.ModelKey = "BC245";
     setMode("MD01");
   }
-  /// An entry that stands, as text.
+  /// The entry in progress, as text.
   void enter() {
     state.EntryBuffer = "1";
     state.EntryActive = true;

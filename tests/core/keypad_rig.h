@@ -53,7 +53,7 @@ struct KeypadRig : testing::Test {
     state.CurrentMode = mode;
     panel.mode.setCaption(mode);
   }
-  /// What was sent since the last call, a doubled line end as "|".
+  /// What was sent since the last call. A doubled line end reads "|".
   std::string sent() {
     std::string log = radio.takeLog();
     std::replace(log.begin(), log.end(), '\r', '|');

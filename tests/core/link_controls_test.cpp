@@ -26,7 +26,7 @@ const Box kRestored{
     "your scanner's users manual.",
     "Scanner Not Responding", 48};
 
-/// Both main windows, each with its link controls as they stand after a start on COM 1 at 9600.
+/// Both main windows, each with its link controls as they are after a start on COM 1 at 9600.
 struct Window : test::World {
   explicit Window(bool bc895) {
     if (bc895) {

@@ -19,7 +19,7 @@ TEST(Modes, Conventional) {
        "Delay, LO, MHZ, CtcssStat, Bank, Bankltr: A, Sig: 2 / 79.7",
        "Frequency: 155.1150, Alpha: Fire, Channel: P  12, CTCSS: 79.7, Scan, Trunk, Auto, "
        "Priority, Delay, LO, MHZ, CtcssStat, Bank, Alert, Line, Bankltr: A, Sig: 2 / 79.7"},
-      // Without tone squelch the tone that stands keeps standing.
+      // Without tone squelch the last tone stays.
       {"MD01", "CT > CTF; PR > PRF; MA > C031 F00460125 TF DF LF AF RF N05; PC B > PC B001",
        "Frequency: 46.0125, Channel: 31, MHZ, Bank, Bankltr: B, Sig: 2 / 000.0",
        "Frequency: 46.0125, Channel: 31, CTCSS: 88.5, Hold, Auto, MHZ, Bank, Alert, Line, "

@@ -124,7 +124,7 @@ TEST_F(MultiscanTest, CannotBeOnWithoutABank) {
   form.multiscan.Option5.userClick();
   EXPECT_FALSE(form.multiscan.timer.enabled());
   start({0});
-  // Off the line: the last look round mustn't go round for ever.
+  // Off the line: the last round must end.
   form.MSComm1->close();
   form.multiscan.MSBank[0].userClick();
   EXPECT_FALSE(form.multiscan.Option5.value() || form.multiscan.Option5.enabled() ||

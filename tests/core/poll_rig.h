@@ -11,7 +11,7 @@
 
 namespace tarnvex::test {
 
-/// Replies as the radios word them. The characters between the fields are the radio's affair.
+/// Replies as the radios word them. The characters between the fields have no meaning.
 inline constexpr const char* kBc245Identity = "SIBC245XLT 0024500172 V124";
 
 /// The questions with which every tick of a BC895XLT begins, and their answers.
@@ -95,7 +95,7 @@ struct PollRig : World {
   }
 
   /// All that the poll writes, as one text: the panel with its texts in full and its indicators by
-  /// name, and behind a slash what can't be seen on it.
+  /// name, and after a slash what can't be seen on it.
   [[nodiscard]] std::string picture() const {
     std::string all;
     for (const std::string& line : monitor::describe(form.panel)) {
@@ -160,7 +160,7 @@ struct Bc245Rig : PollRig<shell::Form2> {
   }
 };
 
-/// The parts of a picture, which come in no particular order.
+/// The parts of a picture, in no particular order.
 inline std::multiset<std::string> parts(std::string picture) {
   std::multiset<std::string> all;
   for (std::size_t end = 0; end != std::string::npos;) {
@@ -171,7 +171,7 @@ inline std::multiset<std::string> parts(std::string picture) {
   return all;
 }
 
-/// A mode's exchanges behind the opening, and the whole panel behind it: once on a dark panel,
+/// A mode's exchanges after the opening, and the whole panel after the tick: once on a dark panel,
 /// which shows what the mode lights, and once on one with everything lit, which shows what it
 /// leaves.
 struct ModeCase {
@@ -199,7 +199,7 @@ void expectModes(const std::vector<ModeCase>& cases) {
   }
 }
 
-/// What stands on the display behind a tick, while the user keys "42" there.
+/// What the display shows after a tick while the user keys "42" there.
 struct EntryCase {
   std::string mode;
   std::string exchanges;

@@ -89,7 +89,7 @@ TEST_F(ScannerLinkTest, GivesUpExactlyAtItsSpinLimits) {
     } else if (std::string(name) == "list") {
       got = query({{answer, spins}});
     } else if (std::string(name) == "line") {
-      // The line comes that long behind the reply to the command before it.
+      // The line comes this long after the reply to the command before it.
       send({"IDN", std::vector<Piece>{{"\r"}, {"IDNS\r", spins}}});
       got = link.ReadReply();
     } else {
@@ -123,7 +123,7 @@ TEST_F(ScannerLinkTest, PassesOverLinesThatBelongElsewhere) {
     int boxes = 0;
   };
   const Case cases[] = {
-      // Before the answer, in pieces, joined with it, behind it.
+      // Before the answer, in pieces, joined with it, after it.
       {"MD", {{"ID S 001234\r"}, {"MD08\r", 60000}}, "MD08"},
       {"MD", {{"MD\r"}, {"LO"}, {"F\rMD"}, {"08\r"}}, "MD08"},
       {"MD", {{"ID E\rMD08\rID E\r"}}, "MD08"},
@@ -148,12 +148,12 @@ TEST_F(ScannerLinkTest, PassesOverLinesThatBelongElsewhere) {
 
 TEST_F(ScannerLinkTest, LetsTheLineFallQuietWhereAnAnswerMayBeUnderWay) {
   const std::tuple<const char*, std::vector<Piece>, bool> cases[] = {
-      // A line of somebody else's taken for a key's answer, and a second answer still to come.
+      // A line that belongs elsewhere taken for a key's answer, and a second answer still to come.
       {"KEY00", {{"ID E\r"}, {"OK\r", 1500}}, true},
       {"KEY00\r", {{"OK\r"}, {"ERR\r", 1500}}, true},
       {"IDN", {{"MD08\r"}, {"OK\r", 1500}}, true},
       {"MD", {{"MD0"}, {"8\r", 72600}}, true},
-      // No delay behind answers that are in order.
+      // No delay after answers that are in order.
       {"KEY00", {{"OK\r"}}, false},
       {"KEY00\r", {{"OK\rERR\r"}}, false},
       {"IDN", {{"ID S 001234\r"}}, false},
@@ -203,7 +203,7 @@ TEST_F(ScannerLinkTest, ReportsSilenceOnceAndThenReturnsAtOnce) {
 TEST_F(ScannerLinkTest, StaysQuietWhileItsMessageStands) {
   int behind = 0;
   dialogs.whileOpen = [&] {
-    // The poll goes on behind the box; the port is still open.
+    // The poll goes on while the box is open, and so is the port.
     ++behind;
     EXPECT_TRUE(port->portOpen());
     EXPECT_EQ(link.SendCommand("SI") + link.ReadReply() + link.QueryIdLockouts(), "");
@@ -238,7 +238,7 @@ TEST_F(ScannerLinkTest, ReadsListsUpToTheirEnd) {
   EXPECT_EQ(query({{"SS01551150\rSS0"}, {"8510125\r", 90000}, {"EN"}, {"D\r"}}),
             "SS01551150\rSS08510125\rEND");
   EXPECT_EQ(query({{"END\r"}}), "END");
-  // Lines of somebody else's, also right behind the end.
+  // Lines that belong elsewhere, also right after the end.
   EXPECT_EQ(query({{"ID E\rSS\rSS01551150\r"}, {"MD02\rSS08510125\rEND\rID E\r"}}),
             "SS01551150\rSS08510125\rEND");
   radio.expect({{"IL", "IL001234\rEND"}});

@@ -39,7 +39,7 @@ constexpr Loop kModes245[] = {
     {"MD11", "SB > SB AC; IC > IC B3 005678; PI B > PI B3; WI > WI020F08510125; AF > AFN"},
 };
 
-/// A line out of turn, and how it lies to the reply of the exchange that it comes with.
+/// A line out of turn, and where it comes relative to the reply of its exchange.
 struct Stray {
   const char* kind;
   const char* place;
@@ -147,7 +147,8 @@ void expectInStep(const std::string& opening, std::span<const Loop> loops) {
         StrayRig<Rig> rig(opening, loop);
         const std::string disturbed = rig.tickWith(stray, static_cast<int>(nth));
         // An ID hold reads one line a round after "MD", whatever it is.
-        const bool read = std::string_view(loop.mode) == "MD08" && after && commands[nth - 1] == "MD";
+        const bool read =
+            std::string_view(loop.mode) == "MD08" && after && commands[nth - 1] == "MD";
         if (!read && struck < commands.size() && isKnown(commands[struck], stray.kind) &&
             isKnown(commands[nth - 1], stray.kind)) {
           ASSERT_EQ(disturbed, log);

@@ -13,7 +13,7 @@ using testing::IsEmpty;
 constexpr const char* kIdentity = "SIBC245XLT 0123456789 0215";
 constexpr const char* kReopened = "open COM 1 at 9600,n,8,1";
 
-/// A line on which one radio can be exchanged for the other.
+/// A line on which one radio can replace the other.
 struct SwitchTest : testing::Test, test::World {
   Application application{services, windows};
   bool bc895 = false;
@@ -113,7 +113,7 @@ TEST_F(SwitchTest, ShowsItsNoticeOnASilentAndClosedLine) {
     if (call.starts_with("openNotice")) {
       EXPECT_FALSE(old->MSComm1->portOpen() || old->Scantimer.enabled());
       EXPECT_TRUE(state.SwitchingScanners);
-      // Nobody opens the port of a window that goes, and its poll stays off.
+      // Nobody opens the port of a window that is closing, and its poll stays off.
       loop.onTurn(1, [&] {
         gate.enter([&] { seen = true; });
         gate.enterTimer(old->Scantimer);

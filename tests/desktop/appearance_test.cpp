@@ -112,7 +112,9 @@ void collectNameless(QAccessibleInterface* here, QStringList& nameless) {
   const bool anonymous = here->text(QAccessible::Name).isEmpty() &&
                          here->role() != QAccessible::Cell && here->role() != QAccessible::ListItem;
   const bool roleless = here->role() == QAccessible::Client || here->role() == QAccessible::NoRole;
-  if (isControl && (anonymous || roleless)) {
+  // The frame around the pages is a client by role; its tab bar is the control.
+  const bool isFrame = qobject_cast<QTabWidget*>(here->object()) != nullptr;
+  if (isControl && !isFrame && (anonymous || roleless)) {
     nameless << (here->object() != nullptr ? here->object()->objectName() : QStringLiteral("?")) +
                     QStringLiteral(" as %1").arg(here->role());
   }

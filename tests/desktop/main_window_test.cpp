@@ -195,7 +195,7 @@ TEST_F(Bc895Window, ClosingAsks) {
   window.close();
   EXPECT_EQ(dialogs.takeBoxes(), question);
   EXPECT_TRUE(window.isVisible() && form.MSComm1->portOpen() && form.Scantimer.enabled() && !ended);
-  // A second wish to close while the question stands asks nothing more.
+  // A second close request while the question is open asks nothing more.
   dialogs.answers = {Answer::Yes};
   dialogs.whileOpen = [&] {
     window.close();

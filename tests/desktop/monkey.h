@@ -15,15 +15,15 @@
 
 namespace tarnvex::test {
 
-/// Where a widget stands, by the names of those that it stands in.
+/// Where a widget is, by the names of the widgets that contain it.
 QString describeWidget(const QWidget* widget);
 
-/// A user without a plan: clicks, types, drags and closes whatever the windows offer, while the
-/// radio changes its mode, its model and its manners. Events go to the windows as the window system
+/// A user who acts at random: clicks, types, drags and closes whatever the windows offer, while the
+/// radio changes its mode, its model and its faults. Events go to the windows as the window system
 /// delivers them, so what is covered or blocked can't be reached. It acts wherever the program lets
 /// events in, also amid an exchange, and gives dialogs answers that stay within `folder`.
 ///
-/// It then waits for the poll to be well again, and leaves.
+/// Then it waits until the poll works again, and leaves.
 class Monkey : public QObject {
  public:
   Monkey(desktop::Program& program, NoisyLine& line, QString folder, unsigned seed);
@@ -70,7 +70,7 @@ class Monkey : public QObject {
 
   [[nodiscard]] shell::MainForm* form() const { return program_.application.mainForm(); }
   [[nodiscard]] QWidget* anyWindow();
-  /// How the program stands, for a failure's text.
+  /// The state of the program, for a failure's text.
   [[nodiscard]] QString stand() const;
 
   desktop::Program& program_;

@@ -1,4 +1,4 @@
-// The program under a user without a plan, on a line without manners.
+// The program under a user who acts at random, on a line that fails.
 #include "desktop/monkey.h"
 
 #include <gtest/gtest.h>
@@ -64,7 +64,7 @@ class Surroundings : private platform::NonCopyable {
   QtMessageHandler handler_ = nullptr;
 };
 
-/// Ends the test program, with what was going on, once a run stands still.
+/// Ends the test program and says what was going on when a run hangs.
 class Watchdog {
  public:
   Watchdog(Monkey& monkey, unsigned seed)

@@ -27,7 +27,7 @@ class NoisyLine : public platform::SerialPorts {
   /// A line that nobody asked for.
   void stray(const std::string& text) { line.stray(text, clock_); }
 
-  /// Else the radio hears 9600 baud only.
+  /// Otherwise the radio understands 9600 baud only.
   bool anyBaud = false;
   radio::Radio radio;
   radio::SerialLine line;

@@ -1,4 +1,4 @@
-// The line goes away under the running program, and comes back.
+// The line is lost while the program runs, and comes back.
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>

@@ -98,7 +98,7 @@ TEST_F(Bc895Window, TypedKeysAreSeenWhileAnExchangeWaits) {
     EXPECT_EQ(form.MSFlexGrid1.textMatrix(2, 1), "7");
     loop.turn();
     EXPECT_TRUE(watch.painted);
-    // The cursor moves too, and a second wish stays outside the core until the exchange is over.
+    // The cursor moves too, and a second request stays outside the core until the exchange is over.
     QTest::keyClick(&table, Qt::Key_Down);
     EXPECT_EQ(form.MSFlexGrid1.row(), 3);
     QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, cell.center());

@@ -14,7 +14,7 @@
 
 namespace tarnvex::test {
 
-/// A tarnvex-radio of its own, steered by its control lines. Fails the test if it refuses one.
+/// A tarnvex-radio of its own, driven by its control lines. Fails the test if it refuses one.
 class RadioProcess : private platform::NonCopyable {
  public:
   explicit RadioProcess(const QStringList& arguments);
@@ -28,7 +28,7 @@ class RadioProcess : private platform::NonCopyable {
   QProcess process_;
 };
 
-/// What the user or the radio does once something shows.
+/// What the user or the radio does when something is shown.
 struct Step {
   std::string name;
   std::function<bool()> when;
@@ -64,7 +64,7 @@ class ProgramRig {
 
   /// How often the conditions are looked at.
   int lookMilliseconds = 2;
-  /// How long a step is waited for: far beyond what it takes, also on a busy machine.
+  /// The limit for a step: far more than it needs, even on a busy machine.
   int stepMilliseconds = 20000;
   /// Notices that the link is lost, in the whole run.
   int silences = 0;

@@ -10,8 +10,8 @@
 
 namespace tarnvex::test {
 
-/// A sound server of the test's own, without any sound card: two sources that hum, of which one is
-/// the default one. While it lives, the program under test records from it.
+/// A sound server for the test, without any sound card: two sources that hum, of which one is the
+/// default one. While it lives, the program under test records from it.
 class SoundServer : private platform::NonCopyable {
  public:
   static constexpr int kDefaultHertz = 440;

@@ -10,7 +10,8 @@
 
 namespace tarnvex::test {
 
-/// The far end of a serial line, in the test's hands: a pseudo terminal behind a name that stays.
+/// The far end of a serial line, driven by the test: a pseudo terminal under a name that stays the
+/// same.
 class TestLine {
  public:
   TestLine() : link_(path()) { plugIn(); }
@@ -40,7 +41,7 @@ class TestLine {
   void receive() {
     received += terminal_->read();
     if (onReceived) {
-      // Not from within the notifier's own signal, which `unplug` destroys.
+      // Not within the signal of the notifier, which `unplug` destroys.
       QMetaObject::invokeMethod(
           &context_, [this] { onReceived(); }, Qt::QueuedConnection);
     }

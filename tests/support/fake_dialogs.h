@@ -50,7 +50,7 @@ class FakeDialogs : public platform::Dialogs {
     const Box box{text, title, flags};
     boxes.push_back(box);
     const int buttons = static_cast<int>(flags) & 7;
-    // Known before the hook runs, since boxes that open behind this one take the later answers.
+    // Known before the hook runs, since boxes that open after this one take the later answers.
     const platform::Answer answer = buttons == 0 ? platform::Answer::Ok : nextAnswer(box, buttons);
     if (whileOpen) {
       whileOpen();

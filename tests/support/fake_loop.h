@@ -21,7 +21,7 @@ class FakeLoop : public platform::EventLoop {
 
   /// Delivered by the n-th turn from now, 1 being the next.
   void onTurn(int nth, Event event) { byTurn_.emplace(turns_ + nth, std::move(event)); }
-  /// Delivered by the first turn or sleep at or behind that time.
+  /// Delivered by the first turn or sleep at or after that time.
   void at(std::int64_t milliseconds, Event event) {
     byTime_.emplace(milliseconds, std::move(event));
   }

@@ -11,7 +11,7 @@
 namespace tarnvex::test {
 
 /// A window layer that draws nothing and records what it is asked to do. It keeps the forms that
-/// stand, so that a test can use their controls.
+/// are open, so that a test can use their controls.
 class RecordingWindows : public shell::WindowLayer {
  public:
   void openSplash(shell::Form1& form) override {
@@ -69,7 +69,7 @@ class RecordingWindows : public shell::WindowLayer {
   std::vector<std::string> takeCalls() { return std::exchange(calls, {}); }
 
   std::vector<std::string> calls;
-  /// Runs at every call, behind its recording.
+  /// Runs at every call, after it has been recorded.
   std::function<void(const std::string& call)> onCall;
   shell::Form1* splash = nullptr;
   shell::Form4* form4 = nullptr;
@@ -79,7 +79,7 @@ class RecordingWindows : public shell::WindowLayer {
   /// The screen and the small window, in twips.
   static constexpr shell::Twips kScreen{15360, 9000};
   static constexpr shell::Twips kSmallWindow{3000, 1200};
-  /// The forms whose dialogs stand, in the order of opening.
+  /// The forms whose dialogs are open, in the order of opening.
   std::vector<void*> dialogs;
 
  private:

@@ -21,7 +21,7 @@
 
 namespace tarnvex::test {
 
-/// Bytes that arrive together, `after` spins behind those before them (the first ones: behind the
+/// Bytes that arrive together, `after` spins after those before them (the first ones: after the
 /// command). A reply is never there at once, so one spin is the least.
 struct Piece {
   std::string bytes;
@@ -62,9 +62,9 @@ inline std::vector<std::string> splitAt(const std::string& separator, const std:
   return parts;
 }
 
-/// Exchanges as a transcript: "SQ > +; SG > S018 F01551150". A line that the radio sends by itself,
-/// once the reply has been read, stands behind it: "IDN > OK > IDNS 005678". A command alone is met
-/// with silence.
+/// Exchanges as a transcript: "SQ > +; SG > S018 F01551150". A line that the radio sends by itself
+/// once the reply has been read comes after it: "IDN > OK > IDNS 005678". A command alone gets no
+/// answer.
 inline std::vector<Exchange> script(const std::string& transcript) {
   std::vector<Exchange> exchanges;
   for (const auto& line :
@@ -83,9 +83,9 @@ inline std::vector<Exchange> operator+(const std::vector<Exchange>& first,
   return first + script(transcript);
 }
 
-/// The radio at the other end of the line. It expects exact commands: an unexpected or another one
-/// fails the test and is met with silence, one that never comes fails it too. No real time passes;
-/// `spins` is the line's clock.
+/// The radio at the other end of the line. It expects exact commands: any other one fails the test
+/// and gets no answer, and one that never comes fails it too. No real time passes; `spins` is the
+/// line's clock.
 class ScriptedRadio : private platform::NonCopyable {
  public:
   ~ScriptedRadio() { expectSpent(); }
@@ -127,12 +127,12 @@ class ScriptedRadio : private platform::NonCopyable {
   /// And why.
   platform::PortTrouble trouble = platform::PortTrouble::None;
   /// Whether a wait without limit, on a line where nothing comes any more, is one that the user
-  /// ends; otherwise it fails the test as a program that hangs.
+  /// ends; otherwise the test fails, because the program hangs.
   bool userLeaves = false;
   /// Commands, and "open COM 1 at 9600,n,8,1" and "close", in order.
   std::vector<std::string> log;
   std::int64_t spins = 0;
-  /// Ports on its line that stand.
+  /// The number of ports on its line.
   int ports = 0;
 
  private:

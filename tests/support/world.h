@@ -27,7 +27,7 @@ class FakeCommonDialogs : public platform::CommonDialogs {
   }
 };
 
-/// All that the program's windows work with, as fakes. Windows of a test must go before it.
+/// Everything the program's windows work with, as fakes. It must outlive a test's windows.
 struct World {
   FakeLoop loop;
   platform::EventGate gate{loop};

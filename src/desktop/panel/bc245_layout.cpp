@@ -3,7 +3,7 @@
 #include "desktop/panel/panel_layout.h"
 
 // The hand-held: display on top, then a grid of four columns and six rows. The digits are in the
-// first three columns as on a telephone, what acts on a channel in the fourth.
+// first three columns as on a telephone. The keys that act on a channel are in the fourth.
 namespace tarnvex::desktop {
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include "desktop/panel/panel_layout.h"
 
-// The desk set is laid out on a grid: five rows for the keys, the display over the first four of
-// them. The bank keys are right below the bank letters of the display, column by column.
+// The desk set is laid out on a grid: five rows of keys, with the display over the first four. The
+// bank keys are right below the bank letters of the display, column by column.
 namespace tarnvex::desktop {
 namespace {
 

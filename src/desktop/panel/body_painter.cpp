@@ -54,7 +54,7 @@ void paintBezel(QPainter& painter, const QRectF& bezel, double radius) {
   painter.drawRoundedRect(bezel, radius, radius);
 }
 
-/// A round part seen from the side: the light runs down its middle.
+/// A round part seen from the side, brightest in the middle.
 void paintFitting(QPainter& painter, const PanelFitting& fitting) {
   QLinearGradient round(fitting.rect.topLeft(), fitting.rect.topRight());
   round.setColorAt(0, style::kBodyBottom.darker(130));

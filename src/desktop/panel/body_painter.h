@@ -6,8 +6,8 @@
 
 namespace tarnvex::desktop {
 
-/// Draws all that never changes: body, frame of the display, fittings, print, knob, keys at rest.
-/// The painter is in units.
+/// Draws everything that never changes: body, frame of the display, fittings, print, knob, keys at
+/// rest. The painter uses layout units.
 void paintBody(QPainter& painter, const PanelLayout& layout);
 
 }  // namespace tarnvex::desktop

@@ -44,7 +44,7 @@ void paintFixed(QPainter& painter, const DisplayElement& element, const QColor& 
 }
 
 void paintShade(QPainter& painter, const QRectF& glass) {
-  // The frame stands proud of the glass and throws a narrow shadow on its upper edge.
+  // The frame is higher than the glass and casts a narrow shadow on its upper edge.
   QLinearGradient shade(glass.topLeft(), glass.topLeft() + QPointF(0, 9));
   shade.setColorAt(0, QColor(0, 0, 0, 70));
   shade.setColorAt(0.4, QColor(0, 0, 0, 18));

@@ -7,7 +7,7 @@
 #include "desktop/panel/panel_layout.h"
 #include "desktop/panel/segment_face.h"
 
-/// The lit glass and what it shows; the painter is in units.
+/// Draws the lit glass and what it shows. The painter uses layout units.
 namespace tarnvex::desktop {
 
 /// Near-black on a bright back light, near-white on a dark one.
@@ -23,7 +23,7 @@ void paintGlass(QPainter& painter, const PanelLayout& layout, const QColor& back
 void paintElement(QPainter& painter, const SegmentFace& face, const DisplayElement& element,
                   const QString& text, bool lit, const QColor& ink);
 
-/// Where a line of segments is drawn in its element's rectangle.
+/// Where a line of segments is in its element's rectangle.
 QTransform segmentPlace(const DisplayElement& element, const SegmentLine& line);
 
 /// The unlit cells behind a line of segments. Their number follows the text.
@@ -31,7 +31,7 @@ void paintSegmentGhost(QPainter& painter, const DisplayElement& element, const S
                        const QColor& ink);
 
 /// The line of segments that shows `text` in `element`. Without a text, or with one that segments
-/// can't show, it is the element at rest.
+/// can't show, it is the element's rest text.
 SegmentLine segmentLine(const SegmentFace& face, const DisplayElement& element,
                         const QString& text);
 

@@ -16,7 +16,7 @@ struct KeyLook {
 /// How far a key's drawing (its seat, its focus ring) reaches beyond its rectangle, in units.
 inline constexpr double kKeyMargin = 4;
 
-/// Draws one key over whatever look it had before; the painter is in units.
+/// Draws one key over its previous look. The painter uses layout units.
 void paintKey(QPainter& painter, const PanelLayout& layout, const PanelKey& key,
               const KeyLook& look);
 

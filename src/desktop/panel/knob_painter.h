@@ -4,7 +4,7 @@
 
 #include "desktop/panel/panel_layout.h"
 
-/// The tuning knob; the painter is in units.
+/// Draws the tuning knob. The painter uses layout units.
 namespace tarnvex::desktop {
 
 /// The parts that never change: ring of dark marks, skirt, cap.

@@ -4,11 +4,11 @@ namespace tarnvex::desktop {
 
 class RadioPanel;
 
-/// Makes screen readers see a RadioPanel as a group that reads its display, with a button for each
-/// key. Called by every panel; the first call counts.
+/// Presents a RadioPanel to screen readers as a group that reads its display, with a button for
+/// each key. Every panel calls it, and only the first call has an effect.
 void installPanelAccessibility();
 
-/// Tells a screen reader that the focus is on that key now.
+/// Tells a screen reader that this key now has the focus.
 void announceKeyFocus(RadioPanel* panel, int keyIndex);
 
 }  // namespace tarnvex::desktop

@@ -7,7 +7,7 @@
 namespace tarnvex::desktop {
 namespace {
 
-// A step aside counts as much as this many steps ahead.
+// A step to the side counts as this many steps ahead.
 constexpr double kAsideWeight = 2.5;
 
 QPointF directionOf(Qt::Key arrow) {

@@ -2,7 +2,7 @@
 
 #include "desktop/panel/panel_layout.h"
 
-/// What lies where on a front, for pointers and arrow keys. Points are in units.
+/// Finds keys and knob on a front panel, for pointers and arrow keys. Points are in layout units.
 namespace tarnvex::desktop {
 
 /// Index of the key at that point, or -1.

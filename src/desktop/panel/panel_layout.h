@@ -8,7 +8,7 @@
 #include <QVector>
 #include <optional>
 
-/// Where things are on a radio's front: pure data, one value per radio.
+/// Where things are on a radio's front panel: pure data, one value per radio.
 ///
 /// All measures are abstract units of the drawing; RadioPanel scales them to its widget, so only
 /// their proportions matter. At 100 % and the natural size of the panel a unit is about a pixel.
@@ -26,7 +26,7 @@ enum class ElementKind {
   Mark,         ///< A small mark, only its visibility changes.
 };
 
-/// Whether such an element is lit or dark and nothing else: its text is of no account.
+/// Whether such an element is only lit or dark. Its text is then ignored.
 bool hasOwnShape(ElementKind kind);
 
 /// One changing thing on the display glass.
@@ -38,7 +38,7 @@ struct DisplayElement {
   /// rest, such as "888.8888". Empty: no ghost.
   QString ghost;
   Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter;
-  /// What precedes the text when the display is read aloud ("channel"), or replaces the word.
+  /// What comes before the text when the display is read aloud ("channel"), or replaces the word.
   QString spoken;
   bool silent = false;  ///< Left out when the display is read aloud.
 };
@@ -53,7 +53,7 @@ enum class KeyTone { Function, Digit, Bank, Quiet };
 struct PanelKey {
   QString control;  ///< Control name, "Keypad(10)" or "Label2".
   QString caption;  ///< The exact caption of the control, blanks included.
-  QString label;    ///< What is drawn on the key; a line feed parts two lines.
+  QString label;    ///< What is drawn on the key; a line feed separates two lines.
   QString spoken;   ///< Accessible name.
   QString tip;      ///< Shown when the pointer rests on the key; the accessible description.
   QRectF rect;
@@ -85,7 +85,7 @@ struct PanelCaption {
   Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter;
 };
 
-/// A round part that rises behind the case, seen from the side: an antenna, a small knob.
+/// A round part on top of the case, seen from the side: an antenna, a small knob.
 struct PanelFitting {
   QRectF rect;
   double radius = 0;
@@ -98,7 +98,7 @@ struct PanelLayout {
   double bodyRadius = 0;
   QRectF bezel;            ///< The dark frame around the display.
   QRectF glass;            ///< The lit display itself.
-  QColor displayColour;    ///< Back colour of the display to begin with.
+  QColor displayColour;    ///< Initial back colour of the display.
   QColor lightColour;      ///< Back colour with the light on; the same if it is always on.
   double keyLetters = 10;  ///< Letter height of a one-line key label, in units.
   QVector<DisplayElement> elements;

@@ -17,7 +17,7 @@ struct ElementState {
   bool lit = false;
 };
 
-/// All that changes on a front, as a value.
+/// Everything that changes on a front panel, as a value.
 struct FrontState {
   QVector<ElementState> elements;  ///< In the order of the layout.
   QVector<int> keysDown;           ///< Key indices drawn as pressed.
@@ -34,8 +34,8 @@ struct FrontState {
 QColor shownBack(const FrontState& state);
 QColor shownInk(const FrontState& state);
 
-/// Draws a front at the size it was given. What doesn't change is kept in a picture; a paint copies
-/// from it and draws the elements that the clip touches.
+/// Draws a front at the size it was given. What doesn't change is kept in a picture. Painting
+/// copies from it and draws the elements that the clip touches.
 class PanelRenderer {
  public:
   explicit PanelRenderer(const PanelLayout& layout);

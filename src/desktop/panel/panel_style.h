@@ -2,7 +2,7 @@
 
 #include <QColor>
 
-/// The few colours of the drawn radios. One light shines from above the panel, a little in front.
+/// The colours of the drawn radios. The light comes from above the panel, a little in front.
 namespace tarnvex::desktop::style {
 
 inline const QColor kBodyTop{0x4a, 0x4d, 0x52};

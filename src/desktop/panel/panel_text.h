@@ -14,8 +14,8 @@ struct Lettering {
   Qt::Alignment align = Qt::AlignCenter;
 };
 
-/// Draws one or more lines (parted by line feeds) into `rect` with the painter's pen. A line that
-/// is too wide shrinks, to three quarters at most, and is then elided.
+/// Draws one or more lines (separated by line feeds) into `rect` with the painter's pen. A line
+/// that is too wide shrinks, to three quarters at most, and is then elided.
 void drawLettering(QPainter& painter, const QRectF& rect, const QString& text,
                    const Lettering& lettering);
 

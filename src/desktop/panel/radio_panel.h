@@ -12,13 +12,13 @@ namespace tarnvex::desktop {
 
 class PanelRenderer;
 
-/// A radio's front, drawn: shows what it is told and reports presses. It knows no radio and decides
-/// nothing; a window binds its elements to the panel's labels and its signals to the key handlers.
+/// Draws a radio's front panel and reports presses. It has no knowledge of the radios. A window
+/// binds its elements to the panel's labels and its signals to the key handlers.
 ///
-/// It keeps the layout's proportions within whatever room it gets, and repaints only what changed.
-/// It begins with every element dark. One key at a time takes the keyboard focus: the arrow keys
-/// move it, Space and Enter press; Page Up, Page Down and the wheel turn the knob. All other keys
-/// are left to the parent widget, and so are mouse presses beside the keys and the knob.
+/// It keeps the layout's proportions at any size, and repaints only what has changed. It begins
+/// with every element dark. One key at a time takes the keyboard focus: the arrow keys move it,
+/// Space and Enter press; Page Up, Page Down and the wheel turn the knob. All other keys are left
+/// to the parent widget, and so are mouse presses beside the keys and the knob.
 class RadioPanel : public QWidget {
   Q_OBJECT
   Q_DISABLE_COPY_MOVE(RadioPanel)

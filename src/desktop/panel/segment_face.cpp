@@ -29,7 +29,7 @@ QPainterPath fontGlyph(const QFont& font, QChar character) {
   return toCell.map(path);
 }
 
-/// The font strikes its zero through; in a frequency a plain one reads better, and its O is one.
+/// The font's zero has a slash. A plain one is easier to read in a frequency, so its O is used.
 QChar drawnAs(QChar character) {
   return character == QLatin1Char('0') ? QLatin1Char('O') : character.toUpper();
 }

@@ -98,7 +98,7 @@ constexpr double kMiddle = 0.5;
 constexpr double kCentre = (kLeft + kRight) / 2;
 constexpr double kGap = 0.012;
 
-/// A bar from one centre point to another with pointed ends, a hair short of both.
+/// A bar from one centre point to another, with pointed ends just short of both.
 QPolygonF bar(QPointF from, QPointF to, double half) {
   const QPointF along = to - from;
   const double length = std::hypot(along.x(), along.y());

@@ -11,7 +11,7 @@ std::string valueName(int slot) {
   return "COM" + std::to_string(slot);
 }
 
-/// Adapters that name no maker leave it empty; some name the maker in both.
+/// Some adapters leave the maker empty. Others repeat it in the product.
 QString describe(const QSerialPortInfo& port) {
   const QString maker = port.manufacturer().simplified();
   const QString product = port.description().simplified();

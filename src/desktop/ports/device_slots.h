@@ -18,12 +18,12 @@ struct FoundPort {
   /// Maker and product as the adapter names them; may be empty.
   QString description;
 
-  /// For people: "FTDI FT232R USB UART (ttyUSB0)".
+  /// For display: "FTDI FT232R USB UART (ttyUSB0)".
   [[nodiscard]] QString title() const;
   bool operator==(const FoundPort& other) const = default;
 };
 
-/// The serial devices that there are, USB adapters first.
+/// The serial devices of this machine, USB adapters first.
 QVector<FoundPort> findPorts();
 
 /// The link in `folder` that leads to the device at `path`, or `path` itself.
@@ -36,13 +36,13 @@ class DeviceSlots {
   static constexpr int kSlots = 4;
   using Find = std::function<QVector<FoundPort>()>;
 
-  /// `find` is asked each time, so that it may see a device come and go.
+  /// `find` is called each time, so that it sees devices come and go.
   explicit DeviceSlots(platform::SettingsStore& settings, Find find = findPorts)
       : settings_(settings), find_(std::move(find)) {}
 
   /// The device's path, empty if the slot has none.
   [[nodiscard]] QString device(int slot) const;
-  /// Names the slot's device; an empty path gives the slot back to the found ones.
+  /// Sets the slot's device. With an empty path the slot takes a device that is found again.
   void setDevice(int slot, const QString& path);
   [[nodiscard]] bool isNamed(int slot) const;
   [[nodiscard]] QVector<FoundPort> found() const { return find_(); }

@@ -21,7 +21,8 @@ DeviceWatcher::DeviceWatcher(QStringList folders, std::function<void()> changed,
   watch();
 }
 
-/// A folder that comes with the first device, and goes with the last, is watched anew.
+/// A folder that appears with the first device and disappears with the last one has to be watched
+/// again.
 void DeviceWatcher::watch() {
   for (const QString& folder : folders_) {
     if (QFileInfo::exists(folder) && !watcher_.directories().contains(folder)) {

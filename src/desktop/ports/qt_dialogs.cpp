@@ -162,7 +162,7 @@ std::optional<platform::Colour> QtDialogs::chooseColour(platform::Colour current
 
 void QtDialogs::beep() {
   constexpr int kBeepMilliseconds = 100;
-  // A thousand characters of a pasted text that don't fit are one beep.
+  // A thousand pasted characters that don't fit cause one beep.
   if (!lastBeep_.isValid() || lastBeep_.hasExpired(kBeepMilliseconds)) {
     QApplication::beep();
     lastBeep_.start();

@@ -25,11 +25,11 @@ class QtDialogs : public platform::Dialogs {
   void setBusyPointer(bool busy) override;
 
  private:
-  /// `preset` is the button that Enter presses; none for the box's own choice.
+  /// `preset` is the button that Enter presses, or none for the box's own choice.
   platform::Answer ask(const std::string& text, const std::string& title,
                        platform::MessageFlags flags, QMessageBox::StandardButton preset);
-  /// Shows the dialog and yields until it is answered; its window may go meanwhile and take it
-  /// along. Whether it was accepted.
+  /// Shows the dialog and yields until it is answered. If its window closes meanwhile, the dialog
+  /// closes with it. Returns whether it was accepted.
   bool accepted(const QPointer<QDialog>& dialog);
 
   platform::EventGate& gate_;

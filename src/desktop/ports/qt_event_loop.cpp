@@ -5,7 +5,7 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// Nobody notices a window that freezes for this long.
+/// Users don't notice a window that freezes for this long.
 constexpr int kStillMilliseconds = 4;
 
 }  // namespace

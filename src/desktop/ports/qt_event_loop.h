@@ -18,11 +18,11 @@ class QtEventLoop : public platform::EventLoop {
   void turn() override;
   void waitForEvents(int milliseconds) override;
 
-  /// Delivers events until `done` holds, which is looked at after each turn, or the deadline
-  /// passes. Returns `done`.
+  /// Delivers events until `done` holds, which is checked after each turn, or the deadline passes.
+  /// Returns `done`.
   bool waitUntil(const std::function<bool()>& done, QDeadlineTimer deadline);
-  /// Waits for bytes on the device itself, without delivering events: a millisecond at the most,
-  /// and not at all if the last turn of the loop is longer ago than a window may freeze.
+  /// Waits for bytes on the device itself, without delivering events: for a millisecond at most,
+  /// and not at all if the window has waited for a turn of the loop for too long.
   void waitOnDevice(QIODevice& device);
 
   /// Runs the program until `leave`. Returns its exit status.

@@ -142,7 +142,7 @@ bool QtSerialPort::waitForInput(std::size_t atLeast, platform::Spins& budget) {
     return false;
   }
   const QDeadlineTimer deadline(budget.left * kSpin, Qt::PreciseTimer);
-  // A quick answer costs no turn of the event loop.
+  // A quick answer needs no turn of the event loop.
   loop_.waitOnDevice(serial_);
   loop_.waitUntil([&] { return holds(atLeast) || !usable(); }, deadline);
   const auto left = nanoseconds(deadline.remainingTimeNSecs());
@@ -157,13 +157,13 @@ bool QtSerialPort::waitForInput(std::size_t atLeast) {
 }
 
 void QtSerialPort::onError(QSerialPort::SerialPortError error) {
-  // No modem lines on a pseudo terminal, for one: not a loss.
+  // For example, a pseudo terminal has no modem lines: the device isn't lost.
   if (!usable() || error == QSerialPort::NoError || error == QSerialPort::TimeoutError ||
       error == QSerialPort::UnsupportedOperationError) {
     return;
   }
   trouble_ = PortTrouble::Lost;
-  // Not from within the port's own signal.
+  // The port must not be closed within its own signal.
   QMetaObject::invokeMethod(
       this,
       [this] {

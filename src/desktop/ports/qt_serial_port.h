@@ -13,8 +13,8 @@ namespace tarnvex::desktop {
 /// A serial port of this machine. Its waits turn the event loop, so the window stays alive; what
 /// the user does meanwhile waits at the event gate.
 ///
-/// A device that goes away is closed at once, since an unplugged one reports its error without end;
-/// to the core the port stays open, and its exchanges run into silence.
+/// A device that is lost is closed at once, since an unplugged one reports its error without end.
+/// For the core the port stays open, and its exchanges get no answer.
 class QtSerialPort : public QObject, public platform::SerialPort {
  public:
   QtSerialPort(QtEventLoop& loop, const platform::EventGate& gate, const DeviceSlots& devices);

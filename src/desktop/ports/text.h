@@ -8,11 +8,11 @@ namespace tarnvex::desktop {
 
 /// Core text (Windows-1252, one byte a character) for the screen.
 QString toScreen(std::string_view text);
-/// As much of it as a line on the screen can show. A file may bring a field of any length, and
-/// laying that out would hold the window up for seconds.
+/// The same, cut to what a line on the screen can show. A field of a file can have any length, and
+/// its layout would block the window for seconds.
 QString lineToScreen(std::string_view text);
-/// Text of the screen for the core. Characters that the code page doesn't have are dropped;
-/// `dropped` tells whether any were.
+/// Text from the screen for the core. Characters that the code page doesn't have are dropped, and
+/// `dropped` says whether there were any.
 std::string fromScreen(const QString& text, bool* dropped = nullptr);
 
 /// The same with `substitute` in place of each character that would be dropped.

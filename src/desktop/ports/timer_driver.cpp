@@ -21,7 +21,7 @@ TimerDriver::~TimerDriver() {
 
 void TimerDriver::restart() {
   clock_.stop();
-  // A running handler arms the timer when it ends.
+  // A handler that is running starts the timer when it ends.
   if (timer_.enabled() && !timer_.running()) {
     clock_.start(timer_.interval());
   }

@@ -9,7 +9,7 @@ namespace tarnvex::desktop {
 /// Never a menu, a tip or the manual.
 QWidget* windowInUse();
 
-/// Closes a dialog without an answer, since the window that it belongs to goes.
+/// Closes a dialog without an answer, because the window that it belongs to closes.
 void withdraw(QDialog* dialog);
 [[nodiscard]] bool isWithdrawn(const QDialog& dialog);
 

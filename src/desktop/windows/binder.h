@@ -24,7 +24,7 @@ void keepRoom(QWidget* widget);
 void focusIfShown(QWidget* widget);
 
 /// Binds widgets to the core's control models: a widget shows its model's state and passes the
-/// user's events on, through the event gate. It takes no decision. The widget gets the control's
+/// user's events on, through the event gate. It makes no decisions. The widget gets the control's
 /// name as its object name.
 ///
 /// A binder belongs to a window; models, gate and forwarder outlive it.

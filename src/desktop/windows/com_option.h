@@ -8,8 +8,8 @@
 
 namespace tarnvex::desktop {
 
-/// A COM option with a drop-down of the devices beside it: whichever is found, those that there are
-/// now, and "Other..." for a path. The context menu offers the same.
+/// A COM option with a drop-down of devices beside it: any device that is found, those that are
+/// there now, and "Other..." for a path. The context menu offers the same.
 class ComOption : public QRadioButton {
  public:
   ComOption(int slot, platform::OptionButton& model, DeviceSlots& devices, Binder& binder);

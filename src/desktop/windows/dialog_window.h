@@ -14,8 +14,8 @@
 
 namespace tarnvex::desktop {
 
-/// A dialog of the program on the screen. It takes no decision: its buttons are the form's, and
-/// closing it by the window's own button asks the form.
+/// A dialog of the program on the screen. It makes no decisions: its buttons are the form's, and
+/// the window's own close button asks the form.
 class DialogWindow : public QDialog {
  public:
   /// `askToClose` runs in the core when the user closes the window by other means than its buttons;

@@ -13,7 +13,7 @@ namespace tarnvex::desktop {
 /// words. The pages are the HTML files of the help folder, in the order of its `index.html`.
 class HelpWindow : public QWidget {
  public:
-  /// The pages stand in `folder`; by default in the program's own.
+  /// The pages are in `folder`, by default the program's own.
   explicit HelpWindow(const QString& folder = helpFolder());
 
   /// Beside the program in a build tree, else where it was installed.

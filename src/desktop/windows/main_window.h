@@ -18,8 +18,8 @@
 
 namespace tarnvex::desktop {
 
-/// A main window on the screen: the radio's front above the pages. It assembles and decides
-/// nothing. Closing it asks the form, which may refuse.
+/// A main window on the screen: the radio's front panel and the pages. It only puts them together
+/// and makes no decisions. Closing it asks the form, which may refuse.
 class MainWindow : public QMainWindow {
  public:
   /// Makes the text of the report that the user may copy.

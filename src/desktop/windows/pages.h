@@ -24,7 +24,7 @@ QWidget* makeMultiscanFrame(monitor::Multiscan& multiscan, Binder& binder);
 QWidget* makeSpeedFrame(monitor::SpeedEnhancement& speed, Binder& binder);
 QWidget* makeReceiverFrame(monitor::ReceiverOptions& options, Binder& binder);
 QWidget* makeSearchFrame(search::CustomSearch& search, Binder& binder);
-/// Puts frames into columns side by side; scrolls where the room is too small.
+/// Puts frames into columns side by side, which scroll if there isn't enough room.
 QWidget* makeOptionsPage(const QVector<QVector<QWidget*>>& columns);
 
 }  // namespace tarnvex::desktop

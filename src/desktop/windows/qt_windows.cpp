@@ -118,8 +118,8 @@ void QtWindows::showQuickView() {
   }
   if (main_) {
     quickView_->follow(main_->linkState());
+    quickView_->showRecording(main_->recordingLight());
   }
-  quickView_->showRecording(main_->recordingLight());
   quickView_->present();
 }
 
@@ -137,8 +137,8 @@ void QtWindows::openNotice(const std::string& caption, const std::string& text) 
   notice_->show();
 }
 
-/// At once: the core is never on the stack of a notice, and one exchange may follow on another
-/// before the loop gets round to deleting it.
+/// At once: the core is never on the stack of a notice, and a second switch may follow before the
+/// event loop deletes the first notice.
 void QtWindows::closeNotice() {
   delete notice_;
 }

@@ -11,9 +11,9 @@
 
 namespace tarnvex::desktop {
 
-/// The radio's display in a small window over all others. A click or any key closes it; drawn with
-/// the mouse it moves. Where the display server doesn't let a program place or raise its windows,
-/// the window stands where the server puts it.
+/// The radio's display in a small window above all others. A click or any key closes it, and
+/// dragging moves it. Where the display server doesn't let a program place or raise its windows,
+/// the window stays where the server puts it.
 class QuickViewWindow : public QWidget {
  public:
   QuickViewWindow(shell::QuickViewForm& form, const PanelLayout& radio, platform::EventGate& gate);

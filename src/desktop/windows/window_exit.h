@@ -4,9 +4,9 @@
 
 namespace tarnvex::desktop {
 
-/// Takes a window off the screen for good and deletes it once the event loop is back. Nothing that
-/// the user still does reaches its form: its open menus close, its questions are withdrawn, and a
-/// button that is held down has no click any more.
+/// Removes a window from the screen for good, and deletes it when control returns to the event
+/// loop. Nothing that the user still does reaches its form: its menus and questions close, and a
+/// button that is held down gives no click.
 void takeOffScreen(QWidget* window);
 
 }  // namespace tarnvex::desktop
