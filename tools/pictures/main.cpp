@@ -185,7 +185,7 @@ void Photographer::listShots() {
     return [this, control] { return frameOf(control); };
   };
   const auto hits = [this](int count) {
-    return [this, count] { return form()->List1.count() >= count; };
+    return [this, count] { return form()->hitLists.List1.count() >= count; };
   };
   const auto tabs = [this] { return find("SSTab1"); };
   const auto page = [this](Tab tab) { return [this, tab] { show(tab); }; };
@@ -200,7 +200,7 @@ void Photographer::listShots() {
       {"trunked-data", "", isDesk,
        [this] {
          show(kTrunked);
-         form()->Combo1.userChoose(1);
+         form()->trunkBank.userChoose(1);
        },
        always, tabs, kTableHeight},
       {"upload", "", isDesk, [this] { choose("mnuUpload"); }, stands("frmUpload"),
@@ -215,9 +215,9 @@ void Photographer::listShots() {
       {"", "reception 121 5", isDesk, nothing, hits(2), nullptr},
       {"", "reception 94 5", isDesk, nothing, hits(3), nullptr},
       {"", "reception 1 5", isDesk, nothing,
-       [this] { return form()->List1.item(0).find("Hits: 2") != std::string::npos; }, nullptr},
+       [this] { return form()->hitLists.List1.item(0).find("Hits: 2") != std::string::npos; }, nullptr},
       {"search-results", "scene city\nmode MD07", isDesk, nothing,
-       [this] { return form()->List2.count() > 3; }, tabs, kTableHeight},
+       [this] { return form()->hitLists.List2.count() > 3; }, tabs, kTableHeight},
       {"lockouts", "scene quiet\ntempo 1\nmode MD02",
        [this] { return program_.state.CurrentMode == "MD02"; }, [this] { openLockouts(); },
        stands("frmLockouts"), dialog("frmLockouts")},
