@@ -52,8 +52,8 @@ struct TrialWindow : private test::World {
 
  private:
   shell::Services trialServices() {
-    return {state, gate,  trialPorts,    dialogs, settings,  clock,
-            link,  files, commonDialogs, media,   "/program"};
+    return {state, gate,          trialPorts, dialogs, settings,   clock,     link,
+            files, commonDialogs, backups,    media,   receptions, "/program"};
   }
 };
 

@@ -102,7 +102,9 @@ std::string QtSerialPort::describeTrouble(const QString& device) const {
 }
 
 std::string QtSerialPort::deviceName() const {
-  return text(QFileInfo(device_).fileName());
+  const QString folder = QStringLiteral("/dev/");
+  return text(device_.startsWith(folder) ? device_.mid(folder.size())
+                                         : QFileInfo(device_).fileName());
 }
 
 void QtSerialPort::close() {
