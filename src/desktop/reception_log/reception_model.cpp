@@ -273,7 +273,7 @@ void ReceptionModel::takePage(int page, QVector<ReceptionRow> rows, int asked) {
   const auto rowAt = [this](qint64 at) {
     return static_cast<int>(growsAtTop() ? count_.count - 1 - at : at);
   };
-  const auto [top, bottom] = std::minmax(rowAt(first), rowAt(last));
+  const auto [top, bottom] = std::minmax({rowAt(first), rowAt(last)});
   emit dataChanged(index(top, 0), index(bottom, kColumns - 1));
 }
 
