@@ -10,6 +10,7 @@
 #include "desktop/ports/sqlite_reception_store.h"
 #include "desktop/reception_log/reception_window.h"
 #include "reception_log/log_file.h"
+#include "shell/bc895_form.h"
 #include "support/radio_port.h"
 #include "support/world.h"
 
@@ -40,10 +41,10 @@ class TickRun : public platform::SerialPorts {
  private:
   radio::Radio radio_{radio::Model::BC895XLT, 1};
   test::World world_;
-  shell::Services services_{world_.state,   world_.gate,       *this,
-                            world_.dialogs, world_.settings,   world_.clock,
-                            world_.link,    world_.files,      world_.commonDialogs,
-                            world_.media,   world_.receptions, "/program"};
+  shell::Services services_{
+      world_.state, world_.gate,       *this,        world_.dialogs,       world_.settings,
+      world_.clock, world_.link,       world_.files, world_.commonDialogs, world_.backups,
+      world_.media, world_.receptions, "/program"};
   std::unique_ptr<shell::Form4> form_ = std::make_unique<shell::Form4>(services_, world_.outside());
 };
 
