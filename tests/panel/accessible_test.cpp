@@ -1,5 +1,6 @@
 #include <QAccessible>
 #include <QAccessibleActionInterface>
+#include <QTest>
 
 #include "panel_fixture.h"
 
@@ -56,8 +57,8 @@ TEST_F(Accessible, HandheldReadsItsMarksAsBanks) {
 
 TEST_F(Accessible, KeysAreNamedButtonsThatCanBePressed) {
   QAccessibleInterface* face = reader();
-  ASSERT_EQ(face->childCount(), 41);
-  EXPECT_EQ(face->child(41), nullptr);
+  ASSERT_EQ(face->childCount(), 42) << "the keys and the knob";
+  EXPECT_EQ(face->child(42), nullptr);
   EXPECT_EQ(face->child(29)->text(QAccessible::Name), "Enter");
   EXPECT_EQ(face->child(34)->text(QAccessible::Name), "Bank E");
   QAccessibleInterface* scan = face->child(10);
@@ -72,6 +73,25 @@ TEST_F(Accessible, KeysAreNamedButtonsThatCanBePressed) {
   EXPECT_TRUE(scan->state().focused);
   EXPECT_FALSE(face->child(11)->state().focused);
   EXPECT_EQ(face->focusChild(), scan);
+  face->child(12)->actionInterface()->doAction("Hold");
+  EXPECT_TRUE(shown.takeLog().contains("press 12 right"));
+}
+
+TEST_F(Accessible, TheKnobIsASliderThatTurnsByOneStep) {
+  panel.setElement("Knob(3)", "", true);
+  QAccessibleInterface* knob = reader()->child(41);
+  ASSERT_EQ(knob->role(), QAccessible::Slider);
+  EXPECT_FALSE(knob->text(QAccessible::Name).isEmpty());
+  auto* value = knob->valueInterface();
+  EXPECT_EQ(value->currentValue().toInt(), 3);
+  EXPECT_EQ(value->maximumValue().toInt(), 12);
+  value->setCurrentValue(3);
+  EXPECT_EQ(shown.takeLog(), QStringList());
+  for (const auto& [wanted, button] : {std::pair{4.0, "right"}, {0.0, "left"}}) {
+    value->setCurrentValue(wanted);
+    EXPECT_EQ(shown.takeLog().join(' ').toStdString(), std::string("knob press ") + button);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !shown.takeLog().isEmpty(); })) << "comes up";
+  }
 }
 
 }  // namespace

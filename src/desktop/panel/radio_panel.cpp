@@ -83,6 +83,9 @@ void RadioPanel::setMark(int mark, bool lit) {
     front.knobAngle = mark;
   }
   update(knobRect());
+  if (lit) {
+    announceKnob(this);
+  }
 }
 
 void RadioPanel::setDisplayColour(QColor back) {
@@ -142,6 +145,10 @@ QRect RadioPanel::elementRect(const QString& name) const {
 
 QRect RadioPanel::knobRect() const {
   return state_->layout.knob ? renderer_->widgetRect(state_->layout.knob->area(), 0) : QRect();
+}
+
+int RadioPanel::knobMark() const {
+  return state_->front.knobAngle;
 }
 
 int RadioPanel::focusKey() const {

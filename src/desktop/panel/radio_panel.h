@@ -48,6 +48,8 @@ class RadioPanel : public QWidget {
   void clickKey(int keyIndex, Qt::MouseButton button = Qt::LeftButton);
   /// Holds the knob for a moment, long enough for one step: right turns up, left down.
   void turnKnob(Qt::MouseButton button);
+  /// The mark that the knob points to, from 0.
+  [[nodiscard]] int knobMark() const;
 
   [[nodiscard]] const PanelLayout& layoutData() const;
 

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QAccessible>
+#include <QAccessibleActionInterface>
+#include <QPointer>
+
+namespace tarnvex::desktop {
+
+class RadioPanel;
+
+/// What the keys and the knob of a RadioPanel have in common for assistive technology: they are
+/// drawn, so that none of them is a widget. Made, and owned through Qt's registry, by the panel's
+/// own interface. Harmless once the panel is gone.
+class PartAccessible : public QAccessibleInterface, public QAccessibleActionInterface {
+ public:
+  explicit PartAccessible(RadioPanel* panel);
+
+  [[nodiscard]] bool isValid() const override;
+  [[nodiscard]] QObject* object() const override { return nullptr; }
+  [[nodiscard]] QWindow* window() const override;
+  [[nodiscard]] QAccessibleInterface* parent() const override;
+  [[nodiscard]] QAccessibleInterface* child(int) const override { return nullptr; }
+  [[nodiscard]] QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+  [[nodiscard]] int childCount() const override { return 0; }
+  int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+  void setText(QAccessible::Text, const QString&) override {}
+  [[nodiscard]] QRect rect() const override;
+  [[nodiscard]] QAccessible::State state() const override;
+  void* interface_cast(QAccessible::InterfaceType type) override;
+  [[nodiscard]] QStringList keyBindingsForAction(const QString&) const override { return {}; }
+
+ protected:
+  /// Where it is on the panel.
+  [[nodiscard]] virtual QRect place() const = 0;
+  /// Only while `isValid`.
+  [[nodiscard]] RadioPanel& panel() const { return *panel_; }
+
+ private:
+  QPointer<RadioPanel> panel_;
+};
+
+/// A key: a button with a second action, "Hold", for what the right mouse button does.
+QAccessibleInterface* makeKeyAccessible(RadioPanel* panel, int keyIndex);
+
+/// The knob: a slider whose value is its mark. To raise it turns the knob up by one step, however
+/// far; to lower it, down.
+QAccessibleInterface* makeKnobAccessible(RadioPanel* panel);
+
+}  // namespace tarnvex::desktop
