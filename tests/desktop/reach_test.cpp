@@ -52,6 +52,8 @@ TEST_F(Bc895Window, TipsTellTheTruthAboutEachKey) {
 TEST_F(Bc245Window, TipsTellTheTruthAboutEachKey) {
   const auto layout = desktop::withTips(desktop::bc245Layout());
   radio.answerAll("OK");
+  state.ModelKey = "BC245";
+  form.Scantimer.setEnabled(false);
   for (const PanelKey& shown : layout.keys) {
     SCOPED_TRACE(shown.spoken.toStdString());
     const std::string name = shown.control.toStdString();
@@ -61,10 +63,13 @@ TEST_F(Bc245Window, TipsTellTheTruthAboutEachKey) {
     // A key pressed with the mouse sends its line end twice, and the point asks for the attenuator.
     std::string pressed = radio.takeLog();
     std::erase(pressed, '\r');
+    EXPECT_FALSE(pressed.empty());
     if (const std::string letter = part(shown, "Keyboard"); letter != "none") {
       form.typeKey(typed(letter));
       EXPECT_EQ(pressed.substr(0, pressed.find(';')), radio.takeLog());
     }
+    form.pressKey(name, monitor::MouseButton::Right);
+    EXPECT_EQ(radio.takeLog().empty(), part(shown, "Right button") == "nothing");
   }
 }
 

@@ -10,11 +10,12 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// Lets the text box's model see each typed key before it takes effect.
+/// Lets the text box's model see each typed key before it takes effect. In a dialog, Enter isn't
+/// one of them: it presses the main button.
 class KeyFilter : public QObject {
  public:
-  KeyFilter(QLineEdit* widget, platform::TextBox& model, platform::EventGate& gate)
-      : QObject(widget), widget_(widget), model_(model), gate_(gate) {
+  KeyFilter(QLineEdit* widget, platform::TextBox& model, platform::EventGate& gate, bool isDialogs)
+      : QObject(widget), widget_(widget), model_(model), gate_(gate), isDialogs_(isDialogs) {
     widget->installEventFilter(this);
   }
 
@@ -34,7 +35,7 @@ class KeyFilter : public QObject {
     const bool command = (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
     const std::string typed = fromScreen(key->text());
     if (typed.size() != 1 || command || typed[0] == '\t' || key->key() == Qt::Key_Escape ||
-        key->key() == Qt::Key_Delete) {
+        key->key() == Qt::Key_Delete || (isDialogs_ && typed[0] == '\r')) {
       return QObject::eventFilter(watched, event);
     }
     gate_.enter([guard = QPointer<KeyFilter>(this), character = typed[0], code = key->key(),
@@ -57,6 +58,7 @@ class KeyFilter : public QObject {
   QLineEdit* widget_;
   platform::TextBox& model_;
   platform::EventGate& gate_;
+  bool isDialogs_;
   bool replaying_ = false;
 };
 
@@ -335,7 +337,7 @@ void Binder::bind(QLineEdit* widget, platform::TextBox& model) {
   show();
   keep(model.changed.connect(show));
   keep(model.selectAllRequested.connect([widget] { widget->selectAll(); }));
-  new KeyFilter(widget, model, gate_);
+  new KeyFilter(widget, model, gate_, isDialogs());
   QObject::connect(widget, &QLineEdit::textEdited, widget,
                    [&model](const QString& text) { model.userEdit(fromScreen(text)); });
 }

@@ -25,10 +25,17 @@ QLabel* addLabel(Binder& binder, const platform::Label& model) {
   return label;
 }
 
+/// Enter presses the button that has the focus, or else the main one.
 QPushButton* addButton(Binder& binder, platform::Button& model) {
   auto* button = new QPushButton;
-  button->setAutoDefault(false);
+  button->setAutoDefault(true);
   binder.bind(button, model);
+  return button;
+}
+
+QPushButton* addMainButton(Binder& binder, platform::Button& model) {
+  auto* button = addButton(binder, model);
+  button->setDefault(true);
   return button;
 }
 
@@ -89,7 +96,7 @@ DialogWindow* makeApfDialog(memory::ApfForm& form, platform::EventGate& gate, QW
   grid->addWidget(addButton(binder, form.Command1), 0, 2);
   grid->addWidget(addButton(binder, form.Command2), 1, 2);
   grid->setRowStretch(3, 1);
-  grid->addWidget(addButton(binder, form.Command3), 4, 2);
+  grid->addWidget(addMainButton(binder, form.Command3), 4, 2);
   grid->addWidget(addButton(binder, form.Command4), 5, 2);
   grid->addWidget(caption, 6, 0);
   grid->addWidget(number, 6, 1, Qt::AlignLeft);
@@ -112,7 +119,7 @@ DialogWindow* makeBankDialog(memory::BankDialog& form, platform::EventGate& gate
   auto* grid = new QGridLayout(dialog);
   grid->addWidget(caption, 0, 0);
   grid->addWidget(list, 1, 0, 4, 1);
-  grid->addWidget(addButton(binder, form.Command1), 1, 1);
+  grid->addWidget(addMainButton(binder, form.Command1), 1, 1);
   grid->addWidget(addButton(binder, form.Command3), 2, 1);
   grid->setRowStretch(3, 1);
   grid->addWidget(addButton(binder, form.Command2), 4, 1);
@@ -148,9 +155,7 @@ DialogWindow* makeAboutDialog(shell::frmAbout& form, platform::EventGate& gate, 
     line->setWordWrap(false);
     grid->addWidget(line, row++, 1);
   }
-  auto* close = addButton(binder, form.Command1);
-  close->setDefault(true);
-  grid->addWidget(close, row, 1, Qt::AlignRight);
+  grid->addWidget(addMainButton(binder, form.Command1), row, 1, Qt::AlignRight);
   return dialog;
 }
 
@@ -168,7 +173,7 @@ DialogWindow* makeLockoutsDialog(search::frmLockouts& form, platform::EventGate&
   auto* grid = new QGridLayout(dialog);
   grid->addWidget(list, 0, 0, 1, 2);
   grid->addWidget(help, 1, 0, 1, 2);
-  grid->addWidget(addButton(binder, form.Command1), 2, 0);
+  grid->addWidget(addMainButton(binder, form.Command1), 2, 0);
   grid->addWidget(addButton(binder, form.Command2), 2, 1);
   grid->setRowStretch(0, 1);
   return dialog;
@@ -198,7 +203,7 @@ DialogWindow* makeSystemTypeDialog(trunking::Form3& form, platform::EventGate& g
   grid->addWidget(stepCaption, 4, 0);
   grid->addWidget(step, 4, 1);
   grid->setRowStretch(5, 1);
-  grid->addWidget(addButton(binder, form.Command1), 6, 0, 1, 2);
+  grid->addWidget(addMainButton(binder, form.Command1), 6, 0, 1, 2);
   return dialog;
 }
 
@@ -227,7 +232,7 @@ DialogWindow* makeFleetMapDialog(trunking::Form5& form, platform::EventGate& gat
   grid->setRowMinimumHeight(1, gap / 2);
   grid->setRowMinimumHeight(6, gap / 2);
   grid->setColumnMinimumWidth(2, gap);
-  grid->addWidget(addButton(binder, form.Command2), 7, 3, 1, 2);
+  grid->addWidget(addMainButton(binder, form.Command2), 7, 3, 1, 2);
   grid->addWidget(addButton(binder, form.Command1), 8, 3, 1, 2);
   grid->setColumnStretch(1, 1);
   grid->setColumnStretch(4, 1);

@@ -17,7 +17,8 @@ struct Tip {
 };
 
 constexpr const char* kHeld = "holds the key, as on the radio";
-constexpr const char* kReview = "lists what is locked out (while searching or following a system)";
+constexpr const char* kReview =
+    "lists what is locked out while searching or following a system; else holds the key";
 
 constexpr std::array kTips{
     Tip{"SCAN", "Scans the channels", "s", ""},

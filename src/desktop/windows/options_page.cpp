@@ -48,10 +48,14 @@ QGridLayout* addBankFrame(QGroupBox* frame, monitor::BankRotation& rotation,
   auto* off = new QRadioButton;
   binder.bind(on, rotation.Option5);
   binder.bind(off, rotation.Option6);
-  const QString needsBanks =
-      QObject::tr("Steps the radio through the ticked banks. Tick one first.");
-  on->setToolTip(needsBanks);
-  on->setAccessibleDescription(needsBanks);
+  const auto tellWhy = [on, &model = rotation.Option5] {
+    on->setToolTip(model.enabled() ? QObject::tr("Steps the radio through the ticked banks.")
+                                   : QObject::tr("Steps the radio through the ticked banks. "
+                                                 "Tick one first."));
+    on->setAccessibleDescription(on->toolTip());
+  };
+  tellWhy();
+  binder.keep(rotation.Option5.changed.connect(tellWhy));
   auto* switches = new QHBoxLayout;
   switches->addWidget(on);
   switches->addWidget(off);
