@@ -20,7 +20,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("Tarnvex"));
   QApplication::setApplicationVersion(QString::fromLatin1(platform::version()));
   QApplication::setDesktopFileName(QStringLiteral("io.github.tarnvex.Tarnvex"));
-  // The program ends by its own closing steps, not because no window shows for a moment.
+  // The program ends when it says so, not because no window is visible for a moment.
   QApplication::setQuitOnLastWindowClosed(false);
   return desktop::Program().run();
 }

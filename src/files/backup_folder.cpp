@@ -23,7 +23,7 @@ constexpr std::string_view kSuffix = ".tvf";
 constexpr std::size_t kNewest = 50;
 constexpr int kDays = 31;
 constexpr int kMostOfASecond = 1000;
-/// Leaves room in a name of 255 bytes for the date.
+/// Leaves room for the date in a name of 255 bytes.
 constexpr std::size_t kLongestStem = 200;
 
 /// A copy, by its name.
@@ -31,11 +31,12 @@ struct Copy {
   std::string name;
   /// "2026-03-01 14-05-59"
   std::string time;
-  /// Of the copies of one second.
+  /// Counts the copies made in the same second.
   int number = 1;
 };
 
-/// Takes " (2)" off the end of a name. 1 if there is no such number.
+/// Removes a number such as " (2)" from the end of a name and returns it. Returns 1 if there is
+/// none.
 int takeNumber(std::string_view& name) {
   const std::size_t open = name.rfind(" (");
   int number = 1;
@@ -69,7 +70,7 @@ std::optional<Copy> copyOf(const std::string& name) {
   return Copy{name, std::string(rest.substr(rest.size() - kTimeSize)), number};
 }
 
-/// Days since a fixed one.
+/// The number of days since a fixed day.
 int dayOf(std::string_view date) {
   const auto number = [&](std::size_t from, std::size_t size) {
     int value = 0;
@@ -133,8 +134,7 @@ Failure BackupFolder::keep(const std::string& path, std::string_view content, st
   return failure;
 }
 
-/// Without a sync: it would hold every save up, and a copy matters only beside a save that went
-/// well.
+/// Doesn't sync: that would delay every save, and a copy only matters after a save that succeeded.
 Failure BackupFolder::create(const std::string& start, std::string_view content,
                              std::string& kept) {
   int file = -1;
@@ -161,7 +161,7 @@ Failure BackupFolder::create(const std::string& start, std::string_view content,
   return std::nullopt;
 }
 
-/// What can't be removed stays; the next copy tries again.
+/// A copy that can't be removed stays. The next call tries again.
 void BackupFolder::thin() {
   std::vector<std::string> names;
   std::error_code error;

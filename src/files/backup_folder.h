@@ -10,13 +10,13 @@
 
 namespace tarnvex::files {
 
-/// Which of these copies have had their time: all but the newest 50 and the newest of each of the
-/// last 31 days. Names that aren't those of copies are never among them. `today` begins with a
-/// date, "2026-03-01".
+/// Which of these copies may be removed: all except the newest 50 and the newest of each of the
+/// last 31 days. Files that aren't copies are never among them. `today` begins with a date such as
+/// "2026-03-01".
 std::vector<std::string> superfluousBackups(std::vector<std::string> names, std::string_view today);
 
-/// The backups as files in the folder `backups` of the program's directory, such as
-/// "plan 2026-03-01 14-05-59.tvf" for a file "plan.tvf". The folder is made when it is needed.
+/// Keeps the backups as files in the folder `backups` of the program's directory. A copy of
+/// "plan.tvf" is called "plan 2026-03-01 14-05-59.tvf". The folder is created when it is needed.
 class BackupFolder : public platform::Backups {
  public:
   /// `programDirectory` has no slash at its end.

@@ -9,8 +9,8 @@
 
 namespace tarnvex::files {
 
-/// The system calls that files are read and written with, each as its manual page tells: a negative
-/// result is a failure, and `errno` says which. Replaced by tests, so that any one can fail.
+/// The system calls that read and write files, each as its manual page describes it: a negative
+/// result is a failure, and `errno` says which. Tests replace them, so that any call can fail.
 class FileCalls : private platform::NonCopyable {
  public:
   virtual ~FileCalls() = default;
@@ -24,7 +24,7 @@ class FileCalls : private platform::NonCopyable {
   virtual ssize_t write(int file, const void* bytes, std::size_t size);
   virtual ssize_t pwrite(int file, const void* bytes, std::size_t size, off_t place);
   virtual int ftruncate(int file, off_t size);
-  /// Gives an opened file without a name this one.
+  /// Gives a name to an open file that has none.
   virtual int giveName(int file, const char* path);
   virtual int fchown(int file, uid_t owner, gid_t group);
   virtual int fchmod(int file, mode_t mode);

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::string_view kHex = "0123456789ABCDEF";
 constexpr std::string_view kBlanks = " \t\r";
-/// Characters that have an escape of their own, and its letter.
+/// Characters that have an escape of their own, and the letters of these escapes.
 constexpr std::string_view kEscaped = "\"\\\a\b\f\n\r\t\v";
 constexpr std::string_view kEscapes = "\"\\abfnrtv";
 
@@ -29,7 +29,7 @@ std::string_view trimmed(std::string_view text) {
              : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-/// A section's or value's name as the file spells it.
+/// The name of a section or value as it is spelled in the file.
 std::string spelled(std::string_view name) {
   std::string text;
   for (const char c : name) {
@@ -84,7 +84,7 @@ void appendUtf8(std::string& text, std::uint32_t code) {
   }
 }
 
-/// The escape whose letter is at `at`, which moves past it.
+/// Decodes the escape whose letter is at `at`, and moves `at` past it.
 void takeEscape(std::string& value, std::string_view text, std::size_t& at) {
   const char letter = text[at++];
   const std::size_t escape = kEscapes.find(letter);
@@ -105,7 +105,7 @@ void takeEscape(std::string& value, std::string_view text, std::size_t& at) {
 std::string unescaped(std::string_view text) {
   std::string value;
   bool quoted = false;
-  /// Up to here blanks at the end were in quotes or escaped, and stay.
+  /// Blanks before this place were quoted or escaped, so they aren't trimmed.
   std::size_t kept = 0;
   for (std::size_t at = 0; at < text.size();) {
     const char c = text[at++];
@@ -129,14 +129,14 @@ std::string unescaped(std::string_view text) {
 
 /// Where a value is, or where it would go.
 struct Found {
-  /// Of the line of the value, without its end. The same place twice if there is none.
+  /// The value's line without its line end. Both are the same place if there is no such line.
   std::size_t begin = 0;
   std::size_t end = 0;
   bool section = false;
   bool value = false;
 };
 
-/// The last of several wins, as it does where programs of this kind read such a file.
+/// If a name occurs several times, the last one counts, as in Qt's settings files.
 Found find(std::string_view text, const std::string& section, const std::string& name) {
   Found found;
   bool inside = false;

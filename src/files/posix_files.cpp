@@ -26,10 +26,10 @@ constexpr int kMostTemporaries = 100;
 constexpr std::size_t kBlock = std::size_t{64} << 10;
 constexpr std::string_view kTemporaryStart = ".tarnvex-";
 constexpr std::string_view kTemporaryEnd = ".tmp";
-/// No save takes that long from its last write to the renaming.
+/// No save takes this long from its last write to the renaming.
 constexpr std::chrono::minutes kStrayAge{1};
 
-/// What keeps a name from being a file's.
+/// Why something can't be used as a file. Nothing if it can.
 Failure refusal(const struct stat& status) {
   if (S_ISREG(status.st_mode)) {
     return std::nullopt;
@@ -37,12 +37,12 @@ Failure refusal(const struct stat& status) {
   return S_ISDIR(status.st_mode) ? "This is a folder, not a file" : "This is a device, not a file";
 }
 
-/// A name that the calls would cut short.
+/// Whether the system calls would cut the name short.
 bool misread(const std::string& path) {
   return path.empty() || path.find('\0') != std::string::npos;
 }
 
-/// The folder's part, with its slash; blank for the current folder.
+/// The folder's part of a path, with its slash. Blank for the current folder.
 std::string folderPart(const std::string& path) {
   const std::size_t slash = path.rfind('/');
   return slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
@@ -60,8 +60,8 @@ std::string lowerCase(std::string name) {
   return name;
 }
 
-/// Whether this is a temporary file that nobody is writing any more: its process was killed. Told
-/// by its age, since the process may have run on another machine.
+/// Whether this is a temporary file whose process was killed, so that nobody is writing it any
+/// more. Its age decides, since the process may have run on another machine.
 bool isStray(const std::filesystem::directory_entry& entry) {
   const std::string name = entry.path().filename().string();
   std::error_code error;
@@ -97,7 +97,7 @@ class PosixSource : public platform::ByteSource {
 
 /// Where the content of a path goes.
 struct PosixFiles::Target {
-  /// Behind all links.
+  /// With all links followed.
   std::string path;
   bool exists = false;
   struct stat status = {};
@@ -137,8 +137,8 @@ Failure PosixFiles::openForReading(const std::string& path,
   if (misread(path)) {
     return describe(EINVAL);
   }
-  // Looked at first, since opening alone can act on a device; and again when it is open, since the
-  // name may stand for something else by then.
+  // Checked before opening, since opening alone can act on a device, and again once it is open,
+  // since the name may belong to something else by then.
   struct stat status = {};
   if (calls_.stat(path.c_str(), &status) < 0) {
     const int error = errno;
@@ -159,7 +159,7 @@ Failure PosixFiles::openForReading(const std::string& path,
   return std::nullopt;
 }
 
-/// Follows links by hand, since the last one may lead to a file that is still to be made.
+/// Follows links by hand, since the last one may lead to a file that doesn't exist yet.
 Failure PosixFiles::findTarget(const std::string& path, Target& target) {
   if (misread(path)) {
     return describe(EINVAL);
@@ -229,13 +229,13 @@ Failure PosixFiles::replace(const std::string& path, std::string_view content) {
     return std::nullopt;
   }
   const int error = filled ? errno : fillError;
-  calls_.unlink(temporary.c_str());  // gone already if only the folder's sync failed
+  calls_.unlink(temporary.c_str());  // already gone if only the folder's sync failed
   return describe(error);
 }
 
-/// A file that took the place of the old one would have another owner or group, or would leave the
-/// other names of the old one behind. The bytes that need new room on the disk are written first;
-/// if anything fails, the old bytes are put back.
+/// For files that can't be replaced by a new one, which would have another owner or group, or would
+/// leave the old content under the file's other names. The bytes that need new room on the disk are
+/// written first. If anything fails, the old bytes are put back.
 Failure PosixFiles::writeInPlace(const Target& target, std::string_view content) {
   const Closing file(calls_, calls_.open(target.path.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC, 0));
   std::string old;
@@ -271,7 +271,7 @@ bool PosixFiles::readAll(int file, std::string& bytes) {
   return true;
 }
 
-/// What can't be looked at or removed stays; the next save tries again.
+/// A file that can't be examined or removed stays. The next save tries again.
 void PosixFiles::removeStrays(const std::string& folder) {
   std::error_code error;
   for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
@@ -282,8 +282,8 @@ void PosixFiles::removeStrays(const std::string& folder) {
   }
 }
 
-/// A new file, without a name where the file system knows such files, so that a process which is
-/// killed leaves nothing. `name` is blank then.
+/// Opens a new file. It has no name if the file system supports that, so that a killed process
+/// leaves nothing behind; `name` is then blank.
 int PosixFiles::openTemporary(const std::string& folder, std::string& name) {
   name.clear();
   const int unnamed =
@@ -321,7 +321,7 @@ bool PosixFiles::name(int file, const Target& target, std::string& name) {
   return result == 0;
 }
 
-/// Whether the file has the target's owner and group, or could be given them.
+/// Gives the file the target's owner and group if it has others. False if that fails.
 bool PosixFiles::takeOwner(int file, const Target& target) {
   struct stat status = {};
   if (calls_.fstat(file, &status) < 0) {
@@ -337,7 +337,7 @@ bool PosixFiles::fill(int file, const Target& target, std::string_view content) 
          writeAll(calls_, file, content) && calls_.fsync(file) == 0;
 }
 
-/// The folder is opened before the renaming, so that only its sync can fail afterwards.
+/// Opens the folder before the renaming, so that only its sync can fail afterwards.
 bool PosixFiles::moveInto(const Target& target, const std::string& temporary) {
   const Closing folder(
       calls_, calls_.open(folderName(target.path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0));

@@ -11,16 +11,16 @@ namespace tarnvex::files {
 
 /// The machine's files.
 ///
-/// Replacing a file writes a new one into the same folder, puts it on the disk, and renames it over
-/// the old one. Mode, owner and group stay. So at any moment, also after a crash, there is either
-/// the old content or the new one. Only if the very last step fails, the sync of the folder, is the
-/// new content in place although a failure is reported: it may not outlast a power cut. A process
-/// that is killed in the moment before the renaming, or on a file system that knows no files
-/// without a name, leaves its temporary file; a later save into the folder takes it away.
+/// Replacing a file writes a new one into the same folder, syncs it, and renames it over the old
+/// one. Mode, owner and group are kept. So at any moment, even after a crash, the file has either
+/// its old content or its new one. Only if the very last step fails, the sync of the folder, is the
+/// new content in place although a failure is reported: it may not survive a power cut. A process
+/// that is killed just before the renaming, or on a file system without unnamed files, leaves its
+/// temporary file behind; a later save into the folder removes it.
 ///
-/// A file that has several names, or an owner or group that a new one can't be given, is written in
-/// place. A failure then puts the old bytes back, but a process that is killed in the middle leaves
-/// a mixture.
+/// A file that has several names, or an owner or group that a new file can't be given, is written
+/// in place. A failure then puts the old bytes back, but a process that is killed in the middle
+/// leaves a mixture.
 class PosixFiles : public platform::FileStore {
  public:
   explicit PosixFiles(FileCalls& calls) : calls_(calls) {}

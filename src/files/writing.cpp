@@ -8,7 +8,7 @@
 namespace tarnvex::files {
 namespace {
 
-/// `write` writes some of what it is given and tells how much, as the system call does.
+/// `write` writes part of what it is given and returns how much, as the system call does.
 template <class Write>
 bool writeOn(std::string_view content, Write write) {
   while (!content.empty()) {

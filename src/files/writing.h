@@ -8,22 +8,22 @@
 
 namespace tarnvex::files {
 
-/// An error number in the words that the user is told: "Disk full".
+/// The description of an error number that the user sees, such as "Disk full".
 std::string describe(int error);
 
-/// Writes all of it, in as many calls as that takes. False on failure; `errno` says why.
+/// Writes the whole content, in as many calls as it takes. False on failure; `errno` says why.
 bool writeAll(FileCalls& calls, int file, std::string_view content);
-/// The same from a place in the file on, whose other bytes stay.
+/// The same, starting at `place` in the file. The file's other bytes stay.
 bool writeAllAt(FileCalls& calls, int file, std::string_view content, std::size_t place);
 
-/// Closes a file when the scope ends, whichever way it ends. Keeps `errno`.
+/// Closes a file at the end of the scope. Keeps `errno`.
 class Closing : private platform::NonCopyable {
  public:
   Closing(FileCalls& calls, int file) : calls_(calls), file_(file) {}
   ~Closing();
 
   [[nodiscard]] int file() const { return file_; }
-  /// From here on somebody else closes it.
+  /// Hands the file over: from now on the caller closes it.
   int release();
 
  private:

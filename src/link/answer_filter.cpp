@@ -12,7 +12,7 @@ namespace {
 constexpr std::string_view kKey = "KEY";
 constexpr std::string_view kIds = "ID";
 
-/// First letters of the commands, and of most answers.
+/// The first letters of the commands and of most answers.
 constexpr std::array<std::string_view, 36> kWords{
     "AC", "AF", "AL", "AR", "AT", "BT", "CS", "CT", "DL", "FB", "FI", "IC",
     "ID", "IL", "IS", "LL", "LO", "LT", "LU", "MA", "MD", "MU", "PC", "PI",
@@ -28,7 +28,7 @@ std::string_view wordAt(std::string_view text) {
   return word == kWords.end() ? std::string_view() : *word;
 }
 
-/// The word of the command that a line answers or repeats; empty if nothing is known of it.
+/// The word of the command that a line answers or repeats. Empty if it can't be told.
 std::string_view ownerOf(std::string_view line) {
   if (line == "+" || line == "-") {
     return command::kSquelch;
@@ -49,21 +49,21 @@ bool takesAnything(std::string_view command) {
   return word.empty() || word == kKey || command == command::kStreamIds;
 }
 
-/// Two commands may share the layout of their answers.
+/// Whether an answer that begins with `owner` can belong to a command that begins with `word`.
 bool sharesAnswers(std::string_view word, std::string_view owner) {
   return word == owner || (word == "PM" && owner == command::kActiveChannel) ||
          (word == command::kReception && owner == command::kSignal);
 }
 
-/// A question about one channel, slot, group or bank, which its answer repeats.
+/// Whether the command asks about one channel, slot, group or bank, which the answer repeats.
 bool asksAboutPlace(std::string_view command) {
   return (command.starts_with("PM") && command.size() == 5) ||
          (command.starts_with("IC ") && command.size() == 5) ||
          ((command.starts_with("PC ") || command.starts_with("PI ")) && command.size() == 4);
 }
 
-/// A question's answer is longer than the question, so a line that equals it is its echo. What sets
-/// something may be answered by itself.
+/// Whether the command is a question. A question's answer is longer than the question, so a line
+/// that equals it is its echo. A command that sets something may be answered by its own text.
 bool isQuestion(std::string_view command) {
   const bool isBareWord = command.size() == 2 && command != command::kClearChannels;
   const bool asksForEntry = (command.starts_with("SS") && command.size() == 4) ||
@@ -87,7 +87,7 @@ Belonging belongingOf(std::string_view command, std::string_view line) {
     return Belonging::Answer;
   }
   if (command == command::kStopIds) {
-    // Every streamed line begins with the same letters as this answer.
+    // Every streamed line begins with the same letters as the answer to this command.
     return line.starts_with(command) ? Belonging::Answer : Belonging::Elsewhere;
   }
   if (!sharesAnswers(wordAt(command), owner) || (isQuestion(command) && line == command)) {

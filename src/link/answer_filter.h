@@ -3,41 +3,41 @@
 #include <string>
 #include <string_view>
 
-/// Tells the answer to a command from lines that belong to something else: a line that the radio
-/// streams, a late answer to another command, an echo of the command. They are known by their first
-/// letters, since nearly every answer begins with the letters of its command.
+/// Distinguishes the answer to a command from other lines: one that the radio streams, a late
+/// answer to another command, an echo of the command. It goes by the first letters, since nearly
+/// every answer begins with the letters of its command.
 namespace tarnvex::link {
 
 /// What a line is to the command that waits for its answer.
 enum class Belonging {
-  /// Its answer, or a text that could be: "ERR", "NG", "FER", "OK" and whatever isn't known.
+  /// Its answer, or a text that could be: "ERR", "NG", "FER", "OK" and anything unknown.
   Answer,
   /// An answer to the same question about another channel, slot or bank.
   OtherPlace,
-  /// Certainly not its answer.
+  /// Not its answer.
   Elsewhere,
 };
 
 /// `line` is without its carriage return. Keys and "IDN" may be answered by anything.
 Belonging belongingOf(std::string_view command, std::string_view line);
 
-/// Whether a line that was taken as the answer to a key or to "IDN" looks like something else. The
-/// real answer may then still be under way.
+/// Whether a line that was accepted as the answer to a key or to "IDN" looks like something else.
+/// The real answer may then still be on its way.
 bool isDoubtfulAnswer(std::string_view command, std::string_view line);
 
 /// Collects the answer to one command from the bytes that arrive, and drops lines that belong
-/// elsewhere. Used by the exchange alone.
+/// elsewhere. Used only by the exchange.
 class ReplyReader {
  public:
   explicit ReplyReader(std::string_view command) : command_(command) {}
 
   void add(std::string_view bytes);
-  /// Whether the answer is there.
+  /// Whether the answer has arrived.
   [[nodiscard]] bool complete() const { return buffer_.ends_with('\r'); }
   /// The answer without its last character, whatever that is. If only lines that belong elsewhere
-  /// have come: nothing, or the answer about another place.
+  /// have come, the answer about another place or nothing.
   std::string take();
-  /// After `take`: whether something that belongs to this command may still be under way.
+  /// After `take`: whether something that belongs to this command may still be on its way.
   [[nodiscard]] bool leavesDoubt() const { return doubt_; }
 
  private:
@@ -47,7 +47,7 @@ class ReplyReader {
   bool doubt_ = false;
 };
 
-/// The lines of a listing that belong to it. Every line ends with a carriage return.
+/// The listing without the lines that don't belong to it. Every line ends with a carriage return.
 std::string withoutStrayLines(std::string_view command, std::string_view lines);
 
 }  // namespace tarnvex::link

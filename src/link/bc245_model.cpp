@@ -29,7 +29,7 @@ const RadioModel& bc245Model() {
       .bankNames = {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"},
       .baudRates = {"2400", "4800", "9600", "19200"},
       .baudStep = 2400,
-      // The radio has neither a line output nor tones, but the plan keeps both for the other one.
+      // The radio has neither a line output nor tones, but the plan keeps both for the BC895XLT.
       .channelHeadings = {"Channel", "Frequency", "Trnk", "Dly", "L/O", "", "", "Alpha Tag"},
       .channelWidths = {kOwnWidth, kOwnWidth, 500, 500, 500, kHidden, kHidden, 3000},
       .talkgroupHeadings = {"Bank: Ch.", "Talkgroup ID", "Alpha Tag", "PRI"},

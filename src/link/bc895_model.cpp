@@ -6,8 +6,8 @@ namespace {
 
 constexpr int kOwnWidth = platform::Table::kDesignWidth;
 
-/// Deliberate: at Done one mode more counts as an ID mode than when the form opens. A list of
-/// frequencies is then returned as IDs. The radio never reports that mode.
+/// Deliberate: at Done, one more mode counts as an ID mode than when the form opens. In that mode a
+/// list of frequencies would be returned as IDs, but the radio never reports it.
 constexpr std::array kIdModesAtDone{mode895::kIdSearch, mode895::kIdHold, mode895::kTrunkScan,
                                     mode895::kTrunkManual, mode895::kUnassigned};
 constexpr std::array kSearchKeyModes{mode895::kIdSearch, mode895::kIdHold};
@@ -31,14 +31,14 @@ const RadioModel& bc895Model() {
       .tagLimit = 30,
       .talkgroupDirtyRule = DirtyRule::AfterFirstKey,
       .enterVisitsPriority = false,
-      // Deliberate: half of the table. Enter walks the first five banks and no more.
+      // Deliberate: half of the table. Enter moves on to the next row only in the first five banks.
       .enterLastRow = 500,
       .hitIdStart = 1,
       .asksBeforeReplacing = false,
       .modalDialogs = false,
       .bankKey = [](int bank) { return key::bank(bankLetter(bank)); },
       .asksSystemType = false,
-      // Deliberate: only whole MHz of a limit are saved.
+      // Deliberate: a limit is saved as whole MHz, so its decimals are lost.
       .searchMask = "00000000",
       .mostSearches = std::nullopt,
       .scansAfterNo = true,

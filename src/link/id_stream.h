@@ -6,17 +6,17 @@ namespace tarnvex::link {
 
 class ScannerLink;
 
-/// The radio's streaming of IDs, which a poll keeps on for as long as it follows them in a loop.
+/// The radio's stream of IDs. A poll turns it on while it follows the IDs in a loop.
 ///
-/// Whoever needs the line for longer calls `end` first. It runs in a handler, while the loop waits
-/// below it for the handler to return; the loop then finds its stream ended and sends nothing more.
+/// Code that needs the line for longer calls `end` first. It runs in a handler, which the loop has
+/// called and waits for; the loop then finds the stream ended and sends nothing more.
 class IdStream : platform::NonCopyable {
  public:
   explicit IdStream(ScannerLink& link) : link_(link) {}
 
-  /// A loop begins: "IDN".
+  /// Sends "IDN". Called when a loop begins.
   void begin();
-  /// The loop's closing "IDF". Nothing if no loop is on.
+  /// Sends "IDF" if a loop is running.
   void end();
   [[nodiscard]] bool on() const { return on_; }
 

@@ -82,7 +82,8 @@ void LinkControls::connect() {
 }
 
 void LinkControls::changeBaudRate() {
-  // While the poll rests the index is being set by code, or there is no link to try the rate on.
+  // While the poll is stopped, the index is being set by code, or there is no link to try the rate
+  // on.
   if (!outside_.pollTimer.enabled()) {
     return;
   }
@@ -107,7 +108,7 @@ bool LinkControls::radioAnswers() {
   outside_.port.discardInput();
   outside_.port.output(std::string(command::kProvoke) + "\r");
   outside_.state.LinkWaiting = true;
-  // Whatever answers is left in the buffer; the next exchange throws it away.
+  // Any answer will do. It stays in the buffer, and the next exchange discards it.
   platform::Spins budget{kBaudProbeSpins};
   return outside_.port.waitForInput(1, budget);
 }

@@ -14,12 +14,11 @@
 
 namespace tarnvex::link {
 
-/// Text of the `Settings` property for a baud rate: no parity, eight data bits, one stop bit.
+/// The text for `SerialPort::setSettings` at a baud rate: no parity, eight data bits, one stop bit.
 std::string lineSettings(std::string_view baudRate);
 
 /// The COM options, the baud rate box and the Connect button of a main window's Options page.
-/// Choosing a COM port opens it. A change of the baud rate is tried out on the radio before it is
-/// kept.
+/// Choosing a COM port opens it. A new baud rate is tried out on the radio before it is kept.
 class LinkControls : private platform::NonCopyable {
  public:
   /// What the controls work on. Everything it refers to outlives them.
@@ -31,7 +30,7 @@ class LinkControls : private platform::NonCopyable {
     platform::Dialogs& dialogs;
   };
 
-  /// `bankBox` picks the bank of the talkgroup table: see `showRestoredRate`.
+  /// `bankBox` is the box that picks the bank of the talkgroup table: see `showRestoredRate`.
   LinkControls(const RadioModel& model, platform::ComboBox& bankBox, const Outside& outside);
 
   platform::OptionButton Option1{"Option1", "COM 1", true};
@@ -43,19 +42,20 @@ class LinkControls : private platform::NonCopyable {
   platform::ComboBox baudBox;
   platform::Button Command3{"Command3", "Connect"};
 
-  /// Called when the window is about to close: the user can't open a port any more.
+  /// Called when the window is about to close, so that the user can't open a port any more.
   void disable();
 
   /// How long the radio may take to answer after a change of the baud rate, in spins.
   static constexpr int kBaudProbeSpins = 12500;
 
-  /// Steps of a main window's load. An unreadable value is skipped.
+  /// The next four are steps of a main window's load. A stored value that can't be read is skipped.
   [[nodiscard]] std::string storedPort() const;
   [[nodiscard]] std::string storedBaudRate() const;
-  /// Chooses the stored COM option, which opens the port unless it is the first one. Outside 1 to
-  /// 4: none.
+  /// Chooses the stored COM option, which opens the port unless it is the first one. Does nothing
+  /// if the stored number isn't 1 to 4.
   void chooseStoredPort();
-  /// Gives the port its slot and rate and opens it, silently. An open port keeps its slot.
+  /// Sets the port's slot and rate and opens it. Reports no failure. A port that is already open
+  /// keeps its slot.
   void openStoredPort();
 
  private:

@@ -10,7 +10,7 @@
 namespace tarnvex::link {
 
 /// The state of the line in words for the user, and whether what the panel shows is live. It
-/// watches the port of a main window, so it needs no other calls. The windows show it.
+/// watches the port of a main window, so nobody has to report anything to it. The windows show it.
 class LinkState : public PortWatcher {
  public:
   /// `radio` is the name of the window's radio, such as "BC895XLT".
@@ -33,7 +33,7 @@ class LinkState : public PortWatcher {
 
  private:
   void set(std::string text, bool live);
-  /// Hours and minutes.
+  /// The current time as hours and minutes.
   [[nodiscard]] std::string time() const;
 
   std::string radio_;
@@ -41,9 +41,9 @@ class LinkState : public PortWatcher {
   std::string device_;
   std::string text_ = "Not connected";
   bool live_ = false;
-  /// Nothing has come since the last command.
+  /// Nothing has been received since the last command.
   bool awaiting_ = false;
-  /// The text says why the line is dead; closing the port doesn't change that.
+  /// The text says why the line is dead, so closing the port doesn't change it.
   bool explained_ = false;
 };
 

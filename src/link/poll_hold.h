@@ -5,8 +5,8 @@
 
 namespace tarnvex::link {
 
-/// Stops a main window's poll for as long as it lives and starts it at its end, whether it ran
-/// before or not. For work that needs the radio to itself: transfers, the trial of a baud rate, the
+/// Stops a main window's poll while it exists. Its destructor starts the poll, whether it ran
+/// before or not. For work that needs the radio to itself: transfers, trying out a baud rate, the
 /// ID search of a BC245XLT.
 ///
 /// The poll timer is set directly only where it starts or stops for good: the window's load,
@@ -20,10 +20,10 @@ class PollHold : private platform::NonCopyable {
     }
   }
 
-  /// Stops the poll again. Call it after other handlers have run: Connect or a COM option may have
-  /// started the poll.
+  /// Stops the poll again. Call it after other handlers have run, since Connect or a COM option may
+  /// have started the poll.
   void renew() { poll_.setEnabled(false); }
-  /// The end of the hold leaves the poll as it is.
+  /// From now on the destructor leaves the poll as it is.
   void giveUp() { restarts_ = false; }
 
  private:

@@ -18,9 +18,9 @@ enum class DirtyRule {
   EveryKey,       ///< every key except Enter
 };
 
-/// Everything in which the two radios differ as data. Each main window passes its radio's model to
-/// the rooms it uses. What differs in behaviour has code of its own instead, in files named after
-/// the radio.
+/// All the differences between the two radios that can be expressed as data. Each main window
+/// passes its radio's model to the rooms it uses. Differences in behaviour have code of their own,
+/// in files named after the radio.
 struct RadioModel {
   /// The radio's section of the settings, and the value of `SharedState::ModelKey`.
   std::string_view key;
@@ -35,7 +35,7 @@ struct RadioModel {
 
   // The link.
   std::vector<std::string> baudRates;
-  /// After a baud rate change that failed, the list index to show is rate / step - 1.
+  /// After a failed change of the baud rate, the list index to show is rate / step - 1.
   int baudStep;
 
   // The plan's tables. Widths are as `platform::Table` takes them.
@@ -45,41 +45,41 @@ struct RadioModel {
   /// The most characters of an alpha tag that the keyboard can enter.
   std::size_t tagLimit;
   DirtyRule talkgroupDirtyRule;
-  /// Enter also visits the priority column of `MSFlexGrid2`, and leaves rows downwards up to the
-  /// last one given.
+  /// Whether Enter also visits the priority column of `MSFlexGrid2`, and the last row up to which
+  /// it moves on to the next row.
   bool enterVisitsPriority;
   int enterLastRow;
   /// Position, from 1, of the ID in a line of the talkgroup hit list.
   std::size_t hitIdStart;
-  /// Save asks before it replaces a file other than the current one.
+  /// Whether Save asks before it replaces a file other than the current one.
   bool asksBeforeReplacing;
 
   // Transfers.
-  /// The dialogs block their main window.
+  /// Whether the dialogs block their main window.
   bool modalDialogs;
   /// The keys that pick a bank (0 to 9) for trunked channels.
   std::string (*bankKey)(int bank);
-  /// A trunked bank must be told its system type, once during an upload.
+  /// Whether an upload must set the system type of each trunked bank.
   bool asksSystemType;
 
   // Saved searches.
-  /// The picture in which limits are saved.
+  /// The mask for `platform::format` with which limits are saved.
   std::string_view searchMask;
   /// How many searches may be saved, if there is a limit.
   std::optional<int> mostSearches;
-  /// After the user declines to search, the radio goes back to scanning.
+  /// Whether the radio goes back to scanning after the user declines to search.
   bool scansAfterNo;
 
   // The lockout review.
   /// Modes in which the lists hold IDs instead of frequencies, when the form opens and at Done.
   std::span<const std::string_view> idModesAtLoad;
   std::span<const std::string_view> idModesAtDone;
-  /// Modes that the search key returns the radio to. The scan key does for all others.
+  /// Modes to which the search key returns the radio. From all others the scan key is used.
   std::span<const std::string_view> searchKeyModes;
-  /// At Done the mode is read after the keys that clear the list instead of before them.
+  /// Whether Done reads the mode after the keys that clear the list instead of before them.
   bool clearsBeforeMode;
   LockoutWords lockoutWords;
-  /// The lists are read entry by entry, by number, instead of in one query.
+  /// Whether the lists are read entry by entry, by number, instead of in one query.
   bool numberedLockouts;
 };
 

@@ -31,12 +31,12 @@ std::optional<std::string> withFourDecimals(std::optional<double> megahertz) {
   return megahertz ? std::optional(format(*megahertz, "0.0000")) : std::nullopt;
 }
 
-/// MHz and decimals, put together around a point without a conversion of the decimals.
+/// Whole MHz and decimals with a point between them. The decimals aren't converted.
 std::string aroundPoint(std::string_view text, std::string_view mask) {
   return format(mid(text, 8, 3), mask) + "." + mid(text, 11, 4);
 }
 
-/// A slot of trunked IDs: the group's letter and a digit, 0 being the tenth.
+/// A slot of trunked IDs: the group's letter and a digit, 0 for the tenth slot.
 std::string idPlace(int group, int slot) {
   return bankLetter(group) + std::to_string(slot % 10);
 }
@@ -295,7 +295,7 @@ std::string priorityPlace(std::string_view reply) {
 }
 
 bool isPriorityId(std::string_view reply, int group, int slot) {
-  // The answer is the request that sets it.
+  // The answer has the form of the request that sets it.
   return reply.starts_with(command::setPriorityId(group, slot));
 }
 

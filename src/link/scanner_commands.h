@@ -43,12 +43,12 @@ inline constexpr std::string_view kStopIds = "IDF";
 inline constexpr std::string_view kTrunkType = "TB";
 /// Empties all channels of the radio.
 inline constexpr std::string_view kClearChannels = "AC";
-/// No command of the radio: sent after a change of the baud rate for the sake of any answer.
+/// Not a command of the radio. Sent after a change of the baud rate to provoke any answer.
 inline constexpr std::string_view kProvoke = "TEST";
 
 /// Select the banks in the scan.
 std::string scanBanks(std::string_view letters);
-/// Ask for the priority slot of a group of trunked IDs, by its letter as a reply gives it.
+/// Ask for the priority slot of a group of trunked IDs. The letter is the group's, as in a reply.
 std::string priorityId(std::string_view groupLetter);
 /// Ask for the priority channel of a bank.
 std::string priorityChannel(char bankLetter);
@@ -58,32 +58,33 @@ std::string selectChannel(int channel);
 std::string readChannel(int channel);
 /// Write the frequency of a channel, in MHz; 0 empties it.
 std::string writeChannel(int channel, double megahertz);
-/// Give the selected channel the tone of that index in `ToneTable`.
+/// Give the selected channel the tone with this index in `ToneTable`.
 std::string setTone(int index);
-/// Set the system type of a trunked bank (its letter as `TrunkTypeReply` gives it) by its number.
+/// Set the system type of a trunked bank. `bank` is its letter as in `TrunkTypeReply`, `type` the
+/// type's number.
 std::string setTrunkType(std::string_view bank, int type);
-/// The same for a type that is tuned: base frequency and step as on the wire, eight and four
-/// digits.
+/// The same for a type with a base frequency and a step, of eight and four digits as on the wire.
 std::string setTrunkType(std::string_view bank, int type, std::string_view base,
                          std::string_view step);
 /// Read a slot (1 to 10) of a group (0 to 9) of trunked IDs: see `TrunkIdReply`.
 std::string readId(int group, int slot);
-/// Write it, on a BC245XLT. The ID goes out as it stands; an empty one leaves the blank before it.
+/// Write a slot of a BC245XLT. The ID is sent as it is; after an empty one the command ends with a
+/// blank.
 std::string writeId(int group, int slot, std::string_view id);
-/// Make a slot its group's priority ID.
+/// Make a slot the priority ID of its group.
 std::string setPriorityId(int group, int slot);
 /// Give a block (0 to 7) of a bank's fleet map a size code.
 std::string setFleetBlock(char bankLetter, int block, int sizeCode);
-/// Set the list of banks that a word of the BC245XLT (`kScanBanks` or `kTrunkScanBanks`) names: as
-/// `bankList` cuts it out of the word's answer, with the blank before it.
+/// Set the banks that a BC245XLT scans. `word` is `kScanBanks` or `kTrunkScanBanks`; `list` is what
+/// `bankList` cuts out of the answer to it, with the blank before it.
 std::string setBankList(std::string_view word, std::string_view list);
-/// Lock an ID out or let it in again, by a word of `LockoutWords`.
+/// Lock an ID out or unlock it. `word` is one of `LockoutWords`.
 std::string lockId(std::string_view word, std::string_view id);
 /// Read one entry of the BC245XLT's list of skipped frequencies (1 to 50) or locked-out IDs (1 to
 /// 100).
 std::string readSkip(int number);
 std::string readLockout(int number);
-/// Put a frequency, in MHz, on the list of skipped ones.
+/// Put a frequency, in MHz, on the list of skipped frequencies.
 std::string skipFrequency(double megahertz);
 /// A frequency in MHz as on the wire.
 std::string wireFrequency(double megahertz);
@@ -91,8 +92,8 @@ std::string wireFrequency(double megahertz);
 std::string setLimit(std::string_view command, double megahertz);
 }  // namespace command
 
-/// The words before an ID that lock it out and let it in again. The BC245XLT gives its IDs with a
-/// blank before them and takes them back so.
+/// The words before an ID that lock it out and unlock it. The BC245XLT sends its IDs with a leading
+/// blank and takes them back the same way.
 struct LockoutWords {
   std::string_view lock;
   std::string_view unlock;
@@ -100,8 +101,8 @@ struct LockoutWords {
 inline constexpr LockoutWords kLockout895{"ILR ", "ILD "};
 inline constexpr LockoutWords kLockout245{"ILR", "ILD"};
 
-/// A switch of the radio: the bare word asks for it, and the answer is the set form. Any answer
-/// other than `on` counts as off.
+/// A switch of the radio. The bare word asks for its state, and the answer is `on` or `off`. Any
+/// answer other than `on` counts as off.
 struct Switch {
   std::string_view read;
   std::string_view on;
@@ -114,9 +115,9 @@ inline constexpr Switch kMuteSwitch{command::kMute, command::kMuteOn, command::k
 inline constexpr Switch kDelaySwitch{command::kDelay, command::kDelayOn, command::kDelayOff};
 inline constexpr Switch kLockoutSwitch{command::kLockout, command::kLockoutOn,
                                        command::kLockoutOff};
-/// Can only be set: `ChannelReply` tells it.
+/// Can only be set. `ChannelReply` has its state.
 inline constexpr Switch kLineSwitch{{}, command::kLineOn, command::kLineOff};
-/// Of the BC245XLT.
+/// The next ones exist only on the BC245XLT.
 inline constexpr Switch kEdacsDecimal{"AF", "AFN", "AFF"};
 inline constexpr Switch kAutoLight{"AL", "ALN", "ALF"};
 inline constexpr Switch kAttenuator{"AT", "ATN", "ATF"};
@@ -159,13 +160,13 @@ inline constexpr std::string_view kSend = "KEY18";
 inline constexpr std::string_view kAuto = "KEY19";
 inline constexpr std::string_view kTone = "KEY20";
 inline constexpr std::string_view kToneHeld = "KEY20H";
-/// A digit; on the BC245XLT also 10 for its tenth bank.
+/// A digit, or 10 for the tenth bank of the BC245XLT.
 std::string number(int digit);
-/// A character of an ID as it is typed: "-" is the point key, and any other goes to the digit keys.
+/// The key for a character of an ID: the point key for "-", otherwise a digit key.
 std::string idCharacter(char character);
 std::string bank(char letter);
 /// The command with a line end of its own, so that the radio gets two. It answers both; the next
-/// exchange throws the second answer away.
+/// exchange discards the second answer.
 std::string withLineEnd(std::string_view command);
 }  // namespace key
 

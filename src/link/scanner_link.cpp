@@ -20,8 +20,8 @@ std::string withoutLast(std::string text) {
   return text;
 }
 
-/// Where a list ends with its closing line, though a stray line may follow in the same piece;
-/// nothing while it goes on.
+/// Where a list ends, just after its closing line; a stray line may follow it. Nothing if the
+/// closing line hasn't come.
 std::optional<std::size_t> endOfList(const std::string& lines) {
   if (lines.starts_with(kClosingLine.substr(1))) {
     return kClosingLine.size() - 1;
@@ -32,14 +32,14 @@ std::optional<std::size_t> endOfList(const std::string& lines) {
   return lines.ends_with(kListEnd) ? std::optional(lines.size()) : std::nullopt;
 }
 
-/// Reads until `ended` holds, without a limit. False if the device is lost first; true also if the
-/// user wants to leave.
+/// Reads until `ended` is true, without a time limit. False if the device goes away first. Also
+/// true if the user leaves.
 bool readUntil(platform::SerialPort& port, std::string& buffer,
                bool (*ended)(const std::string& buffer)) {
   while (!ended(buffer) && port.waitForInput(1)) {
     buffer += port.input();
   }
-  // A lost device ends a wait before any of its spins is used.
+  // If the device is gone, a wait ends before it uses any of its spins.
   platform::Spins look{1};
   return ended(buffer) || port.waitForInput(1, look) || look.left == 0;
 }
@@ -71,8 +71,8 @@ std::string ScannerLink::SendCommand(std::string_view command) {
 std::optional<std::string> ScannerLink::readReply(platform::SerialPort& port,
                                                   std::string_view command) {
   ReplyReader reader(command);
-  // One spin is gone with the first byte. A reply without its end, after the last spin, loses a
-  // real character to the cut: a reply that late is of no use to anybody.
+  // The first byte has taken one spin. Deliberate: a reply that is incomplete after the last spin
+  // loses its last character, which isn't a carriage return.
   platform::Spins budget{kReadSpins - 1};
   while (!reader.complete() && port.waitForInput(1, budget)) {
     reader.add(port.input());
@@ -124,7 +124,7 @@ std::string ScannerLink::ProbeCommand(platform::SerialPort& port, std::string_vi
   if (!port.portOpen()) {
     return {};
   }
-  // The port has just been opened.
+  // The port has just been opened, so an answer to somebody else may still arrive.
   letFallQuiet(port);
   port.discardInput();
   port.output(std::string(command) + std::string(kLineEnd));
@@ -170,8 +170,8 @@ void ScannerLink::reportSilence(const Line& line) {
   if (!line.port->portOpen()) {
     return;
   }
-  // While the message is open, other handlers may run. Their exchanges fail quietly, so that the
-  // user sees one message.
+  // While the message is open, other handlers may run. Their exchanges fail without a message of
+  // their own.
   reporting_ = true;
   dialogs_.messageBox(
       "Your scanner is not responding. Please check your connections and verify that you have "

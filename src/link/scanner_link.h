@@ -12,27 +12,27 @@
 
 namespace tarnvex::link {
 
-/// The one door to the radio: a strict exchange of one command and one reply in plain text. A
-/// carriage return ends both. It doesn't know what a command means; scanner_commands.h does. No
+/// The only way to the radio: a strict exchange of one command and one reply in plain text, each
+/// ended by a carriage return. It doesn't know what a command means; scanner_commands.h does. No
 /// queue, no retry, no checksum.
 ///
-/// Who calls: the poll and every handler that talks to the radio, from the one thread of the
-/// program. A call returns when the reply has come or the wait was given up; nothing of the core
-/// runs in between.
+/// Called by the poll and by every handler that talks to the radio, from the core's thread. A call
+/// returns when the reply has come or the wait has been given up; no function of the core runs in
+/// between.
 ///
-/// A line that surely isn't the answer (see answer_filter.h) is passed over, and the wait goes on
-/// within its limit. After an exchange that leaves a doubt about what is still under way, the next
-/// one lets the line fall quiet first (see resync.h).
+/// A line that can't be the answer (see answer_filter.h) is skipped, and the wait goes on within
+/// its limit. If something may still be on its way after an exchange, the next exchange first waits
+/// until the line is quiet (see resync.h).
 ///
 /// All operations return the reply without its last character, inner carriage returns and all, and
 /// the empty text on any failure. A closed port isn't an error: the result is empty at once.
 /// Nothing throws.
 class ScannerLink {
  public:
-  /// Spins that a wait for the first byte may take, and those for reading a reply to its end.
+  /// The most spins for the first byte of a reply, and for the rest of it.
   static constexpr int kFirstByteSpins = 72500;
   static constexpr int kReadSpins = 72500;
-  /// Spins for a line that the radio sends by itself.
+  /// The most spins for a line that the radio sends by itself.
   static constexpr int kUnsolicitedSpins = 2000;
 
   ScannerLink(platform::SharedState& state, platform::Dialogs& dialogs)
@@ -47,28 +47,28 @@ class ScannerLink {
   };
   void attachBc895(Line line) { bc895_ = line; }
   void attachBc245(Line line) { bc245_ = line; }
-  /// The window with this port is about to go. Exchanges for its model then find no port and return
-  /// empty.
+  /// The window with this port is about to be destroyed. From now on, exchanges for its model
+  /// return empty at once.
   void detach(const platform::SerialPort& port);
 
-  /// Throws away what is still waiting, sends a command and returns its reply. If the radio stays
-  /// silent, or its device is lost before the reply ends: one message, the poll stops, the port
-  /// closes.
+  /// Discards what has been received, sends a command and returns its reply. If the radio stays
+  /// silent, or the device goes away before the reply ends, the user sees one message, the poll
+  /// stops and the port closes.
   std::string SendCommand(std::string_view command);
-  /// The radio's list of skipped search frequencies: lines up to and with the closing "END".
+  /// The radio's list of skipped search frequencies: all lines, including the closing "END".
   std::string QuerySearchSkips() { return MultiLineQuery("SS"); }
   /// The radio's list of locked-out IDs, likewise.
   std::string QueryIdLockouts() { return MultiLineQuery("IL"); }
-  /// Takes one line that the radio sends by itself. Gives up soon and reports nothing.
+  /// Reads one line that the radio sends by itself. Gives up soon and reports nothing.
   std::string ReadReply();
   /// The splash window's exchange, on its own port. Silence closes the port, without a message.
   std::string ProbeCommand(platform::SerialPort& port, std::string_view command);
 
-  /// For callers that can tell from a reply that the exchange is out of step: the next exchange
-  /// lets the line fall quiet first.
+  /// For callers that can tell from a reply that the exchange is out of step. The next exchange
+  /// first waits until the line is quiet.
   void resynchronise() { inDoubt_ = true; }
 
-  /// The ID loop of the poll that is running, if one is.
+  /// The stream of IDs, for the poll's ID loops and for code that ends them.
   IdStream& ids() { return ids_; }
 
  private:
@@ -78,7 +78,8 @@ class ScannerLink {
   bool send(const Line& line, std::string_view command, std::size_t waiting);
   bool waitForFirst(platform::SerialPort& port, std::size_t atLeast, int spins);
   std::string MultiLineQuery(std::string_view command);
-  /// The reply, or what has come of it when the limit is reached; nothing if the device is gone.
+  /// The reply, or the part of it that has come when the limit is reached. Nothing if the device is
+  /// gone.
   std::optional<std::string> readReply(platform::SerialPort& port, std::string_view command);
   void reportSilence(const Line& line);
 

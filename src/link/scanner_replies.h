@@ -29,11 +29,11 @@ inline constexpr std::string_view kToneSquelchOn = "CTN";
 inline constexpr std::string_view kPriorityOn = "PRN";
 /// A line that the BC245XLT streams in its ID modes begins with this.
 inline constexpr std::string_view kIdLine = "ID";
-/// And so, with a blank, do the lines that either radio streams.
+/// Every line that either radio streams begins with this.
 inline constexpr std::string_view kStreamedId = "ID ";
 }  // namespace reply
 
-/// The radio's modes that the core branches on: what "MD" answers.
+/// The modes that the core distinguishes, as "MD" answers them.
 namespace mode895 {
 inline constexpr std::string_view kScan = "MD00";
 inline constexpr std::string_view kManual = "MD01";
@@ -50,7 +50,7 @@ inline constexpr std::string_view kTrunkSearchQuiet = "MD12";
 inline constexpr std::string_view kToneEntry = "MD13";
 inline constexpr std::string_view kSend = "MD15";
 inline constexpr std::string_view kAuto = "MD16";
-/// A code that the radio has no meaning for.
+/// The radio doesn't use this code.
 inline constexpr std::string_view kUnassigned = "MD11";
 /// Modes that work on trunked IDs.
 inline constexpr std::array kIdModes{kIdSearch, kIdHold, kTrunkScan, kTrunkManual};
@@ -80,7 +80,8 @@ inline constexpr std::string_view kTrunkIdle = "MD13";
 inline constexpr std::string_view kTrunkIdleEdacs = "MD19";
 inline constexpr std::string_view kTrunkSearch = "MD14";
 inline constexpr std::string_view kTrunkSearchEdacs = "MD20";
-/// Whether a mode shows that the radio trunks in manual mode: it then takes and tells IDs.
+/// Whether the mode shows that the radio is in a trunked bank in manual mode. Only then can IDs be
+/// read and written.
 bool holdsTrunkedBank(std::string_view mode);
 }  // namespace mode245
 
@@ -90,16 +91,17 @@ class IdentityReply {
   explicit IdentityReply(std::string text) : text_(std::move(text)) {}
   /// A radio that doesn't know the command is a BC895XLT.
   [[nodiscard]] bool isError() const { return text_ == reply::kError; }
-  /// A BC245XLT gives its name; nobody else does.
+  /// A BC245XLT answers with its name, and only it does.
   [[nodiscard]] bool namesModel() const;
-  /// One of the answers that a radio gives, or silence. Any other has strayed in.
+  /// Whether this is silence or one of the answers that a radio gives. Anything else is a stray
+  /// line.
   [[nodiscard]] bool isKnown() const;
   [[nodiscard]] std::string model() const;
   [[nodiscard]] std::string serialNumber() const;
-  /// Version times 100.
+  /// The version times 100.
   [[nodiscard]] std::string firmware() const;
-  /// As the poll reads them: a place more of the model, the serial number a place further on. Its
-  /// texts are what the about box shows in the end.
+  /// Deliberate: the poll takes one more character of the model, and reads the serial number one
+  /// place further on. The about box ends up with the poll's texts.
   [[nodiscard]] std::string polledModel() const;
   [[nodiscard]] std::string polledSerialNumber() const;
 
@@ -113,12 +115,11 @@ class SignalReply {
  public:
   explicit SignalReply(std::string text) : text_(std::move(text)) {}
   [[nodiscard]] std::optional<int> level() const;
-  /// The frequency converted. Nothing if it is no number.
+  /// The frequency as a number. Nothing if it isn't one.
   [[nodiscard]] std::optional<double> megahertz() const;
-  /// The frequency converted, as "0.0000": the form that the channel table holds. Nothing if it is
-  /// no number.
+  /// The frequency in the form of the channel table, "0.0000". Nothing if it isn't a number.
   [[nodiscard]] std::optional<std::string> tableFrequency() const;
-  /// The frequency's characters around a point, without leading zeros.
+  /// The frequency's digits with a point between them, without leading zeros.
   [[nodiscard]] std::string shownFrequency() const;
 
  private:
@@ -151,7 +152,7 @@ class TrunkIdReply {
   explicit TrunkIdReply(std::string text) : text_(std::move(text)) {}
   [[nodiscard]] bool isNothing() const { return text_ == reply::kNothing; }
   [[nodiscard]] std::string bank() const;
-  /// The slot 1 to 10 as shown; the radio sends 0 for 10. Empty if the reply is too short.
+  /// The slot as shown, "1" to "10"; the radio sends 0 for 10. Empty if the reply is too short.
   [[nodiscard]] std::string slot() const;
   /// Six characters.
   [[nodiscard]] std::string id() const;
@@ -167,9 +168,9 @@ class IdLine {
  public:
   explicit IdLine(std::string text) : text_(std::move(text)) {}
   [[nodiscard]] bool empty() const { return text_.empty(); }
-  /// Any other line has strayed in.
+  /// Any other line is a stray one.
   [[nodiscard]] bool isId() const { return text_.starts_with(reply::kIdLine); }
-  /// Such a line in full: with an ID, or saying that there is none.
+  /// Whether the line is complete: it has an ID, or says that there is none.
   [[nodiscard]] bool isWhole() const;
   [[nodiscard]] bool saysNoId() const { return text_.find('E') != std::string::npos; }
   /// Seven characters: the ID and the blank before it.
@@ -192,15 +193,15 @@ class TrunkTypeReply {
 };
 
 /// The entries in the answer to the list forms of "SS" and "IL" on a BC895XLT, without the closing
-/// line. An answer that breaks off ends with its last whole line.
+/// line. If the answer breaks off, its last complete line is the last entry.
 std::vector<std::string> listEntries(std::string_view reply);
 /// Whether such an answer has its closing line.
 bool listIsWhole(std::string_view reply);
-/// Whether an answer to `readLockout` says that the list has ended.
+/// Whether an answer to `readLockout` marks the end of the list.
 bool endsLockouts(std::string_view reply);
 /// The entry in an answer to `readSkip` or `readLockout`.
 std::string lockoutEntry(std::string_view reply);
-/// An entry of a list of skipped frequencies in MHz. Nothing if it is no number.
+/// An entry of a list of skipped frequencies in MHz. Nothing if it isn't a number.
 std::optional<double> skippedFrequency(std::string_view entry);
 /// The bank letters in the answer to "SB" or "IS", with the blank before them.
 std::string bankList(std::string_view reply);
@@ -208,7 +209,7 @@ std::string bankList(std::string_view reply);
 std::string bankLetters(std::string_view reply);
 /// The BC245XLT sends "-" as this.
 inline constexpr char kWireDash = '\xFE';
-/// A reply of the BC245XLT with "-" in place of that.
+/// A reply of the BC245XLT with `kWireDash` replaced by "-".
 std::string withDashes(std::string reply);
 /// Group letter and slot digit of the priority ID in the answer to "PI ", empty if there is none.
 std::string priorityPlace(std::string_view reply);
@@ -216,27 +217,27 @@ std::string priorityPlace(std::string_view reply);
 bool isPriorityId(std::string_view reply, int group, int slot);
 /// The priority channel in the answer to "PC ".
 std::optional<int> priorityChannelOf(std::string_view reply);
-/// The limit in the answer to "LL" or "LU", as "0.0000". Nothing if it is no number.
+/// The limit in the answer to "LL" or "LU", as "0.0000". Nothing if it isn't a number.
 std::optional<std::string> searchLimit(std::string_view reply);
 /// The six characters of the ID in the answer to "IDN" in ID search; empty if the reply is too
 /// short.
 std::string searchedId(std::string_view reply);
 /// Whether the answer to "IDN" in ID search says that no ID is active.
 bool saysNoId(std::string_view reply);
-/// Whether an answer to "IDN" in ID search can be read: it says so, or it holds an ID.
+/// Whether an answer to "IDN" in ID search can be used: it says that no ID is active, or it holds
+/// an ID.
 bool answersSearch(std::string_view reply);
 /// The six characters of the ID in a line streamed in ID hold; nothing if the line holds no active
 /// ID.
 std::optional<std::string> heldId(std::string_view line);
-/// The mode at the head of an answer to "MD" that may carry more.
+/// The mode at the start of an answer to "MD", which may have more text after it.
 std::string modeOf(std::string_view reply);
 /// Whether an answer to "MD" begins with a mode.
 bool isMode(std::string_view reply);
 
 /// Whether a text is a frequency as it is shown: up to three digits, the point, four digits.
 bool readsAsFrequency(std::string_view text);
-/// Whether a field of a reply is an ID or the sign for an empty slot: six digits, dashes and
-/// blanks.
+/// Whether a field of a reply is an ID or marks an empty slot: six digits, dashes or blanks.
 bool readsAsId(std::string_view field);
 
 }  // namespace tarnvex::link

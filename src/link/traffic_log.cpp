@@ -87,7 +87,7 @@ void TrafficLog::discarded(std::size_t count) {
 }
 
 void TrafficLog::waitedInVain(const platform::SerialPort& port) {
-  // The radio doesn't have to send anything by itself, so silence isn't worth a line.
+  // Silence is only worth a line after a command: the radio need not send anything by itself.
   if (awaiting_) {
     add('#', port.trouble() == platform::PortTrouble::Lost ? "the device is gone" : "no reply");
     awaiting_ = false;

@@ -9,8 +9,8 @@
 
 namespace tarnvex::link {
 
-/// The last lines that passed over the port, with their times: a ring that is kept all the time and
-/// read when the user copies a report. Keeping it costs a copy of the line and a look at the clock.
+/// The last lines sent and received on the port, with their times. It always records, and is read
+/// when the user copies a report. Recording a line costs a copy of it and one reading of the clock.
 class TrafficLog : public PortWatcher {
  public:
   static constexpr std::size_t kLines = 500;
@@ -19,7 +19,7 @@ class TrafficLog : public PortWatcher {
   TrafficLog() : lines_(kLines) {}
 
   /// The lines kept, oldest first: "11:46:02.123 > SI" for a command, "<" for a reply, "#" for what
-  /// happened to the port. Times are local. Bytes that can't be printed read "\x0A".
+  /// happened to the port. Times are local. Bytes that can't be printed appear as "\x0A".
   [[nodiscard]] std::string text() const;
 
   void opened(const platform::SerialPort& port, const std::optional<std::string>& failure) override;
@@ -39,11 +39,11 @@ class TrafficLog : public PortWatcher {
   Line& add(char mark, std::string_view text);
 
   std::vector<Line> lines_;
-  /// Of all lines ever added.
+  /// The number of lines ever added.
   std::size_t count_ = 0;
   /// The newest line is a reply that hasn't ended yet.
   bool inReply_ = false;
-  /// Nothing has come since the last command.
+  /// Nothing has been received since the last command.
   bool awaiting_ = false;
 };
 

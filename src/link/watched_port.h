@@ -10,7 +10,7 @@
 
 namespace tarnvex::link {
 
-/// Receives what happens at a serial port. It can't change anything there.
+/// Is notified of everything that happens at a serial port. It can't change anything there.
 class PortWatcher : private platform::NonCopyable {
  public:
   virtual ~PortWatcher() = default;
@@ -23,11 +23,11 @@ class PortWatcher : private platform::NonCopyable {
   virtual void received(std::string_view text) = 0;
   /// Bytes were discarded unread.
   virtual void discarded(std::size_t count) = 0;
-  /// A wait ended without the bytes it was for, since its time was up or the device is gone.
+  /// A wait ended without the bytes that it waited for: its time was up or the device is gone.
   virtual void waitedInVain(const platform::SerialPort& port) = 0;
 };
 
-/// A serial port that reports everything that passes to a watcher. The watcher outlives it.
+/// A serial port that reports everything that happens on it to a watcher, which outlives it.
 class WatchedPort : public platform::SerialPort {
  public:
   WatchedPort(std::unique_ptr<platform::SerialPort> inner, PortWatcher& watcher)

@@ -10,8 +10,8 @@ using platform::OpenMode;
 
 namespace {
 
-/// The values of the record to write. Deliberate: values that a record doesn't set are left from
-/// the one before.
+/// The values of the record to write. Deliberate: a value that a record doesn't set is that of the
+/// record before it.
 struct Exported {
   /// The channel number. Nothing for the first record if the start wasn't a number.
   std::optional<int> number;
@@ -40,8 +40,8 @@ void take(const platform::Table& grid, int row, Exported& record) {
   record.tag = cell(ChannelRecord::AlphaTag);
 }
 
-/// Deliberate: the mode isn't reset between records. After the first AM frequency all records of an
-/// export are "am ".
+/// Deliberate: the mode isn't reset between records. From the first AM frequency on, all records of
+/// an export are "am ".
 void chooseMode(Exported& record) {
   if (inAmRange(record.frequency)) {
     record.mode = "am ";

@@ -16,8 +16,8 @@
 
 namespace tarnvex::memory {
 
-/// One record of an APF file, a list of frequencies for exchange with other programs: seven fields,
-/// each in double quotes. The enumerators index `fields`.
+/// One record of an APF file, which holds a list of frequencies for exchange with other programs. A
+/// record has seven fields, each in double quotes. The enumerators index `fields`.
 struct ApfRecord {
   enum Field : std::size_t {
     Blank,      ///< a single blank
@@ -32,7 +32,7 @@ struct ApfRecord {
   std::array<std::string, kFields> fields;
 
   [[nodiscard]] const std::string& at(Field field) const { return fields[field]; }
-  /// The record as the dialogs list it, such as "118.1000 Tower".
+  /// The record as the dialogs show it, such as "118.1000 Tower".
   [[nodiscard]] std::string listed() const;
 };
 
@@ -43,13 +43,13 @@ struct ApfPorts {
   platform::CommonDialog& CommonDialog1;
   platform::Dialogs& dialogs;
   platform::SharedState& state;
-  /// Gives `MSFlexGrid1` of the connected radio's main window. Called for each use.
+  /// Returns `MSFlexGrid1` of the connected radio's main window. Called for each use.
   std::function<platform::Table&()> MSFlexGrid1;
 };
 
 /// Base of import and export: the dialog's controls, the number box that accepts only digits,
-/// "Select All" and "Cancel". The window layer makes the form, shows its window, calls `load` and
-/// closes the window on `closed`. The form may be destroyed only after that notification has
+/// "Select All" and "Cancel". The window layer creates the form, shows its window, calls `load` and
+/// closes the window on `closed`. The form must not be destroyed before that notification has
 /// returned.
 class ApfForm : private platform::NonCopyable {
  public:
@@ -59,7 +59,7 @@ class ApfForm : private platform::NonCopyable {
   virtual void load() = 0;
 
   platform::Window window;
-  /// Any number of entries can be selected.
+  /// A list in which any number of entries can be selected.
   platform::ListBox List1{"List1"};
   platform::Label Label1;
   platform::TextBox Text1{"Text1"};
@@ -82,8 +82,8 @@ class ApfForm : private platform::NonCopyable {
 };
 
 /// "Import APF File": lists the records of a file and writes the selected ones into the plan, row
-/// after row from the start channel, whatever channel numbers they have. Deliberate: records that
-/// don't fit above row 300 are dropped without a message.
+/// by row from the start channel, whatever channel numbers they have. Deliberate: records that
+/// would go beyond row 300 are dropped without a message.
 class Form7 : public ApfForm {
  public:
   explicit Form7(ApfPorts ports);

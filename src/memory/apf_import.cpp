@@ -89,8 +89,8 @@ void Form7::importNow() {
   if (failure) {
     report(*failure);
   } else if (ports_.state.MemoryModified) {
-    // Deliberate: this is the plan's flag and not a count, so changes made before the import close
-    // the dialog too.
+    // Deliberate: this is the plan's flag, not a count of the imported records. So the dialog also
+    // closes if the plan had changes before the import.
     closed.notify();
   } else {
     ports_.dialogs.messageBox("No frequencies were selected.", "No Frequencies Selected",

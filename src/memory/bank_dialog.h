@@ -12,32 +12,32 @@
 
 namespace tarnvex::memory {
 
-/// A dialog in which the user chooses banks and starts their transfer. The window layer makes it,
-/// shows its window and closes the window on `closed`. It may be destroyed when no function of the
-/// core is on the stack any more. The window's own close button does what `Command2` does
+/// A dialog in which the user chooses banks and starts their transfer. The window layer creates it,
+/// shows its window and closes the window on `closed`. It may only be destroyed once no function of
+/// the core is on the stack. The window's own close button does the same as `Command2`
 /// (`Command2.userClick()`).
 ///
 /// A transfer can't be stopped: all controls are disabled until `closed`. If the program ends
 /// during the transfer, everything stays as it is and `closed` isn't notified.
 class BankDialog : private platform::NonCopyable {
  public:
-  /// Gives the main window of the connected radio.
+  /// Returns the main window of the connected radio.
   using MainWindow = std::function<TransferWindow()>;
 
   virtual ~BankDialog() = default;
 
   platform::Window window;
   platform::Label Label1;
-  /// The ten banks, of which any number can be selected. The index is the bank.
+  /// The ten banks. Any number of them can be selected. The index is the bank.
   platform::ListBox List1{"List1"};
   platform::Button Command1;
   platform::Button Command2{"Command2", "Cancel"};
   platform::Button Command3{"Command3", "Select All"};
   Progress progress;
-  /// A box below the list, in a dialog that has one.
+  /// The check box below the list, if the dialog has one.
   [[nodiscard]] virtual platform::CheckBox* option() { return nullptr; }
 
-  /// The transfer is done, or the dialog was cancelled.
+  /// The transfer has finished, or the dialog was cancelled.
   platform::Notifier<> closed;
 
  protected:
@@ -55,11 +55,11 @@ class BankDialog : private platform::NonCopyable {
     std::string status;
   };
 
-  /// `banks` are the list's entries, `stepsPerBank` is what `progress` counts.
+  /// `banks` are the list's entries; `stepsPerBank` is how far `progress` advances for each bank.
   BankDialog(Words words, const std::vector<std::string>& banks, int stepsPerBank,
              MainWindow mainWindow, const TransferOutside& outside);
 
-  /// Runs first, while the poll still goes on.
+  /// Runs first, while the poll is still running.
   virtual void prepareRadio(const TransferWindow& /*main*/) {}
   /// Transfers the selected banks.
   virtual Outcome transferBanks(Transfer& transfer) = 0;

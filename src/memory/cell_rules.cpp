@@ -12,11 +12,11 @@ namespace {
 using Cell = std::optional<std::string>;
 
 constexpr std::string_view kBlanks = " \t\r\n";
-/// A frequency has four digits before the point on the line to the radio.
+/// On the wire a frequency has four digits before the point.
 constexpr double kFrequencyEnd = 10000;
 constexpr std::size_t kMostIdDigits = 6;
 constexpr std::size_t kLongestId = 10;
-/// No tag that a person writes comes near it.
+/// Far longer than any real tag.
 constexpr std::size_t kLongestTag = 1000;
 
 std::string_view trimmed(std::string_view text) {
@@ -26,7 +26,7 @@ std::string_view trimmed(std::string_view text) {
              : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-/// Digits with a point or a comma before the decimals; no sign, no exponent.
+/// Reads digits with a point or a comma before the decimals. A sign or an exponent isn't allowed.
 std::optional<double> toDecimal(std::string_view field) {
   std::string number(field);
   std::ranges::replace(number, ',', '.');
@@ -63,7 +63,7 @@ Cell idText(std::string_view field) {
   return dashed ? std::string(field) : platform::format(field, "000000");
 }
 
-/// Line ends and tabs, which a spreadsheet's cell may hold, become blanks.
+/// Line ends and tabs, which a spreadsheet's cell may contain, become blanks.
 Cell tagText(std::string_view field, std::size_t limit) {
   std::string tag(field);
   std::ranges::replace_if(

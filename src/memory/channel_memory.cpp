@@ -28,11 +28,11 @@ struct HitPlace {
   /// The word for the hit in the message.
   const char* what;
   bool occupied;
-  /// The cursor advances after a hit up to this row.
+  /// The last row up to which the cursor advances after a hit.
   int lastRow;
 };
 
-/// Whether the current row may be overwritten. Asks the user if it is in use.
+/// Whether the current row may be overwritten. Asks the user if the row is in use.
 bool mayStore(const HitPlace& place, platform::Dialogs& dialogs) {
   if (place.table.row() < 1) {
     dialogs.messageBox(
@@ -104,14 +104,14 @@ void ChannelMemory::layOut() {
 }
 
 void ChannelMemory::CursorChanged(Table& table, int row) {
-  // Deliberate: the limit holds in both tables, so in rows 300 to 1000 of the talkgroups the row
-  // below isn't normalised.
+  // Deliberate: both tables have this limit, so in rows 300 to 1000 of the talkgroups the row below
+  // isn't normalised.
   constexpr int kLastRowWithNext = 300;
   state_.CellEditActive = false;
   history_.leaveCell();
   const auto normalise =
       &table == &grid1_ ? &ChannelMemory::normaliseFrequency : &ChannelMemory::normaliseId;
-  // The cursor has already moved, so the cell that was edited is a neighbour.
+  // The cursor has already moved, so the edited cell is in a neighbouring row.
   (this->*normalise)(row);
   if (row > 0) {
     (this->*normalise)(row - 1);

@@ -18,7 +18,7 @@ namespace tarnvex::memory {
 /// The two hit lists of a main window.
 enum class HitList { Frequencies, Talkgroups };
 
-/// What the plan uses of its main window. All of it must outlive the `ChannelMemory`.
+/// The parts of the main window that the plan uses. All of them must outlive the `ChannelMemory`.
 struct MemoryControls {
   /// 301 rows of 8 columns.
   platform::Table& MSFlexGrid1;
@@ -27,10 +27,11 @@ struct MemoryControls {
   platform::TabStrip& SSTab1;
 };
 
-/// The channel plan of a main window: how its two tables are laid out, edited and navigated. The
-/// tables are the only store of the plan. Other classes read and write their cells.
+/// The channel plan of a main window: the layout of its two tables, their editing and the moves of
+/// their cursors. The tables are the only store of the plan. Other classes read and write their
+/// cells.
 ///
-/// Handles the keys, double clicks and cursor changes of both tables as long as it lives.
+/// Handles the keys, double clicks and cursor changes of both tables while it exists.
 class ChannelMemory : private platform::NonCopyable {
  public:
   using SendCommand = std::function<void(const std::string& command)>;
@@ -54,10 +55,10 @@ class ChannelMemory : private platform::NonCopyable {
   /// `MSFlexGrid2` to the first row of a group (0 to 9) of the bank. The cursor goes to column 1,
   /// or to column 0 while the main windows are being switched.
   void JumpToBank(platform::Table& table, int bank, int group = 0);
-  /// Stores a line of a hit list in the current row of its table. Asks first if the row is in use.
-  /// Deliberate: the plan isn't marked as changed.
+  /// Stores a line of a hit list in the current row of the list's table. Asks first if the row is
+  /// in use. Deliberate: the plan isn't marked as changed.
   void StoreHit(HitList list, std::string_view line);
-  /// Brings a table to the front with the cursor on a cell, whose surroundings stay as they are.
+  /// Brings a table to the front and puts the cursor on a cell. Nothing is normalised.
   void showCell(platform::Table& table, int row, int col);
   /// Empties the plan. Column 0 and the cursors stay as they are.
   void clear();

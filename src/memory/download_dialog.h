@@ -8,8 +8,8 @@ namespace tarnvex::memory {
 /// "Download Conventional Data": reads the channels of the chosen banks from the radio into the
 /// plan, moving the table's cursor along. Tags stay with their channel numbers.
 ///
-/// Deliberate: after silence the remaining rows lose everything except tone and tag. The plan
-/// counts as changed; the user gets the old rows back by not saving.
+/// Deliberate: if the radio falls silent, the remaining rows lose everything except tone and tag.
+/// The plan counts as changed; users who don't save it still have the old rows in the file.
 class frmDownload : public ChannelTransfer {
  public:
   frmDownload(MainWindow mainWindow, const TransferOutside& outside);

@@ -49,7 +49,7 @@ void appendRows(std::string& text, const Table& table) {
   }
 }
 
-/// The plan as its file has it.
+/// The plan in the form of its file.
 std::string planText(ChannelMemory& memory) {
   std::string text;
   appendRows(text, memory.MSFlexGrid1());
@@ -122,7 +122,7 @@ void FrequencyFile::keepPlan() {
   tellBackupFailure();
 }
 
-/// Told after what the backup was for, which it never stops.
+/// Called after the command that wanted the backup, since a failed backup never stops a command.
 void FrequencyFile::tellBackupFailure() {
   const auto failure = std::exchange(backupFailure_, std::nullopt);
   if (failure && ports_.backups.firstFailure()) {
@@ -140,7 +140,8 @@ void FrequencyFile::noteFingerprint(const std::string& path) {
   }
 }
 
-/// Asks before it replaces what another program has written since.
+/// Whether the file may be replaced. Asks if another program has changed it since the plan was
+/// read.
 bool FrequencyFile::mayReplace(const std::string& path) {
   const auto known = known_.find(path);
   std::string content;
@@ -275,7 +276,7 @@ void FrequencyFile::save(bool lastChance) {
   tellBackupFailure();
 }
 
-/// What follows will take the plan away. Gives the words that say where it is.
+/// The plan is about to be replaced. Returns the words that tell the user where its backup is.
 std::string FrequencyFile::keepUnsaved() {
   std::string kept;
   const auto failure = ports_.backups.keep(memory_.history().file(), planText(memory_), kept);
@@ -310,7 +311,7 @@ void FrequencyFile::loadLastPlan() {
   if (path.empty()) {
     return;
   }
-  // The window that was here before may have left it open.
+  // The previous main window may have left it open.
   ports_.files.close(kFile);
   if (!LoadPlanFromFile(path)) {
     noteFingerprint(path);

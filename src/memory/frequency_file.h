@@ -34,16 +34,16 @@ struct FrequencyFilePorts {
 
 /// The frequency file, which stores the plan, and the commands on it.
 ///
-/// The file has a line for each row, first 300 channels and then 1000 talkgroup slots. Fields are
-/// the texts of the cells from column 0 on, in double quotes. Lines end in CR LF. Both radios use
-/// the same format.
+/// The file has a line for each row, first 300 channels and then 1000 talkgroup slots. The fields
+/// are the texts of the cells from column 0 on, in double quotes. Lines end in CR LF. Both radios
+/// use the same format.
 ///
-/// Before a file is replaced by other bytes, the old ones are kept as a backup. A file that another
-/// program has changed since it was opened is replaced only after a question.
+/// Before a save changes a file, the old content is kept as a backup. If another program has
+/// changed the file since it was opened, the user is asked first.
 ///
 /// Deliberate: if the user cancels a file dialog, the command goes on with the current file; it
 /// stops only if there is none yet. A failed command leaves file number 1 open, so later file
-/// commands of this window fail with "File already open". The next window frees it.
+/// commands of this window fail with "File already open". The next main window frees the number.
 class FrequencyFile {
  public:
   FrequencyFile(ChannelMemory& memory, FrequencyFilePorts ports);
@@ -58,11 +58,11 @@ class FrequencyFile {
   void NewPlan();
   void OpenPlan();
   void SavePlan();
-  /// "Open Backup...": puts a backup in the plan's place, as Open does. The plan still belongs to
-  /// its file and counts as changed, so that the next save restores the file.
+  /// "Open Backup...": replaces the plan by a backup, as Open does. The plan still belongs to its
+  /// file and counts as changed, so that the next save restores the file.
   void OpenBackup();
 
-  /// Keeps the plan as a backup, before a download writes over its rows.
+  /// Keeps the plan as a backup. Called before a download overwrites its rows.
   void keepPlan();
 
   /// Asks whether to save the plan if it has changes. After Yes it counts as saved, even if saving
@@ -72,14 +72,13 @@ class FrequencyFile {
   void loadLastPlan();
 
  private:
-  /// What is known of a file's bytes: a hash of them, as they were when the plan was read from it
-  /// or written to it.
+  /// A hash of a file's content when the plan was last read from it or written to it.
   using Fingerprint = std::size_t;
 
   void prepareDialog(const char* title, const char* accept, const char* keep);
   bool chooseSaveName();
   bool mayReplace(const std::string& path);
-  /// Writes the plan after a backup of what the file holds.
+  /// Makes a backup of the file's content and then writes the plan to it.
   platform::Failure replace(const std::string& path);
   void keep(const std::string& path, std::string_view content);
   void tellBackupFailure();
@@ -95,7 +94,7 @@ class FrequencyFile {
   ChannelMemory& memory_;
   FrequencyFilePorts ports_;
   std::map<std::string, Fingerprint> known_;
-  /// Of a backup, until the user is told.
+  /// A failed backup that the user hasn't been told about yet.
   platform::Failure backupFailure_;
 };
 

@@ -23,7 +23,7 @@ void deleteLast(Table& table) {
 
 bool ChannelMemory::GridKey(Table& table, char key) {
   if (key == kQuote) {
-    return true;  // the frequency file can't store it
+    return true;  // the frequency file can't hold it
   }
   const auto act = [&] { return &table == &grid1_ ? channelKey(key) : talkgroupKey(key); };
   if (key == kEnter) {
@@ -127,8 +127,8 @@ bool ChannelMemory::numberKey(Table& table, char key, std::string_view accepted)
   return true;
 }
 
-/// Deliberate: every key of a frequency copies the flags and the tone of the row above. The tag is
-/// copied only into a blank cell.
+/// Deliberate: every key typed in a frequency copies the flags and the tone of the row above. The
+/// tag is copied only into a blank cell.
 void ChannelMemory::inheritFromRowAbove() {
   const int row = grid1_.row();
   if (row < 2) {
@@ -166,9 +166,9 @@ void ChannelMemory::priorityKey(char key) {
   }
 }
 
-/// Moves the cursor through the group, with all effects of moving it: IDs are normalised and the
-/// edit of the cell ends. At the edge of the table the cursor stays, and the current cell is
-/// written.
+/// Deliberate: moves the cursor through the group, with all effects of such a move: IDs are
+/// normalised and the edit of the cell ends. At the edge of the table the cursor stays, and the
+/// current cell is written.
 void ChannelMemory::makePriority() {
   constexpr std::size_t kSlotNumberStart = 10;
   const int home = grid2_.row();

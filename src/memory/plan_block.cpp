@@ -8,8 +8,8 @@ namespace {
 constexpr char kQuote = '"';
 constexpr std::string_view kEnds = "\t\r\n";
 
-/// The field in quotes that begins at `position`, which moves past its closing quote. Nothing if it
-/// is never closed.
+/// Returns the quoted field that begins at `position`, and moves `position` past its closing quote.
+/// Nothing if the quote is never closed.
 std::optional<std::string> takeQuoted(std::string_view text, std::size_t& position) {
   std::string field;
   std::size_t at = position + 1;

@@ -12,7 +12,7 @@ using platform::Table;
 namespace {
 
 constexpr int kGroup = 10;
-/// Lines of the message; more would not fit on a screen.
+/// The most lines of a message. More wouldn't fit on a screen.
 constexpr std::size_t kMostTold = 12;
 constexpr std::size_t kLongestTold = 40;
 
@@ -26,7 +26,7 @@ std::vector<int> shownColumns(const Table& table, int left, int right) {
   return columns;
 }
 
-/// The field as a line of a message can show it.
+/// The field in a form that fits into a line of a message.
 std::string quoted(std::string_view field) {
   std::string shown(field.substr(0, kLongestTold));
   std::ranges::replace_if(
@@ -44,10 +44,10 @@ std::string counted(std::size_t count, const char* what) {
 struct PlanEditor::Pasting {
   Table& table;
   PlanKind kind;
-  /// One line each for fields that were left out.
+  /// A line for each field that was left out.
   std::vector<std::string> told;
   std::size_t leftOut = 0;
-  /// Rows of `MSFlexGrid2` that the text marks as priority, and groups in which that is new.
+  /// The rows of `MSFlexGrid2` that the text marks as priority, and the groups that get a new mark.
   std::vector<int> marked;
   std::set<int> newlyMarked;
   bool changed = false;
@@ -153,7 +153,7 @@ void PlanEditor::pasteRows(Pasting& pasting, const CellRange& cells, const PlanB
   }
 }
 
-/// A field that says what the cell says already changes nothing, whatever it is.
+/// A field that equals the cell's text changes nothing, even if the column wouldn't accept it.
 void PlanEditor::pasteField(Pasting& pasting, int row, int col, const std::string& field) {
   Table& table = pasting.table;
   const std::string& cell = table.textMatrix(row, col);
@@ -180,7 +180,7 @@ void PlanEditor::pasteField(Pasting& pasting, int row, int col, const std::strin
   }
 }
 
-/// The last mark of each group stays. A group whose marks were all there before keeps them.
+/// Keeps only the last mark of each group. A group without new marks keeps all that it has.
 void PlanEditor::keepOnePriority(Pasting& pasting) {
   Table& table = pasting.table;
   for (auto row = pasting.marked.rbegin(); row != pasting.marked.rend(); ++row) {

@@ -18,35 +18,34 @@ struct CellRange {
   int right;
 };
 
-/// What the user does to many cells of the plan at once: copy, cut, paste, delete, undo and redo.
-/// For the window layer. All of it takes effect at once and asks nothing, so it may be called while
-/// an exchange with the radio waits. Columns of width 0, which the window doesn't show, are passed
-/// over.
+/// The commands on many cells of the plan: copy, cut, paste, delete, undo and redo. For the window
+/// layer. Each takes effect at once and asks nothing, so it may be called while an exchange with
+/// the radio waits. Columns of width 0, which the window doesn't show, are skipped.
 ///
-/// Values are written as they are: nothing is taken over from the row above, and of the rules of
-/// the keyboard only one holds, that a group of talkgroups has one priority.
+/// Values are written as they are: nothing is copied from the row above. Of the rules for typing
+/// only one applies: a group of talkgroups has at most one priority ID.
 class PlanEditor {
  public:
   explicit PlanEditor(ChannelMemory& memory) : memory_(memory) {}
 
   /// The cells as a text for the clipboard.
   [[nodiscard]] std::string copy(const platform::Table& table, const CellRange& cells) const;
-  /// Clears the cells. `name` is the step's, "Delete" or "Cut".
+  /// Clears the cells. `name` is the name of the undo step, "Delete" or "Cut".
   void clear(platform::Table& table, const CellRange& cells, std::string_view name);
   /// Writes a text of cells from the top left cell on; a single value fills all of `cells`. What
-  /// doesn't fit its column or the table is left out. Gives the message that says so, if any was.
-  /// A zero byte in the text stands for a character that the plan can't hold.
+  /// doesn't fit its column or the table is left out. Returns the message that says so, if anything
+  /// was left out. A zero byte in the text stands for a character that the plan can't hold.
   [[nodiscard]] std::optional<std::string> paste(platform::Table& table, const CellRange& cells,
                                                  std::string_view text);
-  /// Shows that message. Unlike all else here it enters the core by the gate.
+  /// Shows that message. Unlike everything else here, it must be called through the event gate.
   void tell(const std::string& message) {
     memory_.dialogs().messageBox(message, "Paste", platform::kWarning);
   }
 
   [[nodiscard]] std::string undoName() const { return memory_.history().undoName(); }
   [[nodiscard]] std::string redoName() const { return memory_.history().redoName(); }
-  /// Step the plan back or forth and bring its table, with the cursor on the step's cell, to the
-  /// front. False if there is no step to take.
+  /// Undo or redo a step, bring its table to the front and put the cursor on the step's cell. False
+  /// if there is no such step.
   bool undo() { return show(memory_.history().undo()); }
   bool redo() { return show(memory_.history().redo()); }
 

@@ -9,7 +9,7 @@ using platform::Table;
 
 namespace {
 
-/// A change of one cell: what lies between a beginning and an end that stay was replaced.
+/// A change of one cell: the text between an unchanged beginning and an unchanged end was replaced.
 struct Change {
   std::uint32_t cell = 0;
   std::uint32_t beginning = 0;
@@ -17,8 +17,8 @@ struct Change {
   std::uint32_t inserted = 0;
 };
 
-/// Packed as the change, the removed bytes, the inserted bytes and the length of all that, so that
-/// a row of changes reads from either side.
+/// Packs the change, the removed bytes, the inserted bytes and the length of all three, so that a
+/// sequence of changes can be read from either end.
 void pack(std::string& changes, std::uint32_t cell, const std::string& before,
           const std::string& after) {
   const auto same = std::ranges::mismatch(before, after);
@@ -54,7 +54,7 @@ std::size_t sizeAt(const Change& change) {
   return sizeof change + change.removed + change.inserted + sizeof(std::uint32_t);
 }
 
-/// The two tables' cells under one number.
+/// The bit of a cell's number that says which of the two tables it is in.
 constexpr std::uint32_t kTable = 0x80000000;
 
 }  // namespace
@@ -130,7 +130,7 @@ void PlanHistory::take(std::size_t index, int row, int col) {
   if (before == after) {
     return;
   }
-  // Before the first step nothing can be brought back.
+  // Before the first step there is nothing to undo.
   const bool counts = depth_ > 0 || !done_.empty() || !undone_.empty();
   if (!replaying_ && counts) {
     std::string& changes = depth_ > 0 ? openRecord({watched.table, row, col}).changes : drift_;
@@ -141,7 +141,7 @@ void PlanHistory::take(std::size_t index, int row, int col) {
   before = after;
 }
 
-/// The record of the step under way.
+/// The record of the open step.
 PlanHistory::Record& PlanHistory::openRecord(const Place& place) {
   if (std::exchange(recorded_, true)) {
     settleDrift();
@@ -157,8 +157,8 @@ PlanHistory::Record& PlanHistory::openRecord(const Place& place) {
   return done_.back();
 }
 
-/// What has changed since the last step becomes a part of it. Before the first one nothing can
-/// bring it back.
+/// Makes what has changed since the last step a part of that step. Before the first step, such a
+/// change can't be undone.
 void PlanHistory::settleDrift() {
   if (done_.empty()) {
     bytes_ -= drift_.size();
@@ -175,7 +175,7 @@ void PlanHistory::dropDrift() {
 }
 
 void PlanHistory::saved() {
-  // Everything before and after it differs from the file.
+  // All steps before and after now lead to a plan that differs from the file.
   for (Record& record : done_) {
     record.modifiedBefore = true;
   }
@@ -228,8 +228,8 @@ std::optional<PlanHistory::Place> PlanHistory::redo() {
   return place;
 }
 
-/// Only a step that has changed the name brings it back: a plan that was saved under another one
-/// since then keeps that.
+/// Only a step that changed the name restores it. A plan that has been saved under another name
+/// since then keeps that name.
 void PlanHistory::adoptFile(const std::string& from, const std::string& to) {
   if (from != to) {
     file_ = to;

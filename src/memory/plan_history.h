@@ -16,19 +16,21 @@
 namespace tarnvex::memory {
 
 /// The edits of the plan's two tables, in steps that can be undone and redone. It watches every
-/// cell, so nobody has to report a change; whoever edits only says where a step begins and ends.
+/// cell, so nobody has to report a change. Code that edits only marks where a step begins and ends.
 ///
-/// A change outside of a step, such as a frequency that takes its normal form as the cursor passes,
-/// belongs to the step before it. So undoing all steps leads back to the first one's plan, byte for
-/// byte. `MemoryModified` and the name of the plan's file go back and forth with the steps.
+/// A change outside a step, such as a frequency that is normalised when the cursor passes, belongs
+/// to the step before it. So undoing all steps restores the plan as it was before the first one,
+/// byte for byte. `MemoryModified` and the name of the plan's file are undone and redone with the
+/// steps.
 class PlanHistory {
  public:
-  /// The oldest steps go when all of them together take more. 200 replacements of a full plan fit.
+  /// When all steps together take more than this, the oldest are dropped. 200 replacements of a
+  /// full plan fit.
   static constexpr std::size_t kMostBytes = std::size_t{64} << 20;
 
   PlanHistory(platform::Table& channels, platform::Table& talkgroups, platform::SharedState& state);
 
-  /// Everything that changes while it lives is one step. Within another one it adds nothing.
+  /// Everything that changes while it exists is one step. It has no effect inside another step.
   class Step {
    public:
     explicit Step(PlanHistory& history) : history_(history) {}
@@ -41,36 +43,39 @@ class PlanHistory {
    private:
     PlanHistory& history_;
   };
-  /// `name` is what the menu calls it: "Paste".
+  /// `name` is what the menu calls the step, such as "Paste".
   [[nodiscard]] Step step(std::string_view name);
-  /// A step of typing: it goes on with the one before it while the cursor stays in its cell.
+  /// A step for a typed key. Keys typed without leaving the cell belong to the same step.
   [[nodiscard]] Step typing(const platform::Table& table);
-  /// The cursor has left the cell: the next typing is a step of its own.
+  /// The cursor has left the cell, so the next key begins a new step.
   void leaveCell();
 
-  /// The plan as it is now is in its file.
+  /// The current plan has been saved to its file.
   void saved();
   [[nodiscard]] const std::string& file() const { return file_; }
-  /// The plan now belongs to this file. Within a step, undoing it brings the former name back.
+  /// The plan now belongs to this file. If this is set within a step, undoing the step restores the
+  /// former name.
   void setFile(std::string path) { file_ = std::move(path); }
-  /// Undo or redo has brought back another name.
+  /// Undo or redo has restored another name.
   std::function<void(const std::string& path)> onFileChanged;
 
-  /// What undo and redo would take, blank if there is nothing or a step is under way.
+  /// The names of the steps that undo and redo would take. Blank if there is none or a step is
+  /// open.
   [[nodiscard]] std::string undoName() const;
   [[nodiscard]] std::string redoName() const;
-  /// A cell that a step has changed: where the cursor belongs after undo or redo.
+  /// A cell that a step has changed. The cursor goes there after undo or redo.
   struct Place {
     platform::Table* table;
     int row;
     int col;
   };
-  /// Nothing if there is no step to take, or one is under way.
+  /// Take back the last step, or make it again. Nothing if there is no such step, or a step is
+  /// open.
   std::optional<Place> undo();
   std::optional<Place> redo();
 
  private:
-  /// Changes in the order in which they were made, packed: see plan_history.cpp.
+  /// One step. `changes` are packed in the order in which they were made: see plan_history.cpp.
   struct Record {
     std::string name;
     std::string changes;
@@ -104,18 +109,18 @@ class PlanHistory {
   std::vector<Watched> tables_;
   std::deque<Record> done_;
   std::vector<Record> undone_;
-  /// Changes since the last step, outside of any.
+  /// Changes outside any step, since the last one.
   std::string drift_;
   std::size_t bytes_ = 0;
   std::string file_;
 
   int depth_ = 0;
-  /// Of the step that is under way. Its record is made at its first change.
+  /// State of the open step. Its record is created at its first change.
   std::string name_;
   bool modifiedBefore_ = false;
   std::string fileBefore_;
   bool recorded_ = false;
-  /// The step under way types into this cell, and the last one did.
+  /// The cell that the open step types into, and the one that the last step typed into.
   std::optional<Place> typed_;
   std::optional<Place> visited_;
   bool replaying_ = false;

@@ -17,7 +17,7 @@ int bankOfChannel(int channel);
 /// The first row with exactly this frequency text.
 std::optional<int> findChannel(const platform::Table& channels, std::string_view frequency);
 
-/// The first row with this frequency in MHz, however it is written.
+/// The first row with this frequency, in MHz, in whatever form the table has it.
 std::optional<int> findChannel(const platform::Table& channels, double megahertz);
 
 /// The tag of the first row that has this frequency and a tag.
@@ -27,12 +27,13 @@ std::optional<std::string> findTag(const platform::Table& channels, std::string_
 std::optional<std::string> findTag(const platform::Table& channels, std::string_view frequency,
                                    std::string_view channel);
 
-/// The tag of a talkgroup ID in a bank, possibly empty. The last row with the ID decides. Nothing
-/// if no row has it. Deliberate: the last row of the bank before counts too.
+/// The tag of a talkgroup ID in a bank, possibly empty. If several rows have the ID, the last one
+/// counts. Nothing if none has it. Deliberate: the search begins one row early, so an ID in the
+/// last slot of the bank before is found too.
 std::optional<std::string> findTalkgroupTag(const platform::Table& talkgroups, int bank,
                                             std::string_view id);
 
-/// The same for an ID that may be written in several forms. Only the bank's own rows count.
+/// The same for an ID that can be written in several forms. Searches only the bank's own rows.
 std::optional<std::string> findTalkgroupTag(const platform::Table& talkgroups, int bank,
                                             std::span<const std::string> forms);
 

@@ -4,7 +4,7 @@
 
 namespace tarnvex::memory {
 
-/// The columns of `MSFlexGrid1`. A row is a conventional channel, every field is text. Rows 1 to
+/// The columns of `MSFlexGrid1`. A row is a conventional channel. Every field is text. Rows 1 to
 /// 300 are ten banks of 30.
 struct ChannelRecord {
   enum Column : int {
@@ -21,7 +21,7 @@ struct ChannelRecord {
   static constexpr int kRows = 300;
 };
 
-/// The columns of `MSFlexGrid2`. A row is a talkgroup slot, every field is text. Rows 1 to 1000 are
+/// The columns of `MSFlexGrid2`. A row is a talkgroup slot. Every field is text. Rows 1 to 1000 are
 /// ten banks of ten groups of ten slots.
 struct TalkgroupRecord {
   enum Column : int {

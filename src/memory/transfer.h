@@ -16,7 +16,7 @@
 
 namespace tarnvex::memory {
 
-/// What a transfer uses of its main window. All of it outlives the transfer.
+/// The parts of a main window that a transfer uses. All of them outlive the transfer.
 struct TransferWindow {
   const link::RadioModel& model;
   platform::Table& MSFlexGrid1;
@@ -28,7 +28,7 @@ struct TransferWindow {
   platform::Timer& Scantimer;
 };
 
-/// What a transfer uses apart from its main window. All of it outlives the transfer.
+/// What else a transfer uses. All of it outlives the transfer.
 struct TransferOutside {
   platform::SharedState& state;
   link::ScannerLink& link;
@@ -37,7 +37,7 @@ struct TransferOutside {
   const platform::Clock& clock;
 };
 
-/// How far a transfer has come, for a progress bar. A total of 0 means that it hasn't started.
+/// The progress of a transfer, for a progress bar. A total of 0 means that it hasn't started.
 class Progress {
  public:
   [[nodiscard]] int done() const { return done_; }
@@ -54,13 +54,13 @@ class Progress {
   int total_ = 0;
 };
 
-/// One run of a transfer, of channels or of talkgroup IDs: a local variable of the function that
-/// transfers. It takes the turn, so that one transfer runs at a time, and holds the poll from
-/// `begin` to `end`. If the program ends in between, poll, panel and pointer stay as they are.
+/// One transfer of channels or talkgroup IDs, as a local variable of the function that does it.
+/// Only one transfer can run at a time. The poll is stopped from `begin` to `end`. If the program
+/// ends in between, poll, panel and pointer stay as they are.
 class Transfer : private platform::NonCopyable {
  public:
-  /// Beeps if another transfer is running: it then isn't `granted`, and nothing else may be called.
-  /// Ends the poll's ID loop, if it is in one.
+  /// Ends the poll's ID loop, if it is in one. Beeps if another transfer is running; then `granted`
+  /// is false and nothing else may be called.
   Transfer(const TransferWindow& window, const TransferOutside& outside);
   ~Transfer();
 
@@ -70,12 +70,12 @@ class Transfer : private platform::NonCopyable {
   void begin(const std::string& status);
   void showHourglass() { outside_.dialogs.setBusyPointer(true); }
   void showArrow() { outside_.dialogs.setBusyPointer(false); }
-  /// Runs what waits in the event gate. False if the program has ended.
+  /// Runs what is queued in the event gate. False if the program has ended.
   [[nodiscard]] bool letOthersRun();
   /// Stops the poll again after other handlers have run, whatever they did. False if the program
   /// has ended.
   [[nodiscard]] bool keepPollStopped();
-  /// Starts the poll. False, and nothing happens, if the program has ended.
+  /// Starts the poll. If the program has ended, does nothing and returns false.
   bool end();
 
   const TransferWindow main;

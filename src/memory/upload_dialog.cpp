@@ -32,7 +32,7 @@ void frmUpload::transferChannel(Transfer& transfer, int bank, int channel) {
   if (trunked && !enterTrunkedBank(transfer, bank)) {
     return;
   }
-  // A cell that isn't a number sends no frequency. The other fields are sent all the same.
+  // If the cell isn't a number, no frequency is sent. The other fields are sent anyway.
   if (const auto megahertz =
           platform::toReal(main.MSFlexGrid1.textMatrix(channel, ChannelRecord::Frequency))) {
     outside_.link.SendCommand(link::command::writeChannel(channel, *megahertz));
@@ -53,7 +53,7 @@ bool frmUpload::enterTrunkedBank(Transfer& transfer, int bank) {
   if (!learnSystemType(transfer)) {
     return false;
   }
-  // The radio has left the bank to have its type set.
+  // Setting the type has taken the radio out of the bank.
   keyTrunkedBank(transfer.main, bank);
   outside_.state.DigitKeyed = true;
   return true;

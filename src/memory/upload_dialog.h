@@ -8,15 +8,15 @@
 namespace tarnvex::memory {
 
 /// "Upload Conventional Data": writes the channels of the chosen banks into the radio, with one
-/// command for each field. Empty channels are sent too, which empties the radio's. Tags stay on the
-/// PC. Tones can be set but not removed. Afterwards the radio is on channel 1.
+/// command for each field. Empty channels are sent too, which clears them in the radio. Tags stay
+/// on the PC. Tones can be set but not removed. At the end the radio is on channel 1.
 ///
-/// A channel with the `Trunk` flag is keyed into its trunked bank. For a radio that needs to know
-/// the system type of that bank, the user is asked once per bank.
+/// A channel with the `Trunk` flag is keyed into its trunked bank. If the radio needs to know the
+/// system type of that bank, the user is asked once per bank.
 class frmUpload : public ChannelTransfer {
  public:
-  /// Asks the user for the system type of the bank that the radio is in and programs the bank with
-  /// it. Returns when the dialog has closed or the program has ended.
+  /// Asks the user for the system type of the bank that the radio is in and sends it to the radio.
+  /// Returns when the dialog has closed or the program has ended.
   using AskSystemType = std::function<void()>;
 
   frmUpload(MainWindow mainWindow, const TransferOutside& outside, AskSystemType askSystemType);

@@ -14,13 +14,13 @@ class Backups : private NonCopyable {
  public:
   virtual ~Backups() = default;
 
-  /// Keeps the bytes of a frequency file. `path` is the file they belong to, which names the copy;
-  /// blank for a plan without a file. On success `kept` is the copy's path.
+  /// Makes a copy of a frequency file's bytes. The copy is named after the file, whose name is
+  /// `path` (blank for a plan without a file). On success `kept` is the copy's path.
   virtual Failure keep(const std::string& path, std::string_view content, std::string& kept) = 0;
-  /// The folder of the copies, without a slash at its end. Made if it isn't there.
+  /// The folder of the copies, without a slash at its end. Creates it if necessary.
   virtual std::string folder() = 0;
 
-  /// True at the first call: a failure is told to the user once.
+  /// True at the first call only, so that the user sees one message about a failure.
   [[nodiscard]] bool firstFailure() { return !std::exchange(failed_, true); }
 
  private:

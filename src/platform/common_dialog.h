@@ -33,22 +33,22 @@ class CommonDialog : private NonCopyable {
   std::string Filter;
   /// Blank for the system's default title.
   std::string DialogTitle;
-  /// Added to a typed name that has no suffix, without its point; blank for none.
+  /// The suffix that a typed name gets if it has none, without the dot. Blank for none.
   std::string DefaultExt;
   /// The folder to begin in while `FileName` is blank. Blank for the system's choice.
   std::string InitDir;
-  /// What the button says that chooses the file. Blank for the system's own word.
+  /// The caption of the button that accepts the file. Blank for the system's own.
   std::string AcceptCaption;
-  /// What Cancel means while there is a `FileName` to go on with, such as "Save to": the button
-  /// says so, with the file's name after it. Blank for the system's own word.
+  /// What Cancel does while there is a `FileName` to go on with, such as "Save to". It becomes the
+  /// button's caption, with the file's name after it. Blank for the system's own.
   std::string KeepCaption;
-  /// The dialog itself asks before it gives a file that exists, other than `FileName`.
+  /// Whether the dialog itself asks before it accepts an existing file other than `FileName`.
   bool AsksBeforeReplacing = false;
 
  protected:
-  /// Shows the system's dialog. Nothing if the user cancelled. Empty if the program has ended or
-  /// the dialog's window is gone: `FileName` is then blank, which stops every command, even one
-  /// that would ask again.
+  /// Shows the system's dialog. Returns nothing if the user cancelled, and an empty name if the
+  /// program has ended or the dialog's window is gone. `FileName` is then blank, which stops every
+  /// command, even one that would ask again.
   virtual std::optional<std::string> chooseFile(FileDialogKind kind) = 0;
 
  private:

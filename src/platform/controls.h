@@ -18,16 +18,17 @@
 /// "setting a check box from code runs its click" live here, once.
 ///
 /// Each control has the name that it has in the program's own language, such as "chkRecord", or
-/// "MSBank(3)" for a member of an array. It is the only place where the name is written.
+/// "MSBank(3)" for a member of an array. The name is written there and nowhere else.
 ///
 /// Two kinds of operations: setters, which the core calls, and user operations (`userClick`, ...),
-/// which the window layer calls through the event gate; the latter do nothing on a control that is
+/// which the window layer calls through the event gate; these do nothing on a control that is
 /// disabled or hidden.
 namespace tarnvex::platform {
 
 /// A colour number as the settings keep it: red in the lowest byte, then green, then blue.
 using Colour = std::uint32_t;
 
+/// What all controls have: a name, whether they are visible and enabled, and the keyboard focus.
 class Control : private NonCopyable {
  public:
   explicit Control(std::string name) : name_(std::move(name)) {}
@@ -45,7 +46,7 @@ class Control : private NonCopyable {
   /// Asks the window layer to give the control the keyboard focus.
   void setFocus() { focusRequested.notify(); }
 
-  /// Anything that is drawn has changed.
+  /// Something that is drawn has changed.
   Notifier<> changed;
   Notifier<> focusRequested;
 
@@ -65,7 +66,7 @@ inline void passKeysOn(std::initializer_list<Control*> controls) {
   }
 }
 
-/// Makes an array of controls, each named for its place: "MSBank(0)", "MSBank(1)" and so on. All
+/// Makes an array of controls, each named after its index: "MSBank(0)", "MSBank(1)" and so on. All
 /// get the same arguments after the name.
 template <class AnyControl, std::size_t N, class... Arguments>
 std::array<AnyControl, N> controlArray(std::string_view name, Arguments&... arguments) {
@@ -76,6 +77,7 @@ std::array<AnyControl, N> controlArray(std::string_view name, Arguments&... argu
   (std::make_index_sequence<N>());
 }
 
+/// A text that the user can't edit, with a background colour.
 class Label : public Control {
  public:
   explicit Label(std::string name, std::string caption = {}, bool visible = true);
@@ -90,6 +92,7 @@ class Label : public Control {
   Colour backColor_ = 0xFFFFFF;
 };
 
+/// A push button.
 class Button : public Control {
  public:
   Button(std::string name, std::string caption)
@@ -103,6 +106,7 @@ class Button : public Control {
   std::string caption_;
 };
 
+/// A box that is ticked or not.
 class CheckBox : public Control {
  public:
   explicit CheckBox(std::string name, std::string caption = {}, bool value = false);
@@ -129,7 +133,7 @@ class OptionButton : public Control {
   /// Choosing one that isn't chosen yet clears the others of its group and runs its click. Clearing
   /// runs none.
   void setValue(bool value);
-  /// A user's click runs the click handler also on the chosen one.
+  /// A user's click runs the click handler even if the option is already chosen.
   void userClick();
 
   std::function<void()> onClick;
@@ -143,7 +147,7 @@ class OptionButton : public Control {
   std::vector<OptionButton*> group_;
 };
 
-/// Makes the options one group. The options must live equally long.
+/// Makes the options one group. All of them must be destroyed together.
 void groupOptions(std::vector<OptionButton*> options);
 
 /// A drop-down list without free text. Its list index is -1 while nothing is chosen.
@@ -156,8 +160,8 @@ class ComboBox : public Control {
   [[nodiscard]] int listIndex() const { return listIndex_; }
   /// The chosen item's text, empty if none is chosen.
   [[nodiscard]] std::string text() const;
-  /// Chooses an item and runs the click, also if it is the chosen one. An index outside the list is
-  /// refused: false, nothing changes.
+  /// Chooses an item and runs the click, even if the item is already chosen. Returns false and
+  /// changes nothing if the index is outside the list.
   bool setListIndex(int index);
   void userChoose(int index);
 
@@ -178,7 +182,7 @@ class ListBox : public Control {
   /// The line at `index`, or the empty text outside the list.
   [[nodiscard]] std::string item(int index) const;
   void add(std::string item);
-  /// Many lines or selections at once: the window is told of them once.
+  /// Adds or selects many lines and notifies the window once.
   void addAll(std::vector<std::string> items);
   void selectAll();
   void replace(int index, std::string item);
@@ -191,7 +195,7 @@ class ListBox : public Control {
 
   /// A user's click on a line: it becomes the current one, and the click runs.
   void userClick(int index);
-  /// The user changed which lines are selected; beyond the end of `selected` none is.
+  /// The user changed which lines are selected. Lines beyond the end of `selected` aren't.
   void userSelect(const std::vector<bool>& selected);
   /// The right mouse button was pressed over the list.
   void userRightPress();
@@ -212,11 +216,10 @@ class TextBox : public Control {
 
   [[nodiscard]] const std::string& text() const { return text_; }
   void setText(std::string text);
-  /// The user's edit, after `userKey` has let the key through. Doesn't notify of a text that is the
-  /// same.
+  /// The user's edit, after `userKey` has let the key through. The same text again notifies nobody.
   void userEdit(std::string text) { setText(std::move(text)); }
-  /// A key typed by the user, as a character code. False if the handler swallowed it: the text then
-  /// stays.
+  /// A key typed by the user, as a character code. False if the handler swallowed it; the text then
+  /// stays as it is.
   bool userKey(char key);
   /// The user gave the box the keyboard focus.
   void userFocus();
@@ -244,8 +247,9 @@ class TabStrip : public Control {
   int tab_ = 0;
 };
 
-/// A timer that the platform drives: while it is enabled, `fire` is called every `interval`
-/// milliseconds at the most. Calls never nest: a timer whose handler still runs doesn't fire.
+/// A timer that the platform drives: while it is enabled, `fire` is called at most once per
+/// `interval`, which is in milliseconds. Calls never nest: a timer doesn't fire while its handler
+/// runs.
 class Timer {
  public:
   explicit Timer(int intervalMs) : interval_(intervalMs) {}
@@ -253,7 +257,7 @@ class Timer {
   void setEnabled(bool enabled);
   [[nodiscard]] int interval() const { return interval_; }
   void setInterval(int milliseconds);
-  /// Runs the handler if the timer is enabled and the handler doesn't run already.
+  /// Runs the handler if the timer is enabled and the handler isn't running already.
   void fire();
   [[nodiscard]] bool running() const { return running_; }
 

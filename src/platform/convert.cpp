@@ -9,7 +9,8 @@
 namespace tarnvex::platform {
 namespace {
 
-/// A non-negative number as its digits around the point, without superfluous zeros at either end.
+/// The digits of a non-negative number before and after the point, without superfluous zeros at
+/// either end.
 struct Decimal {
   std::string whole;
   std::string fraction;

@@ -9,11 +9,11 @@
 /// positions count characters.
 ///
 /// Continue on failure: a failed conversion returns nothing, and the statement that needed the
-/// value is skipped, with `assign` for the usual case. No conversion throws.
+/// value is skipped. `assign` does this for the usual case. No conversion throws.
 namespace tarnvex::platform {
 
 /// The `length` characters of `text` from position `start`, counted from 1. Fewer if the text ends
-/// before.
+/// earlier.
 std::string mid(std::string_view text, std::size_t start, std::size_t length);
 /// The characters from position `start`, counted from 1, to the end.
 std::string mid(std::string_view text, std::size_t start);

@@ -17,20 +17,20 @@ enum MessageFlags : int {
   kOkCancelWarning = 49,
   kYesNoWarning = 52,
   kInformation = 64,
-  /// No is the button that Enter presses.
+  /// As above, but Enter presses No.
   kYesNoWarningNo = 308,
 };
 
 enum class Answer : int { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
 
-/// Message boxes and other requests to the user's screen, apart from windows.
+/// Message boxes and everything else that the core shows the user, apart from windows.
 class Dialogs : private NonCopyable {
  public:
   virtual ~Dialogs() = default;
 
   /// Shows a message box and returns the answer. The poll goes on meanwhile. If the user closes the
-  /// box in another way, or the program ends, the answer is the one that changes least: No, Cancel,
-  /// or OK if there is nothing else.
+  /// box without a button, or the program ends, the answer is the one that changes least: No,
+  /// Cancel, or OK if there is nothing else.
   virtual Answer messageBox(const std::string& text, const std::string& title,
                             MessageFlags flags) = 0;
   /// Asks a question whose Yes destroys something. The button that Enter presses is No.

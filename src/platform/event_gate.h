@@ -12,8 +12,9 @@ namespace tarnvex::platform {
 /// at once while the core is idle. While the core is busy (an exchange waits for bytes, a message
 /// box is open) events are queued and run in order, one at a time, where the core yields.
 ///
-/// User events come before timers. What the user did before a tick runs before it and outside it,
-/// so that a message box opened by the event doesn't stop the poll. A timer is queued once at most.
+/// User events come before timers. What the user did before a tick runs before the tick and outside
+/// it, so that a message box that the event opens doesn't stop the poll. A timer is queued once at
+/// most.
 class EventGate {
  public:
   using Handler = std::function<void()>;
@@ -31,10 +32,11 @@ class EventGate {
   /// Runs the handler as soon as no function of the core is on the stack.
   void whenIdle(Handler handler);
 
-  /// Drops the waiting user events: their window is gone.
+  /// Drops the queued user events, because their window is gone.
   void dropUserEvents();
 
-  /// Delivers pending events and runs what is queued. The core calls it wherever others may run.
+  /// Delivers pending events and runs what is queued. The core calls it wherever other handlers may
+  /// run.
   void yield();
   /// Yields until `done` is true or the program has ended. Sleeps in the event loop in between.
   void waitUntil(const std::function<bool()>& done);

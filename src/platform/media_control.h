@@ -31,7 +31,7 @@ class MediaControl : private NonCopyable {
   virtual void command(MediaCommand command) = 0;
   /// The first error since `Open`, or empty.
   [[nodiscard]] virtual std::string errorMessage() const = 0;
-  /// Name of the last file that was recorded, empty if there is none. To be asked once it is
+  /// Name of the last file that was recorded, empty if there is none. Valid once the recording is
   /// closed.
   [[nodiscard]] virtual std::string savedFile() const = 0;
 };

@@ -2,8 +2,8 @@
 
 namespace tarnvex::platform {
 
-/// Base of what can be neither copied nor moved: it has an identity, or others hold references to
-/// it.
+/// Base of classes that can be neither copied nor moved, because they have an identity or because
+/// others hold references to them.
 class NonCopyable {
  public:
   NonCopyable(const NonCopyable&) = delete;

@@ -18,7 +18,7 @@ class Connection {
 };
 
 /// Tells observers about a change. Callbacks run in the order in which they were connected. A
-/// callback may connect and disconnect others; one that was disconnected isn't called any more.
+/// callback may connect and disconnect others; a disconnected one isn't called any more.
 template <class... Args>
 class Notifier {
  public:

@@ -9,8 +9,8 @@ namespace tarnvex::platform {
 namespace {
 
 constexpr char kQuote = '"';
-/// No field of ours comes near it. Without it a file of another kind, chosen by mistake, would fill
-/// the memory.
+/// Far more than any field of the program's files. Without the limit, a file of another kind,
+/// chosen by mistake, would fill the memory.
 constexpr std::size_t kLongestField = std::size_t{16} << 20;
 constexpr std::size_t kLargestFile = std::size_t{64} << 20;
 
@@ -127,7 +127,7 @@ class TextSource : public ByteSource {
   std::string_view text_;
 };
 
-/// What must be written after the content of a file, so that what follows begins a line.
+/// What must be appended to a file's content so that the next text begins a new line.
 std::string_view missingEnd(std::string_view content) {
   FieldReader reader(std::make_unique<TextSource>(content));
   std::string field;
@@ -164,7 +164,7 @@ struct SequentialFiles::OpenFile {
   /// Only for output and append: what isn't on the disk yet.
   std::string written;
   bool dirty = false;
-  /// Why nothing can be written any longer.
+  /// Why nothing more can be written.
   Failure lost;
 };
 

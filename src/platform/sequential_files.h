@@ -24,15 +24,15 @@ class ByteSource : private NonCopyable {
   virtual Failure read(std::string& bytes) = 0;
 };
 
-/// The files of the machine, read and written whole. Names are bytes as the file system has them.
+/// The files of the machine, read and written whole. Names are bytes, as the file system has them.
 /// Links are followed. Only regular files are read or written: a folder or a device is refused at
 /// once.
 class FileStore : private NonCopyable {
  public:
   virtual ~FileStore() = default;
 
-  /// Whether there is something other than a folder with that name. True as well where that can't
-  /// be found out: the next use of the file reports why, and nobody takes it for a new file.
+  /// Whether something other than a folder has that name. Also true if that can't be determined:
+  /// the next use of the file then reports why, and nobody takes it for a new file.
   [[nodiscard]] virtual bool exists(const std::string& path) = 0;
   /// The path with its last component spelled as in the folder: unchanged if that name exists,
   /// otherwise the first name that differs only in case, otherwise unchanged.
@@ -71,7 +71,7 @@ enum class OpenMode { Input, Output, Append };
 enum class NameCase { Exact, Any };
 
 /// The sequential files of the program, by file number. There is one object for the whole program:
-/// a number that one command leaves open is taken for all others.
+/// a number that one command leaves open is taken for all other commands.
 ///
 /// A file is text made of fields, with commas and line ends between them. Each operation returns
 /// its failure as a description. On failure nothing changes except as noted.
@@ -104,16 +104,15 @@ class SequentialFiles : private NonCopyable {
   Failure writeText(int number, std::string_view lines);
   /// Whether text that is written as a field reads back unchanged.
   [[nodiscard]] static bool carries(std::string_view text);
-  /// Puts what was written on the disk. On failure the number stays open, everything written is
-  /// lost, and further writes fail. The file on the disk is then as it was.
+  /// Writes to the disk everything that was written to the number. On failure the number stays
+  /// open, that text is lost, further writes fail, and the file on the disk is as it was.
   Failure flush(int number);
-  /// Frees the number in any case. Puts on the disk what was written and not flushed, which may
-  /// fail. Closing a number that isn't open succeeds.
+  /// Frees the number in any case. Flushes first, which may fail. Closing a number that isn't open
+  /// succeeds.
   Failure close(int number);
 
   [[nodiscard]] bool exists(const std::string& path, NameCase nameCase = NameCase::Exact);
-  /// The bytes of a file, which needs no number. Files of more than 64 MB, which no program of this
-  /// kind writes, are refused.
+  /// The bytes of a file, which needs no number. Files of more than 64 MB are refused.
   Failure contentOf(const std::string& path, std::string& content);
 
  private:

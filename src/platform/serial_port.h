@@ -10,8 +10,8 @@
 
 namespace tarnvex::platform {
 
-/// A number of spins that a wait may take. A spin is one look at the port and lasts 40 microseconds
-/// on a real line. A test port counts spins and takes no time.
+/// The number of spins that a wait may still take. A spin is one look at the port. It lasts 40
+/// microseconds on a real line; a test port counts spins and takes no time.
 struct Spins {
   int left;
 };
@@ -47,27 +47,27 @@ class SerialPort : private NonCopyable {
   /// A port whose device is gone counts as open until it is closed. Exchanges on it get no answer,
   /// without waiting.
   [[nodiscard]] virtual bool portOpen() const = 0;
-  /// Opens the slot's device and discards what was waiting there. Returns a description of the
+  /// Opens the slot's device and discards what was received there. Returns a description of the
   /// failure for the user, or nothing on success. An open port refuses ("Port already open").
   virtual std::optional<std::string> open() = 0;
   virtual void close() = 0;
-  /// Short name of the device that was opened last, or of the one that couldn't be: "ttyUSB0".
-  /// Empty if there is none.
+  /// Short name of the device that was opened last or couldn't be opened, such as "ttyUSB0". Empty
+  /// if there is none.
   [[nodiscard]] virtual std::string deviceName() const { return {}; }
-  /// What is wrong with the port since the last `open`. `close` leaves a failure to open as it is.
+  /// What has gone wrong since the last `open`. `close` doesn't clear a failure to open.
   [[nodiscard]] virtual PortTrouble trouble() const { return PortTrouble::None; }
 
-  /// The number of bytes waiting. 0 on a closed port.
+  /// The number of bytes received and not yet read. 0 on a closed port.
   [[nodiscard]] virtual std::size_t inBufferCount() = 0;
-  /// Discards the bytes waiting.
+  /// Discards the received bytes.
   virtual void discardInput() = 0;
   virtual void output(std::string_view text) = 0;
-  /// Takes all bytes waiting. Empty if there are none.
+  /// Takes all received bytes. Empty if there are none.
   virtual std::string input() = 0;
 
-  /// Waits until at least `atLeast` bytes are waiting, and subtracts the spins it took from
+  /// Waits until at least `atLeast` bytes have been received, and subtracts the spins it took from
   /// `budget`. False when the budget is used up, and at once when the device is gone or the port is
-  /// closed. The window stays responsive meanwhile, but nothing of the core runs.
+  /// closed. The window stays responsive meanwhile, but no function of the core runs.
   virtual bool waitForInput(std::size_t atLeast, Spins& budget) = 0;
   /// The same without a limit. Also false when the user leaves (closes the window, presses Connect,
   /// picks a COM option), so that a wait can't keep the program from closing.

@@ -4,8 +4,8 @@
 
 namespace tarnvex::platform {
 
-/// The variables that several rooms share. There is one object, made in main and passed to all who
-/// use it. It lives as long as the program.
+/// The variables that several rooms share. There is one object, created by the program and passed
+/// to everything that uses it. It lives as long as the program.
 struct SharedState {
   /// "BC895" or "BC245": picks the main window and the settings section.
   std::string ModelKey = "BC895";
@@ -42,7 +42,7 @@ struct SharedState {
   bool SwitchingScanners = false;
   bool KnobUpHeld = false;
   bool KnobDownHeld = false;
-  /// Pressed since the knob last turned: a short press may be over before the poll looks.
+  /// Set by a press, cleared when the knob turns: a short press may be over before the poll looks.
   bool KnobUpPressed = false;
   bool KnobDownPressed = false;
   /// Current position of Multiscan (0 to 19) or Speed Enhancement (0 to 9) among the bank boxes.
@@ -50,7 +50,7 @@ struct SharedState {
 
   /// A transfer is using the radio: see memory/transfer.h.
   bool TransferRunning = false;
-  /// The plan has changes that aren't in the frequency file.
+  /// The plan has changes that haven't been saved to the frequency file.
   bool MemoryModified = false;
   /// A value has been typed in the current cell since the cursor came there.
   bool CellEditActive = false;

@@ -21,16 +21,16 @@ class Table : public Control {
   [[nodiscard]] int cols() const { return columns_; }
   [[nodiscard]] int row() const { return row_; }
   [[nodiscard]] int col() const { return col_; }
-  /// Move the cursor. Outside the table they return false, and the cursor stays.
+  /// Moves the cursor. Returns false, and the cursor stays, if the cell is outside the table.
   bool setRow(int row);
   bool setCol(int col);
-  /// Puts the cursor on a cell of the table without `onCursorChanged`, which would bring the cells
-  /// around it into another form.
+  /// Puts the cursor on a cell of the table without running `onCursorChanged`, which would
+  /// normalise the cells around it.
   void placeCursor(int row, int col);
   /// The cell under the cursor.
   [[nodiscard]] const std::string& text() const { return textMatrix(row_, col_); }
   void setText(std::string text) { setTextMatrix(row_, col_, std::move(text)); }
-  /// Appends a character to that cell, however long it is.
+  /// Appends a character to the cell under the cursor, however long its text is.
   void append(char character);
   /// The text of a cell. Empty outside the table.
   [[nodiscard]] const std::string& textMatrix(int row, int col) const;
@@ -52,8 +52,8 @@ class Table : public Control {
 
   std::function<void(char key)> onKey;
   std::function<void()> onDoubleClick;
-  /// Runs after each move of the cursor, by the user or by the program. For the core; windows use
-  /// `cursorMoved`.
+  /// Runs after each move of the cursor, by the user or by the program. For the core only; windows
+  /// use `cursorMoved`.
   std::function<void()> onCursorChanged;
   Notifier<int, int> cellChanged;
   Notifier<> cursorMoved;

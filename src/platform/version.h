@@ -2,7 +2,7 @@
 
 namespace tarnvex::platform {
 
-/// The program's version as people read it, such as "1.00". It comes from the project's build file.
+/// The program's version, such as "1.00". It comes from the project's build file.
 [[nodiscard]] const char* version();
 
 }  // namespace tarnvex::platform
