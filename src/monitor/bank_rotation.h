@@ -11,13 +11,13 @@
 
 namespace tarnvex::monitor {
 
-/// What Multiscan and Speed Enhancement share: a frame with a box to tick for each bank and a pair
-/// of options that switches a timer on and off. With each tick on a quiet radio the rotation moves
-/// on to the next ticked bank. It knows a quiet radio by the word "Scanning" on the display, so
-/// that a reception holds the radio on the bank that it was found in.
+/// What Multiscan and Speed Enhancement share: a frame with a check box for each bank, and a pair
+/// of options that switches a timer on and off. At each tick of the timer the rotation moves on to
+/// the next ticked bank, but only while the display shows "Scanning". So a reception keeps the
+/// radio in the bank in which it was found.
 ///
-/// The rotation can't be on while no box is ticked. It leaves keys and display alone while a
-/// transfer runs, whatever is clicked.
+/// The rotation can't be on while no box is ticked. While a transfer runs it presses no keys and
+/// leaves the display alone, whatever the user clicks.
 class BankRotation : private platform::NonCopyable {
  public:
   /// Ticks the stored boxes.
@@ -29,6 +29,7 @@ class BankRotation : private platform::NonCopyable {
   platform::Timer timer;
 
  protected:
+  /// What the rotation works on. All of it outlives the rotation.
   struct Outside {
     PanelBase& panel;
     link::ScannerLink& link;
@@ -36,25 +37,25 @@ class BankRotation : private platform::NonCopyable {
     platform::SettingsStore& settings;
   };
 
-  /// `section` is the settings section of the boxes, `step` what a tick on a quiet radio does and
-  /// `bankClicked` runs after a change of a box has been stored.
+  /// `section` is the settings section of the boxes. `step` runs at each tick while the display
+  /// shows "Scanning", and `bankClicked` after a change of a box has been stored.
   BankRotation(Outside outside, std::string_view section, int banks, int interval,
                std::function<void()> step, std::function<void()> bankClicked);
   ~BankRotation() = default;
 
   [[nodiscard]] PanelBase& panel() { return outside_.panel; }
   std::string send(std::string_view command) { return outside_.link.SendCommand(command); }
-  /// The position among the boxes. It is kept in the shared state.
+  /// The current position among the boxes. It is kept in the shared state.
   [[nodiscard]] int& cursor() { return outside_.state.BankCursor; }
   [[nodiscard]] platform::SharedState& state() { return outside_.state; }
-  /// Moves the cursor to the next place, from the last to the first.
+  /// Moves the cursor to the next place, and from the last to the first.
   void moveOn();
   [[nodiscard]] bool ticked(int bank) const {
     return MSBank[static_cast<std::size_t>(bank)].value();
   }
   [[nodiscard]] bool anyTicked() const;
   [[nodiscard]] bool mayAct() const { return !outside_.state.TransferRunning; }
-  /// Lets the user switch the rotation on if a box is ticked, and switches it off if none is.
+  /// Enables "On" if a box is ticked. Otherwise disables it and switches the rotation off.
   void followBoxes();
 
  private:

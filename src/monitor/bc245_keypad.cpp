@@ -23,10 +23,10 @@ constexpr std::array kClicked{
 
 struct PressedKey {
   std::string_view label;
-  /// With the right button.
+  /// The command of the right button; the next one is that of the left.
   std::string_view held;
   std::string_view command;
-  /// Holding the key down leaves the choice of a system type.
+  /// Whether holding the key down also clears `DigitKeyed`.
   bool clearsDigitKeyed = false;
 };
 
@@ -49,15 +49,15 @@ constexpr std::array kLockoutModes{
     mode::kProgramEdacs,   mode::kSelectBank,      mode::kIdSearch,      mode::kIdHold,
     mode::kTrunkScan,      mode::kTrunkManual,     mode::kIdSearchEdacs, mode::kIdHoldEdacs,
     mode::kTrunkScanEdacs, mode::kTrunkManualEdacs};
-/// Modes in which the point is the "-" of an ID. Deliberate: the panel's key knows fewer of them
-/// than the keyboard, so it echoes a point in modes in which the keyboard echoes "-".
+/// Modes in which the point key means the "-" of an ID. Deliberate: the list for the panel's key is
+/// shorter than the keyboard's. In the other modes the panel's key echoes a point.
 constexpr std::array kPanelDashModes{mode::kIdSearch, mode::kTrunkManual, mode::kIdHoldEdacs,
                                      mode::kTrunkManualEdacs};
 constexpr std::array kKeyboardDashModes{mode::kIdSearch,    mode::kIdHold,
                                         mode::kTrunkManual, mode::kIdSearchEdacs,
                                         mode::kIdHoldEdacs, mode::kTrunkManualEdacs};
 
-/// The row of a label, or nullptr.
+/// The entry for a label, or nullptr.
 template <class Keys>
 const typename Keys::value_type* find(const Keys& keys, std::string_view label) {
   const auto* const found = std::ranges::find(keys, label, &Keys::value_type::label);
@@ -70,9 +70,9 @@ Bc245Keypad::Bc245Keypad(Bc245Panel& panel, const platform::OptionButton& Option
                          KeypadOutside outside)
     : panel_(panel), option8_(Option8), actions_(panel, std::move(outside), kLockoutModes) {}
 
-/// The radio answers the second line end too, and the two answers may come as one. If not, the next
-/// exchange discards the second one only if it has arrived by then. The poll may be quick enough to
-/// read it, and would take a refusal for the answer of another radio.
+/// The radio answers the second line end too, and the two answers may arrive together. If they
+/// don't, the second one must be read here: the next exchange would discard it only if it had
+/// arrived by then. Otherwise the poll could take it for the answer of another radio.
 std::string Bc245Keypad::sendKey(std::string_view command) {
   std::string reply = actions_.send(key::withLineEnd(command));
   if (reply.find('\r') == std::string::npos) {
@@ -134,7 +134,8 @@ void Bc245Keypad::click(std::string_view label) {
   }
 }
 
-/// Deliberate: the light key doesn't end an entry, but the next digit begins a new one.
+/// Deliberate: the light key doesn't end an entry, but empties its buffer. The next digit begins a
+/// new number.
 void Bc245Keypad::clickLight() {
   actions_.beep();
   sendKey(key::kLight);
@@ -161,7 +162,8 @@ void Bc245Keypad::clickDigit(int digit) {
   actions_.state().EntryActive = true;
 }
 
-/// The radio's point key is also its attenuator key, so the indicator is asked for each time.
+/// The radio's point key is also its attenuator key, so the attenuator's state is asked for each
+/// time.
 void Bc245Keypad::clickPoint() {
   actions_.beep();
   const std::string reply = sendKey(key::kPoint);

@@ -15,7 +15,7 @@ constexpr std::string_view kMotorola = "M";
 constexpr std::string_view kEdacs = "E";
 constexpr std::nullopt_t kLeft = std::nullopt;
 
-// Code, system, branch, then what it does to `Scan`, `Hold`, `Trunk` and `Police`.
+// Code, system and branch, then the states of `Scan`, `Hold`, `Trunk` and `Police`.
 constexpr std::array kModes{
     Bc245Mode{mode245::kScan, "", Conventional, true, false},
     Bc245Mode{mode245::kManual, "", Conventional, false, true},

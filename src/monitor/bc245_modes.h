@@ -5,7 +5,7 @@
 
 namespace tarnvex::monitor {
 
-/// What the poll of the BC245XLT does in a mode.
+/// The branch of the BC245XLT's poll for a mode.
 enum class Bc245Branch {
   Nothing,
   Conventional,
@@ -19,7 +19,7 @@ enum class Bc245Branch {
 /// A mode of the BC245XLT. Indicators without a value stay as an earlier mode left them.
 struct Bc245Mode {
   std::string_view code;
-  /// Caption of `TrunkType`.
+  /// The caption of `TrunkType`.
   std::string_view trunkType;
   Bc245Branch branch;
   std::optional<bool> scan = {};
@@ -28,12 +28,12 @@ struct Bc245Mode {
   std::optional<bool> police = {};
 };
 
-/// The mode of that code; nullptr for a code that isn't known.
+/// The mode with this code, or nullptr for an unknown code.
 const Bc245Mode* findBc245Mode(std::string_view code);
 
-/// Whether the radio follows IDs in that mode, searching or on hold.
+/// Whether the radio follows IDs in this mode, searching or on hold.
 bool followsIds(std::string_view code);
-/// Whether it is on hold on one of them.
+/// Whether the radio is on hold on an ID.
 bool holdsId(std::string_view code);
 
 }  // namespace tarnvex::monitor

@@ -11,25 +11,25 @@ namespace tarnvex::monitor {
 struct Bc245Panel : PanelBase {
   Bc245Panel();
 
-  /// What the main line shows before anything was read: all segments. The poll recognises it and
-  /// starts the radio's scan.
+  /// What the main line shows before anything has been read: all segments. If the poll finds it in
+  /// an ID mode, it presses the scan key.
   static constexpr std::string_view kDesignText = "888.8888";
 
-  /// "M" in a mode on a Motorola system, "E" on an EDACS one, else empty.
+  /// "M" in a mode on a Motorola system, "E" on an EDACS system, otherwise empty.
   PanelElement TrunkType{"TrunkType", drawn_};
   PanelElement Pri{"Pri", drawn_, "PRI", false};
   PanelElement Dly{"Dly", drawn_, "DLY", false};
   PanelElement Att{"Att", drawn_, "ATT", false};
   PanelElement Police{"Police", drawn_, "SERVICE SEARCH ON", false};
-  /// Part of the picture. The poll never changes them.
+  /// Only part of the picture. The poll never changes them.
   PanelElement Data{"Data", drawn_, "DATA", false};
   PanelElement Keylock{"Keylock", drawn_, "KEYLOCK", false};
-  /// The digits of the ten banks, over their marks, and the word before them.
+  /// The digits of the ten banks, above their marks, and the word before them.
   std::array<PanelElement, 11> Bank = platform::controlArray<PanelElement, 11>("Bank", drawn_);
   static constexpr std::size_t kBankWord = 10;
 
-  /// The display's background. Its back colour is that of one of the next two, which are never
-  /// seen.
+  /// The display's background. It takes its colour from one of the next two labels, which are never
+  /// visible.
   platform::Label Display{"Display"};
   platform::Label lighton{"lighton", {}, false};
   platform::Label lightoff{"lightoff", {}, false};

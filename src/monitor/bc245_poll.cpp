@@ -50,8 +50,8 @@ void Bc245Poll::tick() {
   hearing_.tell();
 }
 
-/// Silence leaves the texts blank: there is no radio to name. An answer that no radio gives leaves
-/// them as they were.
+/// After silence the texts are blank, since there is no radio to name. A stray line leaves them as
+/// they were.
 void Bc245Poll::takeIdentity(const link::IdentityReply& identity) {
   state().SwitchingScanners = false;
   if (!identity.isKnown()) {
@@ -65,7 +65,7 @@ void Bc245Poll::takeIdentity(const link::IdentityReply& identity) {
   }
 }
 
-/// As the last tick left the display.
+/// Judges by what the last tick left on the display.
 bool Bc245Poll::showsReception() const {
   const std::string& shown = panel_.Frequency.caption();
   return shown != kScanning && shown != Bc245Panel::kDesignText &&
@@ -131,7 +131,8 @@ void Bc245Poll::conventional(bool scanning) {
   if (scanning) {
     panel_.showBanks(link::bankLetters(ask(command::kScanBanks)));
   }
-  // Deliberate: asked again in this mode, though the tick's opening has shown the answer.
+  // Deliberate: asked again in this mode, although the start of the tick has asked already. The
+  // answer isn't used.
   ask(command::kPriority);
   const link::ChannelReply channel(ask(command::kActiveChannel));
   if (channel.isNothing()) {
@@ -152,7 +153,7 @@ void Bc245Poll::search(std::string_view code) {
     return;
   }
   const bool open = asksOn(command::kSquelch, reply::kSquelchOpen);
-  // On hold the radio stays on a frequency, heard or not.
+  // On hold the radio stays on its frequency, whether there is a reception or not.
   if (!open && code != mode245::kSearchHold && code != mode245::kServiceHold) {
     panel_.Alpha.setCaption("");
     panel_.Frequency.setCaption(std::string(kSearching));
@@ -171,8 +172,8 @@ void Bc245Poll::search(std::string_view code) {
   }
 }
 
-/// Deliberate: nothing shows the channel again after this has hidden it. It comes back with the
-/// next start of the program.
+/// Deliberate: hides the channel label for good. It is visible again only after the program has
+/// been restarted.
 void Bc245Poll::program() {
   panel_.Channel.setVisible(false);
   if (!state().EntryActive) {

@@ -13,8 +13,9 @@ namespace tarnvex::monitor {
 
 /// The poll of the BC245XLT.
 ///
-/// While the radio searches IDs the tick stays in a loop with `Scantimer` off. A lost line ends the
-/// loop and leaves the timer off until the user presses Connect.
+/// While the radio follows IDs, the tick stays in a loop with `Scantimer` off. If the port is
+/// closed meanwhile, the loop ends and the timer stays off until the user presses Connect or picks
+/// a COM option.
 class Bc245Poll : public PollCycle {
  public:
   /// `Scantimer` and `MSComm1` are the window's own poll timer and port.
@@ -24,12 +25,12 @@ class Bc245Poll : public PollCycle {
   void tick();
 
  private:
-  /// The running frequency and the bank (0 to 9) of the plan that has it.
+  /// The frequency being received and the bank (0 to 9) of the plan's channel with it.
   struct Reception {
     std::optional<std::string> frequency;
     std::optional<int> bank;
   };
-  /// What one stay in the ID search keeps from round to round.
+  /// What the ID loop keeps from round to round.
   struct IdStay {
     std::string id;
     std::string shown{kNoId};
@@ -51,10 +52,10 @@ class Bc245Poll : public PollCycle {
 
   void trunked(bool scanning);
   void showVoiceId(const link::TrunkIdReply& answer);
-  /// The slot as shown, with the mark of its group's priority ID.
+  /// The slot as shown: with a "P" if it is its group's priority ID.
   std::string askSlot(const link::TrunkIdReply& answer);
   Reception askReception();
-  /// The tag of an ID, or none; nothing while the user keys digits.
+  /// The tag of an ID, empty if it has none. Nothing while the user is keying digits.
   std::optional<std::string> askTalkgroupTag(const std::string& id, std::optional<int> bank);
 
   void showTag(const std::optional<std::string>& tag);

@@ -45,13 +45,14 @@ void Bc245Poll::showVoiceId(const link::TrunkIdReply& answer) {
   const Reception reception = askReception();
   const std::string id = answer.id();
   const auto tag = askTalkgroupTag(id, reception.bank);
-  // An answer without an ID leaves the display as it is; a lost line blanks it.
+  // An answer without an ID leaves the display as it is. Without a line to the radio, the display
+  // goes blank.
   if (link::readsAsId(id) || !port_.portOpen()) {
     panel_.Channel.setCaption(slot);
     showTag(tag);
     hearing_.talkgroup(id, reception.bank, reception.frequency, 0);
     const std::string shown = trunking::shownId(id);
-    // What is on the display tells whose turn it is.
+    // The display decides: after the ID comes the frequency.
     const bool frequencysTurn = options_.Check5.value() && panel_.Frequency.caption() == shown;
     showFrequency(frequencysTurn ? reception.frequency.value_or(shown) : shown);
   }
@@ -75,7 +76,8 @@ Bc245Poll::Reception Bc245Poll::askReception() {
   return reception;
 }
 
-/// The plan may hold an EDACS ID in the form that the radio doesn't show.
+/// Also looks for the form of an EDACS ID that the radio isn't showing, since the plan may hold
+/// either.
 std::optional<std::string> Bc245Poll::askTalkgroupTag(const std::string& id,
                                                       std::optional<int> bank) {
   if (state().EntryActive) {
@@ -97,8 +99,8 @@ void Bc245Poll::showTag(const std::optional<std::string>& tag) {
   }
 }
 
-/// All segments on the display mean that the radio hasn't scanned since the program opened: it is
-/// started first.
+/// Returns whether it has pressed the scan key. It does so once after the program's start, while
+/// the display still shows all segments.
 bool Bc245Poll::startsRadio(std::string_view code) {
   if (!holdsId(code)) {
     panel_.Alpha.setCaption("");
@@ -118,7 +120,7 @@ void Bc245Poll::followIds() {
   showFrequency(kNoId);
   link::PollHold hold(timer_);
   IdStay stay;
-  // A lost line answers nothing, so the mode would never change.
+  // The loop must not depend on the mode alone: without a line to the radio it would never change.
   while (ids().on() && followsIds(state().CurrentMode) && port_.portOpen()) {
     idRound(stay);
   }
@@ -155,8 +157,7 @@ void Bc245Poll::idRound(IdStay& stay) {
   hearing_.tell();
 }
 
-/// Takes a streamed line. It may have come before the answer to "IDN", or a stray line may have
-/// come before it.
+/// Reads a streamed line. It may come before the answer to "IDN", or after a stray line.
 link::IdLine Bc245Poll::takeLine() {
   const link::IdLine answer(ask(command::kStreamIds));
   link::IdLine line(outside_.link.ReadReply());
@@ -166,8 +167,8 @@ link::IdLine Bc245Poll::takeLine() {
   return answer.isWhole() ? answer : link::IdLine(outside_.link.ReadReply());
 }
 
-/// A line that says that no ID is active leads to the same questions, and the bank stays the last
-/// one that was found. A line without a whole ID changes nothing.
+/// Asks the same questions even if the line says that no ID is active. The bank is then the last
+/// one that was found. An incomplete line changes nothing.
 void Bc245Poll::takeId(const link::IdLine& line, bool held, IdStay& stay) {
   if (!line.isWhole()) {
     return;
@@ -178,7 +179,7 @@ void Bc245Poll::takeId(const link::IdLine& line, bool held, IdStay& stay) {
   if (!held && line.saysNoId()) {
     stay.shown = kNoId;
   } else {
-    // On hold from the start there may be no ID yet.
+    // If the radio was on hold from the start, there may be no ID yet.
     stay.shown = stay.id.empty() ? stay.shown : trunking::shownId(stay.id);
     showFrequency(stay.shown);
   }
@@ -191,11 +192,11 @@ void Bc245Poll::takeId(const link::IdLine& line, bool held, IdStay& stay) {
   }
   captureId(outside_.hits.List2, panel_.Frequency.caption(), stay.bank, panel_.Alpha.caption(),
             outside_.clock);
-  // Deliberate: known or not, this radio passes on from every ID that was taken.
+  // Deliberate: with `chkSkip` ticked, this radio skips every ID, known or not.
   skipIf(true);
 }
 
-/// A stray line is not taken for a mode.
+/// Keeps the last mode if a stray line comes instead of one.
 void Bc245Poll::askIdMode() {
   const std::string mode = link::modeOf(askModeReply());
   if (mode.starts_with(command::kMode)) {

@@ -18,8 +18,8 @@ struct PressedKey {
   bool endsEntry = true;
 };
 
-/// Keys that are one command. "DIM" and "CTCSS" leave an entry standing: the light and the tone
-/// are looked at while one keys.
+/// Keys that send one command. "DIM" and "CTCSS" don't end an entry, since users look at the light
+/// and the tone while they key digits.
 constexpr std::array kLeft{
     PressedKey{"SCAN", key::kScan},        PressedKey{"MANUAL", key::kManual},
     PressedKey{"E ", key::kEnter},         PressedKey{"PRI", key::kPriority},
@@ -39,7 +39,7 @@ constexpr std::array kRight{
 constexpr std::array kLockoutModes{mode::kSearch,      mode::kSearchHold, mode::kWeather,
                                    mode::kWeatherHold, mode::kIdSearch,   mode::kIdHold,
                                    mode::kTrunkScan,   mode::kTrunkManual};
-/// Modes in which the point key is the "-" of an ID.
+/// Modes in which the point key means the "-" of an ID.
 constexpr std::array kDashModes{mode::kIdHold, mode::kTrunkScan, mode::kTrunkManual};
 
 bool isDigit(char character) {
@@ -111,7 +111,7 @@ void Bc895Keypad::pressLeft(std::string_view caption) {
   }
 }
 
-/// While the radio follows IDs the key locks out the one on the display.
+/// In the ID modes the key locks out the ID on the display.
 void Bc895Keypad::keyLockout() {
   if (contains(mode::kIdModes, actions_.mode())) {
     actions_.send(link::command::lockId(link::kLockout895.lock, panel_.Frequency.caption()));
@@ -152,13 +152,13 @@ void Bc895Keypad::type(char character) {
     keyDigit(character - '0');
   } else if (character == '.') {
     actions_.send(key::kPoint);
-    // The keyboard echoes every point, also a second one: what was typed is what is seen.
+    // Deliberate: the keyboard echoes every point, even a second one.
     if (actions_.state().EntryActive) {
       const auto [target, mark] = point();
       KeyActions::append(target, mark);
     }
   } else if (isBank(character)) {
-    // Unlike the bank's key on the panel, this leaves an entry standing.
+    // Deliberate: unlike the bank's key on the panel, this doesn't end an entry.
     actions_.send(key::bank(character));
   }
 }

@@ -6,26 +6,27 @@
 
 namespace tarnvex::monitor {
 
-/// The keys of the BC895XLT: the label array `Keypad` on its front, gone by caption, and the
-/// characters of the keyboard. Called through the event gate, between the exchanges of the poll.
+/// The keys of the BC895XLT: the label array `Keypad` on its front, whose captions say what a key
+/// does, and the characters of the keyboard. Called through the event gate, between the exchanges
+/// of the poll.
 class Bc895Keypad {
  public:
-  /// Captions of `Keypad` by index. Enter has a blank, which tells it from the key of bank E. The
-  /// last key isn't wired to anything: it beeps and sends nothing.
+  /// Captions of `Keypad` by index. The caption of Enter ends with a blank, which distinguishes it
+  /// from the key of bank E. The last key only beeps and sends nothing.
   static constexpr std::array<std::string_view, 41> kCaptions{
       "STEP",   "AUX", "DIM",   "WX",   "RMT", "SEND",  "HOLD",  "LIMIT",     "SRC", "AUTO", "SCAN",
       "MANUAL", "PRI", "TRUNK", "DATA", "L/O", "DELAY", "CTCSS", "1",         "2",   "3",    "4",
       "5",      "6",   "7",     "8",    "9",   ".",     "0",     "E ",        "A",   "B",    "C",
       "D",      "E",   "F",     "G",    "H",   "I",     "J",     "FREQ  CHAN"};
 
-  /// `unload` asks for the end of the main window, as the key "RMT" does.
+  /// `unload` asks to close the main window. The key "RMT" calls it.
   Bc895Keypad(PanelState& panel, KeypadOutside outside, std::function<void()> unload);
 
-  /// Whether a press of that key asks for the end of the program.
+  /// Whether a press of this key asks to close the program.
   static bool leaves(int index, MouseButton button);
-  /// A mouse button went down on `Keypad(index)`. An index outside the array is passed over.
+  /// A mouse button was pressed on `Keypad(index)`. An index outside the array is ignored.
   void press(int index, MouseButton button);
-  /// A character was typed on the keyboard; one that means nothing has no effect.
+  /// A character was typed on the keyboard. Characters without a meaning are ignored.
   void type(char character);
 
  private:
@@ -39,7 +40,7 @@ class Bc895Keypad {
   void keyLockout();
   void keyDigit(int digit);
   void keyPoint();
-  /// What the point key stands for in this mode, and where it is echoed.
+  /// The character that the point key means in the current mode, and where it is echoed.
   Point point();
 
   PanelState& panel_;

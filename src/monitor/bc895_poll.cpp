@@ -16,7 +16,7 @@ namespace mode895 = link::mode895;
 
 namespace {
 
-/// What a search mode does to the panel before the part that all of them share.
+/// What a search mode does to the panel, apart from what all of them do.
 struct SearchMode {
   std::string_view mode;
   bool clearAlpha;
@@ -34,8 +34,8 @@ constexpr std::array<SearchMode, 7> kSearchModes = {{
     {mode895::kAuto, true, false, false, true},
 }};
 
-/// Bars lit from a level on; below the first and above the last limit the bars stay as they were.
-/// The meter has four working bars: the fifth is only ever cleared.
+/// The bars that are lit up to a level. For a level below the lowest or above the last, the bars
+/// stay as they were. The meter has four working bars: the fifth is only ever cleared.
 struct BarStep {
   int upTo;
   int lit;
@@ -67,8 +67,7 @@ void Bc895Poll::tick() {
   knob_.step();
 }
 
-/// Silence counts as the radio that was there: the link has reported it, and it is no reason to
-/// change windows.
+/// Silence doesn't count as another model: the link has reported it, and the window stays.
 bool Bc895Poll::otherModelAnswers() {
   if (askIdentity().namesModel()) {
     return true;
@@ -81,15 +80,14 @@ bool Bc895Poll::otherModelAnswers() {
   return false;
 }
 
-/// A change of the box sends the switch to the radio, so a text that has strayed in must not
-/// change it.
+/// A change of the box sends the switch to the radio, so a stray line must not change it.
 void Bc895Poll::mirrorMute(const std::string& answer) {
   if (answer.starts_with(command::kMute) || answer == reply::kError) {
     outside_.Check6.setValue(answer == reply::kMuteOn);
   }
 }
 
-/// As the last tick left the display. A search that is running counts, too.
+/// Judges by what the last tick left on the display. A running search counts as a reception, too.
 bool Bc895Poll::showsReception() const {
   const std::string& shown = panel_.Frequency.caption();
   return shown != kScanning && shown != kDesignText &&
@@ -167,11 +165,12 @@ void Bc895Poll::prepareSearch(const std::string& mode) {
   panel_.Search.setVisible(mode != mode895::kWeather && mode != mode895::kWeatherHold);
 }
 
-/// Shows where the search is and takes the hit if the squelch is open. Returns whether it is known
-/// already: in the plan while the squelch is closed, in the hit list once it is open.
+/// Shows the frequency of the search, and takes a hit if the squelch is open. Returns whether the
+/// frequency was known already: from the plan while the squelch is closed, from the hit list once
+/// it is open.
 bool Bc895Poll::searchFinds(const link::SignalReply& signal) {
   const auto lastTag = memory::findTag(outside_.MSFlexGrid1, panel_.Frequency.caption());
-  // All is asked before anything is written, so that the tag doesn't blink.
+  // Ask everything before writing anything, so that the tag doesn't flicker.
   const bool open = asksOn(command::kSquelch, reply::kSquelchOpen) &&
                     state().CurrentMode != mode895::kTrunkSearchQuiet;
   if (open) {
@@ -223,18 +222,18 @@ void Bc895Poll::conventional(const std::string& mode) {
   } else {
     showTone(channel);
   }
-  // In manual mode the radio names its channel all the time; the meter tells whether it is heard.
+  // In manual mode the radio always names its channel. The meter shows whether it is heard.
   if (scanning || bars_ > 0) {
     hearing_.channel(channel, panel_.CtcssStat.visible(), bars_);
   }
 }
 
-/// The digits of a tone stay visible until it is entered.
+/// Whether the user is keying a tone, whose digits stay visible until it is entered.
 bool Bc895Poll::entersTone(const std::string& mode) {
   return state().EntryActive && mode == mode895::kToneEntry;
 }
 
-/// Deliberate: without tone squelch the last tone stays visible until the channel is left.
+/// Deliberate: if the tone squelch is off, the last tone stays visible until no channel is active.
 void Bc895Poll::showTone(const link::ChannelReply& channel) {
   const auto index = channel.tone();
   const auto& tones = link::ToneTable();

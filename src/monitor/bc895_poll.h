@@ -19,7 +19,8 @@ class Bc895Poll : public PollCycle {
   bool otherModelAnswers();
   void mirrorMute(const std::string& answer);
   [[nodiscard]] bool showsReception() const;
-  /// Takes the level as bars; false, and they stay as they were, for one beyond the meter.
+  /// Converts the level to bars. Returns false, and the bars stay as they were, if the level is
+  /// beyond the meter's range.
   bool takeBars(const link::SignalReply& signal);
   void showSignalBars(const link::SignalReply& signal);
   void branch(const std::string& mode, const link::SignalReply& signal);
@@ -34,18 +35,18 @@ class Bc895Poll : public PollCycle {
 
   void trunkedVoice(const std::string& mode);
   void showVoiceId(const link::TrunkIdReply& answer);
-  /// Looks the ID up in the bank of the running frequency, which it asks for, and shows its tag or
-  /// none. Returns whether the frequency is in the channel table.
+  /// Asks for the frequency being received, looks the ID up in the bank of its channel, and shows
+  /// the tag, if any. Returns whether the frequency is in the channel table.
   bool showTalkgroupTag(const std::string& id);
 
   void enterIdMode(bool hold);
   void holdId();
   void holdRound();
   void searchIds();
-  /// What one stay in the ID search keeps from round to round.
+  /// What the ID search keeps from round to round.
   struct IdStay {
     bool found = false;
-    /// First letters of the radio's answers to "IDN".
+    /// The first letters of the radio's answers to "IDN".
     std::string head;
   };
   void searchRound(IdStay& stay);
@@ -55,7 +56,7 @@ class Bc895Poll : public PollCycle {
 
   void sendMode();
 
-  /// What the main line shows before anything was read.
+  /// What the main line shows before anything has been read.
   static constexpr std::string_view kDesignText = "Initializing";
 
   PanelState& panel_;

@@ -42,11 +42,12 @@ void Bc895Poll::showVoiceId(const link::TrunkIdReply& answer) {
     if (showTalkgroupTag(id)) {
       showFrequency(shown);
     } else {
-      // Deliberate: an entry doesn't hold this back. An ID from outside the plan shows through it.
+      // Deliberate: written even while the user is keying digits. An ID on a frequency outside the
+      // plan overwrites them.
       panel_.Frequency.setCaption(shown);
     }
   } else {
-    // The answer has no ID to show; what follows is asked all the same.
+    // The answer has no ID to show, but the questions stay the same.
     ask(command::kSignal);
   }
   panel_.LO.setVisible(asksOn(command::kLockout, reply::kLockoutOn));
@@ -65,7 +66,7 @@ bool Bc895Poll::showTalkgroupTag(const std::string& id) {
             .value_or(""));
   }
   takeBars(signal);
-  // In manual mode the radio may name an ID that is silent.
+  // In manual mode the radio may name an ID that isn't heard.
   if (bars_ > 0 || state().CurrentMode != mode895::kTrunkManual) {
     hearing_.talkgroup(id, channel ? std::optional(memory::bankOfChannel(*channel)) : std::nullopt,
                        frequency, bars_);
@@ -95,8 +96,8 @@ void Bc895Poll::holdId() {
   ids().end();
 }
 
-/// Takes one line a round. The flush before "MD" throws away whatever else has come; the loop
-/// doesn't try to catch up.
+/// Reads one line per round. The flush before "MD" discards all others; the loop doesn't try to
+/// catch up.
 void Bc895Poll::holdRound() {
   outside_.gate.yield();
   if (!ids().on()) {
@@ -142,8 +143,8 @@ void Bc895Poll::searchRound(IdStay& stay) {
   hearing_.tell();
 }
 
-/// A streamed line may come before the answer. It is known by its form, or by its first letters
-/// once the radio has answered otherwise.
+/// A streamed line may come before the answer. It is recognised by its form, or by its first
+/// letters if earlier answers began with others.
 std::string Bc895Poll::askForId(IdStay& stay) {
   std::string answer = ask(command::kStreamIds);
   const bool streamed = answer.starts_with(reply::kStreamedId) && !stay.head.empty() &&
@@ -159,8 +160,8 @@ std::string Bc895Poll::askForId(IdStay& stay) {
   return answer;
 }
 
-/// An answer that can't be read leaves the display as it is.
-/// Deliberate: while no ID is active `found` keeps its value, and the skip key goes out again.
+/// An answer that can't be read leaves the display as it is. Deliberate: while no ID is active,
+/// `found` keeps its value. After a known ID the skip key is therefore sent again in each round.
 void Bc895Poll::showSearchedId(const std::string& answer, IdStay& stay) {
   std::string shown(panel_.Frequency.caption());
   if (link::saysNoId(answer)) {
@@ -176,7 +177,7 @@ void Bc895Poll::showSearchedId(const std::string& answer, IdStay& stay) {
   showFrequency(shown);
 }
 
-/// So that the task bar shows what the radio is on.
+/// While the window is minimised, the task bar shows what the radio receives.
 void Bc895Poll::mirrorTitle() {
   if (!outside_.window.minimised()) {
     outside_.window.setCaption(memory::mainTitle(outside_.planName()));

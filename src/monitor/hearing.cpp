@@ -36,7 +36,7 @@ bool namesTalkgroup(std::string_view text) {
 Heard Hearing::begin(int bars) const {
   Heard heard;
   heard.mode = state_.CurrentMode;
-  // While digits are being keyed the tag on the front is that of something else.
+  // While digits are being keyed, the tag on the front belongs to something else.
   heard.tag = state_.EntryActive ? std::string() : front_.Alpha.caption();
   heard.bars = bars;
   return heard;
@@ -58,7 +58,7 @@ void Hearing::channel(const link::ChannelReply& reply, bool toneSquelch, int bar
   }
 }
 
-/// The front may show the tag of the frequency before.
+/// Looks the tag up, since the front may still show that of the frequency before.
 void Hearing::frequency(const link::SignalReply& reply, int bars) {
   const std::string shown = reply.shownFrequency();
   if (const auto hertz = hertzOf(shown)) {
@@ -78,7 +78,7 @@ void Hearing::talkgroup(const std::string& id, std::optional<int> bank,
   heard_->talkgroup = trunking::shownId(text);
   heard_->frequency = hertzOf(frequency.value_or("")).value_or(0);
   heard_->bank = bank ? *bank + 1 : 0;
-  // "P  3" for the priority slot.
+  // The caption is "P  3" if the slot has the priority ID.
   const std::string& slot = front_.Channel.caption();
   heard_->channel = platform::toInteger(slot.substr(slot.find_last_of(' ') + 1)).value_or(0);
 }

@@ -12,31 +12,31 @@
 
 namespace tarnvex::monitor {
 
-/// A frequency as it is shown, such as "155.1150", in Hz. Nothing for any other text.
+/// A frequency as the panel shows it, such as "155.1150", in Hz. Nothing for any other text.
 std::optional<std::int64_t> hertzOf(std::string_view shown);
-/// Whether a text is the ID of a talkgroup: digits and dashes, and not the sign for none.
+/// Whether a text is the ID of a talkgroup: digits and dashes, but not the dashes that mean none.
 bool namesTalkgroup(std::string_view text);
 
-/// Gathers what a tick of the poll hears and tells the listener at its end. A reply whose frequency
-/// or ID doesn't read as one is no reception. It asks the radio nothing.
+/// Collects what a tick of the poll hears and passes it to the listener at the end of the tick. A
+/// reply without a valid frequency or ID isn't a reception. It sends nothing to the radio.
 class Hearing {
  public:
-  /// The tags are those on the front, and the slots of talkgroups. `channels` is the plan's channel
-  /// table. All of it outlives this.
+  /// Tags and the slots of talkgroups are read from `front`. `channels` is the plan's channel
+  /// table. All arguments outlive this.
   Hearing(ReceptionListener& listener, const platform::SharedState& state, const PanelBase& front,
           const platform::Table& channels)
       : listener_(listener), state_(state), front_(front), channels_(channels) {}
 
-  /// A channel is active, and on the front.
+  /// A channel is active and shown on the front.
   void channel(const link::ChannelReply& reply, bool toneSquelch, int bars);
   /// The squelch is open in a search.
   void frequency(const link::SignalReply& reply, int bars);
-  /// A talkgroup is active, and on the front, on the voice frequency that is given; `bank`,
-  /// 0 to 9, is the one of the plan that has it.
+  /// A talkgroup is active and shown on the front. `frequency` is that of its voice channel, and
+  /// `bank` (0 to 9) the plan's bank that has this frequency.
   void talkgroup(const std::string& id, std::optional<int> bank,
                  const std::optional<std::string>& frequency, int bars);
 
-  /// The tick, or a round of an ID loop, is over.
+  /// The tick, or a round of an ID loop, has ended.
   void tell();
 
  private:

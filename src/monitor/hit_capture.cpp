@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view kCountMark = "Hits: ";
 
-/// The count of a line, from its mark up to the tag; nothing without a tag.
+/// The count in a line, between its mark and the tag. Nothing if there is no tag.
 std::optional<int> countOf(const std::string& line) {
   const std::size_t mark = line.find(kCountMark);
   const std::size_t start =
@@ -22,7 +22,7 @@ std::optional<int> countOf(const std::string& line) {
   return platform::toInteger(line.substr(start, tag - start));
 }
 
-/// An ID as shown: digits, dashes and blanks, with a digit among them.
+/// Whether a text is an ID as shown: digits, dashes and blanks, and at least one digit.
 bool isShownId(std::string_view text) {
   const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
   return std::ranges::any_of(text, isDigit) &&

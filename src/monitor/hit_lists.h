@@ -7,13 +7,13 @@
 
 namespace tarnvex::monitor {
 
-/// The page "Search Results": the hits of the conventional and of the trunked search. The poll
-/// fills the lists (see hit_capture.h). A click on a line stores it in the plan.
+/// The page "Search Results": the hits of the conventional and the trunked search. The poll fills
+/// the lists (see hit_capture.h). A click on a line stores it in the plan.
 class HitLists : private platform::NonCopyable {
  public:
   HitLists(memory::ChannelMemory& plan, link::ScannerLink& link);
 
-  /// With `chkSkip` ticked, has the radio pass on from what is known already.
+  /// If `chkSkip` is ticked and the hit is known, makes the radio go on searching.
   void skipIf(bool known);
 
   platform::ListBox List1{"List1"};

@@ -15,7 +15,7 @@ struct TypedKey {
   std::string_view command;
 };
 
-/// Upper case holds the key down.
+/// An upper-case letter means holding the key down.
 constexpr std::array kTypedKeys{
     TypedKey{'P', key::kPriorityHeld}, TypedKey{'T', key::kTrunkHeld},
     TypedKey{'s', key::kScan},         TypedKey{'m', key::kManual},

@@ -11,10 +11,10 @@
 
 namespace tarnvex::monitor {
 
-/// The mouse button that pressed a key. The right one means that the radio's key is held down.
+/// The mouse button that pressed a key. The right one means holding the radio's key down.
 enum class MouseButton { Left, Right, Other };
 
-/// What a keypad works with besides its panel. Everything it refers to outlives the keypad.
+/// What a keypad works with besides its panel. All of it outlives the keypad.
 struct KeypadOutside {
   link::ScannerLink& link;
   platform::SharedState& state;
@@ -26,32 +26,32 @@ struct KeypadOutside {
 using ModeList = std::span<const std::string_view>;
 bool contains(ModeList modes, std::string_view mode);
 
-/// What the keypads of both radios have in common. A key is one command, and its reply is ignored.
-/// From the first digit until a key that ends the entry, `EntryActive` keeps the poll off the
-/// display, which shows what is keyed meanwhile. There is no time-out.
+/// What the keypads of both radios have in common. A key sends one command, and its reply is
+/// ignored. From the first digit until a key that ends the entry, `EntryActive` keeps the poll from
+/// writing to the display, which shows the digits. There is no time-out.
 class KeyActions {
  public:
-  /// In `lockoutModes` the lockout key, held, shows the lockouts.
+  /// In `lockoutModes`, holding the lockout key shows the lockouts.
   KeyActions(PanelBase& panel, KeypadOutside outside, ModeList lockoutModes);
 
   [[nodiscard]] platform::SharedState& state() { return outside_.state; }
   [[nodiscard]] const std::string& mode() const { return panel_.mode.caption(); }
   void beep() { outside_.keyBeep.sound(); }
   std::string send(std::string_view command) { return outside_.link.SendCommand(command); }
-  /// Reads a line that the radio still has to send, if there is one.
+  /// Reads and ignores a line that may still be on its way.
   void skipReply() { outside_.link.ReadReply(); }
   void endEntry() { outside_.state.EntryActive = false; }
 
-  /// Shows a digit after those that were keyed before. The first one begins the entry.
+  /// Appends a digit to those keyed before. The first one begins the entry.
   void echoDigit(platform::Label& target, int digit);
   static void append(platform::Label& target, char character);
-  /// Whether what was keyed may be echoed. Deliberate: replies come without their line end, so it
-  /// always may. A digit that the radio refuses is shown too; the radio's own beep is the only
-  /// sign.
+  /// Whether a key may be echoed. Deliberate: compares with a line end that replies don't have, so
+  /// the answer is always yes. A digit that the radio refuses is shown, too; the radio's own beep
+  /// is the only sign of it.
   static bool accepted(std::string_view reply);
 
   void holdLockout();
-  /// Sends a character that means the same key on both radios, and ends the entry. False for any
+  /// If the character means the same key on both radios, sends it and ends the entry. False for any
   /// other character.
   bool typeKey(char character);
 

@@ -6,16 +6,16 @@
 
 namespace tarnvex::monitor {
 
-/// The knob of the BC895XLT: 13 marks of which one is lit. While the user holds it, it turns one
-/// step with each tick of the poll, and the radio steps along. A press shorter than a tick turns it
-/// one step, too.
+/// The knob of the BC895XLT: 13 marks, one of which is lit. While the user holds one side of it, it
+/// turns one step at each tick of the poll, and the radio steps with it. A press shorter than a
+/// tick turns it one step, too.
 class Knob {
  public:
   Knob(PanelState& panel, link::ScannerLink& link, platform::EventGate& gate,
        platform::SharedState& state)
       : panel_(panel), link_(link), gate_(gate), state_(state) {}
 
-  /// A step for each direction that is held or was pressed, up first. Once a tick.
+  /// Turns one step in each direction that is held or was pressed, up first. Called once per tick.
   void step();
 
  private:

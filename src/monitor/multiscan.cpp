@@ -6,7 +6,7 @@
 namespace tarnvex::monitor {
 namespace {
 
-/// How long a pass of the conventional banks and a stay on a trunked bank last, in milliseconds.
+/// How long the radio stays in the conventional banks and in a trunked bank, in milliseconds.
 constexpr int kConventionalInterval = 1000;
 constexpr int kTrunkedInterval = 1750;
 
@@ -58,7 +58,7 @@ void Multiscan::scanConventional(const std::string& letters) {
   send(link::command::scanBanks(letters));
   send(link::key::kScan);
   timer.setInterval(kConventionalInterval);
-  // The next tick goes on with the first trunked bank.
+  // So that the next tick goes on to the first trunked bank.
   cursor() = kConventionalBanks - 1;
 }
 
@@ -72,7 +72,7 @@ void Multiscan::scanTrunked(int bank) {
   timer.setInterval(kTrunkedInterval);
 }
 
-/// The bank has no ID to scan.
+/// Called if the bank has no ID to scan.
 void Multiscan::giveUp() {
   flashError();
   Option5.setValue(false);
@@ -93,15 +93,15 @@ void Multiscan::flashError() {
   state().EntryActive = false;
 }
 
-/// Deliberate: the clock counts whole seconds, so this lasts until its second changes, from a
-/// moment to a second. The flash has that uneven beat.
+/// Deliberate: the clock counts whole seconds, so the wait ends when the second changes, after
+/// anything from a moment to a second. "Error" therefore flashes unevenly.
 void Multiscan::waitBeyond(double seconds) {
   const auto start = outside_.clock.seconds();
   outside_.gate.waitUntil(
       [&] { return static_cast<double>(outside_.clock.seconds() - start) > seconds; });
 }
 
-/// A running Multiscan moves on at once, before it is switched off for want of a box.
+/// A running Multiscan moves on at once. Only then is it switched off if no box is ticked.
 void Multiscan::bankClicked() {
   if (timer.enabled() && mayAct()) {
     panel().Frequency.setCaption(std::string(kScanning));

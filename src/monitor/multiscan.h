@@ -7,14 +7,14 @@
 
 namespace tarnvex::monitor {
 
-/// Multiscan of the BC895XLT: alternates the radio between one pass of the ticked conventional
-/// banks (boxes 0 to 9) and each ticked trunked bank (10 to 19) in turn, by pressing its keys.
+/// Multiscan of the BC895XLT: presses the radio's keys so that it scans all ticked conventional
+/// banks (boxes 0 to 9) for a while, then each ticked trunked bank (10 to 19) in turn, and so on.
 class Multiscan : public BankRotation {
  public:
   static constexpr int kConventionalBanks = 10;
   static constexpr int kBanks = 20;
 
-  /// Everything it refers to outlives Multiscan.
+  /// What Multiscan works on. All of it outlives Multiscan.
   struct Outside {
     PanelBase& panel;
     link::ScannerLink& link;

@@ -8,10 +8,10 @@
 
 namespace tarnvex::monitor {
 
-/// The labels of a radio's front panel that are drawn, in the order in which they are declared.
+/// The labels of a radio's front panel that are drawn, in the order of their declarations.
 using PanelElements = std::vector<const platform::Label*>;
 
-/// A label that is drawn. It adds itself to its front's elements.
+/// A label that is drawn. It adds itself to the elements of its front.
 class PanelElement : public platform::Label {
  public:
   PanelElement(std::string name, PanelElements& front, std::string caption = {},
@@ -21,14 +21,14 @@ class PanelElement : public platform::Label {
   }
 };
 
-/// What every radio's front has. The labels are the live state: other rooms read the captions back.
-/// Indicators never change their caption, only their visibility.
+/// What the fronts of both radios have. The labels are the live state: other rooms read the
+/// captions back. Indicators never change their caption, only their visibility.
 class PanelBase {
  public:
   /// All elements that are drawn.
   [[nodiscard]] const PanelElements& elements() const { return drawn_; }
 
-  /// Shows the marks of the banks whose letters the text holds, hides the others.
+  /// Shows the marks of the banks whose letters are in the text and hides the others.
   void showBanks(std::string_view letters);
   void hideBanks() { showBanks({}); }
 
@@ -36,11 +36,11 @@ class PanelBase {
   PanelElements drawn_;
 
  public:
-  /// Main line: a frequency, an ID, or a word such as "Scanning".
+  /// The main line: a frequency, an ID, or a word such as "Scanning".
   PanelElement Frequency{"Frequency", drawn_};
-  /// Tag of the channel or talkgroup.
+  /// The tag of the channel or talkgroup.
   PanelElement Alpha{"Alpha", drawn_};
-  /// Channel number, or an ID's slot in trunked modes.
+  /// The channel number, or an ID's slot in trunked modes.
   PanelElement Channel{"Channel", drawn_};
   /// The raw answer to "MD". Hidden; dialogs and the recording gate read it.
   platform::Label mode{"mode", "FM", false};
@@ -49,7 +49,7 @@ class PanelBase {
   PanelElement Search{"Search", drawn_, "SEARCH", false};
   PanelElement Trunk{"Trunk", drawn_, "TRUNK", false};
   PanelElement LO{"LO", drawn_, "L/O", false};
-  /// Marks of the ten banks.
+  /// The marks of the ten banks.
   std::array<PanelElement, 10> Bankltr =
       platform::controlArray<PanelElement, 10>("Bankltr", drawn_);
 };
@@ -70,13 +70,13 @@ struct PanelState : PanelBase {
   /// Signal bars. Deliberate: the fifth is only ever cleared, so the meter never shows more than
   /// four.
   std::array<PanelElement, 5> Sig = platform::controlArray<PanelElement, 5>("Sig", drawn_);
-  /// Part of the picture. The poll never changes them.
+  /// Only part of the picture. The poll never changes them.
   PanelElement Alert{"Alert", drawn_, "ALERT", false};
   PanelElement Line{"Line", drawn_, "LINE", false};
   PanelElement STEP{"STEP", drawn_, "12.5KHz", false};
   /// The display's background, in its stored colour.
   platform::Label Label1{"Label1"};
-  /// The knob's 13 marks and their shadows, of which exactly one each is visible.
+  /// The knob's 13 marks and their shadows. Exactly one mark and its shadow are visible.
   static constexpr int kKnobMarks = 13;
   std::array<PanelElement, kKnobMarks> KnobMark =
       platform::controlArray<PanelElement, kKnobMarks>("Knob", drawn_);
@@ -84,9 +84,9 @@ struct PanelState : PanelBase {
       platform::controlArray<platform::Label, kKnobMarks>("KnobShadow");
 };
 
-/// A panel's elements as text, a line for each one that shows something: "Frequency: 155.1150".
-/// Indicators show their caption, arrays one line with the members that are on, such as "Bankltr: A
-/// B" and "Sig: 3".
+/// A panel's elements as text, with a line for each one that shows something, such as "Frequency:
+/// 155.1150". Indicators show their caption. An array has one line for all members that are on,
+/// such as "Bankltr: A B" or "Sig: 3".
 std::vector<std::string> describe(const PanelBase& panel);
 
 }  // namespace tarnvex::monitor

@@ -97,7 +97,8 @@ void PollCycle::showChannelTag(const std::string& frequency, const std::string& 
       return;
     }
   }
-  // While digits are being keyed the tag goes too: it belongs to the channel that is being left.
+  // While digits are being keyed, the tag is cleared, too: it belongs to the channel that the user
+  // is leaving.
   front_.Alpha.setCaption("");
 }
 

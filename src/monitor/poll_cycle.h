@@ -26,13 +26,13 @@ struct PollOutside {
   platform::EventGate& gate;
   platform::SharedState& state;
   const platform::Clock& clock;
-  /// The other model has answered: exchanges the main windows. The tick ends after it.
+  /// Exchanges the main windows after the other model has answered. The tick ends after it.
   std::function<void()> switchScanner;
-  /// Full name of the frequency file in use, empty if there is none.
+  /// The full name of the frequency file in use, empty if there is none.
   std::function<std::string()> planName;
   /// Starts and stops the recording of receptions.
   Recording& recording;
-  /// Told what is heard.
+  /// Is notified of what is heard.
   ReceptionListener& receptions;
   HitLists& hits;
   search::CustomSearch& search;
@@ -47,16 +47,16 @@ inline constexpr std::string_view kScanning = "Scanning";
 /// Shown on the main line of an ID search while no ID is active.
 inline constexpr std::string_view kNoId = "- -   - - -";
 
-/// What the polls of both radios have in common. A poll keeps the picture of its radio true by
-/// asking: one tick asks a fixed opening set of questions, branches on the radio's mode and writes
-/// the answers into the panel. The radio's mode is the state; the tick holds none, and the next
-/// tick is the retry of this one. A reply that doesn't fit leaves its element as it was.
+/// What the polls of both radios have in common. A poll keeps the panel up to date. Each tick first
+/// asks a fixed set of questions, then branches on the radio's mode and writes the answers into the
+/// panel. A tick keeps no state of its own: what fails in one tick is tried again in the next. A
+/// reply that doesn't fit leaves its element as it was.
 ///
-/// Deliberate: elements that a mode doesn't name keep what an earlier mode left. The panel thus
-/// depends on the modes before, as the radio's own display does.
+/// Deliberate: elements that a mode doesn't write keep what an earlier mode left there. So the
+/// panel depends on the modes before, as the radio's own display does.
 ///
-/// Called by the poll timer, through the event gate, which lets pending events run before each
-/// tick. In the ID modes a tick stays inside, yielding, until the mode changes.
+/// Called by the poll timer through the event gate, which lets pending events run before each tick.
+/// In the ID modes a tick stays in a loop, which yields, until the mode changes.
 class PollCycle : private platform::NonCopyable {
  public:
  protected:
@@ -69,15 +69,14 @@ class PollCycle : private platform::NonCopyable {
   platform::SharedState& state() { return outside_.state; }
   link::IdStream& ids() { return outside_.link.ids(); }
 
-  /// Asks which radio is there. An answer that no radio gives, or one that contradicts what the
-  /// radio has said before, is asked for once more on a quiet line, so that a stray line doesn't
-  /// exchange the windows.
+  /// Asks the radio who it is. If the answer is unknown, or contradicts an earlier one, asks once
+  /// more on a quiet line, so that a stray line doesn't exchange the windows.
   link::IdentityReply askIdentity();
-  /// Exchanges the main windows for those of the model that has answered. Ends the tick.
+  /// Switches to the main window of the model that has answered. The tick must end after it.
   void handOver(const std::string& modelKey, const std::string& scannerName);
-  /// Told once a tick whether the display shows a reception.
+  /// Called once per tick with whether the display shows a reception.
   void gateRecording(bool active);
-  /// Asks for the mode. An answer that is no mode shows that the line is out of step.
+  /// Asks for the mode. If the answer isn't a mode, the next exchange waits for a quiet line.
   std::string askModeReply();
   void askMode();
   void askLimits();
@@ -85,13 +84,14 @@ class PollCycle : private platform::NonCopyable {
   void showFrequency(std::string_view text);
   /// No channel or ID is active.
   void showNothingActive();
-  /// Channel number, frequency, tag and flags of an active channel. `markBank`: its bank alone is
-  /// marked. False, with nothing changed, if the reply has neither number nor frequency.
+  /// Shows the channel number, frequency, tag and flags of an active channel. With `markBank` only
+  /// its bank is marked. If the reply has neither number nor frequency, changes nothing and returns
+  /// false.
   bool showActiveChannel(const link::ChannelReply& channel, bool markBank);
-  /// Shows a frequency whose squelch is open, and its tag or `otherwise`, and takes it as a hit.
-  /// Returns whether it was in the hit list already.
+  /// Shows a frequency whose squelch is open with its tag, or with `otherwise` if it has none, and
+  /// takes it as a hit. Returns whether it was in the hit list already.
   bool takeHit(const std::string& frequency, const std::string& otherwise);
-  /// With `chkSkip` ticked: has the radio pass on from what is known.
+  /// See `HitLists::skipIf`.
   void skipIf(bool known) { outside_.hits.skipIf(known); }
 
   PollOutside outside_;
@@ -102,7 +102,7 @@ class PollCycle : private platform::NonCopyable {
   void showChannelNumber(int channel, bool markBank);
 
   PanelBase& front_;
-  /// The radio on this line has named itself.
+  /// Whether the radio on this line has named itself.
   bool named_ = false;
 };
 

@@ -56,7 +56,7 @@ void ReceiverOptions::loadView() {
 
 void ReceiverOptions::readSwitches() {
   for (SwitchBox* box : {&Check5, &Check4, &Check3, &Check2, &Check1, &Check6, &Check7}) {
-    // The user may have ticked it meanwhile, while the message about a silent radio was open.
+    // The user may have ticked it while the message about a silent radio was open.
     if (box == &Check1 && box->value()) {
       continue;
     }

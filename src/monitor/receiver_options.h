@@ -6,9 +6,9 @@
 
 namespace tarnvex::monitor {
 
-/// The options of the BC245XLT: seven check boxes that mirror switches of the radio, and an option
-/// pair that says which of two bank lists the panel shows on a trunked system. The boxes start from
-/// the radio's state, the pair from the settings.
+/// The options of the BC245XLT: seven check boxes that mirror switches of the radio, and a pair of
+/// options that chooses which of two bank lists the panel shows on a trunked system. The boxes get
+/// their first state from the radio, the pair from the settings.
 class ReceiverOptions : private platform::NonCopyable {
  public:
   /// `mute` is the window's mute box, which is one of these options. `att` is the attenuator's
@@ -16,18 +16,18 @@ class ReceiverOptions : private platform::NonCopyable {
   ReceiverOptions(SwitchBox& mute, platform::Label& att, link::ScannerLink& link,
                   platform::SettingsStore& settings);
 
-  /// Chooses the stored one of the pair. A value that can't be read leaves the choice as it is.
+  /// Chooses the stored option of the pair. A value that can't be read leaves the choice as it is.
   void loadView();
   /// Asks the radio for its switches and ticks the boxes of those that are on. Ticking a box sends
   /// the switch back to the radio, which changes nothing there.
   void readSwitches();
 
   SwitchBox Check1;
-  /// The program works the light, not the radio.
+  /// With this on, the program and not the radio switches the light.
   SwitchBox Check2;
   SwitchBox Check3;
   SwitchBox Check4;
-  /// The main line alternates between ID and frequency.
+  /// With this on, the main line alternates between ID and frequency.
   SwitchBox Check5;
   SwitchBox& Check6;
   SwitchBox Check7;

@@ -6,7 +6,7 @@
 namespace tarnvex::monitor {
 namespace {
 
-/// A conversation on a trunked system goes on whichever frequency it is sent to.
+/// On a trunked system a conversation may move from one frequency to another.
 bool isSame(const Heard& one, const Heard& other) {
   const bool samePlace = one.bank == other.bank && one.channel == other.channel;
   return one.talkgroup == other.talkgroup && samePlace &&

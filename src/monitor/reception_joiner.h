@@ -6,28 +6,29 @@
 
 namespace tarnvex::monitor {
 
-/// Joins what is heard at each tick to receptions. The same thing heard again within `kGap` is one
-/// reception; another thing ends it. It lasts from the first tick that hears it to the last one.
+/// Joins what is heard at each tick into receptions. If the same thing is heard again within
+/// `kGap`, the reception goes on; anything else ends it. A reception lasts from the first tick that
+/// hears it to the last one.
 ///
-/// Pure: times are the caller's, in milliseconds UTC. A clock that is set back makes a reception
-/// shorter, and nothing else.
+/// The caller passes the times, in milliseconds UTC. If the clock is set back, a reception becomes
+/// shorter and nothing else happens.
 class ReceptionJoiner {
  public:
   static constexpr std::int64_t kGap = 2000;
-  /// Without a tick for this long the poll is standing still, and nobody knows what is heard.
+  /// If no tick comes for this long, the poll has stopped, and nobody knows what is heard.
   static constexpr std::int64_t kStill = 5000;
 
-  /// A tick of that radio has heard something, or nothing (null). Returns the reception that this
-  /// ends.
+  /// A tick of this radio has heard something, or nothing (null). Returns the reception that ends
+  /// with it, if any.
   std::optional<Reception> tick(const Heard* heard, std::int64_t now, const std::string& radio);
-  /// Ends what is open if no tick has come for `kStill`.
+  /// Ends the open reception if no tick has come for `kStill`.
   std::optional<Reception> endIfStill(std::int64_t now);
-  /// Ends what is open.
+  /// Ends the open reception.
   std::optional<Reception> end();
 
-  /// The file that belongs to the open reception. The first one counts.
+  /// Sets the file of the open reception. The first one counts.
   void record(const std::string& file);
-  /// What is open, up to the last tick that has heard it.
+  /// The open reception, up to the last tick that heard it.
   [[nodiscard]] const std::optional<Reception>& open() const { return open_; }
 
  private:

@@ -10,7 +10,7 @@ namespace {
 constexpr const char* kSection = "ReceptionLog";
 constexpr const char* kKeep = "Keep";
 constexpr const char* kKeepDays = "KeepDays";
-/// What the lines of `cboKeepFor` keep; 0 is for ever.
+/// How many days the lines of `cboKeepFor` keep. 0 means for ever.
 constexpr std::array kDays = {30, 365, 0};
 constexpr int kDefaultDays = 365;
 constexpr std::int64_t kDay = 24LL * 60 * 60 * 1000;
@@ -46,7 +46,7 @@ void ReceptionLog::loadSettings() {
   }
 }
 
-/// A number of days that no line has is kept for ever: it is somebody's who knows why.
+/// Deletes nothing if the settings have a number of days that none of the lines has.
 void ReceptionLog::thin() {
   const int line = cboKeepFor.listIndex();
   if (const int days = line < 0 ? 0 : kDays.at(static_cast<std::size_t>(line)); days > 0) {

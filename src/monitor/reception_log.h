@@ -13,7 +13,7 @@
 
 namespace tarnvex::monitor {
 
-/// What the log works with. All of it outlives it.
+/// What the log works with. All of it outlives the log.
 struct ReceptionLogOutside {
   ReceptionStore& store;
   platform::SharedState& state;
@@ -22,35 +22,38 @@ struct ReceptionLogOutside {
   const platform::Clock& clock;
 };
 
-/// The log of receptions: joins what the poll hears and hands it to the store, when a reception
-/// ends and every `kWriteEvery` milliseconds while it lasts. One a program: it outlives the main
-/// windows.
+/// The log of receptions. It joins what the poll hears into receptions and passes each one to the
+/// store: when it ends, and every `kWriteEvery` milliseconds while it lasts. The program has one
+/// log, which outlives the main windows.
 class ReceptionLog : public ReceptionListener {
  public:
   static constexpr std::int64_t kWriteEvery = 10'000;
 
-  /// Drops from the store what is older than the user keeps.
+  /// Deletes from the store what is older than the time set in `cboKeepFor`.
   explicit ReceptionLog(ReceptionLogOutside outside);
 
   void tick(const Heard* heard) override;
   void recordingBegins() override;
   void recordingEnds(const std::string& file) override;
-  /// Ends what is open: the main window goes.
+  /// Ends the open reception. Called when the main window closes.
   void stop();
-  /// Drops everything that was written. What is open stays open.
+  /// Deletes everything that was written. The open reception goes on.
   void clear() { outside_.store.clear(); }
 
-  /// "Keep a log of receptions". Without it nothing is logged; what is in the store stays.
+  /// "Keep a log of receptions". While it isn't ticked, nothing is logged; the store keeps what it
+  /// has.
   platform::CheckBox chkKeep{"chkKeep", "Keep a log of receptions", true};
-  /// "Keep for". A shorter time takes effect at the next start, like the passing of time.
+  /// "Keep for". Old receptions are only deleted when the program starts, so a shorter time takes
+  /// effect then.
   platform::ComboBox cboKeepFor{"cboKeepFor", {"30 days", "1 year", "Always"}};
-  /// Looks for a poll that stands still. Driven from the program's start to its end.
+  /// Notices when the poll has stopped. Runs from the program's start to its end.
   platform::Timer Timer1{1000};
 
   [[nodiscard]] ReceptionStore& store() { return outside_.store; }
 
  private:
-  /// A reception that has ended while the recording goes on, which may be the recording's.
+  /// A reception that has ended while a recording goes on. It gets the file's name when the
+  /// recording ends.
   struct Waiting {
     int number;
     Reception reception;
@@ -62,7 +65,7 @@ class ReceptionLog : public ReceptionListener {
 
   ReceptionLogOutside outside_;
   ReceptionJoiner joiner_;
-  /// Of the open reception.
+  /// The number of the open reception, and when it was last written.
   int number_ = 0;
   std::int64_t written_ = 0;
   bool recording_ = false;

@@ -10,25 +10,25 @@
 
 namespace tarnvex::monitor {
 
-/// Keeps receptions. Every operation returns at once; the work is done beside the poll, in the
-/// order of the calls. A store that has failed for good drops what it is given.
+/// Stores receptions. Every operation returns at once; the work is done in another thread, in the
+/// order of the calls. A store that has failed for good ignores what it is given.
 class ReceptionStore : private platform::NonCopyable {
  public:
   virtual ~ReceptionStore() = default;
 
-  /// Writes a reception; `number` is the caller's. Another write of the same number replaces it, up
-  /// to the one that is `final`.
+  /// Writes a reception. The caller chooses `number`. Another write with the same number replaces
+  /// the reception, until one is `final`.
   virtual void write(int number, const Reception& reception, bool final) = 0;
-  /// Drops what began before that time (milliseconds UTC), a slice at a time.
+  /// Deletes what began before this time (milliseconds UTC), a part at a time.
   virtual void thin(std::int64_t before) = 0;
-  /// Drops everything.
+  /// Deletes everything.
   virtual void clear() = 0;
-  /// The file with the rows, as the file system spells it. Empty for a store without one.
+  /// The path of the store's file, in the file system's encoding. Empty for a store without a file.
   [[nodiscard]] virtual std::string file() const = 0;
 
-  /// Rows have come or gone. Told between the core's steps, like a user's event.
+  /// Rows were added or deleted. Notified through the event gate, like a user's event.
   platform::Notifier<> changed;
-  /// Something that the user has to know, as whole sentences; likewise.
+  /// Called, also through the gate, with a message for the user in whole sentences.
   std::function<void(const std::string& words)> onTrouble;
 };
 

@@ -5,11 +5,10 @@
 namespace tarnvex::monitor {
 namespace {
 
-/// Keeps the name within the limit of file systems, whatever the tag: 255 bytes, of which a
-/// character may need three.
+/// Keeps the name within the limit of file systems, which is 255 bytes. A character may need three.
 constexpr std::size_t kLongestTag = 70;
 
-/// What a file name must not contain, or what is unreadable in one.
+/// Replaces a character that a file name can't contain or that would be unreadable in one.
 char inFileName(char character) {
   if (character == '/' || character == '\\') {
     return '-';

@@ -12,39 +12,39 @@
 
 namespace tarnvex::monitor {
 
-/// Name of the wave file of a reception: its tag, or its frequency where there is no tag, and the
-/// time (in the form of `Clock::now`). Always a valid file name of moderate length.
+/// The name of a reception's wave file: the tag, or the frequency if there is no tag, and the time
+/// (in the form of `Clock::now`). Always a valid file name of moderate length.
 std::string recordingName(const std::string& tag, const std::string& frequency,
                           const std::string& time);
 
-/// What the recording uses. Everything it refers to outlives the recording.
+/// What the recording uses. All of it outlives the recording.
 struct RecordingOutside {
   platform::MediaControl& MMControl1;
   platform::SharedState& state;
   platform::EventGate& gate;
   platform::Dialogs& dialogs;
   const platform::Clock& clock;
-  /// Told of the files.
+  /// Is notified of the files.
   ReceptionListener& receptions;
-  /// Where the files go.
+  /// The folder for the files.
   std::string programDirectory;
 };
 
-/// With `chkRecord` ticked, records the PC's sound input for as long as the radio's display shows a
-/// reception, each to a file of its own. Failures never disturb the poll. The user is told once,
-/// after the recording has stopped, and the box is unticked.
+/// While `chkRecord` is ticked, records the PC's sound input whenever the radio's display shows a
+/// reception, each one to a file of its own. Failures never disturb the poll: the user sees one
+/// message after the recording has stopped, and the box is unticked.
 class Recording {
  public:
   explicit Recording(RecordingOutside outside) : outside_(std::move(outside)) {}
 
-  /// Called once a tick with what the last tick left on the display. A recording that is running
-  /// goes on to the end of its reception, even if the box is unticked meanwhile.
+  /// Called once per tick with what the last tick left on the display. A running recording goes on
+  /// to the end of its reception, even if the box is unticked meanwhile.
   void gate(bool active, const std::string& tag, const std::string& frequency);
-  /// The window goes: what is being recorded belongs to what was heard until now.
+  /// Called when the window closes. Reports the file of the running recording.
   void leave();
 
   platform::CheckBox chkRecord{"chkRecord", "Record Output to File"};
-  /// "REC 1:05", lit while a file is open.
+  /// "REC 1:05", visible while a file is being recorded.
   platform::Label light{"RecordingLight", "", false};
 
  private:

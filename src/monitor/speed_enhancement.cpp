@@ -31,7 +31,7 @@ void SpeedEnhancement::step() {
   send(link::key::kScan);
   const std::string& mode = panel().mode.caption();
   if (mode == link::mode245::kTrunkScan || mode == link::mode245::kTrunkScanEdacs) {
-    // Out of the trunked system and back into it, which takes the radio to that of the new bank.
+    // Leave the trunked system and enter it again, which takes the radio to that of the new bank.
     send(link::key::kTrunk);
     send(link::key::kTrunk);
   }

@@ -4,8 +4,8 @@
 
 namespace tarnvex::monitor {
 
-/// Speed Enhancement of the BC245XLT: makes the ticked banks the active one in turn, so that the
-/// radio scans one bank at a time.
+/// Speed Enhancement of the BC245XLT: makes each ticked bank the only active one in turn, so that
+/// the radio scans one bank at a time.
 class SpeedEnhancement : public BankRotation {
  public:
   static constexpr int kBanks = 10;

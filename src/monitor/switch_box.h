@@ -6,7 +6,7 @@
 
 namespace tarnvex::monitor {
 
-/// A check box that mirrors a switch of the radio. Each change is written to the radio at once.
+/// A check box that mirrors a switch of the radio. Each change is sent to the radio at once.
 class SwitchBox : public platform::CheckBox {
  public:
   SwitchBox(std::string name, std::string caption, const link::Switch& subject,

@@ -31,8 +31,8 @@ void CustomSearch::choose() {
     LLimit.send();
     Ulimit.send();
   }
-  // Deliberate: asked even if there is no such record or no file. The radio then searches between
-  // the limits that it has.
+  // Deliberate: asks even if there is no such record or no file. The radio then searches between
+  // the limits that it already has.
   if (outside_.dialogs.messageBox("Start searching now?", "Confirm Search",
                                   platform::kYesNoQuestion) == platform::Answer::Yes) {
     outside_.link.SendCommand(link::key::kSearch);

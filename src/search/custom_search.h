@@ -14,6 +14,7 @@ namespace tarnvex::search {
 /// The popup menu of `List3`. The window layer shows it on `shown` and runs an item's `onClick`
 /// through the event gate; `mnuSLSearch` is its default item.
 struct SearchlistMenu {
+  /// An entry: its caption and what it does.
   struct Item {
     std::string caption;
     std::function<void()> onClick;
@@ -27,7 +28,7 @@ struct SearchlistMenu {
 /// Choosing a search sends its limits at once, unchecked, before the user confirms the search.
 class CustomSearch : private platform::NonCopyable {
  public:
-  /// Everything it refers to outlives the searches.
+  /// All of it outlives the `CustomSearch`.
   struct Outside {
     link::ScannerLink& link;
     platform::SharedState& state;
@@ -35,7 +36,7 @@ class CustomSearch : private platform::NonCopyable {
     platform::Dialogs& dialogs;
     /// Without a slash at its end.
     std::string programDirectory;
-    /// Shows the mode that a search starts from.
+    /// Shows the mode in which a search starts.
     std::function<void(std::string)> showMode;
   };
 

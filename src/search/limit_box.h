@@ -9,18 +9,18 @@
 
 namespace tarnvex::search {
 
-/// A box of the search range, lower or upper limit in MHz, that the user edits key by key. When it
-/// gets the focus its whole text is selected. The poll refreshes it from the radio while the user
-/// doesn't type in it. Enter sends the limit and returns the box to the poll.
+/// The box for the lower or upper search limit, in MHz. When it gets the focus, its whole text is
+/// selected. The poll refreshes it from the radio unless the user is editing it. Enter sends the
+/// limit and ends the editing.
 class LimitBox : public platform::TextBox {
  public:
-  /// `editing` is set while the user edits, `command` sets the limit on the radio, and `next` gets
+  /// `editing` is true while the user edits, `command` sets the limit on the radio, and `next` gets
   /// the focus after Enter.
   LimitBox(std::string name, bool& editing, std::string_view command, platform::Control& next,
            link::ScannerLink& link, platform::Dialogs& dialogs);
 
   [[nodiscard]] bool editing() const { return editing_; }
-  /// Sends the limit in the box, unless it isn't a number.
+  /// Sends the limit in the box if it is a number.
   void send();
 
   /// The lowest and the highest limit that the radios accept, in MHz.

@@ -9,11 +9,11 @@
 namespace tarnvex::search {
 namespace {
 
-/// Places of the BC245XLT's lists.
+/// The sizes of the BC245XLT's lists.
 constexpr int kSkips = 50;
 constexpr int kLockedIds = 100;
 
-/// An entry as shown; nothing if it can't be read, empty at the list's end.
+/// An entry as shown. Nothing if it can't be read, empty at the end of the list.
 using Entry = std::optional<std::string>;
 
 Entry frequencyEntry(const std::string& text) {
@@ -32,7 +32,7 @@ Entry idEntry(const std::string& text) {
   return isId ? std::optional(text) : std::nullopt;
 }
 
-/// The answer to one query of a BC895XLT.
+/// Reads the list from the answer of a BC895XLT, which sends it all at once.
 LockoutList parse(const std::string& reply, bool ids) {
   LockoutList list;
   list.ended = link::listIsWhole(reply);

@@ -8,18 +8,18 @@
 
 namespace tarnvex::search {
 
-/// A radio's list of skipped search frequencies or of locked-out IDs, as the review shows it.
+/// A radio's list of skipped search frequencies or locked-out IDs, as the review shows it.
 struct LockoutList {
   std::vector<std::string> entries;
-  /// Entries that couldn't be read, asked twice.
+  /// The number of entries that couldn't be read, even at the second attempt.
   int unreadable = 0;
-  /// The list was read to its end.
+  /// Whether the list was read to its end.
   bool ended = false;
 
   [[nodiscard]] bool whole() const { return ended && unreadable == 0; }
 };
 
-/// Reads the list from the radio. What can't be read is asked for once more.
+/// Reads the list from the radio. Asks once more for what can't be read.
 LockoutList readLockouts(const link::RadioModel& model, bool ids, link::ScannerLink& link);
 
 }  // namespace tarnvex::search

@@ -54,7 +54,8 @@ void frmLockouts::setEnabled(bool enabled) {
   Command2.setEnabled(enabled);
 }
 
-/// Done empties the radio's list before it writes: what wasn't read would be lost.
+/// Sends nothing unless the whole list was read: Done empties the radio's list before it writes, so
+/// entries that weren't read would be lost.
 void frmLockouts::done() {
   if (whole_) {
     link_.ids().end();
@@ -63,8 +64,8 @@ void frmLockouts::done() {
   closed.notify();
 }
 
-/// The keys empty the radio's list; what is still ticked goes back on it. The radio stays where the
-/// keys have taken it.
+/// The keys empty the radio's list; the entries that are still ticked are put back on it. The radio
+/// stays where the keys have taken it.
 void frmLockouts::restoreFrequencies() {
   for (const auto pressed : {key::kSearch, key::kHold, key::kLockoutHeld}) {
     link_.SendCommand(pressed);

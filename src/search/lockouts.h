@@ -13,26 +13,27 @@
 namespace tarnvex::search {
 
 /// "Search Skip Memory": the radio's list of skipped search frequencies, or of locked-out IDs,
-/// whichever fits its mode. Every entry is ticked; unticked ones are let in again at Done.
+/// whichever fits its mode. Every entry is ticked at first; Done unlocks those that the user has
+/// unticked.
 ///
-/// A list that couldn't be read whole is shown as far as it was read, and Done then sends nothing.
+/// If part of the list couldn't be read, the rest is shown and Done sends nothing.
 ///
-/// The window isn't modal and the poll goes on behind it, so the mode may change while it is open;
-/// Done uses the mode at that moment. Whoever shows the window runs `load` and closes it on
-/// `closed`; asking for it while it is open only brings it to the front.
+/// The window isn't modal and the poll goes on, so the mode may change while it is open; Done uses
+/// the mode at that moment. The main form shows the window, calls `load` and closes the window on
+/// `closed`. If it is already open, it only comes to the front.
 class frmLockouts : private platform::NonCopyable {
  public:
-  /// `mode` is the panel's label. It, the link and the model outlive the form.
+  /// `mode` is the panel's label. All three arguments outlive the form.
   frmLockouts(const link::RadioModel& model, const platform::Label& mode, link::ScannerLink& link);
   ~frmLockouts() = default;
 
   /// Reads the list from the radio.
   void load();
-  /// The user closes the window by its own button: the radio isn't told anything.
+  /// The user closed the window with its own close button. Nothing is sent to the radio.
   void userClose() { closed.notify(); }
 
   platform::Window window{"frmLockouts", "Search Skip Memory"};
-  /// Shown with a box to tick at each line: ticked is `selected`.
+  /// Each line has a box to tick: a ticked line is `selected`.
   platform::ListBox List1{"List1"};
   platform::Label Label1{
       "Label1",

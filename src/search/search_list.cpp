@@ -17,7 +17,7 @@ constexpr std::string_view kFileName = "/Searchlist.txt";
 
 using Fields = std::array<std::string, 4>;
 
-/// Also `Ended` if the file ends within a record.
+/// The result of reading a record. It is `Ended` even if the file ends within a record.
 enum class Outcome { Read, Ended, Failed };
 
 Outcome readFields(SequentialFiles& files, Fields& fields) {
@@ -42,7 +42,8 @@ std::optional<SearchListRecord> recordOf(const Fields& fields) {
   return SearchListRecord{*id, *lower, *upper, fields[3]};
 }
 
-/// Nothing if the file can't be read to its end. Reads no more than one record beyond `most`.
+/// Reads all records, but at most one more than `most`. Nothing if the file can't be read to its
+/// end.
 std::optional<std::vector<Fields>> readAll(SequentialFiles& files, std::size_t most) {
   std::vector<Fields> records;
   Outcome outcome = Outcome::Read;
@@ -60,7 +61,7 @@ platform::Failure write(SequentialFiles& files, const SearchListRecord& record) 
   return files.write(kFile, {record.id, record.lower, record.upper, record.name});
 }
 
-/// A limit as it is saved: formatted by the picture and read back.
+/// A limit as it is saved: formatted with the mask and read back.
 std::optional<double> savedLimit(std::optional<double> limit, std::string_view mask) {
   return limit ? platform::toReal(platform::format(*limit, mask)) : std::nullopt;
 }
@@ -94,7 +95,7 @@ void SearchList::load() {
   }
 }
 
-/// The list stays as it is if the file can't be opened.
+/// Leaves the list as it is if the file can't be opened.
 void SearchList::fill() {
   if (!open()) {
     return;
@@ -141,8 +142,8 @@ void SearchList::append(std::optional<double> lower, std::optional<double> upper
   load();
 }
 
-/// The whole file is read back by fields, so a name that ends its own field would shift all that
-/// follows.
+/// Whether the file can hold the name. The file is read field by field, so a name that ends its own
+/// field would shift everything after it.
 bool SearchList::carried(const std::string& name) {
   const bool carried = SequentialFiles::carries(name);
   if (!carried) {
@@ -203,7 +204,7 @@ void SearchList::rewriteWithout(const std::string& name, const std::vector<Field
   for (const Fields& fields : records) {
     const auto record = recordOf(fields);
     if (!record) {
-      // The list doesn't show it, so the user hasn't asked to delete it.
+      // The list doesn't show this record, so the user can't have meant it.
       ports_.files.write(kFile, {fields[0], fields[1], fields[2], fields[3]});
     } else if (record->name != name) {
       current_ = *record;

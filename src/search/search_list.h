@@ -16,7 +16,7 @@ namespace tarnvex::search {
 
 /// One saved search: a line of `Searchlist.txt`, such as 3,851.0125,869.9875,"Police".
 struct SearchListRecord {
-  /// Position of the record in the list at the time of writing, from 0.
+  /// The record's position in the list when it was written, from 0.
   int id = 0;
   /// Limits in MHz.
   double lower = 0;
@@ -29,10 +29,11 @@ struct SearchListRecord {
 /// it. If it is missing, every operation says so and leaves the list as it was.
 ///
 /// The contents aren't checked, and a record that can't be read is skipped. Deliberate: a search
-/// whose limits aren't numbers is saved with the limits of the record that was read or written
-/// last.
+/// whose limits aren't numbers is saved with the limits of the last record that was read or
+/// written.
 class SearchList : private platform::NonCopyable {
  public:
+  /// What the searches use. All of it outlives the `SearchList`.
   struct Ports {
     platform::SequentialFiles& files;
     platform::Dialogs& dialogs;
@@ -42,27 +43,27 @@ class SearchList : private platform::NonCopyable {
 
   SearchList(const link::RadioModel& model, Ports ports);
 
-  /// How many records Delete can rewrite.
+  /// The most records that Delete can rewrite.
   static constexpr int kMostRewritten = 201;
 
   /// Fills `List3` in the order of the file.
   void load();
   /// "Save Search As..": asks for a name and adds the search between the two limits, in MHz. A
-  /// limit that isn't a number is replaced by that of the record read or written last.
+  /// limit that isn't a number is replaced by that of the last record that was read or written.
   void append(std::optional<double> lower, std::optional<double> upper);
   /// "Delete Search": asks, and removes the selected search. Deliberate: all searches with the same
-  /// name go, too. The others are renumbered. If there are more records than it can rewrite, it
-  /// shows a message and leaves the file as it is. If the file can't be read to its end, it does
-  /// the same without a message.
+  /// name are removed, too. The others are renumbered. If there are more records than it can
+  /// rewrite, it shows a message and leaves the file as it is. If the file can't be read to its
+  /// end, it does the same without a message.
   void removeSelected();
-  /// The first record with that id, or nothing if there is none or the file is missing. It becomes
-  /// the record read last.
+  /// The first record with this id. Nothing if there is none or the file is missing. It becomes the
+  /// last record that was read.
   std::optional<SearchListRecord> find(int id);
 
   platform::ListBox List3{"List3"};
 
  private:
-  /// The four fields of a record as the file has them.
+  /// The four fields of a record as they are in the file.
   using Fields = std::array<std::string, 4>;
 
   [[nodiscard]] std::string path() const;

@@ -12,10 +12,11 @@ using memory::TalkgroupRecord;
 
 constexpr int kGroups = 10;
 constexpr int kSlots = 10;
-/// How long the radio may take until it trunks. The clock counts whole seconds, so it gets three.
+/// How long the radio may take to start trunking. The clock counts whole seconds, so the wait ends
+/// after three.
 constexpr double kTrunkingSeconds = 2.9;
 
-/// "1  (1 to 30)" to "10 (271 to 300)": the channels show which bank is meant.
+/// "1  (1 to 30)" to "10 (271 to 300)". The channels show which bank is meant.
 std::vector<std::string> numberedBanks(int count) {
   std::vector<std::string> banks;
   for (int bank = 0; bank < count; ++bank) {
@@ -120,8 +121,8 @@ frmUploadtrs::frmUploadtrs(MainWindow mainWindow, const memory::TransferOutside&
                        "Upload Now", "Loading ID's"},
                       std::move(mainWindow), outside) {}
 
-/// An empty slot is sent as zeros and is reported that way if the radio refuses it. A blank cell,
-/// which the user never visited, isn't reported.
+/// An empty slot is sent as zeros, and reported as zeros if the radio refuses it. A blank cell
+/// isn't reported; a cell is blank until the cursor has been near.
 bool frmUploadtrs::transferSlot(const memory::TransferWindow& main, int row, int group, int slot) {
   std::string id(main.MSFlexGrid2.textMatrix(row, TalkgroupRecord::Id));
   if (id.find("--") != std::string::npos) {
@@ -151,8 +152,8 @@ frmDownloadtrs::frmDownloadtrs(MainWindow mainWindow, const memory::TransferOuts
                        "Download Now", "Reading ID's"},
                       std::move(mainWindow), outside) {}
 
-/// Deliberate: the radio is asked for the group's priority ID at every slot, and a mark that the
-/// plan already has is never removed. If the radio's priority ID has moved, the old mark stays.
+/// Deliberate: asks for the group's priority ID at every slot, and never removes a mark from the
+/// plan. If the radio's priority ID has moved, the old mark stays.
 bool frmDownloadtrs::transferSlot(const memory::TransferWindow& main, int row, int group,
                                   int slot) {
   const link::TrunkIdReply reply(

@@ -8,8 +8,8 @@
 namespace tarnvex::trunking {
 
 /// Base of the dialogs that transfer talkgroup IDs on a BC245XLT: all hundred IDs of each chosen
-/// bank. The radio must trunk in a bank to take or tell its IDs, so it is sent to one bank after
-/// the other. At the end it gets its own choice of banks back.
+/// bank. The radio must be trunking in a bank before the bank's IDs can be read or written, so it
+/// is sent to one bank after the other. At the end its own choice of banks is restored.
 class Bc245IdTransfer : public memory::BankDialog {
  protected:
   Bc245IdTransfer(Words words, MainWindow mainWindow, const memory::TransferOutside& outside);
@@ -24,7 +24,7 @@ class Bc245IdTransfer : public memory::BankDialog {
   void releaseRadio() override;
   Outcome transferBank(memory::Transfer& transfer, int bank);
   Outcome transferSlots(memory::Transfer& transfer, int bank);
-  /// Sends the radio to a bank. Tells whether the radio trunks there, or nothing if the program has
+  /// Sends the radio to a bank. Returns whether it is trunking there, or nothing if the program has
   /// ended.
   std::optional<bool> startTrunking(memory::Transfer& transfer, int bank);
   Outcome passOver(memory::Transfer& transfer, int bank);
@@ -33,7 +33,7 @@ class Bc245IdTransfer : public memory::BankDialog {
   std::string choice_;
 };
 
-/// "Upload Trunked Data". Shows each ID that the radio refuses; the user may abort there.
+/// "Upload Trunked Data". Shows each ID that the radio refuses; the user may then abort.
 class frmUploadtrs : public Bc245IdTransfer {
  public:
   frmUploadtrs(MainWindow mainWindow, const memory::TransferOutside& outside);
@@ -45,7 +45,7 @@ class frmUploadtrs : public Bc245IdTransfer {
   bool goesOnAfterRefusal(const std::string& id);
 };
 
-/// "Download Trunked Data". Stores empty slots as the radio shows them.
+/// "Download Trunked Data". Stores an empty slot in the form in which the radio sends it.
 class frmDownloadtrs : public Bc245IdTransfer {
  public:
   frmDownloadtrs(MainWindow mainWindow, const memory::TransferOutside& outside);

@@ -25,7 +25,7 @@ std::optional<int> TrunkBankResolver(link::ScannerLink& link, const platform::Ta
   return row ? std::optional(memory::bankOfChannel(*row)) : std::nullopt;
 }
 
-/// The mode on the panel is the radio's own only while no other transfer keeps the poll stopped.
+/// The mode on the panel is the radio's current one only if no other transfer has stopped the poll.
 bool Bc895IdTransfer::mayBegin(const Transfer& transfer) {
   if (!transfer.granted()) {
     return false;
@@ -66,7 +66,7 @@ void Bc895IdTransfer::download() {
   transferBank(transfer, &Bc895IdTransfer::readId);
 }
 
-/// Deliberate: if the bank isn't known, the hourglass stays although the poll starts again.
+/// Deliberate: if the bank isn't known, the hourglass stays although the poll is started again.
 bool Bc895IdTransfer::transferBank(Transfer& transfer,
                                    void (Bc895IdTransfer::*transferSlot)(int, int, int)) {
   const auto bank = TrunkBankResolver(outside_.link, main_.MSFlexGrid1);
@@ -77,7 +77,7 @@ bool Bc895IdTransfer::transferBank(Transfer& transfer,
         "Frequency not found", platform::kWarning);
   }
   progress.start(bank ? kGroups * kSlots : 0);
-  // A user who wants to leave needn't wait for all fifty.
+  // A user who wants to leave doesn't wait for all fifty.
   for (int group = 0; bank && group < kGroups; ++group) {
     for (int slot = 1; slot <= kSlots && !outside_.gate.leaving(); ++slot) {
       (this->*transferSlot)(memory::groupRow(*bank, group) + slot - 1, group, slot);

@@ -6,8 +6,8 @@
 
 namespace tarnvex::trunking {
 
-/// The bank (0 to 9) in which a BC895XLT is trunking: the bank of the channel that has the
-/// frequency being received. Asks the radio. Nothing if no channel of the plan has it.
+/// The bank (0 to 9) in which a BC895XLT is trunking. Asks the radio for its frequency and looks up
+/// the channel with it. Nothing if the plan has no such channel.
 std::optional<int> TrunkBankResolver(link::ScannerLink& link, const platform::Table& MSFlexGrid1);
 
 /// Upload and download of talkgroup IDs on a BC895XLT, which has no dialog for them: groups A to E
@@ -22,12 +22,12 @@ class Bc895IdTransfer {
   Bc895IdTransfer(const memory::TransferWindow& main, const memory::TransferOutside& outside)
       : main_(main), outside_(outside) {}
 
-  /// Types all 50 IDs. An ID that the radio refuses goes unnoticed.
+  /// Types all 50 IDs. Nothing shows if the radio refuses one.
   void upload();
   /// Reads all 50 IDs. The plan counts as changed even if the download is refused.
   void download();
 
-  /// Of the running transfer. The total is 0 when none runs.
+  /// The progress of the running transfer. The total is 0 if none is running.
   memory::Progress progress;
 
  private:

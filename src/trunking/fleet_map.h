@@ -15,24 +15,25 @@ using SizeCode = int;
 inline constexpr SizeCode kTwoBlocks = 12;
 inline constexpr SizeCode kFourBlocks = 13;
 inline constexpr SizeCode kAllBlocks = 14;
-/// "-----": the block belongs to a larger one before it. Never sent to the radio.
+/// "-----": the block is taken by a larger one before it. Never sent to the radio.
 inline constexpr SizeCode kTaken = 15;
 
 /// The size codes of blocks 0 to 7.
 using FleetMap = std::array<SizeCode, kFleetBlocks>;
 
+/// A fleet map with a name.
 struct FleetPreset {
   std::string_view name;
   FleetMap map;
 };
 
-/// The maps in common use, with the names that scanner users know.
+/// The maps in common use, under the names that scanner users know.
 const std::array<FleetPreset, 16>& fleetPresets();
 
 /// The texts of the size codes, by index.
 std::vector<std::string> sizeCodeNames();
 
-/// The number of blocks that a size code takes, its own included.
+/// The number of blocks that a size code takes, including its own.
 constexpr int blocksOf(SizeCode code) {
   switch (code) {
     case kTwoBlocks:

@@ -48,7 +48,7 @@ void Form5::choosePreset() {
   }
 }
 
-/// Alignment isn't checked: only the largest code must start at block 0.
+/// Alignment isn't checked, except that the largest code must start at block 0.
 void Form5::takeBlocks(int block) {
   const int next = block + blocksOf(blockAt(cboBlock, block).listIndex());
   if (next > kFleetBlocks) {

@@ -12,12 +12,12 @@
 
 namespace tarnvex::trunking {
 
-/// "Custom Fleet Map": sets the fleet map of a bank of the BC245XLT, a preset or one made by hand.
-/// The map is neither kept on the PC nor read from the radio: the form opens with the first preset.
-/// It stays open after saving, for further banks. The radio's replies aren't checked.
+/// "Custom Fleet Map": sets the fleet map of a bank of the BC245XLT, to a preset or to the user's
+/// own map. The map is neither stored on the PC nor read from the radio: the form opens with the
+/// first preset. It stays open after saving, for further banks. The radio's replies aren't checked.
 ///
-/// Deliberate: a larger size code only marks blocks as taken. When it gets smaller again, they stay
-/// taken until the user changes them.
+/// Deliberate: a larger size code marks the following blocks as taken, but a smaller one doesn't
+/// free them. They stay taken until the user changes them.
 class Form5 : private platform::NonCopyable {
  public:
   Form5(link::ScannerLink& link, platform::Dialogs& dialogs);

@@ -11,7 +11,7 @@ struct TrunkSystemType {
   std::string_view name;
   /// The radio's word for it.
   std::string_view word;
-  /// The main line of the display in the system type step: eleven characters.
+  /// The main line of the display while the user chooses a system type: eleven characters.
   std::string_view display;
   /// The first and last offset step in `Form3`, in units of 100 Hz. The first is also the distance
   /// between steps. 0 for a type without base frequency and offset.
@@ -24,7 +24,7 @@ struct TrunkSystemType {
 /// All types, in the order of `Form3`. The radio's number for a type is its index plus 1.
 const std::array<TrunkSystemType, 6>& systemTypes();
 
-/// The index of the type with this word, compared as a whole. -1 if there is none.
+/// The index of the type with exactly this word. -1 if there is none.
 int systemTypeOf(std::string_view word);
 
 /// The display text for a word. An unknown word is returned unchanged.

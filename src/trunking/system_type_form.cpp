@@ -90,13 +90,13 @@ void Form3::proceed() {
 }
 
 std::string Form3::typeCommand(std::string_view bank) const {
-  // If nothing is chosen the number is 0, which the radio refuses.
+  // If nothing is chosen, the number is 0, which the radio refuses.
   const int type = Combo1.listIndex() + 1;
   if (!BFLabel.visible()) {
     return link::command::setTrunkType(bank, type);
   }
-  // Deliberate: there are only two step codes, one for the first entry and one for all others,
-  // whatever the entries say.
+  // Deliberate: there are only two step codes, one for the first entry and one for all others. The
+  // other steps in the list are sent as the second code, too.
   const std::string_view step = Combo2.listIndex() == 0 ? "0005" : "0125";
   std::string base;
   if (const auto megahertz = platform::toReal(BFText.text())) {

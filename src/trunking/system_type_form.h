@@ -26,19 +26,19 @@ struct SystemTypeOutside {
   platform::Dialogs& dialogs;
 };
 
-/// "Select Trunking System Type": asks for the system type of the trunked bank in which the radio
-/// is, and sets it. Only an upload to a BC245XLT shows the form, modally and once per bank. Whoever
-/// makes the form calls `load`.
+/// "Select Trunking System Type": asks for the system type of the trunked bank that the radio is
+/// in, and sets it. Only an upload to a BC245XLT shows the form, modally and once per bank. The
+/// code that creates the form calls `load`.
 ///
-/// The radio's replies aren't checked: a refused type goes unnoticed.
+/// The radio's replies aren't checked, so nothing shows if it refuses a type.
 class Form3 : private platform::NonCopyable {
  public:
   explicit Form3(SystemTypeOutside outside);
   ~Form3() = default;
 
-  /// Fills in the form and chooses the type that the bank has.
+  /// Fills in the form and chooses the bank's present type.
   void load();
-  /// The user closed the window with its own button: the bank keeps its type.
+  /// The user closed the window with its own close button. The bank keeps its type.
   void userClose() { closed.notify(); }
 
   platform::Window window{"Form3", "Select Trunking System Type"};

@@ -15,8 +15,8 @@ std::int16_t numberOr0(std::string_view text) {
   return static_cast<std::int16_t>(platform::toInteger(text).value_or(0));
 }
 
-/// The bits of one field of a dashed ID. A number too large for the mask gives more digits and
-/// shifts the fields after it.
+/// The bits of one field of a dashed ID. A number too large for the mask has more digits, which
+/// shift the fields after it.
 std::string fieldBits(std::string_view field, std::string_view mask) {
   std::int16_t value = numberOr0(field);
   return format(DecToBin(value), mask);
@@ -27,8 +27,8 @@ std::string fieldBits(std::string_view field, std::string_view mask) {
 std::string DecToBin(std::int16_t& n) {
   std::string bits;
   for (int weight = kHighestWeight; weight >= 1; weight /= 2) {
-    // Deliberate: compares quotients instead of taking remainders, which turns large numbers into
-    // all ones.
+    // Deliberate: compares quotients instead of taking remainders, so large numbers become all
+    // ones.
     const bool set = n / static_cast<double>(weight) >= 1;
     bits += set ? '1' : '0';
     if (set) {
