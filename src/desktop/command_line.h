@@ -6,11 +6,11 @@
 namespace tarnvex::desktop {
 
 /// Answers "--version" and "--help" on standard output. Needs no display. Returns the exit status
-/// if the arguments asked for one of them, nothing if the program is to start.
+/// if the arguments contain one of them. Nothing if the program should start.
 std::optional<int> answerQuestion(const QStringList& arguments);
 
-/// Refuses, on standard error, what is left of the arguments after Qt has taken its own: the
-/// program takes none. Returns the exit status, or nothing if there is nothing to refuse.
+/// Refuses, on standard error, any arguments that Qt hasn't taken: the program has none of its own.
+/// Returns the exit status, or nothing if there are no such arguments.
 std::optional<int> refuseArguments(const QStringList& arguments);
 
 }  // namespace tarnvex::desktop

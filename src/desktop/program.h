@@ -22,19 +22,19 @@
 
 namespace tarnvex::desktop {
 
-/// The whole program, wired together: the machine's ports, the core and the windows. `main` makes
-/// one object per process. It needs a QApplication.
+/// The whole program, wired together: the machine's ports, the core and the windows. `main` creates
+/// one. It needs a QApplication.
 class Program : private platform::NonCopyable {
  public:
-  /// `programFolder` is where the program keeps its files. `otherPorts`, if given, are used in
-  /// place of the machine's.
+  /// `programFolder` is where the program keeps its files. `otherPorts`, if given, are used instead
+  /// of the machine's.
   explicit Program(const QString& settingsPath = IniSettings::defaultPath(),
                    const QString& programFolder = programDirectory(),
                    platform::SerialPorts* otherPorts = nullptr);
 
   ~Program() { windows.removeAll(); }
 
-  /// Shows the splash and runs until the user has left. Returns the exit status.
+  /// Shows the splash and runs until the program ends. Returns the exit status.
   int run();
   /// The text that the user sends to the maintainers about a fault: see report.h.
   [[nodiscard]] QString report() const;

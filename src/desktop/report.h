@@ -8,17 +8,18 @@
 
 namespace tarnvex::desktop {
 
-/// What a report is made of.
+/// The sources of a report.
 struct ReportSources {
   const DeviceSlots& devices;
   const IniSettings& settings;
   const link::TrafficLog& traffic;
-  /// The state of the line in words, empty before there is one.
+  /// The state of the line in words. Empty while there is no main window.
   QString line;
 };
 
 /// The report that the user sends to the maintainers: version, system, Qt, devices, settings and
-/// the last lines that passed over the port. Nothing else of the user's; the home folder reads "~".
+/// the last lines sent and received. It contains nothing else of the user's, and "~" in place of
+/// the home folder.
 QString makeReport(const ReportSources& sources);
 
 }  // namespace tarnvex::desktop

@@ -26,9 +26,9 @@ class ReceptionStore : private platform::NonCopyable {
   /// The path of the store's file, in the file system's encoding. Empty for a store without a file.
   [[nodiscard]] virtual std::string file() const = 0;
 
-  /// Rows were added or deleted. Notified through the event gate, like a user's event.
+  /// Rows were added or deleted. Notified in the core's thread, by the event loop.
   platform::Notifier<> changed;
-  /// Called, also through the gate, with a message for the user in whole sentences.
+  /// Called through the event gate with a message for the user, in whole sentences.
   std::function<void(const std::string& words)> onTrouble;
 };
 

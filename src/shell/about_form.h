@@ -8,7 +8,7 @@
 
 namespace tarnvex::shell {
 
-/// The about box: the program, and the radio as it was read when it was connected.
+/// The about box: the program's version, and the radio's name, serial number and firmware version.
 class frmAbout {
  public:
   explicit frmAbout(const platform::SharedState& state)

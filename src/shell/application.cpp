@@ -36,7 +36,7 @@ void Application::switchScanner() {
                                              services_.state.ScannerName + ". Please Wait");
   services_.dialogs.setBusyPointer(true);
   services_.gate.yield();
-  // The user may have left meanwhile.
+  // The user may have closed the program meanwhile.
   if (services_.gate.ended()) {
     return;
   }

@@ -11,13 +11,12 @@
 namespace tarnvex::shell {
 
 /// The program from its splash to its end: which window is open, and the switch of the main windows
-/// when the user connects the other radio. The program makes one and
-/// calls `start`.
+/// when the user connects the other radio. `desktop::Program` has one and calls `start`.
 class Application {
  public:
   Application(const Services& services, WindowLayer& windows);
 
-  /// Shows the splash. Everything else follows from its timer.
+  /// Shows the splash. Its timer starts everything else.
   void start();
 
   /// The main window in use, if there is one.
@@ -27,7 +26,7 @@ class Application {
   void openMain();
   void switchScanner();
   void end();
-  /// Keeps a closed window's form until the core's stack has unwound.
+  /// Keeps the form of a closed window until the core's stack has unwound.
   void retireMain();
 
   Services services_;

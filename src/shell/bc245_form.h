@@ -17,7 +17,7 @@ class Form2 : public MainForm {
 
   void load() override;
 
-  /// The user pressed a mouse button on the panel's label with that control name, or clicked it.
+  /// The user pressed a mouse button on the panel's label with this control name, or clicked it.
   void pressKey(std::string_view label, monitor::MouseButton button) {
     keypad_.press(label, button);
   }
@@ -25,7 +25,7 @@ class Form2 : public MainForm {
   void typeKey(char character) override { keypad_.type(character); }
   void mnuUploadTrunk() override;
   void mnuOwnloadTrunk() override;
-  /// The Trunked menu's editor of fleet maps.
+  /// The Trunked menu's command for fleet maps.
   void mnuCustom();
 
   monitor::Bc245Panel panel;

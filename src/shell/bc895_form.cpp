@@ -5,7 +5,7 @@
 namespace tarnvex::shell {
 namespace {
 
-/// Pale yellow, as if lit from behind.
+/// Pale yellow, like a lit display.
 constexpr std::string_view kDefaultBackcolor = "8454143";
 
 }  // namespace
@@ -51,7 +51,7 @@ std::shared_ptr<QuickViewForm> Form4::openQuickView(WindowLayer& windows) {
   return form;
 }
 
-/// This window releases the sound input itself. The other one leaves that to its destructor.
+/// This window releases the sound input itself. The BC245XLT's leaves that to its destructor.
 void Form4::releaseSound() {
   MMControl1->command(platform::MediaCommand::Close);
 }
@@ -64,7 +64,7 @@ void Form4::loadColour() {
   }
 }
 
-/// Deliberate: the colour is saved even when the user cancels. It is then the old one. Black isn't
+/// Deliberate: the colour is saved even if the user cancels; it is then the old one. Black isn't
 /// accepted, since it would hide the display's segments.
 void Form4::chooseDisplayColour() {
   auto& background = panel.Label1;
@@ -75,8 +75,8 @@ void Form4::chooseDisplayColour() {
   services_.settings.saveSetting("Colors", "Backcolor", std::to_string(background.backColor()));
 }
 
-/// Deliberate: the COM option comes before the baud rate box. With COM 2 to 4 the poll is then
-/// already on, so the box asks its question during the start. The BC245XLT's window has the other
+/// Deliberate: the COM option is set before the baud rate box. With COM 2 to 4 the poll is then
+/// already on, so the box asks its question during the start. The BC245XLT's window uses the other
 /// order.
 void Form4::loadLink() {
   linkControls.chooseStoredPort();

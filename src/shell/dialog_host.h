@@ -14,9 +14,9 @@
 
 namespace tarnvex::shell {
 
-/// The dialogs of a main window. Each is made when it is asked for, stays on the screen until it
-/// notifies `closed`, and is destroyed when the core's stack is empty. There is one of each kind at
-/// a time. Asking for it again brings it to the front.
+/// The dialogs of a main window. A dialog is created when it is shown, stays on the screen until it
+/// notifies `closed`, and is destroyed once the core's stack is empty. There is only one of each
+/// kind at a time: showing it again brings it to the front.
 class DialogHost : private platform::NonCopyable {
  public:
   DialogHost(platform::EventGate& gate, WindowLayer& windows) : gate_(gate), windows_(windows) {}
@@ -24,8 +24,8 @@ class DialogHost : private platform::NonCopyable {
 
   /// Shows the dialog that `make` returns, unless one of its kind is already open. `make` returns a
   /// shared pointer to the form, which may own more than the form. `load` runs before the dialog is
-  /// on the screen; it may ask the user, and if the dialog is closed meanwhile it isn't shown.
-  /// Returns the new form, or null.
+  /// on the screen. It may ask the user something; if the dialog is closed meanwhile, it isn't
+  /// shown. Returns the new form, or null.
   template <class Form, class Make>
   Form* show(Make make, bool modal, const std::function<void(Form&)>& load = {}) {
     const auto standing = std::ranges::find(open_, std::type_index(typeid(Form)), &Open::kind);
@@ -65,6 +65,7 @@ class DialogHost : private platform::NonCopyable {
   }
 
  private:
+  /// A dialog on the screen or being loaded.
   struct Open {
     std::type_index kind;
     std::shared_ptr<void> form;

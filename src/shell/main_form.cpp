@@ -56,20 +56,20 @@ void MainForm::requestUnload() {
   if (answer != platform::Answer::Yes) {
     return;
   }
-  // The flag is still set just after a switch of the windows. It is meant for the window that was
-  // replaced. If it stayed set, this window would unload without ending the program.
+  // The flag is still set just after a switch of the windows, but it is meant for the window that
+  // was replaced. If it stayed set, this window would unload without ending the program.
   services_.state.SwitchingScanners = false;
   unload();
 }
 
 void MainForm::unload() {
-  // The window is closing from here on: a request while the next question is open does nothing
+  // From here on the window is closing: a request while the next question is open does nothing,
   // either.
   asking_ = true;
-  // A late click of the user must not open the port again.
+  // A late click must not open the port again.
   linkControls.disable();
   closeQuickView();
-  // The poll must not exchange the windows behind the question.
+  // The poll must not exchange the windows while the question is open.
   Scantimer.setEnabled(false);
   frequencyFile_.offerToSave();
   dialogHost_.closeAll();
@@ -82,7 +82,7 @@ void MainForm::unload() {
   }
 }
 
-/// A form of the APF exchange with its file dialog.
+/// Shows a form of the APF exchange together with its file dialog.
 template <class Form>
 void MainForm::showApf() {
   struct Kept {
@@ -154,7 +154,7 @@ void MainForm::mnuQV() {
   outside_.windows.showMain(false);
 }
 
-/// Called also when the main window closes: the small window shows its labels.
+/// Also called when the main window closes, whose labels the small window shows.
 void MainForm::closeQuickView() {
   if (!quickView_) {
     return;

@@ -31,9 +31,9 @@ namespace tarnvex::shell {
 
 /// What the main window needs from the program around it.
 struct MainFormOutside {
-  /// The other model has answered.
+  /// Called when the other model has answered.
   std::function<void()> switchScanner;
-  /// The program ends.
+  /// Called when the program ends.
   std::function<void()> endProgram;
   WindowLayer& windows;
 };
@@ -41,8 +41,8 @@ struct MainFormOutside {
 /// A main window: the pages, tables and controls that both radios' windows have, its serial port
 /// and its poll timer. Only one main window is in use at a time.
 ///
-/// Life: constructed, `load`, then the poll runs until `requestUnload` is granted. It is destroyed
-/// only when no function of the core is on the stack.
+/// After the construction comes `load`; then the poll runs until a `requestUnload` is accepted. The
+/// form is destroyed only when no function of the core is on the stack.
 class MainForm : private platform::NonCopyable {
  public:
   MainForm(const Services& services, MainFormOutside outside, const link::RadioModel& model);
@@ -50,8 +50,8 @@ class MainForm : private platform::NonCopyable {
 
   /// Reads the settings, opens the port and starts the poll. A step that fails is skipped.
   virtual void load() = 0;
-  /// The user wants to close the window, by the menu, a panel key or the window's own button. May
-  /// be refused.
+  /// The user wants to close the window, with the menu, a panel key or the window's own close
+  /// button. Asks the user, who may say no.
   void requestUnload();
   /// Offers to save the plan and closes the port. Ends the program unless the main windows are
   /// being switched.
@@ -64,18 +64,18 @@ class MainForm : private platform::NonCopyable {
   void mnuOpenBackup() { frequencyFile_.OpenBackup(); }
   void mnuImport();
   void mnuExport();
-  /// The Conventional menu's: transfers between plan and radio.
+  /// The Conventional menu's commands: transfers between plan and radio.
   void mnuUpload();
   void mnuDownload();
   void mnuReset();
-  /// The Trunked menu's: the talkgroup IDs.
+  /// The Trunked menu's commands: transfers of the talkgroup IDs.
   virtual void mnuUploadTrunk() = 0;
   virtual void mnuOwnloadTrunk() = 0;
-  /// The View menu's: the small window takes the main window's place.
+  /// The View menu's first command: the small window replaces the main window.
   void mnuQV();
-  /// Its second entry: what was heard. The window goes with the main window.
+  /// Its second command: shows the log of receptions, which closes with the main window.
   void mnuReceptions();
-  /// The Help menu's.
+  /// The Help menu's commands.
   void mnuContents() { outside_.windows.showHelp(HelpView::Contents); }
   void mnuSearch() { outside_.windows.showHelp(HelpView::Search); }
   void mnuAbout();
@@ -84,18 +84,18 @@ class MainForm : private platform::NonCopyable {
   /// focus.
   virtual void typeKey(char character) = 0;
 
-  /// What the tables' clipboard and undo keys do.
+  /// For the tables' clipboard and undo keys.
   [[nodiscard]] memory::PlanEditor& planEditor() { return planEditor_; }
-  /// Where recordings and the saved searches are.
+  /// The folder of the recordings and the saved searches.
   [[nodiscard]] const std::string& programDirectory() const { return services_.programDirectory; }
-  /// Lit while a recording runs.
+  /// Visible while a recording is running.
   [[nodiscard]] const platform::Label& recordingLight() const { return recording.light; }
 
   platform::Window window;
   platform::TabStrip SSTab1{"SSTab1"};
-  /// The file dialog; its `FileName` is the current frequency file.
+  /// The file dialog. Its `FileName` is the current frequency file.
   std::unique_ptr<platform::CommonDialog> Dlg1;
-  /// That of "Open Backup...".
+  /// The file dialog of "Open Backup...".
   std::unique_ptr<platform::CommonDialog> backupDialog;
 
   /// Pages "Station Program" and "Trunked Data". `Combo3` jumps in the channel table; `trunkBank`
@@ -107,7 +107,7 @@ class MainForm : private platform::NonCopyable {
   platform::ComboBox Combo3;
 
   platform::Timer Scantimer{25};
-  /// Of the port below.
+  /// The state of the port `MSComm1`.
   link::LinkState linkState;
   std::unique_ptr<platform::SerialPort> MSComm1;
   std::unique_ptr<platform::MediaControl> MMControl1;
@@ -150,9 +150,9 @@ class MainForm : private platform::NonCopyable {
           }
         });
   }
-  /// Makes the small window's form and shows it.
+  /// Creates the small window's form and shows it.
   virtual std::shared_ptr<QuickViewForm> openQuickView(WindowLayer& windows) = 0;
-  /// This window is closing.
+  /// Called when the window closes.
   virtual void releaseSound() {}
 
  private:

@@ -21,16 +21,16 @@ struct Twips {
 };
 
 /// The small window above all others: a copy of the radio's display, shown while the main window is
-/// hidden. Its position is its only state. The window layer shows the main window's labels in it as
-/// they change, so the two can't differ.
+/// hidden. Its position is its only state. The window layer draws the main window's own labels in
+/// it, so the two can't differ.
 class QuickViewForm : private platform::NonCopyable {
  public:
-  /// The window layer calls it when it has made the window, before it shows it. Takes the position
-  /// at which the window was last closed, or the bottom right corner of the screen.
+  /// Called by the window layer after it has created the window and before it shows it. Sets the
+  /// position at which the window was last closed, or the bottom right corner of the screen.
   void load(Twips screen, Twips size);
   /// Saves the position.
   void unload();
-  /// A click on the window, any key in it, or its own close button.
+  /// The user clicked the window, pressed a key in it, or used its close button.
   void userClose() { closed.notify(); }
   /// The user has moved the window.
   void userMove(Twips place) { place_ = place; }
@@ -56,13 +56,13 @@ class QuickViewForm : private platform::NonCopyable {
   Twips place_;
 };
 
-/// Of the BC895XLT.
+/// The small window of the BC895XLT.
 class QuickView : public QuickViewForm {
  public:
   QuickView(const monitor::PanelState& panel, platform::SettingsStore& settings);
 };
 
-/// Of the BC245XLT.
+/// The small window of the BC245XLT.
 class Form9 : public QuickViewForm {
  public:
   Form9(const monitor::Bc245Panel& panel, platform::SettingsStore& settings);

@@ -8,12 +8,12 @@
 namespace tarnvex::shell {
 namespace {
 
-/// As the channel table has it.
+/// The frequency in the form of the channel table.
 std::string tableFrequency(const monitor::Heard& heard) {
   return platform::format(static_cast<double>(heard.frequency) / 1e6, "0.0000");
 }
 
-/// As the talkgroup table has it.
+/// The ID in the form of the talkgroup table.
 std::string tableId(const std::string& talkgroup) {
   return talkgroup.find('-') == std::string::npos ? platform::format(talkgroup, "000000")
                                                   : talkgroup;
@@ -42,7 +42,7 @@ std::string frmReceptionLog::planTag(const monitor::Heard& heard) const {
              : memory::findTalkgroupTag(memory_.MSFlexGrid2(), heard.bank - 1, forms).value_or("");
 }
 
-/// Of several channels with the frequency, the one that was heard.
+/// If several channels have the frequency, the one that was heard.
 std::optional<int> frmReceptionLog::channelOf(const monitor::Heard& heard) const {
   if (!heard.talkgroup.empty()) {
     return std::nullopt;

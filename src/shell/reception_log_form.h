@@ -10,20 +10,20 @@
 namespace tarnvex::shell {
 
 /// The window of the log of receptions: its rows, and a picture of who was busy when. The window
-/// layer reads the rows from the log's file; what the user does with one of them is done here.
+/// layer reads the rows from the log's file. This form does what the user wants with one of them.
 class frmReceptionLog {
  public:
   frmReceptionLog(monitor::ReceptionLog& log, memory::ChannelMemory& memory,
                   platform::Dialogs& dialogs);
 
-  /// The tag that the plan has for what was heard; empty if it has none.
+  /// The plan's tag for what was heard. Empty if there is none.
   [[nodiscard]] std::string planTag(const monitor::Heard& heard) const;
-  /// Sends the radio to the channel of the plan that has the frequency. Beeps where there is none,
-  /// and for a talkgroup.
+  /// Sends the radio to the plan's channel with this frequency. Beeps if there is none, and for a
+  /// talkgroup.
   void tune(const monitor::Heard& heard);
-  /// Stores it in the plan under the cursor of its table, as a hit is.
+  /// Stores it in the current row of its table, like a hit.
   void store(const monitor::Heard& heard);
-  /// The window's own close button.
+  /// The user closed the window with its own close button.
   void userClose() { closed.notify(); }
 
   [[nodiscard]] monitor::ReceptionLog& log() { return log_; }

@@ -17,7 +17,7 @@
 
 namespace tarnvex::shell {
 
-/// What the windows of the core work with. Everything it refers to outlives them.
+/// What the forms work with. All of it outlives them.
 struct Services {
   platform::SharedState& state;
   platform::EventGate& gate;

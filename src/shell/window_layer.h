@@ -28,7 +28,7 @@ class QuickView;
 class frmAbout;
 class frmReceptionLog;
 
-/// How the help opens: at its contents, or ready to search for a word.
+/// How the manual opens: at its contents, or ready to search for a word.
 enum class HelpView { Contents, Search };
 
 /// The layer that draws the windows, as the core sees it. The application and the main windows call
@@ -42,16 +42,17 @@ class WindowLayer : private platform::NonCopyable {
   virtual void openMain(Form4& form) = 0;
   virtual void openMain(Form2& form) = 0;
   virtual void closeMain() = 0;
-  /// Hides the main window, or brings it back.
+  /// Shows or hides the main window.
   virtual void showMain(bool shown) = 0;
-  /// The small window above all others. The layer calls the form's `load` when it knows the sizes.
+  /// Opens the small window above all others. The layer calls the form's `load` once it knows the
+  /// sizes.
   virtual void openQuickView(QuickView& form) = 0;
   virtual void openQuickView(Form9& form) = 0;
   virtual void closeQuickView() = 0;
   /// `Form6`: a notice with one label and no buttons, above all other windows.
   virtual void openNotice(const std::string& caption, const std::string& text) = 0;
   virtual void closeNotice() = 0;
-  /// Dialogs over the main window; a modal one blocks it.
+  /// Open a dialog over the main window. A modal one blocks it.
   virtual void openDialog(memory::ApfForm& form, bool modal) = 0;
   virtual void openDialog(memory::BankDialog& form, bool modal) = 0;
   virtual void openDialog(search::frmLockouts& form, bool modal) = 0;
@@ -64,7 +65,7 @@ class WindowLayer : private platform::NonCopyable {
   virtual void raiseDialog(const void* form) = 0;
   /// Shows the program's manual, or a message if it is missing.
   virtual void showHelp(HelpView view) = 0;
-  /// The program has ended: close all windows and leave the event loop.
+  /// Closes all windows and leaves the event loop. Called when the program has ended.
   virtual void quit() = 0;
 };
 

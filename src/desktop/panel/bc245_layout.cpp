@@ -134,7 +134,8 @@ void addWords(QVector<DisplayElement>& elements) {
   }
 }
 
-/// The row of banks. Read aloud, the marks name their banks and the digits above them are silent.
+/// The row of banks. When the display is read aloud, the marks name their banks and the digits
+/// above them are left out.
 void addBanks(QVector<DisplayElement>& elements) {
   const double first = kLine + 36;
   const double step = (kLineEnd - first) / 10;

@@ -14,7 +14,7 @@ constexpr double kBottom = kTop + 4 * kRowStep + kRowHeight;
 
 constexpr QRectF kBezel{26, kTop, 404, 3 * kRowStep + kRowHeight};
 constexpr QRectF kGlass = kBezel.adjusted(9, 9, -9, -9);
-constexpr double kLine = kGlass.x() + 14;  // left edge of the display's lines
+constexpr double kLine = kGlass.x() + 14;  // left edge of the display's text lines
 constexpr double kLineEnd = kGlass.right() - 14;
 
 constexpr double kBankFirst = kGlass.right() - 9 * 35 - 30;
@@ -33,13 +33,14 @@ struct KeyPlace {
   const char* label;
   const char* spoken;
   KeyTone tone;
-  double column;  // within the group of its tone
+  double column;  // within the keys of the same tone
   double row;
 };
 
 using Tone = KeyTone;
 
-// In the order of the `Keypad` array. The enter key's caption has a blank to tell it from bank E.
+// In the order of the `Keypad` array. The enter key's caption ends with a blank, which
+// distinguishes it from that of bank E.
 constexpr std::array kKeys{
     KeyPlace{"STEP", "STEP", "Step", Tone::Function, 1, 4},
     KeyPlace{"AUX", "AUX", "Auxiliary", Tone::Quiet, 0, 4},
@@ -90,7 +91,7 @@ QRectF keyRect(const KeyPlace& place) {
     case Tone::Function:
       return {kFunctionFirst + place.column * kFunctionStep, y, kFunctionWidth, kRowHeight};
     case Tone::Digit: {
-      // Four rows over the height of five: the keys that are pressed most are the largest.
+      // Four rows in the height of five: the keys that are used most are the largest.
       const double step = (kBottom - kTop + 9) / 4;
       return {kDigitFirst + place.column * kDigitStep, kTop + place.row * step, kDigitWidth,
               step - 9};
@@ -153,7 +154,7 @@ void addWords(QVector<DisplayElement>& elements) {
                      place.x + place.width > kLineEnd - 1 ? Qt::AlignRight | Qt::AlignVCenter
                                                           : Qt::AlignLeft | Qt::AlignVCenter,
                      QString()});
-    // Read aloud, the letters bring their own "bank".
+    // When the display is read aloud, the letters have their own word "bank".
     elements.last().silent = elements.last().name == QLatin1String("Bank");
   }
 }

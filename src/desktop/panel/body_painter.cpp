@@ -25,7 +25,7 @@ void paintCase(QPainter& painter, const QRectF& body, double radius) {
   painter.setPen(QPen(style::kEdge, 1.5));
   painter.setBrush(shade);
   painter.drawRoundedRect(body, radius, radius);
-  // The lamp above: a wide soft glow over the upper half, and a bright upper rim.
+  // The light from above: a wide soft glow on the upper half, and a bright upper edge.
   QRadialGradient glow(QPointF(body.center().x(), body.top()), body.width() * 0.55);
   glow.setColorAt(0, alpha(style::kLight, 22));
   glow.setColorAt(1, alpha(style::kLight, 0));

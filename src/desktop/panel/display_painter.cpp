@@ -31,7 +31,7 @@ Lettering wordLettering(const DisplayElement& element) {
   return lettering;
 }
 
-/// Words, letters, bars and marks: shapes that don't depend on a text.
+/// Draws words, letters, bars and marks, whose shapes don't depend on a text.
 void paintFixed(QPainter& painter, const DisplayElement& element, const QColor& ink) {
   if (element.kind == ElementKind::Bar || element.kind == ElementKind::Mark) {
     painter.setPen(Qt::NoPen);

@@ -102,7 +102,7 @@ void paintLabel(QPainter& painter, const QRectF& rect, const PanelLayout& layout
 
 void paintKey(QPainter& painter, const PanelLayout& layout, const PanelKey& key,
               const KeyLook& look) {
-  // The seat covers every earlier look of the key, so that a pressed key may sit lower.
+  // The seat covers the key's previous look, so that a pressed key can be drawn lower.
   painter.setPen(Qt::NoPen);
   painter.setBrush(style::kSeat);
   painter.drawRoundedRect(key.rect.adjusted(-1.5, -1.5, 1.5, 2.2), kCorner + 1.5, kCorner + 1.5);

@@ -6,6 +6,7 @@
 
 namespace tarnvex::desktop {
 
+/// How a key looks at the moment.
 struct KeyLook {
   bool hover = false;
   bool down = false;

@@ -34,8 +34,8 @@ void paintMarks(QPainter& painter, const PanelKnob& knob) {
   }
 }
 
-/// The grip: ridges all around. Their number is a multiple of the marks, so a turn by one mark maps
-/// them onto themselves and they needn't be drawn again.
+/// Draws the grip's ridges. Their number is a multiple of the number of marks, so after a turn by
+/// one mark they look the same and needn't be drawn again.
 void paintGrip(QPainter& painter, const PanelKnob& knob) {
   QLinearGradient side(knob.centre - QPointF(0, knob.radius),
                        knob.centre + QPointF(0, knob.radius));

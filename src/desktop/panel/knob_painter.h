@@ -7,10 +7,10 @@
 /// Draws the tuning knob. The painter uses layout units.
 namespace tarnvex::desktop {
 
-/// The parts that never change: ring of dark marks, skirt, cap.
+/// Draws the parts that never change: ring of dark marks, skirt, cap.
 void paintKnob(QPainter& painter, const PanelKnob& knob);
 
-/// The finger dimple turned to mark `angleMark`, and mark `litMark` alight (-1: none).
+/// Draws the finger dimple at mark `angleMark`, and mark `litMark` lit (-1 for none).
 void paintKnobPosition(QPainter& painter, const PanelKnob& knob, int angleMark, int litMark);
 
 }  // namespace tarnvex::desktop

@@ -10,7 +10,7 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// The panel: its description reads the display, its children are the keys and then the knob.
+/// The panel. Its description is the display in words; its children are the keys and then the knob.
 class PanelAccessible : public QAccessibleWidget {
  public:
   explicit PanelAccessible(RadioPanel* panel)

@@ -5,7 +5,7 @@
 /// Finds keys and knob on a front panel, for pointers and arrow keys. Points are in layout units.
 namespace tarnvex::desktop {
 
-/// Index of the key at that point, or -1.
+/// The index of the key at this point, or -1.
 int keyAt(const PanelLayout& layout, const QPointF& point);
 
 /// Whether the point is on the knob or its ring of marks.

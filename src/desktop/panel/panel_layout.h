@@ -8,11 +8,11 @@
 #include <QVector>
 #include <optional>
 
-/// Where things are on a radio's front panel: pure data, one value per radio.
+/// Where things are on a radio's front panel. Pure data, with one value for each radio.
 ///
-/// All measures are abstract units of the drawing; RadioPanel scales them to its widget, so only
-/// their proportions matter. At 100 % and the natural size of the panel a unit is about a pixel.
-/// y grows downwards, angles run clockwise from twelve o'clock.
+/// All measures are in abstract units. RadioPanel scales them to its widget, so only their
+/// proportions matter. At 100 % and the panel's natural size, a unit is about a pixel. y grows
+/// downwards, angles run clockwise from twelve o'clock.
 namespace tarnvex::desktop {
 
 /// How a display element is drawn, and what setElement() changes of it.
@@ -22,11 +22,11 @@ enum class ElementKind {
   Text,         ///< Free text in a clean face; long text shrinks, then is elided.
   Word,         ///< An indicator word; only its visibility changes, the word is `ghost`.
   BankLetter,   ///< As Word, but one of the row of banks.
-  Bar,          ///< A bar of the signal meter, only its visibility changes.
-  Mark,         ///< A small mark, only its visibility changes.
+  Bar,          ///< A bar of the signal meter; only its visibility changes.
+  Mark,         ///< A small mark; only its visibility changes.
 };
 
-/// Whether such an element is only lit or dark. Its text is then ignored.
+/// Whether elements of this kind are only lit or dark, so that their text is ignored.
 bool hasOwnShape(ElementKind kind);
 
 /// One changing thing on the display glass.
@@ -34,11 +34,12 @@ struct DisplayElement {
   QString name;  ///< Control name, array members as "Bankltr(3)".
   ElementKind kind = ElementKind::Text;
   QRectF rect;
-  /// What shows faintly while unlit. Words, letters: the word itself. Segment texts: the cells at
-  /// rest, such as "888.8888". Empty: no ghost.
+  /// What shows faintly while the element isn't lit: the word itself, or for segments the cells at
+  /// rest, such as "888.8888". If it is empty, there is no ghost.
   QString ghost;
   Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter;
-  /// What comes before the text when the display is read aloud ("channel"), or replaces the word.
+  /// When the display is read aloud: the word before the text, such as "channel", or the
+  /// replacement for an indicator's word.
   QString spoken;
   bool silent = false;  ///< Left out when the display is read aloud.
 };
@@ -46,7 +47,7 @@ struct DisplayElement {
 /// A drawing on a key that has no letters.
 enum class KeyIcon { None, Light };
 
-/// How a key is coloured: groups of the same purpose look alike.
+/// A key's colour. Keys with the same purpose look alike.
 enum class KeyTone { Function, Digit, Bank, Quiet };
 
 /// One key. Its key index is its position in PanelLayout::keys.
@@ -64,12 +65,12 @@ struct PanelKey {
 /// The tuning knob with its ring of marks, "Knob(0)" at the top and on clockwise.
 struct PanelKnob {
   QPointF centre;
-  double radius = 0;      ///< Of the knob itself.
-  double ringRadius = 0;  ///< Of the circle through the marks.
+  double radius = 0;      ///< That of the knob itself.
+  double ringRadius = 0;  ///< That of the circle through the marks.
   int marks = 0;
   /// Shown when the pointer rests on it.
   QString tip = {};
-  /// What takes the mouse; the round knob lies within.
+  /// The area that reacts to the mouse. The round knob lies within it.
   [[nodiscard]] QRectF area() const {
     const double reach = ringRadius + 6;
     return {centre.x() - reach, centre.y() - reach, 2 * reach, 2 * reach};
@@ -91,6 +92,7 @@ struct PanelFitting {
   double radius = 0;
 };
 
+/// A whole front: its measures, colours, display elements, keys, knob and print.
 struct PanelLayout {
   QString model;  ///< "BC895XLT".
   QSizeF size;
@@ -99,7 +101,7 @@ struct PanelLayout {
   QRectF bezel;            ///< The dark frame around the display.
   QRectF glass;            ///< The lit display itself.
   QColor displayColour;    ///< Initial back colour of the display.
-  QColor lightColour;      ///< Back colour with the light on; the same if it is always on.
+  QColor lightColour;      ///< Back colour with the light on. The same if it is always on.
   double keyLetters = 10;  ///< Letter height of a one-line key label, in units.
   QVector<DisplayElement> elements;
   QVector<PanelKey> keys;
@@ -107,9 +109,9 @@ struct PanelLayout {
   QVector<PanelCaption> captions;
   QVector<PanelFitting> fittings;
 
-  /// Index of the key with that control name, or -1.
+  /// The index of the key with this control name, or -1.
   [[nodiscard]] int keyIndex(const QString& control) const;
-  /// Index of the display element with that name, or -1.
+  /// The index of the display element with this name, or -1.
   [[nodiscard]] int elementIndex(const QString& name) const;
 };
 
@@ -119,7 +121,7 @@ PanelLayout bc895Layout();
 /// The hand-held. Its keys are `Label1` to `Label26`; find their index with keyIndex().
 PanelLayout bc245Layout();
 
-/// The same radio's display alone in its frame, without body, keys and knob: for a small window.
+/// Only the radio's display in its frame, without body, keys and knob, for a small window.
 PanelLayout displayOnly(const PanelLayout& layout);
 
 }  // namespace tarnvex::desktop

@@ -13,7 +13,8 @@ namespace tarnvex::desktop {
 
 namespace {
 
-/// How much of the colour is left of an unlit glass, and of the ink's contrast on it.
+/// How much is left of the glass's colour while it isn't lit, and of the contrast of the text on
+/// it.
 constexpr double kUnlitColour = 0.14;
 constexpr double kUnlitInk = 0.5;
 
@@ -45,7 +46,7 @@ void PanelRenderer::setGeometry(const QSize& size, double devicePixelRatio) {
   ratio_ = devicePixelRatio;
   const double scale =
       std::min(size.width() / layout_.size.width(), size.height() / layout_.size.height());
-  // Whole device pixels for the origin keep straight edges as sharp as the scale allows.
+  // The origin is at whole device pixels, which keeps straight edges as sharp as the scale allows.
   const auto centred = [this, scale](double room, double used) {
     return std::floor((room - used * scale) / 2 * ratio_) / ratio_;
   };

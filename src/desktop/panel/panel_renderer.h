@@ -12,6 +12,7 @@
 
 namespace tarnvex::desktop {
 
+/// What a display element shows.
 struct ElementState {
   QString text;
   bool lit = false;
@@ -24,28 +25,28 @@ struct FrontState {
   int hoverKey = -1;
   int focusKey = -1;  ///< Key with the focus ring, -1 for none.
   int litMark = -1;   ///< Mark of the knob.
-  int knobAngle = 0;  ///< The mark that the dimple points to.
+  int knobAngle = 0;  ///< The mark to which the dimple points.
   QColor back;
-  /// The display is lit. Unlit, it is dark and its text is faint, whatever its colour.
+  /// Whether the display is lit. If not, it is dark and its text is faint, whatever its colour.
   bool live = true;
 };
 
-/// What the display's back light looks like, and the ink on it.
+/// The colours of the display's back light and of the text on it, as they are drawn.
 QColor shownBack(const FrontState& state);
 QColor shownInk(const FrontState& state);
 
-/// Draws a front at the size it was given. What doesn't change is kept in a picture. Painting
+/// Draws a front at a given size. Everything that doesn't change is kept in a picture. Painting
 /// copies from it and draws the elements that the clip touches.
 class PanelRenderer {
  public:
   explicit PanelRenderer(const PanelLayout& layout);
 
-  /// Size in widget coordinates and device pixels per widget pixel.
+  /// Sets the size in widget coordinates and the number of device pixels per widget pixel.
   void setGeometry(const QSize& size, double devicePixelRatio);
 
-  /// From units to widget coordinates.
+  /// Converts units to widget coordinates.
   const QTransform& transform() const { return transform_; }
-  /// The widget pixels that the units touch, grown by `margin` units.
+  /// The widget pixels that a rectangle in units touches, after it has grown by `margin` units.
   QRect widgetRect(const QRectF& units, double margin) const;
 
   void paint(QPainter& painter, const QRegion& clip, const FrontState& state);
@@ -67,7 +68,8 @@ class PanelRenderer {
   QPixmap body_;
   QPixmap front_;  ///< Body with the glass in the colour of frontBack_.
   QColor frontBack_;
-  /// Unlit cells of the segment lines by element and pattern: costly to draw, and few in number.
+  /// The unlit cells of the segment lines, by element and pattern. They are slow to draw, and there
+  /// are only a few of them.
   QHash<QString, QPixmap> ghosts_;
 };
 

@@ -8,8 +8,8 @@
 namespace tarnvex::desktop {
 namespace {
 
-// Fonts take whole pixels and are hinted for them. Letters are therefore laid out at one large size
-// and scaled down, so that a caption keeps its exact place at any size of the panel.
+// Font sizes are whole pixels, with hinting for each. Letters are therefore laid out at one large
+// size and scaled down, so that a caption keeps its exact place at any size of the panel.
 constexpr int kLayoutPixels = 64;
 constexpr double kLeastScale = 0.75;
 constexpr double kLineStep = 1.08;

@@ -4,18 +4,19 @@
 #include <QRectF>
 #include <QString>
 
-/// Lettering in the units of a drawing, the same at every scale.
+/// Draws text in units, so that it looks the same at every scale.
 namespace tarnvex::desktop {
 
+/// The style of a text.
 struct Lettering {
   double size = 8;  ///< Height of the font in units.
   bool bold = false;
-  double spacing = 0;  ///< Extra room between letters, in parts of the size.
+  double spacing = 0;  ///< Extra space between letters, as a fraction of the size.
   Qt::Alignment align = Qt::AlignCenter;
 };
 
 /// Draws one or more lines (separated by line feeds) into `rect` with the painter's pen. A line
-/// that is too wide shrinks, to three quarters at most, and is then elided.
+/// that is too wide shrinks to three quarters at least, and is elided if that isn't enough.
 void drawLettering(QPainter& painter, const QRectF& rect, const QString& text,
                    const Lettering& lettering);
 

@@ -9,8 +9,8 @@ namespace tarnvex::desktop {
 class RadioPanel;
 
 /// What the keys and the knob of a RadioPanel have in common for assistive technology: they are
-/// drawn, so that none of them is a widget. Made, and owned through Qt's registry, by the panel's
-/// own interface. Harmless once the panel is gone.
+/// drawn, so none of them is a widget. The panel's interface creates them and owns them through
+/// Qt's registry. They do no harm once the panel is gone.
 class PartAccessible : public QAccessibleInterface, public QAccessibleActionInterface {
  public:
   explicit PartAccessible(RadioPanel* panel);
@@ -30,20 +30,20 @@ class PartAccessible : public QAccessibleInterface, public QAccessibleActionInte
   [[nodiscard]] QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
  protected:
-  /// Where it is on the panel.
+  /// The part's place on the panel.
   [[nodiscard]] virtual QRect place() const = 0;
-  /// Only while `isValid`.
+  /// Only valid while `isValid`.
   [[nodiscard]] RadioPanel& panel() const { return *panel_; }
 
  private:
   QPointer<RadioPanel> panel_;
 };
 
-/// A key: a button with a second action, "Hold", for what the right mouse button does.
+/// A key: a button with a second action, "Hold", which does the same as the right mouse button.
 QAccessibleInterface* makeKeyAccessible(RadioPanel* panel, int keyIndex);
 
-/// The knob: a slider whose value is its mark. To raise it turns the knob up by one step, however
-/// far; to lower it, down.
+/// The knob: a slider whose value is its mark. Raising the value, by whatever amount, turns the
+/// knob up by one step; lowering it turns the knob down.
 QAccessibleInterface* makeKnobAccessible(RadioPanel* panel);
 
 }  // namespace tarnvex::desktop

@@ -18,7 +18,7 @@ namespace tarnvex::desktop {
 namespace {
 
 constexpr double kLeastScale = 0.62;
-/// What is received is told when it has been there for so long.
+/// A reception is announced to screen readers after it has lasted for this long.
 constexpr int kCalmMilliseconds = 700;
 
 }  // namespace
@@ -44,7 +44,7 @@ RadioPanel::RadioPanel(const PanelLayout& layout, QWidget* parent)
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
-  // First of the two: setting the name may already ask for the interface, and it is kept.
+  // This comes first: setting the name may already ask for the interface, and Qt keeps that one.
   installPanelAccessibility();
   setAccessibleName(layout.model);
 }
@@ -238,8 +238,8 @@ void RadioPanel::setFocusRing(bool shown) {
   updateKey(state_->front.focusKey);
 }
 
-/// Not at every flicker of the display: only another reception, once it has been there for a
-/// moment. Nobody to tell, nothing to do.
+/// Announces a new reception to screen readers, once it has lasted for a moment. Does nothing if
+/// there are none.
 void RadioPanel::announce() {
   if (state_->announcing || !QAccessible::isActive()) {
     return;

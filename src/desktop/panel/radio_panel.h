@@ -12,13 +12,13 @@ namespace tarnvex::desktop {
 
 class PanelRenderer;
 
-/// Draws a radio's front panel and reports presses. It has no knowledge of the radios. A window
+/// Draws a radio's front panel and reports presses. It knows nothing about the radios. A window
 /// binds its elements to the panel's labels and its signals to the key handlers.
 ///
-/// It keeps the layout's proportions at any size, and repaints only what has changed. It begins
-/// with every element dark. One key at a time takes the keyboard focus: the arrow keys move it,
-/// Space and Enter press; Page Up, Page Down and the wheel turn the knob. All other keys are left
-/// to the parent widget, and so are mouse presses beside the keys and the knob.
+/// It keeps the layout's proportions at any size, and repaints only what has changed. At first
+/// every element is dark. One key has the keyboard focus: the arrow keys move it, Space and Enter
+/// press the key. Page Up, Page Down and the wheel turn the knob. All other keys are passed to the
+/// parent widget, and so are mouse presses beside the keys and the knob.
 class RadioPanel : public QWidget {
   Q_OBJECT
   Q_DISABLE_COPY_MOVE(RadioPanel)
@@ -27,28 +27,28 @@ class RadioPanel : public QWidget {
   explicit RadioPanel(const PanelLayout& layout, QWidget* parent = nullptr);
   ~RadioPanel() override;
 
-  /// Shows `text` in the display element with that control name ("Frequency", "Bankltr(3)",
+  /// Shows `text` in the display element with this control name ("Frequency", "Bankltr(3)",
   /// "Sig(0)", "Knob(12)"), lit or not. Unknown names are ignored. Indicator words, letters and
-  /// bars keep their own words and take only `visible`. Repaints nothing if nothing changed.
+  /// bars ignore the text and use only `visible`. Repaints nothing if nothing has changed.
   void setElement(const QString& name, const QString& text, bool visible);
 
-  /// The colour of the display's back light. On a dark one the ink turns light.
+  /// Sets the colour of the display's back light. On a dark one the text is light.
   void setDisplayColour(QColor back);
   [[nodiscard]] QColor displayColour() const;
 
-  /// Whether the display shows a live radio: true at first. If it doesn't, the glass is dark and
-  /// its text faint, and the display in words begins with "Not live".
+  /// Sets whether the display shows a live radio, which is true at first. If it doesn't, the glass
+  /// is dark, its text is faint, and the display in words begins with "Not live".
   void setLive(bool live);
 
-  /// Shows a key as pressed, for a press that came from elsewhere. Emits nothing. Unknown keys are
-  /// ignored.
+  /// Shows a key as pressed, for a press that came from elsewhere. Emits no signal. Unknown keys
+  /// are ignored.
   void setKeyDown(int keyIndex, bool down);
 
-  /// A whole click on a key, with its signals: for assistive technology.
+  /// Clicks a key, with all signals. For assistive technology.
   void clickKey(int keyIndex, Qt::MouseButton button = Qt::LeftButton);
   /// Holds the knob for a moment, long enough for one step: right turns up, left down.
   void turnKnob(Qt::MouseButton button);
-  /// The mark that the knob points to, from 0.
+  /// The mark to which the knob points, from 0.
   [[nodiscard]] int knobMark() const;
 
   [[nodiscard]] const PanelLayout& layoutData() const;
@@ -57,12 +57,13 @@ class RadioPanel : public QWidget {
   /// accessible description.
   [[nodiscard]] QString displayText() const;
 
-  /// Where things are now, in widget coordinates; empty for what does not exist.
+  /// Where things are now, in widget coordinates. Empty for what doesn't exist.
   [[nodiscard]] QRect keyRect(int keyIndex) const;
   [[nodiscard]] QRect elementRect(const QString& name) const;
   [[nodiscard]] QRect knobRect() const;
 
-  /// The key that has, or would take, the keyboard focus; -1 if there are no keys.
+  /// The key that has the keyboard focus, or gets it when the panel gets it. -1 if there are no
+  /// keys.
   [[nodiscard]] int focusKey() const;
   void setFocusKey(int keyIndex);
 
@@ -72,11 +73,11 @@ class RadioPanel : public QWidget {
   [[nodiscard]] int heightForWidth(int width) const override;
 
  signals:
-  /// A key went down, by mouse or (Space, Enter on the focused key: left) by keyboard.
+  /// A key was pressed with the mouse or the keyboard. Space and Enter count as the left button.
   void keyPressed(int keyIndex, Qt::MouseButton button);
-  /// The same key came up, wherever the pointer is by then.
+  /// The same key was released, wherever the pointer is by then.
   void keyReleased(int keyIndex, Qt::MouseButton button);
-  /// A press of a key ended on the same key: not sent where the pointer was drawn off it first.
+  /// A key was pressed and released. Not sent if the pointer has left the key before the release.
   void keyClicked(int keyIndex, Qt::MouseButton button);
   /// The knob is held: left turns down, right turns up.
   void knobPressed(Qt::MouseButton button);

@@ -1,4 +1,4 @@
-// How mouse and keyboard press the panel's keys and its knob.
+// Presses of the panel's keys and its knob by mouse and keyboard.
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -13,7 +13,7 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// A poll looks at the knob each tick, which may take a quarter of a second.
+/// The poll looks at the knob once per tick, and a tick may take a quarter of a second.
 constexpr int kKnobMilliseconds = 300;
 
 bool isPressKey(int key) {
@@ -74,7 +74,7 @@ void RadioPanel::release(Qt::MouseButton button, bool byKeyboard, int over) {
   if (!stillDown) {
     setKeyDown(target, false);
   }
-  // What a key does may close the window and the panel with it.
+  // The key's handler may close the window and destroy the panel.
   const QPointer<RadioPanel> alive(this);
   emit keyReleased(target, button);
   if (alive && over == target) {
@@ -101,7 +101,7 @@ void RadioPanel::clickKey(int keyIndex, Qt::MouseButton button) {
   }
 }
 
-/// The wheel and the page keys have no release: the knob comes up by itself.
+/// The wheel and the page keys have no release, so a timer releases the knob.
 void RadioPanel::turnKnob(Qt::MouseButton button) {
   const bool turning = std::any_of(state_->held.begin(), state_->held.end(),
                                    [](const Held& one) { return one.target == kKnobTarget; });
@@ -129,7 +129,7 @@ void RadioPanel::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void RadioPanel::mouseDoubleClickEvent(QMouseEvent* event) {
-  // The second press of a quick pair is as good a press as the first.
+  // The second press of a double click on a key counts as a press.
   if (press(event->position(), event->button())) {
     return;
   }
@@ -183,7 +183,7 @@ void RadioPanel::keyReleaseEvent(QKeyEvent* event) {
   }
 }
 
-// The base class would paint the whole panel again at each change of focus.
+// Doesn't call the base class, which would repaint the whole panel.
 void RadioPanel::focusInEvent(QFocusEvent*) {
   setFocusRing(true);
   announceKeyFocus(this, state_->focusKey);

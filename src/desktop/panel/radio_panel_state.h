@@ -8,17 +8,18 @@
 
 namespace tarnvex::desktop {
 
-/// Indexes that are no key: nothing, and the knob.
+/// Targets of a press that aren't keys: nothing, and the knob.
 inline constexpr int kNone = -1;
 inline constexpr int kKnobTarget = -2;
 
-/// A button that went down on a key or on the knob and has not come up yet.
+/// A button that was pressed on a key or the knob and hasn't been released yet.
 struct RadioPanel::Held {
   int target;
   Qt::MouseButton button;
   bool byKeyboard;
 };
 
+/// The panel's variables, shared by its source files.
 struct RadioPanel::State {
   PanelLayout layout;
   QHash<QString, int> elementByName;

@@ -10,7 +10,7 @@ namespace {
 
 const QString kFamily = QStringLiteral("DSEG14 Classic");
 constexpr int kFontPixels = 100;
-// A slight slant, as the cells of such displays have.
+// A slight slant, which is usual for such displays.
 constexpr double kSlant = 0.07;
 // Thickness of the drawn segments.
 constexpr double kBold = 0.118;

@@ -7,48 +7,50 @@
 
 namespace tarnvex::desktop {
 
-/// One line of segment cells, in units of the cell height, top left at the origin. The parts are
-/// kept apart because filling many small shapes is far quicker than filling one large one.
+/// A line of segment cells, in units of the cell height, with the top left corner at the origin.
+/// The shapes are separate because filling many small shapes is far quicker than filling one large
+/// one.
 struct SegmentLine {
   QVector<QPainterPath> lit;
   QVector<QPainterPath> unlit;  ///< Every segment of every cell, for the ghost behind.
   double width = 0;
-  QString pattern;  ///< Equal for lines whose `unlit` is equal: a letter for each cell and point.
+  QString pattern;  ///< A letter for each cell and point. Lines with equal `unlit` have the same.
 };
 
-/// Shapes of one weight: by character, the point (left of the cell that follows), all segments at
-/// once.
+/// The shapes of one weight: those of the characters, the point (to the left of the next cell), and
+/// all segments of a cell.
 struct SegmentShapes {
   QHash<QChar, QPainterPath> glyphs;
   QPainterPath point;
   QPainterPath all;
 };
 
-/// The cells drawn from a table, with segments of that thickness in cell heights.
+/// Draws the shapes from a table. `thickness` is that of the segments, in cell heights.
 SegmentShapes drawSegments(double thickness);
 
-/// Room from one cell to the next, in cell heights.
+/// The distance from one cell to the next, in cell heights.
 inline constexpr double kCellAdvance = 0.816;
 
-/// The fourteen-segment face of the displays: the installed font if there is one, else cells drawn
-/// from a table. Small letters show as capitals; a point shares the cell before it.
+/// The fourteen-segment face of the displays: the installed font if there is one, otherwise cells
+/// drawn from a table. Small letters are shown as capitals; a point shares the cell before it.
 ///
-/// A line of upright strokes, as every frequency is, is set in bold. Where a letter has slanting
-/// strokes the whole line is set lighter, or they would run together.
+/// A line with only upright and level strokes, such as a frequency, is bold. If a letter has
+/// slanting strokes, the whole line is lighter, since bold strokes would run together.
 class SegmentFace {
  public:
   enum class Source { Installed, Drawn };
 
-  /// `Installed` falls back to `Drawn` where the font is missing.
+  /// `Installed` falls back to `Drawn` if the font is missing.
   explicit SegmentFace(Source wanted = Source::Installed);
 
   [[nodiscard]] Source source() const { return source_; }
 
-  /// Whether segments can show each of the characters.
+  /// Whether segments can show all characters of the text.
   [[nodiscard]] bool canShow(const QString& text) const;
 
   /// Lays `text` out in at least as many cells as `rest` ("888.8888") has. A shorter text is
-  /// aligned at the right if `toRight`, else at the left. What can't be shown leaves its cell dark.
+  /// aligned at the right if `toRight`, otherwise at the left. The cell of a character that can't
+  /// be shown stays dark.
   [[nodiscard]] SegmentLine line(const QString& text, const QString& rest, bool toRight) const;
 
  private:

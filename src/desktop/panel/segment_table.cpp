@@ -7,7 +7,7 @@
 namespace tarnvex::desktop {
 namespace {
 
-// Segments by bit, clockwise from the top, then the inner ones:
+// The segments and their bits: clockwise from the top, then the inner ones.
 //    --a--
 //   f\h i j/b
 //    -g1-g2-
@@ -89,7 +89,7 @@ constexpr std::array kTable{
     Entry{'|', I | L},
 };
 
-// The cell: the centre lines of the segments.
+// The centre lines of the segments in a cell.
 constexpr double kLeft = 0.146;
 constexpr double kRight = 0.671;
 constexpr double kTop = 0.047;
@@ -110,7 +110,7 @@ QPolygonF bar(QPointF from, QPointF to, double half) {
            end - unit * half - side, start + unit * half - side}};
 }
 
-/// A slanting bar within one quarter of the cell; its ends are cut upright.
+/// A slanting bar within one quarter of the cell. Its ends are vertical.
 QPolygonF slash(double outerX, double outerY, double innerY, double half) {
   const double toCentre = outerX < kCentre ? 1 : -1;
   const double down = outerY < innerY ? 1 : -1;

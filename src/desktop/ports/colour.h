@@ -6,7 +6,7 @@
 
 namespace tarnvex::desktop {
 
-/// A colour number of the core, red in its lowest byte, for the screen and back.
+/// Convert a colour number of the core, with red in its lowest byte, for the screen and back.
 inline QColor toScreen(platform::Colour colour) {
   return QColor(static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF),
                 static_cast<int>(colour >> 16 & 0xFF));

@@ -11,7 +11,7 @@ std::string valueName(int slot) {
   return "COM" + std::to_string(slot);
 }
 
-/// Some adapters leave the maker empty. Others repeat it in the product.
+/// Some adapters leave the maker's name empty. Others repeat it in the product's name.
 QString describe(const QSerialPortInfo& port) {
   const QString maker = port.manufacturer().simplified();
   const QString product = port.description().simplified();

@@ -10,15 +10,15 @@ namespace tarnvex::desktop {
 
 /// A serial device of this machine.
 struct FoundPort {
-  /// Its node, such as "/dev/ttyUSB0".
+  /// Its device file, such as "/dev/ttyUSB0".
   QString path;
-  /// A path that stays the same when the adapter is plugged in again or elsewhere; the node if
-  /// there is none.
+  /// A path that stays the same if the adapter is unplugged and plugged in again, even into another
+  /// socket. Equals `path` if there is none.
   QString stablePath;
-  /// Maker and product as the adapter names them; may be empty.
+  /// Maker and product as the adapter reports them. May be empty.
   QString description;
 
-  /// For display: "FTDI FT232R USB UART (ttyUSB0)".
+  /// The text to display, such as "FTDI FT232R USB UART (ttyUSB0)".
   [[nodiscard]] QString title() const;
   bool operator==(const FoundPort& other) const = default;
 };
@@ -29,20 +29,21 @@ QVector<FoundPort> findPorts();
 /// The link in `folder` that leads to the device at `path`, or `path` itself.
 QString stablePath(const QString& path, const QString& folder);
 
-/// Maps the slots COM 1 to COM 4 to serial devices. The settings name a slot's device in section
-/// "Ports", values "COM1" to "COM4". A slot without one takes the n-th serial device found.
+/// Maps the slots COM 1 to COM 4 to serial devices. A slot's device is stored in the settings,
+/// section "Ports", values "COM1" to "COM4". A slot without a stored device takes the n-th serial
+/// device found.
 class DeviceSlots {
  public:
   static constexpr int kSlots = 4;
   using Find = std::function<QVector<FoundPort>()>;
 
-  /// `find` is called each time, so that it sees devices come and go.
+  /// `find` is called for each question, so that devices may come and go.
   explicit DeviceSlots(platform::SettingsStore& settings, Find find = findPorts)
       : settings_(settings), find_(std::move(find)) {}
 
-  /// The device's path, empty if the slot has none.
+  /// The path of the slot's device. Empty if it has none.
   [[nodiscard]] QString device(int slot) const;
-  /// Sets the slot's device. With an empty path the slot takes a device that is found again.
+  /// Stores the slot's device. With an empty path, the slot again takes a device that is found.
   void setDevice(int slot, const QString& path);
   [[nodiscard]] bool isNamed(int slot) const;
   [[nodiscard]] QVector<FoundPort> found() const { return find_(); }

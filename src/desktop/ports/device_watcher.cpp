@@ -21,8 +21,8 @@ DeviceWatcher::DeviceWatcher(QStringList folders, std::function<void()> changed,
   watch();
 }
 
-/// A folder that appears with the first device and disappears with the last one has to be watched
-/// again.
+/// Some folders appear with the first device and disappear with the last one, so they must be
+/// watched anew.
 void DeviceWatcher::watch() {
   for (const QString& folder : folders_) {
     if (QFileInfo::exists(folder) && !watcher_.directories().contains(folder)) {

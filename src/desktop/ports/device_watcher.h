@@ -6,8 +6,8 @@
 
 namespace tarnvex::desktop {
 
-/// Notifies when a device may have come or gone. It does so a moment after the last change in the
-/// folders of devices, when the device has its permissions and links.
+/// Notifies when a device may have come or gone. It waits a moment after the last change in the
+/// folders of devices, until a new device has its permissions and links.
 class DeviceWatcher : public QObject {
  public:
   DeviceWatcher(QStringList folders, std::function<void()> changed, QObject* parent);

@@ -29,7 +29,7 @@ QString IniSettings::defaultPath() {
          QStringLiteral("/Tarnvex/Tarnvex.conf");
 }
 
-/// A file that isn't there is an empty one.
+/// A missing file counts as empty.
 platform::Failure IniSettings::read(std::string& content) const {
   platform::SequentialFiles files(files_);
   return files_.exists(path_) ? files.contentOf(path_, content) : std::nullopt;
@@ -75,8 +75,8 @@ QString IniSettings::allText() const {
   return text;
 }
 
-/// The file is read anew, since another program may have saved a value of its own. One that can't
-/// be read isn't written over.
+/// Reads the file again first, since another program may have saved a value in it. A file that
+/// can't be read isn't overwritten.
 platform::Failure IniSettings::saveAll() {
   QDir().mkpath(folder_);
   std::string content;

@@ -12,14 +12,14 @@
 namespace tarnvex::desktop {
 
 /// The settings store as an INI file, by default `Tarnvex/Tarnvex.conf` in the user's configuration
-/// folder. Nothing is written before the first value is saved. Every save replaces the file whole
-/// or not at all, waits for no lock, and keeps what another program has written into it since.
+/// folder. Nothing is written before the first value is saved. Every save replaces the whole file
+/// or fails, waits for no lock, and keeps what another program has written into the file since.
 ///
-/// A value that can't be saved counts until the program ends, and is tried again with the next one.
+/// A value that can't be saved stays in effect until the program ends. The next save tries again.
 class IniSettings : public platform::SettingsStore {
  public:
   explicit IniSettings(const QString& path = defaultPath());
-  /// On these calls of the machine, which outlive it.
+  /// Uses these system calls, which must outlive it.
   IniSettings(const QString& path, files::FileCalls& calls);
   static QString defaultPath();
 
@@ -27,10 +27,10 @@ class IniSettings : public platform::SettingsStore {
                                        std::string_view fallback) const override;
   void saveSetting(std::string_view section, std::string_view name, std::string_view text) override;
 
-  /// All values, a line each: "Options/COM=1", spelled as in the file.
+  /// All values, one per line, such as "Options/COM=1", spelled as in the file.
   [[nodiscard]] QString allText() const;
 
-  /// Called with the description when a save fails; once for a row of failures.
+  /// Called with the description when a save fails, but only once for several failures in a row.
   std::function<void(const std::string& description)> onFailure;
 
  private:

@@ -8,7 +8,8 @@ namespace tarnvex::desktop {
 PlanFileDialog::PlanFileDialog(QWidget* parent) : QFileDialog(parent) {
   setObjectName(QStringLiteral("fileDialog"));
   setOption(DontUseNativeDialog);
-  // The program asks about files that exist, in its own words, and New names one in the open form.
+  // The program itself asks about existing files, in its own words, and New names a file in the
+  // form for opening.
   setOption(DontConfirmOverwrite);
   setFileMode(AnyFile);
 }

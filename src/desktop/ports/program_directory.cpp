@@ -14,7 +14,7 @@ bool holdsProgram(const QDir& folder) {
   return QFileInfo(folder.path()).isWritable() && folder.exists(kSearchList);
 }
 
-/// Copies what is missing, and only the first time: a list that the user has deleted stays deleted.
+/// Copies missing files, but only the first time: a list that the user has deleted stays deleted.
 void fill(const QDir& folder) {
   const QDir share(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/tarnvex"));
   if (folder.exists() || !folder.mkpath(QStringLiteral("."))) {

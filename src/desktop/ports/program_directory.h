@@ -4,9 +4,9 @@
 
 namespace tarnvex::desktop {
 
-/// The folder of the program's own files: where the executable is, if that folder is writable and
-/// holds `Searchlist.txt` (a build tree, an unpacked archive), otherwise `Tarnvex` in the user's
-/// data folder, which is filled from the installed share folder the first time.
+/// The folder of the program's own files. It is the executable's folder if that is writable and
+/// holds `Searchlist.txt`, as in a build tree or an unpacked archive. Otherwise it is `Tarnvex` in
+/// the user's data folder, which is filled from the installed share folder the first time.
 QString programDirectory();
 
 }  // namespace tarnvex::desktop

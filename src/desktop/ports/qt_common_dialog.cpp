@@ -10,7 +10,7 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// "Text(*.tvf)|*.tvf" as the desktop's dialog takes it, with all files behind it.
+/// Converts "Text(*.tvf)|*.tvf" to the form of Qt's dialog, and adds "All files".
 QStringList nameFilters(const std::string& filter) {
   QStringList filters;
   const QStringList parts = toScreen(filter).split(QLatin1Char('|'), Qt::SkipEmptyParts);
@@ -21,14 +21,15 @@ QStringList nameFilters(const std::string& filter) {
   return filters << QObject::tr("All files (*)");
 }
 
-/// A button's caption shows no mnemonic that a file's name happens to hold.
+/// Makes sure that an ampersand in a file's name isn't taken for a mnemonic.
 QString asCaption(QString text) {
   return text.replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
 }  // namespace
 
-/// Cancel goes on with the file in use, and its button says so.
+/// Sets up names, captions and the first choice. Cancel goes on with the current file, so its
+/// button says so.
 void QtCommonDialog::prepare(PlanFileDialog& dialog) const {
   dialog.setNameFilters(nameFilters(Filter));
   dialog.setSuffix(toScreen(DefaultExt));
@@ -61,7 +62,7 @@ std::optional<std::string> QtCommonDialog::chooseFile(platform::FileDialogKind k
   if (gate_.ended()) {
     return std::string();
   }
-  // Its window may go while the dialog is open, and takes the dialog along.
+  // If the window below closes while the dialog is open, it destroys the dialog.
   const QPointer<PlanFileDialog> dialog = new PlanFileDialog(windowInUse());
   const bool saving = kind == platform::FileDialogKind::Save;
   dialog->setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
@@ -74,7 +75,7 @@ std::optional<std::string> QtCommonDialog::chooseFile(platform::FileDialogKind k
   });
   dialog->open();
   gate_.waitUntil([&] { return finished || dialog.isNull(); });
-  // Not Cancel, after which a save goes on under the present name.
+  // This must not count as Cancel, after which a save goes on under the present name.
   const bool stopped = gate_.ended() || dialog.isNull() || isWithdrawn(*dialog);
   const QString chosen = dialog && accepted ? dialog->chosen() : QString();
   delete dialog.data();

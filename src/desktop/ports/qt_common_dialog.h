@@ -6,7 +6,7 @@
 
 namespace tarnvex::desktop {
 
-/// The file dialog over the window in use. The core stays in the call and yields until it
+/// The file dialog, over the window in use. The core stays in the call and yields until the dialog
 /// is closed.
 class QtCommonDialog : public platform::CommonDialog {
  public:
@@ -21,6 +21,7 @@ class QtCommonDialog : public platform::CommonDialog {
   platform::EventGate& gate_;
 };
 
+/// Creates the file dialogs.
 class QtCommonDialogs : public platform::CommonDialogs {
  public:
   explicit QtCommonDialogs(platform::EventGate& gate) : gate_(gate) {}

@@ -58,7 +58,8 @@ Answer answerOf(int button, int flags) {
   }
 }
 
-/// Wide enough for the title beside the window's own buttons; a short question is narrower.
+/// Makes the box wide enough for its title and the window's buttons. A short question would be
+/// narrower.
 void makeRoomForTitle(QMessageBox& box) {
   const QFontMetrics metrics(box.font());
   const int width = metrics.horizontalAdvance(box.windowTitle()) + metrics.height() * 10;
@@ -84,7 +85,7 @@ Answer QtDialogs::ask(const std::string& text, const std::string& title,
   if (gate_.ended()) {
     return answerOf(QMessageBox::NoButton, flags);
   }
-  // Its window may go while the box is open, and takes the box along.
+  // If the window below closes while the box is open, it destroys the box.
   const QPointer<QMessageBox> box = new QMessageBox(iconOf(flags), toScreen(title), toScreen(text),
                                                     buttonsOf(flags), windowInUse());
   box->setObjectName(QStringLiteral("messageBox"));
@@ -162,7 +163,7 @@ std::optional<platform::Colour> QtDialogs::chooseColour(platform::Colour current
 
 void QtDialogs::beep() {
   constexpr int kBeepMilliseconds = 100;
-  // A thousand pasted characters that don't fit cause one beep.
+  // Pasting a thousand characters that aren't accepted should beep once.
   if (!lastBeep_.isValid() || lastBeep_.hasExpired(kBeepMilliseconds)) {
     QApplication::beep();
     lastBeep_.start();

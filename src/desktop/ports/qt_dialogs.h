@@ -9,7 +9,7 @@
 
 namespace tarnvex::desktop {
 
-/// Message boxes and small dialogs over the window in use. The core stays in the call and yields
+/// Message boxes and small dialogs, over the window in use. The core stays in the call and yields
 /// until the user has answered.
 class QtDialogs : public platform::Dialogs {
  public:
@@ -25,7 +25,7 @@ class QtDialogs : public platform::Dialogs {
   void setBusyPointer(bool busy) override;
 
  private:
-  /// `preset` is the button that Enter presses, or none for the box's own choice.
+  /// `preset` is the button that Enter presses. If it is none, the box chooses.
   platform::Answer ask(const std::string& text, const std::string& title,
                        platform::MessageFlags flags, QMessageBox::StandardButton preset);
   /// Shows the dialog and yields until it is answered. If its window closes meanwhile, the dialog

@@ -10,7 +10,7 @@
 
 namespace tarnvex::desktop {
 
-/// Qt's event loop. This is the only place of the program that turns it.
+/// Qt's event loop. This is the only place in the program that turns it.
 class QtEventLoop : public platform::EventLoop {
  public:
   QtEventLoop();
@@ -18,11 +18,11 @@ class QtEventLoop : public platform::EventLoop {
   void turn() override;
   void waitForEvents(int milliseconds) override;
 
-  /// Delivers events until `done` holds, which is checked after each turn, or the deadline passes.
-  /// Returns `done`.
+  /// Delivers events until `done` is true, which is checked after each turn, or the deadline
+  /// passes. Returns the last result of `done`.
   bool waitUntil(const std::function<bool()>& done, QDeadlineTimer deadline);
-  /// Waits for bytes on the device itself, without delivering events: for a millisecond at most,
-  /// and not at all if the window has waited for a turn of the loop for too long.
+  /// Waits for bytes on the device itself, without delivering events. It waits for at most a
+  /// millisecond, and not at all if the last turn of the loop was too long ago for the window.
   void waitOnDevice(QIODevice& device);
 
   /// Runs the program until `leave`. Returns its exit status.

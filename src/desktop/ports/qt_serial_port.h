@@ -10,11 +10,11 @@
 
 namespace tarnvex::desktop {
 
-/// A serial port of this machine. Its waits turn the event loop, so the window stays alive; what
-/// the user does meanwhile waits at the event gate.
+/// A serial port of this machine. Its waits turn the event loop, so the window stays responsive;
+/// the user's events are queued in the event gate.
 ///
-/// A device that is lost is closed at once, since an unplugged one reports its error without end.
-/// For the core the port stays open, and its exchanges get no answer.
+/// If the device goes away, it is closed at once, since an unplugged device reports its error again
+/// and again. For the core the port stays open, and its exchanges get no answer.
 class QtSerialPort : public QObject, public platform::SerialPort {
  public:
   QtSerialPort(QtEventLoop& loop, const platform::EventGate& gate, const DeviceSlots& devices);
@@ -53,10 +53,11 @@ class QtSerialPort : public QObject, public platform::SerialPort {
   std::string settings_ = "9600,n,8,1";
   bool open_ = false;
   platform::PortTrouble trouble_ = platform::PortTrouble::None;
-  /// Path of the device that was opened last, with links resolved.
+  /// The path of the device that was opened last, with links resolved.
   QString device_;
 };
 
+/// Creates the serial ports.
 class QtSerialPorts : public platform::SerialPorts {
  public:
   QtSerialPorts(QtEventLoop& loop, const platform::EventGate& gate, const DeviceSlots& devices)

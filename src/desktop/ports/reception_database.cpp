@@ -11,8 +11,8 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// The schema, in the steps in which it grew: a file of version n lacks the steps from n on. What
-/// isn't known is 0 or empty.
+/// The schema, as steps: a file of version n lacks the steps from index n on. In a row, 0 and empty
+/// mean "not known".
 const std::vector<std::vector<const char*>>& schema() {
   static const std::vector<std::vector<const char*>> kSteps = {
       {
@@ -27,8 +27,8 @@ const std::vector<std::vector<const char*>>& schema() {
           "recording TEXT NOT NULL DEFAULT '')",
       },
       {
-          // What the log has ever heard, each once. There are few of them, so that a filter looks
-          // through these and not through the receptions.
+          // Everything the log has ever heard, each once. There are few of them, so a filter looks
+          // through these instead of the receptions.
           "CREATE TABLE sources (id INTEGER PRIMARY KEY, radio TEXT NOT NULL, "
           "frequency INTEGER NOT NULL, talkgroup TEXT NOT NULL, tag TEXT NOT NULL, "
           "bank INTEGER NOT NULL, channel INTEGER NOT NULL, tone REAL NOT NULL, "
@@ -41,7 +41,8 @@ const std::vector<std::vector<const char*>>& schema() {
           "s.talkgroup = receptions.talkgroup AND s.tag = receptions.tag AND "
           "s.bank = receptions.bank AND s.channel = receptions.channel AND "
           "s.tone = receptions.tone)",
-          // One for each order of the window's table. They hold all that a filter looks at.
+          // One index for each order of the window's table. Each has all columns that a filter
+          // uses.
           "CREATE INDEX by_time ON receptions (started, source, seconds, bars)",
           "CREATE INDEX by_source ON receptions (source, started, seconds, bars)",
           "CREATE INDEX by_length ON receptions (seconds, started, source)",
@@ -53,7 +54,7 @@ const std::vector<std::vector<const char*>>& schema() {
   return kSteps;
 }
 
-/// The library's error numbers.
+/// Error numbers of SQLite.
 enum Code {
   kBusy = 5,
   kLocked = 6,
@@ -66,7 +67,7 @@ enum Code {
 };
 
 DatabaseState stateOf(const QSqlError& error) {
-  // Extended codes hold the plain one in their lowest byte.
+  // Extended codes have the plain one in their lowest byte.
   switch (error.nativeErrorCode().toInt() & 0xFF) {
     case kBusy:
     case kLocked:
@@ -80,7 +81,7 @@ DatabaseState stateOf(const QSqlError& error) {
     case kReadOnly:
       return DatabaseState::Full;
     default:
-      // A table that isn't there, or isn't as it should be.
+      // A table is missing or has other columns.
       return DatabaseState::Damaged;
   }
 }
@@ -124,7 +125,8 @@ void ReceptionDatabase::open(const QString& file, Access access) {
     note(database_.lastError());
     return;
   }
-  // Readers and the writer don't wait for each other, and a killed program leaves a whole file.
+  // With this, readers and the writer don't wait for each other, and the file stays intact if the
+  // program is killed.
   if (access == Access::Write && !run(QStringLiteral("PRAGMA journal_mode = WAL"))) {
     return;
   }
@@ -147,7 +149,7 @@ void ReceptionDatabase::checkVersion(Access access) {
   }
 }
 
-/// All or nothing. Another program may do the same at the same time, so the version is read again.
+/// Makes all steps or none. Another program may be doing the same, so the version is read again.
 void ReceptionDatabase::upgrade(int from) {
   if (!run(QStringLiteral("BEGIN IMMEDIATE"))) {
     return;

@@ -9,39 +9,39 @@
 
 namespace tarnvex::desktop {
 
-/// What became of an attempt to open or use the log's file.
+/// The result of opening or using the log's file.
 enum class DatabaseState {
   Good,
-  Missing,  ///< there is no file, and none was to be made
-  Damaged,  ///< no database, or one that contradicts itself
+  Missing,  ///< there is no file, and a reader doesn't create one
+  Damaged,  ///< not a database, or an inconsistent one
   Newer,    ///< written by a later version of the program
-  Busy,     ///< another program writes; it will let go
-  Full,     ///< the disk is full, or can't be written
+  Busy,     ///< another program is writing; worth another try
+  Full,     ///< the disk is full, or the file can't be written
 };
 
-/// One connection to `receptions.db`, for the thread that makes it alone. See the schema in the
-/// source.
+/// A connection to `receptions.db`. Only the thread that creates it may use it. The schema is in
+/// the source.
 class ReceptionDatabase : private platform::NonCopyable {
  public:
-  /// A reader doesn't make a file, nor change one.
+  /// A reader neither creates nor changes the file.
   enum class Access { Read, Write };
 
   ReceptionDatabase(const QString& file, Access access);
   ~ReceptionDatabase();
 
   [[nodiscard]] DatabaseState state() const { return state_; }
-  /// In the system's words, empty without an error.
+  /// The last error in SQLite's words. Empty if there was none.
   [[nodiscard]] const QString& error() const { return error_; }
 
-  /// A statement, made ready.
+  /// Prepares a statement.
   [[nodiscard]] QSqlQuery prepare(const QString& statement);
-  /// Runs a statement with these values. False after an error, which `state` then tells.
+  /// Runs a statement with these values. False after an error; `state` then says which.
   bool run(QSqlQuery& query, const QVariantList& values = {});
   bool run(const QString& statement, const QVariantList& values = {});
   /// The first value of the first row.
   QVariant value(const QString& statement, const QVariantList& values = {});
 
-  /// The version that this program writes.
+  /// The schema's version that this program writes.
   static constexpr int kVersion = 2;
 
  private:
@@ -56,8 +56,8 @@ class ReceptionDatabase : private platform::NonCopyable {
   QString error_;
 };
 
-/// Renames a damaged file and what belongs to it, with the date in the new name, and returns that.
-/// Empty if it couldn't be renamed.
+/// Renames a damaged file and its companions. The new name has the date in it. Returns the new
+/// name, or empty if the file couldn't be renamed.
 QString setAside(const QString& file);
 
 }  // namespace tarnvex::desktop

@@ -10,7 +10,7 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// Sound comes in pieces of this length; up to one of them is lost at the end.
+/// Sound arrives in pieces of this length. At most one of them is lost at the end.
 constexpr std::uint32_t kPieceBytes = WaveFile::kRate / 50 * sizeof(std::int16_t);
 constexpr const char* kId = "io.github.tarnvex.Tarnvex";
 constexpr auto kPatience = std::chrono::seconds(2);
@@ -42,7 +42,7 @@ void SoundCapture::finish() {
 }
 
 void SoundCapture::connectContext() {
-  // How the desktop's sound settings show the program.
+  // The desktop's sound settings show the program with these.
   pa_proplist* properties = pa_proplist_new();
   pa_proplist_sets(properties, PA_PROP_APPLICATION_ID, kId);
   pa_proplist_sets(properties, PA_PROP_APPLICATION_ICON_NAME, kId);
@@ -82,8 +82,8 @@ void SoundCapture::record() {
   pa_context_unref(context_);
 }
 
-/// A recording that has begun can end at any moment; one that hasn't is waited for, so that the
-/// shortest reception has its file, but not for ever.
+/// Whether a capture that should finish may end now. If the recording hasn't begun yet, it waits
+/// for a while, so that even the shortest reception gets a file.
 bool SoundCapture::isEnough(State state) const {
   return state == State::Recording || std::chrono::steady_clock::now() - started_ > kPatience;
 }
@@ -128,7 +128,7 @@ SoundCapture::State SoundCapture::connectStream() {
   const pa_buffer_attr pieces{kServersChoice, kServersChoice, kServersChoice, kServersChoice,
                               kPieceBytes};
   stream_ = pa_stream_new(context_, "Reception", &format, nullptr);
-  // No device named: the source that the user has set as the default one.
+  // No device name means the user's default source.
   if (stream_ == nullptr ||
       pa_stream_connect_record(stream_, nullptr, &pieces, PA_STREAM_ADJUST_LATENCY) < 0) {
     return fail(serverError());
@@ -146,7 +146,7 @@ SoundCapture::State SoundCapture::takeSound() {
     if (bytes == 0) {
       break;
     }
-    // A hole in the sound is silence.
+    // Gaps are recorded as silence.
     const std::vector<std::int16_t> silence(data == nullptr ? bytes / sizeof(std::int16_t) : 0);
     const auto* samples = data == nullptr ? silence.data() : static_cast<const std::int16_t*>(data);
     QString error;

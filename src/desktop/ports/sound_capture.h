@@ -17,24 +17,24 @@ namespace tarnvex::desktop {
 
 class WaveFile;
 
-/// Records the sound server's default source to a wave file, from its making until `finish`. It
-/// works in a thread of its own, so that neither a busy window nor a slow server or disk costs the
-/// other anything. Only one thread uses it.
+/// Records the sound server's default source to a wave file, from its construction until `finish`.
+/// It works in a thread of its own, so that a busy window doesn't disturb the recording and a slow
+/// server or disk doesn't disturb the window. To be used from one thread only.
 class SoundCapture : private platform::NonCopyable {
  public:
   /// See `WaveFile::create`.
   SoundCapture(std::string directory, QString name);
-  /// Waits for the end.
+  /// Waits for the end of the recording.
   ~SoundCapture();
 
-  /// Asks for the end of the recording. It is `over` in a moment, as a rule; a server that doesn't
-  /// answer is given up two seconds after the start.
+  /// Asks for the end of the recording. Usually it is `over` in a moment. If the server doesn't
+  /// answer, the capture gives up two seconds after its start.
   void finish();
-  /// The file is closed, and nothing more happens.
+  /// Whether the file is closed. Nothing happens after that.
   [[nodiscard]] bool over() const { return over_; }
-  /// What went wrong, empty if nothing did. To be asked once it is over.
+  /// What went wrong. Empty if nothing did. Valid once the capture is over.
   [[nodiscard]] const QString& error() const { return error_; }
-  /// The file's name, empty if none was made; likewise.
+  /// The file's name. Empty if none was created. Valid once the capture is over.
   [[nodiscard]] const QString& fileName() const { return fileName_; }
 
  private:

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kLookMilliseconds = 5;
 
-/// The system's part of an error may be in a script that the core's text doesn't have.
+/// The system's part of an error may have characters that the core's encoding doesn't have.
 std::string inCoreText(const QString& error) {
   bool dropped = false;
   std::string text = fromScreen(error, &dropped);

@@ -9,9 +9,9 @@
 
 namespace tarnvex::desktop {
 
-/// The media control on the desktop's sound server (PulseAudio, or PipeWire in its place): what is
-/// recorded is the input that the user has set as the default one there. The server mixes and
-/// shares, so another program can use the same input meanwhile.
+/// The media control on the desktop's sound server (PulseAudio, or PipeWire in its place). It
+/// records the user's default input. The server shares inputs, so other programs can use the same
+/// one meanwhile.
 class SoundRecorder : public platform::MediaControl {
  public:
   explicit SoundRecorder(platform::EventLoop& loop) : loop_(loop) {}
@@ -24,7 +24,7 @@ class SoundRecorder : public platform::MediaControl {
  private:
   void record();
   void end(platform::MediaCommand command);
-  /// Until the recording is over.
+  /// Waits until the recording is over.
   void wait();
 
   platform::EventLoop& loop_;
@@ -36,6 +36,7 @@ class SoundRecorder : public platform::MediaControl {
   std::optional<SoundCapture> capture_;
 };
 
+/// Creates the media controls.
 class SoundRecorders : public platform::MediaControls {
  public:
   explicit SoundRecorders(platform::EventLoop& loop) : loop_(loop) {}

@@ -9,12 +9,12 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// Each waits some seconds for a file that is busy.
+/// Attempts at a job. Each waits some seconds if the file is busy.
 constexpr int kAttempts = 3;
-/// Rows that are dropped at a time: a slice takes some milliseconds, and then others have their
+/// The rows that are deleted at a time. That takes some milliseconds; then other jobs have their
 /// turn.
 constexpr int kSlice = 500;
-/// Receptions that wait for a file that is busy. Older ones are given up.
+/// The most receptions that are kept while the file is busy. Older ones are dropped.
 constexpr std::size_t kMostWaiting = 10'000;
 
 QVariantList sourceValues(const monitor::Reception& reception) {
@@ -90,7 +90,7 @@ void SqliteReceptionStore::run() {
   database_.reset();
 }
 
-/// What a busy file doesn't take is tried again, but not when the program ends.
+/// Keeps the jobs for another try if the file is busy, except when the program ends.
 void SqliteReceptionStore::giveBack(Jobs&& jobs) {
   post([&](Jobs& next) {
     if (next.end || next.clear) {
@@ -106,7 +106,7 @@ void SqliteReceptionStore::giveBack(Jobs&& jobs) {
 }
 
 void SqliteReceptionStore::work(Jobs& jobs) {
-  // The first reception makes the file, and nothing else does.
+  // Only a reception creates the file.
   if (jobs.writes.empty() && !QFileInfo::exists(file_)) {
     return;
   }
@@ -160,7 +160,8 @@ bool SqliteReceptionStore::writeAll(const std::deque<Write>& writes) {
   return false;
 }
 
-/// The row of a reception that was written before may have been dropped meanwhile.
+/// If the reception was written before, its row is replaced, or added again if it has been deleted
+/// meanwhile.
 bool SqliteReceptionStore::writeOne(const Write& write) {
   const monitor::Reception& reception = write.reception;
   QVariantList values = sourceValues(reception);

@@ -15,14 +15,14 @@
 
 namespace tarnvex::desktop {
 
-/// Receptions in an SQLite file, `receptions.db`. A thread of its own with its own connection does
-/// the work, so that neither a slow disk nor another program that writes holds the poll up. The
-/// file is made by the first reception.
+/// Stores receptions in an SQLite file, `receptions.db`. A thread of its own with its own
+/// connection does the work, so that neither a slow disk nor another program's write delays the
+/// poll. The first reception creates the file.
 class SqliteReceptionStore : public monitor::ReceptionStore {
  public:
-  /// `directory` is as the file system spells it.
+  /// `directory` is in the file system's encoding.
   SqliteReceptionStore(const std::string& directory, platform::EventGate& gate);
-  /// Writes what it was given, and waits for that.
+  /// Waits until all jobs are done.
   ~SqliteReceptionStore() override;
 
   void write(int number, const monitor::Reception& reception, bool final) override;
@@ -30,7 +30,7 @@ class SqliteReceptionStore : public monitor::ReceptionStore {
   void clear() override;
   [[nodiscard]] std::string file() const override;
 
-  /// Waits until all that it was given is done.
+  /// Waits until all jobs are done.
   void finish();
 
  private:
@@ -59,7 +59,7 @@ class SqliteReceptionStore : public monitor::ReceptionStore {
   bool writeOne(const Write& write);
   qint64 sourceOf(const monitor::Reception& reception);
   bool thinSlice(std::int64_t before);
-  /// Puts right what made an attempt fail, or gives the log up. A busy file is left to its writer.
+  /// Tries to remove the cause of a failed attempt, or gives up. Does nothing if the file is busy.
   void recover();
   void giveUp(const QString& why);
   void tellChanged();
@@ -67,7 +67,7 @@ class SqliteReceptionStore : public monitor::ReceptionStore {
 
   QString file_;
   platform::EventGate& gate_;
-  /// Carries what the thread has to tell to the program's own thread.
+  /// Passes messages from the worker to the core's thread.
   QObject home_;
 
   std::mutex mutex_;
@@ -76,9 +76,9 @@ class SqliteReceptionStore : public monitor::ReceptionStore {
   Jobs jobs_;
   bool working_ = false;
 
-  // The thread's own.
+  // Only used by the worker.
   std::unique_ptr<ReceptionDatabase> database_;
-  /// The rows of receptions that will be written again.
+  /// The rows of receptions that aren't final yet, by their numbers.
   std::map<int, qint64> rows_;
   bool moreToThin_ = false;
   bool givenUp_ = false;

@@ -8,10 +8,8 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// Windows-1252 from 0x80 to 0x9F, after the Unicode consortium's table; the rest of the page is
-/// Latin-1.
-/// The five bytes that the page gives no character keep their number, so that every text comes back
-/// as it was.
+/// Windows-1252 from 0x80 to 0x9F. The rest of the code page is Latin-1. The five bytes without a
+/// character keep their number, so that every text survives a round trip.
 constexpr std::array<char16_t, 32> kHigh = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
@@ -19,7 +17,7 @@ constexpr std::array<char16_t, 32> kHigh = {
 constexpr unsigned char kHighStart = 0x80;
 constexpr std::size_t kLongestLine = 500;
 
-/// Nothing for a character that the page doesn't have.
+/// The byte of a character. Nothing if the code page doesn't have it.
 std::optional<char> byteOf(char16_t code) {
   if (code < kHighStart || (code >= kHighStart + kHigh.size() && code <= 0xFF)) {
     return static_cast<char>(code);

@@ -6,20 +6,20 @@
 
 namespace tarnvex::desktop {
 
-/// Core text (Windows-1252, one byte a character) for the screen.
+/// Converts core text (Windows-1252, one byte per character) for the screen.
 QString toScreen(std::string_view text);
 /// The same, cut to what a line on the screen can show. A field of a file can have any length, and
-/// its layout would block the window for seconds.
+/// the layout of a very long one would block the window for seconds.
 QString lineToScreen(std::string_view text);
-/// Text from the screen for the core. Characters that the code page doesn't have are dropped, and
-/// `dropped` says whether there were any.
+/// Converts text from the screen for the core. Characters that the code page doesn't have are
+/// dropped; `dropped` says whether there were any.
 std::string fromScreen(const QString& text, bool* dropped = nullptr);
 
-/// The same with `substitute` in place of each character that would be dropped.
+/// The same, with `substitute` instead of each dropped character.
 std::string fromScreen(const QString& text, char substitute);
 
-/// A window's title, which may hold the name of a file: bytes as the file system has them, so UTF-8
-/// as a rule.
+/// Converts a window's title, which may contain a file name: bytes as the file system has them,
+/// usually UTF-8.
 QString titleToScreen(std::string_view text);
 
 }  // namespace tarnvex::desktop

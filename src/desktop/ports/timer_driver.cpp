@@ -21,7 +21,7 @@ TimerDriver::~TimerDriver() {
 
 void TimerDriver::restart() {
   clock_.stop();
-  // A handler that is running starts the timer when it ends.
+  // If a handler is running, its end starts the timer.
   if (timer_.enabled() && !timer_.running()) {
     clock_.start(timer_.interval());
   }

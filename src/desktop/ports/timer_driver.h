@@ -8,8 +8,8 @@
 
 namespace tarnvex::desktop {
 
-/// Lets a timer of the core fire in Qt's event loop, through the event gate. The next run is due an
-/// interval after the last one started, or as soon as the last one ends, whichever is later.
+/// Makes a timer of the core fire in Qt's event loop, through the event gate. The next tick is due
+/// one interval after the last one started, or when that one ends, whichever is later.
 class TimerDriver : private platform::NonCopyable {
  public:
   TimerDriver(platform::Timer& timer, platform::EventGate& gate);

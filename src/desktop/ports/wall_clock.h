@@ -4,6 +4,7 @@
 
 namespace tarnvex::desktop {
 
+/// The machine's clock.
 class WallClock : public platform::Clock {
  public:
   [[nodiscard]] std::int64_t seconds() const override;

@@ -11,26 +11,26 @@
 
 namespace tarnvex::desktop {
 
-/// A 16-bit wave file of one channel that is being recorded. It gets its name when its header is
-/// whole, and the header follows the sound at every write: whenever the program is killed, a
-/// playable file stays.
+/// A 16-bit wave file with one channel, while it is being recorded. It gets its name once its
+/// header is complete, and every write updates the header. So a program that is killed leaves a
+/// playable file.
 class WaveFile {
  public:
   static constexpr int kRate = 22050;
 
-  /// Makes a file, under a name that none has yet: "name.wav", then "name (2).wav" and so on.
-  /// Null and an error text if that fails. `directory` is as the file system spells it.
+  /// Creates a file with a name that isn't taken: "name.wav", then "name (2).wav" and so on.
+  /// Returns null and an error text on failure. `directory` is in the file system's encoding.
   static std::unique_ptr<WaveFile> create(const std::string& directory, const QString& name,
                                           QString& error);
 
-  /// The name it has got.
+  /// The name that the file got.
   [[nodiscard]] const QString& name() const { return name_; }
 
   /// Appends samples. False and an error text if not all of them could be written; the file then
-  /// holds what it held and part of these.
+  /// has part of them.
   bool write(std::span<const std::int16_t> samples, QString& error);
-  /// Closes the file, and tells what the file system has kept back until then. A file that is
-  /// destroyed without it is closed without a word.
+  /// Closes the file and reports an error that the file system only reports now. The destructor
+  /// also closes the file, but reports nothing.
   bool close(QString& error);
 
  private:

@@ -7,8 +7,9 @@ namespace {
 
 constexpr const char* kWithdrawn = "withdrawn";
 
-/// Menus and tips close by themselves, splash and notice go, with what is over them, and the manual
-/// stays usable beside every question.
+/// Whether a message may be shown over this window. Menus and tips close by themselves, the splash
+/// and the notice close together with what is over them, and the manual stays usable while a
+/// question is open.
 bool carriesQuestions(const QWidget* window) {
   const auto type = window->windowType();
   const QString name = window->objectName();

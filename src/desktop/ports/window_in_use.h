@@ -4,12 +4,11 @@
 
 namespace tarnvex::desktop {
 
-/// The window that a message or dialog belongs over: the active one, or else any that is on the
-/// screen. Null if there is none.
-/// Never a menu, a tip or the manual.
+/// The window over which a message or dialog is shown: the active one, or else any visible one.
+/// Never a menu, a tip or the manual. Null if there is none.
 QWidget* windowInUse();
 
-/// Closes a dialog without an answer, because the window that it belongs to closes.
+/// Closes a dialog without an answer, because its window closes.
 void withdraw(QDialog* dialog);
 [[nodiscard]] bool isWithdrawn(const QDialog& dialog);
 

@@ -24,7 +24,7 @@ CsvExport::~CsvExport() {
 
 void CsvExport::run(const ReceptionQuery& query) {
   QTemporaryFile file(QFileInfo(file_).path() + QStringLiteral("/.receptions-XXXXXX"));
-  // Readable for whom the user's files are; the system's mask takes away what isn't.
+  // The file gets the usual permissions, as the user's mask limits them.
   const bool whole = file.open() && writeAll(file, query) && file.flush() &&
                      ::fsync(file.handle()) == 0 && !cancelled_;
   if (whole) {

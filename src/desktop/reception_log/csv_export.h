@@ -12,22 +12,22 @@
 namespace tarnvex::desktop {
 
 /// Writes the rows of a query to a file of comma-separated values, in a thread of its own. The file
-/// gets its name once it is whole; one that is cancelled or fails leaves nothing behind.
+/// gets its name once it is complete. An export that fails or is cancelled leaves nothing behind.
 class CsvExport : private platform::NonCopyable {
  public:
   using ShownTag = std::function<QString(const ReceptionSource&)>;
 
-  /// `tags` are the tags that are shown, by source.
+  /// `tags` are the tags as they are shown, by source.
   CsvExport(QString log, const ReceptionQuery& query, QHash<qint64, QString> tags, QString file);
-  /// Cancels what isn't done.
+  /// Cancels an unfinished export.
   ~CsvExport();
 
   void cancel() { cancelled_ = true; }
   [[nodiscard]] bool over() const { return over_; }
   [[nodiscard]] bool cancelled() const { return cancelled_; }
-  /// Of a thousand.
+  /// In thousandths of the whole.
   [[nodiscard]] int progress() const { return progress_; }
-  /// Empty if all went well, or it was cancelled. To be asked once it is over.
+  /// Empty if the export succeeded or was cancelled. Valid once it is over.
   [[nodiscard]] const QString& error() const { return error_; }
 
  private:

@@ -7,9 +7,9 @@
 
 namespace tarnvex::desktop {
 
-/// One of the busiest: a frequency or a talkgroup, under whatever tags the log has it.
+/// One of the busiest frequencies or talkgroups, with all its tags in the log taken together.
 struct BusySource {
-  /// As the table shows it.
+  /// The frequency or ID as the table shows it.
   QString source;
   QString tag;
   qint64 count = 0;
@@ -24,12 +24,12 @@ struct PictureData {
   std::array<double, 24> hours{};
 };
 
-/// The busiest of the sources, by airtime. `tag` gives the tag that is shown.
+/// The busiest sources, by airtime. `tag` returns the tag to show for a source.
 QVector<BusySource> busiest(const QVector<SourceAirtime>& airtimes,
                             const QHash<qint64, ReceptionSource>& sources,
                             const std::function<QString(const ReceptionSource&)>& tag);
 
-/// The picture in words, for who can't see it.
+/// The picture in words, for screen readers.
 QString inWords(const PictureData& data);
 
 }  // namespace tarnvex::desktop

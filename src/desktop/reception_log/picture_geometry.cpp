@@ -10,7 +10,7 @@ constexpr qint64 kMinute = 60'000;
 constexpr qint64 kHour = 60 * kMinute;
 constexpr qint64 kDay = 24 * kHour;
 
-// In lines of text.
+// Measures in lines of text.
 constexpr double kMargin = 1.2;
 constexpr double kNames = 15;
 constexpr double kFigures = 5;
@@ -22,12 +22,12 @@ constexpr double kMarkRoom = 6.5;
 
 constexpr double kThinnestBar = 1.5;
 
-/// The steps between two marks that read well.
+/// The possible steps between two marks of the axis.
 constexpr std::array kSteps = {kMinute,   5 * kMinute, 15 * kMinute, 30 * kMinute, kHour,
                                3 * kHour, 6 * kHour,   12 * kHour,   kDay,         2 * kDay,
                                7 * kDay,  14 * kDay,   30 * kDay,    91 * kDay,    365 * kDay};
 
-/// The first moment of the local day.
+/// The beginning of the local day.
 QDateTime dayOf(qint64 time) {
   return QDateTime::fromMSecsSinceEpoch(time).date().startOfDay();
 }
@@ -122,7 +122,7 @@ QVector<AxisMark> PictureGeometry::marks() const {
       kSteps, [&](qint64 length) { return double(span_.length()) / double(length) <= most; });
   const qint64 between = step == kSteps.end() ? kSteps.back() : *step;
   QVector<AxisMark> marks;
-  // Day by day, so that every mark stays a round local time where the clocks are changed.
+  // Goes day by day, so that every mark is a round local time even if the clocks are changed.
   const int days = static_cast<int>(std::max<qint64>(between / kDay, 1));
   QDateTime day = dayOf(span_.from);
   day = day.addDays(-((day.date().toJulianDay()) % days));

@@ -8,16 +8,16 @@
 
 namespace tarnvex::desktop {
 
-/// A stretch of time in milliseconds UTC: from the first to before the last.
+/// A period in milliseconds UTC. It includes `from`, but not `to`.
 struct TimeSpan {
   qint64 from = 0;
   qint64 to = 0;
 
   [[nodiscard]] qint64 length() const { return to - from; }
-  /// `factor` times as long, with what is at `fixed` where it is; no shorter than a minute, and
+  /// A period `factor` times as long, in which `fixed` keeps its place. At least a minute long, and
   /// within `whole`.
   [[nodiscard]] TimeSpan zoomed(double factor, qint64 fixed, const TimeSpan& whole) const;
-  /// Moved by that many milliseconds, as far as `whole` goes.
+  /// The period moved by `by` milliseconds, but not beyond `whole`.
   [[nodiscard]] TimeSpan moved(qint64 by, const TimeSpan& whole) const;
 
   bool operator==(const TimeSpan&) const = default;
@@ -29,15 +29,16 @@ struct AxisMark {
   QString text;
 };
 
-/// Where everything of the picture is. Values only: no painting, no fonts but the height of a line.
+/// Where everything in the picture is. It only calculates; of the font it only needs the height of
+/// a line.
 class PictureGeometry {
  public:
   static constexpr int kMostRows = 20;
 
-  /// `line` is the height of a line of text; all else follows from it.
+  /// `line` is the height of a line of text, on which all other measures depend.
   PictureGeometry(QSizeF size, double line, int rows, TimeSpan span);
 
-  /// The axis with the rows' bars beneath it.
+  /// The area of the axis and of the rows' bars below it.
   [[nodiscard]] QRectF plot() const { return plot_; }
   [[nodiscard]] QRectF row(int row) const;
   [[nodiscard]] QRectF name(int row) const;
@@ -48,17 +49,17 @@ class PictureGeometry {
 
   [[nodiscard]] double x(qint64 time) const;
   [[nodiscard]] qint64 time(double x) const;
-  /// A reception's bar: never thinner than can be seen, and cut off at the plot's edges. Empty if
-  /// it lies outside.
+  /// A reception's bar: always wide enough to be seen, and cut off at the plot's edges. Empty if it
+  /// lies outside.
   [[nodiscard]] QRectF bar(int row, qint64 from, qint64 to) const;
-  /// Milliseconds that one point of the plot stands for.
+  /// The milliseconds that one pixel of the plot represents.
   [[nodiscard]] qint64 slice() const;
-  /// Marks at round local times, with room for their texts.
+  /// The axis's marks, at round local times and far enough apart for their texts.
   [[nodiscard]] QVector<AxisMark> marks() const;
 
-  /// The columns of the hours, with room for a heading above and their numbers below.
+  /// The area of the hours' columns, with a heading above and numbers below.
   [[nodiscard]] QRectF hours() const { return hours_; }
-  /// The column of an hour; `share` of the busiest one's height.
+  /// The column of an hour. Its height is `share` of the busiest hour's.
   [[nodiscard]] QRectF hour(int hour, double share) const;
   /// The hour at a point, or -1.
   [[nodiscard]] int hourAt(QPointF point) const;
@@ -75,7 +76,8 @@ class PictureGeometry {
   double width_;
 };
 
-/// Airtime by the hour of the day, local time, of slices of time.
+/// The total airtime for each hour of the day, in local time. `slices` are pairs of a slice's
+/// number, which is its time divided by `slice`, and its airtime in seconds.
 std::array<double, 24> hoursOfDay(const QVector<QPair<qint64, double>>& slices, qint64 slice);
 
 }  // namespace tarnvex::desktop

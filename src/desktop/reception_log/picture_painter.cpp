@@ -57,7 +57,7 @@ void PicturePainter::drawAxis() {
   heading(geometry_.count(0).translated(0, top - plot.top()), QObject::tr("Count"), Qt::AlignRight);
 }
 
-/// A reception of unknown strength has a middling shade.
+/// The colour for a signal strength. An unknown one has a medium shade.
 QColor PicturePainter::shade(int bars) const {
   static constexpr std::array kShares = {0.62, 0.38, 0.56, 0.78, 1.0};
   return mixed(back_, accent_, kShares.at(static_cast<std::size_t>(std::clamp(bars, 0, 4))));

@@ -13,7 +13,7 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// Fine enough for every time zone's hours.
+/// A quarter of an hour, since some time zones differ by that.
 constexpr qint64 kSlice = 15 * 60'000;
 constexpr double kZoomStep = 0.8;
 constexpr double kNotch = 120;
@@ -62,7 +62,8 @@ void PictureView::reload() {
   });
 }
 
-/// Whoever looks at a part keeps it; whoever sees the whole goes on seeing the whole.
+/// Takes new data. If the user has zoomed in, the view keeps its period; otherwise it goes on
+/// showing the whole.
 void PictureView::take(PictureData data) {
   const bool whole =
       span_ == data_.whole || data.whole.from > span_.to || data.whole.to < span_.from;
@@ -83,7 +84,7 @@ void PictureView::show(const TimeSpan& span) {
   update();
 }
 
-/// One question at a time: while the user drags, what comes in between is left out.
+/// Asks one question at a time. While the user drags, intermediate periods are skipped.
 void PictureView::askBars() {
   barsWanted_ = askingBars_;
   if (askingBars_ || span_.length() <= 0) {

@@ -12,13 +12,13 @@
 namespace tarnvex::desktop {
 
 /// The picture of who was busy when: the busiest frequencies and talkgroups of the table's rows,
-/// their receptions as bars over time, and the hours of the day beneath. The wheel zooms and
-/// dragging pans; so do plus, minus and the arrows. Home shows the whole again.
+/// their receptions as bars over time, and the hours of the day below. The wheel, plus and minus
+/// zoom, dragging and the arrow keys pan, and Home shows the whole period again.
 class PictureView : public QWidget {
  public:
   PictureView(QueryThread& thread, const ReceptionModel& model, QWidget* parent = nullptr);
 
-  /// The table's rows are others.
+  /// The table's rows have changed.
   void reload();
 
   [[nodiscard]] const PictureData& data() const { return data_; }
@@ -28,7 +28,7 @@ class PictureView : public QWidget {
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
 
-  /// Run by a click on one of the rows, with the stretch of time that is seen.
+  /// Called after a click on a row, with the visible period.
   std::function<void(const BusySource&, const TimeSpan&)> onRowClicked;
 
  protected:

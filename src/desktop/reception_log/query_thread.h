@@ -11,15 +11,15 @@
 
 namespace tarnvex::desktop {
 
-/// Asks the log in a thread of its own, so that a window never waits for it. Questions are answered
-/// one after the other.
+/// Reads the log in a thread of its own, so that a window never waits for it. Questions are
+/// answered one after the other.
 class QueryThread : private platform::NonCopyable {
  public:
   explicit QueryThread(const QString& file);
-  /// Waits for the question that is being answered, and forgets the others.
+  /// Waits for the current question and drops the others.
   ~QueryThread();
 
-  /// Runs `question` in the thread, and what it returns in the thread that owns this.
+  /// Runs `question` in the thread, and the answer that it returns in the thread of this object.
   using Answer = std::function<void()>;
   void ask(std::function<Answer(ReceptionReader&)> question);
 

@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kSoonMilliseconds = 300;
 constexpr int kMostPages = 64;
-/// The newest rows may still grow, or get their recording.
+/// The pages of the newest rows, which may still become longer or get a recording.
 constexpr int kPagesThatChange = 2;
 
 }  // namespace
@@ -47,7 +47,7 @@ void ReceptionModel::forgetTags() {
   }
 }
 
-/// Two questions: which rows are wanted depends on the sources that there are.
+/// Asks for the sources first, since the query for the rows depends on them.
 void ReceptionModel::ask() {
   const int asked = ++asked_;
   thread_.ask([this, asked, after = lastSource_](ReceptionReader& reader) -> QueryThread::Answer {
@@ -81,7 +81,7 @@ void ReceptionModel::take(const ReceptionCount& count, QVector<ReceptionRow> fir
   beginResetModel();
   count_ = count;
   pages_.clear();
-  // What is seen first is there at once, whatever its page is.
+  // The first rows are available at once, whichever pages they belong to.
   for (int row = 0; row < first.size(); ++row) {
     Page& page = pages_[static_cast<int>(place(row) / kPageRows)];
     const auto at = static_cast<qsizetype>(place(row) % kPageRows);
@@ -109,7 +109,7 @@ void ReceptionModel::askBeyond() {
   });
 }
 
-/// Only where new rows simply come at the top is the rest known to stay.
+/// Unless new rows simply come at the top, everything is asked for again.
 void ReceptionModel::takeBeyond(const ReceptionCount& count,
                                 const QVector<ReceptionSource>& sources) {
   const bool news = addSources(sources);
@@ -246,7 +246,7 @@ void ReceptionModel::askPage() const {
   const qint64 size = std::min<qint64>(kPageRows, count_.count - qint64(page) * kPageRows);
   const qint64 first =
       growsAtTop() ? count_.count - qint64(page) * kPageRows - size : qint64(page) * kPageRows;
-  // The table asks while it paints; what is asked of the file changes nothing that it has.
+  // The table calls this while it paints. Asking the file changes none of the rows that it has.
   auto* self = const_cast<ReceptionModel*>(this);
   thread_.ask([self, page, first, size, asked = asked_,
                count = count_](ReceptionReader& reader) -> QueryThread::Answer {

@@ -11,19 +11,19 @@ namespace tarnvex::desktop {
 
 /// What the user wants to see of the log.
 struct ReceptionFilter {
-  /// Each of its words has to be in what the table shows of the source.
+  /// Each of its words must occur in the texts that the table shows for the source.
   QString text;
   qint64 from = std::numeric_limits<qint64>::min();
   qint64 to = std::numeric_limits<qint64>::max();
-  /// Empty for both.
+  /// Empty for both radios.
   QString radio;
   bool recordedOnly = false;
 };
 
-/// The rows of the log for a table. It asks the log's file in a thread of its own and keeps only
-/// the pages of rows around those that are shown; a row that hasn't come yet is blank for a moment.
-/// What the log has ever heard, which is a short list, it holds whole: the text filter and the
-/// orders by it work there.
+/// The rows of the log for a table. It reads the log's file in a thread of its own and keeps only
+/// the pages around the visible rows; a row that hasn't arrived yet is blank for a moment. It has
+/// all sources of the log in memory, since they are few; the text filter and the orders by source
+/// use that list.
 class ReceptionModel : public QAbstractTableModel {
  public:
   enum Column { Time, For, Source, Tag, Bank, Channel, Tone, Signal, Recording, kColumns };
@@ -33,7 +33,7 @@ class ReceptionModel : public QAbstractTableModel {
   ReceptionModel(QueryThread& thread, PlanTag planTag, QObject* parent = nullptr);
 
   void setFilter(const ReceptionFilter& filter);
-  /// Rows have come or gone. Many calls in a short time are one.
+  /// Rows were added or deleted. Many calls in a short time count as one.
   void refresh();
   /// The plan's tags have changed.
   void forgetTags();
@@ -45,20 +45,20 @@ class ReceptionModel : public QAbstractTableModel {
                                     int role) const override;
   void sort(int column, Qt::SortOrder order) override;
 
-  /// The row, if it has come.
+  /// The row. Null if it hasn't arrived yet.
   [[nodiscard]] const ReceptionRow* row(int row) const;
-  /// The tag that is shown.
+  /// The tag to show for a source.
   [[nodiscard]] QString tag(const ReceptionSource& source) const;
-  /// The question whose rows are shown, as the log is asked.
+  /// The query whose rows are shown.
   [[nodiscard]] const ReceptionQuery& query() const { return query_; }
   [[nodiscard]] const QHash<qint64, ReceptionSource>& sources() const { return sources_; }
   /// Whether the rows of the last filter have been counted.
   [[nodiscard]] bool counted() const { return answered_ == asked_; }
   [[nodiscard]] DatabaseState state() const { return state_; }
 
-  /// Run when the rows have been counted anew.
+  /// Called when the rows have been counted again.
   std::function<void()> onCounted;
-  /// Run when rows have come at the top, with their number.
+  /// Called when rows have been added at the top, with their number.
   std::function<void(int)> onRowsAbove;
 
   static constexpr int kPageRows = 128;
@@ -66,7 +66,7 @@ class ReceptionModel : public QAbstractTableModel {
  private:
   struct Page {
     QVector<ReceptionRow> rows;
-    /// Rows may have changed since.
+    /// The file's rows may have changed since.
     bool stale = false;
   };
 
@@ -99,12 +99,13 @@ class ReceptionModel : public QAbstractTableModel {
   QHash<qint64, ReceptionSource> sources_;
   qint64 lastSource_ = 0;
   mutable QHash<qint64, QString> tags_;
-  /// By the place of their rows. Where rows come at the top, places are counted from the oldest
-  /// row, so that they stay.
+  /// By the places of their rows. If new rows come at the top, places are counted from the oldest
+  /// row, so that they don't change.
   QHash<int, Page> pages_;
   mutable int wantedPage_ = -1;
   mutable bool fetching_ = false;
-  /// The questions about the rows, by number: what is answered of an older one is dropped.
+  /// Numbers of the last question about the rows that was asked and that was answered. Answers to
+  /// older questions are dropped.
   int asked_ = 0;
   int answered_ = 0;
   QTimer soon_;

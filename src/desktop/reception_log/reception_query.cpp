@@ -72,7 +72,7 @@ ReceptionCount ReceptionReader::begin(const ReceptionQuery& query) {
   return beyond({});
 }
 
-/// The whole of the file is counted without looking at its rows.
+/// Counts the query's rows beyond `count.top`, and adds them to the count so far.
 ReceptionCount ReceptionReader::beyond(const ReceptionCount& count) {
   ReceptionDatabase* log = database();
   if (log == nullptr) {
@@ -83,7 +83,7 @@ ReceptionCount ReceptionReader::beyond(const ReceptionCount& count) {
   all.top = log->value(QStringLiteral("SELECT max(id) FROM receptions")).toLongLong();
   QVariantList bounds = values(all.top);
   bounds << count.top;
-  // Few are new: those are looked at one by one.
+  // There are few new rows, which are examined one by one.
   const bool few = count.top > 0 && query_.order != ReceptionQuery::Order::Source;
   const QString from = few ? QStringLiteral("receptions r NOT INDEXED") : table();
   all.count =
@@ -143,7 +143,7 @@ QString ReceptionReader::order(bool reversed) const {
   }
 }
 
-/// From the nearer end: what lies before the first row has to be walked over.
+/// Reads from the nearer end, since all rows before the first one must be skipped.
 QVector<ReceptionRow> ReceptionReader::rows(const ReceptionCount& count, qint64 first, int number) {
   QVector<ReceptionRow> rows;
   ReceptionDatabase* log = database();
@@ -218,7 +218,7 @@ QVector<QPair<qint64, double>> ReceptionReader::airtimeBySlice(qint64 slice) {
   return slices;
 }
 
-/// A reception that began before `from` may reach into it.
+/// Begins earlier, since a reception that began before `from` may last beyond it.
 QVector<AirtimeBar> ReceptionReader::bars(const QVector<qint64>& sources, qint64 from, qint64 to,
                                           qint64 slice) {
   constexpr qint64 kLongest = 6LL * 3600 * 1000;

@@ -10,8 +10,8 @@
 
 namespace tarnvex::desktop {
 
-/// What can be heard: a frequency or talkgroup as the log has it. The plan may know a tag for one
-/// that has none.
+/// A source of receptions: a frequency or talkgroup as the log has it. If it has no tag, the plan
+/// may have one.
 struct ReceptionSource {
   qint64 id = 0;
   QString radio;
@@ -33,38 +33,38 @@ struct ReceptionRow {
   ReceptionSource source;
 };
 
-/// Which rows are wanted, and in which order.
+/// A query: which rows, and in which order.
 struct ReceptionQuery {
   enum class Order { Time, Length, Signal, Recording, Source };
 
-  /// Those that began from `from` on and before `to`, in milliseconds UTC.
+  /// Receptions that began at `from` or later and before `to`, in milliseconds UTC.
   qint64 from = std::numeric_limits<qint64>::min();
   qint64 to = std::numeric_limits<qint64>::max();
   bool recordedOnly = false;
-  /// Only those of `sources`.
+  /// Whether only receptions of `sources` are wanted.
   bool someSources = false;
-  /// In the order that `Order::Source` means.
+  /// In the order for `Order::Source`.
   QVector<qint64> sources;
   Order order = Order::Time;
   bool descending = true;
 };
 
-/// How many rows a query has. They are counted up to the row `top`, so that their places stay what
-/// they are while others come.
+/// The number of rows of a query. Only rows up to `top` are counted, so that their places don't
+/// change while new ones come.
 struct ReceptionCount {
   qint64 count = 0;
   qint64 top = 0;
-  /// The lowest row of the file; it changes when rows are dropped.
+  /// The lowest row of the file. It changes when rows are deleted.
   qint64 bottom = 0;
 };
 
-/// Airtime of a source, in all or in one slice of time.
+/// The airtime of a source.
 struct SourceAirtime {
   qint64 source = 0;
   qint64 count = 0;
   double seconds = 0;
 };
-/// What was heard of a source in one slice of time, from its first moment to its last.
+/// What was heard of a source in one slice of time, from the first moment to the last.
 struct AirtimeBar {
   qint64 source = 0;
   qint64 from = 0;
@@ -73,34 +73,35 @@ struct AirtimeBar {
   qint64 count = 0;
 };
 
-/// Reads the log, for one thread. It never holds more rows than it is asked for.
+/// Reads the log. To be used in one thread only. It never holds more rows than it is asked for.
 class ReceptionReader {
  public:
   explicit ReceptionReader(QString file) : file_(std::move(file)) {}
 
-  /// What has gone wrong last, if anything.
+  /// What went wrong last, if anything.
   [[nodiscard]] DatabaseState state() const { return state_; }
 
-  /// Those that came after the one with that number.
+  /// The sources that were added after the one with this id.
   QVector<ReceptionSource> sourcesAfter(qint64 id);
-  /// Begins a query; the others below are about the last one begun.
+  /// Begins a query. The functions below are about the last query that was begun.
   ReceptionCount begin(const ReceptionQuery& query);
-  /// What has come since: rows of the query beyond `count.top`.
+  /// The new count after rows have been added beyond `count.top`.
   ReceptionCount beyond(const ReceptionCount& count);
-  /// The rows from place `first` on.
+  /// `number` rows from place `first` on.
   QVector<ReceptionRow> rows(const ReceptionCount& count, qint64 first, int number);
-  /// Hands over every row, until `take` has had enough.
+  /// Passes each row to `take` until it returns false.
   bool forEach(const ReceptionCount& count, const std::function<bool(const ReceptionRow&)>& take);
 
   QVector<SourceAirtime> airtimes();
-  /// Airtime in seconds by slices of `slice` milliseconds; the index is the time over `slice`.
+  /// Airtime in seconds by slices of `slice` milliseconds. A slice's index is its time divided by
+  /// `slice`.
   QVector<QPair<qint64, double>> airtimeBySlice(qint64 slice);
-  /// The receptions of the sources between two times, those that lie in one slice joined.
+  /// The receptions of the sources between two times. Those in the same slice are joined.
   QVector<AirtimeBar> bars(const QVector<qint64>& sources, qint64 from, qint64 to, qint64 slice);
 
  private:
   ReceptionDatabase* database();
-  /// `joined` with the wanted sources, in whose order the rows are.
+  /// With `joined`, the rows are joined with the wanted sources, which give the order.
   [[nodiscard]] QString conditions(bool joined = true) const;
   QSqlQuery aggregate(const QString& columns, const char* index, const QString& group);
   [[nodiscard]] QString table() const;

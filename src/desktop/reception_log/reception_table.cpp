@@ -17,7 +17,8 @@ namespace {
 
 constexpr int kBars = 4;
 
-/// Four bars that rise, the lit ones strong. Nothing for a signal that isn't known.
+/// Paints four rising bars, the lit ones in a strong colour. Paints nothing if the signal isn't
+/// known.
 void paintBars(QPainter* painter, const QRectF& cell, int lit, QColor colour) {
   const double height = cell.height() * 0.52;
   const double width = height / 3;
@@ -87,7 +88,7 @@ ReceptionTable::ReceptionTable(ReceptionModel& model, QString recordings, QWidge
   connect(horizontalHeader(), &QHeaderView::sortIndicatorChanged, &model_, &ReceptionModel::sort);
   horizontalHeader()->setSortIndicatorShown(true);
   horizontalHeader()->setSectionsClickable(true);
-  // Who reads further down stays with the rows that are read.
+  // A user who has scrolled down goes on seeing the same rows.
   model_.onRowsAbove = [this](int rows) {
     if (verticalScrollBar()->value() > 0) {
       verticalScrollBar()->setValue(verticalScrollBar()->value() + rows);
@@ -126,7 +127,7 @@ void ReceptionTable::changeEvent(QEvent* event) {
 void ReceptionTable::withCurrent(const std::function<void(const ReceptionRow&)>& act) const {
   const ReceptionRow* row = currentIndex().isValid() ? model_.row(currentIndex().row()) : nullptr;
   if (row != nullptr && act) {
-    // The model may give up the page meanwhile.
+    // The model may drop the row's page meanwhile.
     const ReceptionRow copy = *row;
     act(copy);
   }
@@ -182,7 +183,7 @@ void ReceptionTable::contextMenuEvent(QContextMenuEvent* event) {
   menu->popup(event->globalPos());
 }
 
-/// The selected rows that are at hand: a line for each, tabs between the columns.
+/// Copies the selected rows that the model has: a line for each row, tabs between the columns.
 void ReceptionTable::copy() const {
   QModelIndexList rows = selectionModel()->selectedRows();
   std::ranges::sort(rows, {}, &QModelIndex::row);

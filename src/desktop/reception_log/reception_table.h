@@ -20,7 +20,7 @@ class ReceptionTable : public QTableView {
  public:
   ReceptionTable(ReceptionModel& model, QString recordings, QWidget* parent = nullptr);
 
-  /// A double click, or the entry of the context menu.
+  /// Called after a double click or from the context menu.
   std::function<void(const ReceptionRow&)> onTune;
   std::function<void(const ReceptionRow&)> onStore;
 

@@ -13,7 +13,7 @@ QString numberOrNothing(int number) {
   return number == 0 ? QString() : QString::number(number);
 }
 
-/// In quotes where it has to be.
+/// The field, in quotes if it needs them.
 QString csvField(QString field) {
   static const QRegularExpression kSpecial(QStringLiteral("[\",\r\n]"));
   if (!field.contains(kSpecial)) {

@@ -12,7 +12,7 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// A pause in the typing.
+/// The filter is applied after a pause of this length in the typing.
 constexpr int kTypingMilliseconds = 120;
 constexpr int kExportLookMilliseconds = 50;
 
@@ -225,7 +225,7 @@ void ReceptionWindow::goToRows(const BusySource& busy, const TimeSpan& span) {
     text_->setText(busy.source);
     period_->setCurrentIndex(FromTo);
     from_->setVisible(true);
-    // The boxes know whole minutes.
+    // The boxes show whole minutes.
     from_->setDateTime(QDateTime::fromMSecsSinceEpoch(span.from));
     to_->setDateTime(QDateTime::fromMSecsSinceEpoch(span.to + 60'000));
   }

@@ -14,8 +14,8 @@
 
 namespace tarnvex::desktop {
 
-/// The log of receptions on the screen: the filter above, the rows on one page and the picture on
-/// the other, and what concerns the whole log beneath.
+/// The log of receptions on the screen: the filter at the top, the rows on one page and the picture
+/// on the other, and at the bottom what concerns the whole log.
 class ReceptionWindow : public DialogWindow {
  public:
   ReceptionWindow(shell::frmReceptionLog& form, platform::EventGate& gate, QWidget* parent);
@@ -23,7 +23,7 @@ class ReceptionWindow : public DialogWindow {
 
   [[nodiscard]] ReceptionModel& model() { return *model_; }
   [[nodiscard]] PictureView& picture() { return *picture_; }
-  /// Writes what the filter lets through to a file, with a bar and a button to cancel it.
+  /// Writes the filtered rows to a file. Meanwhile a progress bar with a Cancel button is shown.
   void exportTo(const QString& file);
 
  private:
@@ -42,7 +42,7 @@ class ReceptionWindow : public DialogWindow {
   void followExport();
 
   QString log_;
-  /// The thread answers to the others, so it ends first.
+  /// Its answers go to the other members, so it must be destroyed first.
   std::unique_ptr<QueryThread> thread_;
   ReceptionModel* model_ = nullptr;
   ReceptionTable* table_ = nullptr;

@@ -8,7 +8,7 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// Qt takes a radio button for a check box unless Qt itself keeps its group.
+/// Qt reports a radio button as a check box unless Qt itself manages its group.
 class RadioAccessible : public QAccessibleWidget {
  public:
   explicit RadioAccessible(QRadioButton* button)

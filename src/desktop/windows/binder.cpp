@@ -10,8 +10,8 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// Lets the text box's model see each typed key before it takes effect. In a dialog, Enter isn't
-/// one of them: it presses the main button.
+/// Shows each typed key to the text box's model before it takes effect. Not Enter in a dialog,
+/// which presses the main button.
 class KeyFilter : public QObject {
  public:
   KeyFilter(QLineEdit* widget, platform::TextBox& model, platform::EventGate& gate, bool isDialogs)
@@ -62,7 +62,8 @@ class KeyFilter : public QObject {
   bool replaying_ = false;
 };
 
-/// The wheel over a box that hasn't the focus scrolls the page and chooses nothing.
+/// Makes the wheel scroll the page instead of choosing something in a box that doesn't have the
+/// focus.
 class CalmWheel : public QObject {
  public:
   explicit CalmWheel(QWidget* widget) : QObject(widget) {
@@ -95,7 +96,7 @@ void showItems(QComboBox* widget, const platform::ComboBox& model) {
   }
 }
 
-/// Brings the widget's lines to the model's, touching only what differs.
+/// Updates those of the widget's lines that differ from the model's.
 void showLines(QListWidget* widget, const platform::ListBox& model) {
   while (widget->count() > model.count()) {
     delete widget->takeItem(widget->count() - 1);
@@ -110,13 +111,14 @@ void showLines(QListWidget* widget, const platform::ListBox& model) {
   }
 }
 
-/// -1 if none is.
+/// The selected row, or -1.
 int selectedRow(const QListWidget* widget) {
   const auto selected = widget->selectedItems();
   return selected.isEmpty() ? -1 : widget->row(selected.first());
 }
 
-/// All in one, since line by line takes a time that grows with the square of their number.
+/// Selects all lines at once, since line by line the time would grow with the square of their
+/// number.
 void showSelection(QListWidget* widget, const platform::ListBox& model) {
   QItemSelection selection;
   for (int first = 0; first < model.count(); ++first) {
@@ -201,7 +203,7 @@ void Binder::bind(QCheckBox* widget, platform::CheckBox& model) {
 void Binder::bind(QRadioButton* widget, platform::OptionButton& model, Urgency urgency) {
   bindControl(widget, model);
   widget->setText(toScreen(model.caption()));
-  // The model knows which of the group is chosen; also none may be.
+  // The model manages the group, in which it is possible that nothing is chosen.
   widget->setAutoExclusive(false);
   const auto show = [widget, &model] {
     widget->setEnabled(model.enabled());
@@ -251,7 +253,7 @@ void Binder::bind(QListWidget* widget, platform::ListBox& model) {
   };
   show();
   keep(model.changed.connect(show));
-  // Also by an arrow key or the right button: a menu of the list is about the line that is lit.
+  // Also for an arrow key or the right button: the list's menu is about the highlighted line.
   QObject::connect(widget, &QListWidget::itemSelectionChanged, widget, [this, widget, &model] {
     if (const int row = selectedRow(widget); row >= 0) {
       gate_.enter([&model, row] { model.setListIndex(row); });
@@ -262,7 +264,7 @@ void Binder::bind(QListWidget* widget, platform::ListBox& model) {
   };
   QObject::connect(widget, &QListWidget::itemClicked, widget,
                    [click, widget](QListWidgetItem* item) { click(widget->row(item)); });
-  // The blank is the keyboard's click.
+  // Space is the keyboard's click.
   auto* press = new QAction(widget);
   press->setShortcut(Qt::Key_Space);
   press->setShortcutContext(Qt::WidgetShortcut);

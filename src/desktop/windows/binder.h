@@ -15,12 +15,12 @@
 
 namespace tarnvex::desktop {
 
-/// Shows or hides a widget; one that isn't in a window yet stays off the screen either way.
+/// Shows or hides a widget. A widget without a parent is never shown.
 void showIf(QWidget* widget, bool visible);
-/// Keeps a widget's room in its layout while it is hidden.
+/// Keeps a widget's space in its layout while it is hidden.
 void keepRoom(QWidget* widget);
-/// Gives a widget the focus. One on a page that isn't in front can't take it, and must not when its
-/// page comes to the front.
+/// Gives a widget the focus, but only if it is visible. Otherwise it would get the focus later,
+/// when its page comes to the front.
 void focusIfShown(QWidget* widget);
 
 /// Binds widgets to the core's control models: a widget shows its model's state and passes the
@@ -35,8 +35,8 @@ class Binder {
   explicit Binder(platform::EventGate& gate, QObject* forwarder = nullptr)
       : gate_(gate), forwarder_(forwarder) {}
 
-  /// Events that mean that the user wants out of a wait: Connect, a COM option, the buttons of a
-  /// dialog, which may be the only way on.
+  /// `Leaving` events end a wait without a time limit: Connect, a COM option, and the buttons of a
+  /// dialog, which may be the user's only choice.
   enum class Urgency { Normal, Leaving };
 
   void bind(QPushButton* widget, platform::Button& model, Urgency urgency = Urgency::Normal);
@@ -46,7 +46,7 @@ class Binder {
   void bind(QListWidget* widget, platform::ListBox& model);
   /// A list in which any number of lines can be selected.
   void bindSelection(QListWidget* widget, platform::ListBox& model);
-  /// A list with a box to tick at each line: ticked is `selected`.
+  /// A list in which each line has a box to tick. A ticked line is `selected`.
   void bindTicks(QListWidget* widget, platform::ListBox& model);
   void bind(QLineEdit* widget, platform::TextBox& model);
 
@@ -56,7 +56,7 @@ class Binder {
  private:
   void bindControl(QWidget* widget, platform::Control& model);
   void enter(Urgency urgency, platform::EventGate::Handler handler);
-  /// Only the main windows have a forwarder.
+  /// Whether this is a dialog's binder. Only the main windows have a forwarder.
   [[nodiscard]] bool isDialogs() const { return forwarder_ == nullptr; }
 
   platform::EventGate& gate_;

@@ -5,8 +5,8 @@
 
 namespace tarnvex::desktop {
 
-/// Makes a row of boxes one stop of the Tab key: the left and right arrow keys move inside it, Home
-/// and End go to its ends, and Tab comes back to the box that was left.
+/// Makes a row of boxes one stop of the Tab key: the left and right arrow keys move within it, Home
+/// and End go to its ends, and Tab returns to the box that had the focus last.
 class BoxRow : public QObject {
  public:
   BoxRow(QVector<QAbstractButton*> boxes, QObject* parent);

@@ -13,7 +13,8 @@ namespace tarnvex::desktop {
 
 namespace {
 
-/// Enough of a device's name to tell it from others; the list itself shows all of it.
+/// Enough of a device's name to distinguish it from others. The drop-down list shows the whole
+/// name.
 constexpr int kShownCharacters = 16;
 
 bool sameDevice(const QString& one, const QString& other) {
@@ -112,8 +113,8 @@ void ComOption::openMenu(const QPoint& where) {
   menu->popup(where);
 }
 
-/// Queued: a port that can't be opened leads to a message, and by the time it is answered the menu
-/// would be gone with its event still under way.
+/// Queued, since a port that can't be opened leads to a message. Without the queue, the menu would
+/// be destroyed while its event is still being handled.
 void ComOption::chooseOn(QAction* action, const QString& path) {
   connect(
       action, &QAction::triggered, this, [this, path] { choose(path); }, Qt::QueuedConnection);
@@ -136,13 +137,13 @@ void ComOption::askForPath() {
 }
 
 void ComOption::choose(const QString& path) {
-  // The window may have left the screen meanwhile.
+  // The window may have been closed meanwhile.
   if (!isEnabled()) {
     return;
   }
   devices_.setDevice(slot_, path);
   showDevices();
-  // The port in use moves to its new device at once.
+  // If this is the port in use, open its new device at once.
   if (model_.value()) {
     gate_.enterLeaving([&model = model_] { model.userClick(); });
   }

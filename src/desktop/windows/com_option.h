@@ -8,13 +8,13 @@
 
 namespace tarnvex::desktop {
 
-/// A COM option with a drop-down of devices beside it: any device that is found, those that are
-/// there now, and "Other..." for a path. The context menu offers the same.
+/// A COM option with a drop-down list of devices beside it: the automatic choice, the devices that
+/// are plugged in, and "Other..." for a path. The context menu offers the same.
 class ComOption : public QRadioButton {
  public:
   ComOption(int slot, platform::OptionButton& model, DeviceSlots& devices, Binder& binder);
 
-  /// Belongs beside the option.
+  /// The drop-down list. The page places it beside the option.
   [[nodiscard]] QComboBox* deviceBox() const { return box_; }
   /// Devices may have come or gone.
   void showDevices();
@@ -23,7 +23,7 @@ class ComOption : public QRadioButton {
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
-  /// What can be chosen: a path, empty for whichever is found, and its name for the user.
+  /// An entry of the list: a path, empty for the automatic choice, and its name for the user.
   struct Choice {
     QString path;
     QString title;
@@ -42,7 +42,7 @@ class ComOption : public QRadioButton {
   DeviceSlots& devices_;
   platform::EventGate& gate_;
   QComboBox* box_;
-  /// Those in the drop-down now.
+  /// The entries of the list.
   QVector<Choice> shown_;
 };
 

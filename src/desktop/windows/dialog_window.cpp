@@ -11,7 +11,7 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// Captions and visibility of a label.
+/// A label with the model's caption and visibility.
 QLabel* addLabel(Binder& binder, const platform::Label& model) {
   auto* label = makeLabel();
   label->setObjectName(QString::fromStdString(model.name()));
@@ -25,7 +25,7 @@ QLabel* addLabel(Binder& binder, const platform::Label& model) {
   return label;
 }
 
-/// Enter presses the button that has the focus, or else the main one.
+/// Makes a button. Enter presses the button with the focus, or otherwise the main one.
 QPushButton* addButton(Binder& binder, platform::Button& model) {
   auto* button = new QPushButton;
   button->setAutoDefault(true);
@@ -39,7 +39,7 @@ QPushButton* addMainButton(Binder& binder, platform::Button& model) {
   return button;
 }
 
-/// Room for a list of about ten lines.
+/// Makes the list large enough for about ten lines.
 void sizeList(QListWidget* list, int columns) {
   const QFontMetrics metrics(list->font());
   list->setMinimumSize(metrics.averageCharWidth() * columns, metrics.lineSpacing() * 11);
@@ -221,7 +221,8 @@ DialogWindow* makeFleetMapDialog(trunking::Form5& form, platform::EventGate& gat
     grid->addWidget(label, row, column);
     grid->addWidget(combo, row, column + 1);
   };
-  // Blocks in two columns of four, between the preset that fills them and the bank that takes them.
+  // The blocks are in two columns of four, below the preset that fills them and above the bank for
+  // which they are saved.
   add(form.cboPreset, QObject::tr("Preset:"), 0, 0);
   for (int block = 0; block < trunking::kFleetBlocks; ++block) {
     add(form.cboBlock[static_cast<std::size_t>(block)], QObject::tr("Block %1:").arg(block),

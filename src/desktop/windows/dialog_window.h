@@ -14,12 +14,12 @@
 
 namespace tarnvex::desktop {
 
-/// A dialog of the program on the screen. It makes no decisions: its buttons are the form's, and
-/// the window's own close button asks the form.
+/// A dialog on the screen. It makes no decisions: its buttons are bound to the form's, and the
+/// window's own close button asks the form.
 class DialogWindow : public QDialog {
  public:
-  /// `askToClose` runs in the core when the user closes the window by other means than its buttons;
-  /// without it only they close it.
+  /// `askToClose` runs in the core when the user closes the window without one of its buttons. If
+  /// it is empty, only the buttons close the window.
   DialogWindow(platform::EventGate& gate, const platform::Window& form,
                std::function<void()> askToClose, QWidget* parent);
 
@@ -41,7 +41,7 @@ DialogWindow* makeSystemTypeDialog(trunking::Form3& form, platform::EventGate& g
                                    QWidget* parent);
 DialogWindow* makeFleetMapDialog(trunking::Form5& form, platform::EventGate& gate, QWidget* parent);
 
-/// A bar that shows while there is progress to show.
+/// A progress bar, visible while there is progress to show.
 class ProgressBar : public QProgressBar {
  public:
   explicit ProgressBar(const memory::Progress& progress);

@@ -8,14 +8,14 @@
 
 namespace tarnvex::desktop {
 
-/// Finds rows of a table by a part of their text, as browsers find words: Enter and F3 go to the
-/// next row, Shift+F3 to the one before, Escape leaves. A box hides the rows that are empty.
-/// Nothing here changes the plan or the order of the rows; the row with the cursor is never hidden,
-/// so that whatever moves the cursor also shows where it went.
+/// Finds rows of a table by part of their text: Enter and F3 go to the next row, Shift+F3 to the
+/// previous one, and Escape closes the bar. A check box hides empty rows. Nothing here changes the
+/// plan or the order of the rows. The row with the cursor is never hidden, so that the user sees
+/// where the cursor has gone.
 class FindBar : public QWidget {
  public:
-  /// The columns whose text is looked at; a row is empty if its text in the first of them is one of
-  /// `emptyTexts`. Ctrl+F opens the bar while `page`, its page, is in front.
+  /// `columns` are searched. A row is empty if its text in the first of them is one of
+  /// `emptyTexts`. Ctrl+F opens the bar while `page` is in front.
   FindBar(QTableView& table, std::vector<int> columns, QStringList emptyTexts, QWidget* page);
 
   void open();

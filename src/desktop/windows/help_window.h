@@ -9,14 +9,15 @@
 
 namespace tarnvex::desktop {
 
-/// The manual: its pages, with the contents at the left, or those pages that hold the searched
-/// words. The pages are the HTML files of the help folder, in the order of its `index.html`.
+/// The manual. The list at the left has all pages, or those that contain the words searched for.
+/// The pages are the HTML files of the help folder, in the order of its `index.html`.
 class HelpWindow : public QWidget {
  public:
-  /// The pages are in `folder`, by default the program's own.
+  /// The pages are in `folder`, which by default is the program's help folder.
   explicit HelpWindow(const QString& folder = helpFolder());
 
-  /// Beside the program in a build tree, else where it was installed.
+  /// The program's help folder: beside the program in a build tree, otherwise where it was
+  /// installed.
   static QString helpFolder();
 
   /// Shows a page of the manual by its file name.

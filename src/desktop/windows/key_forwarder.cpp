@@ -17,14 +17,15 @@ bool KeyForwarder::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyRelease) {
     return false;
   }
-  // Held down since another window had the focus, such as the small one that it has closed.
+  // The key has been held down since another window had the focus, such as the small window that it
+  // closed.
   if (key->isAutoRepeat() && key->key() != down_) {
     return true;
   }
   if ((key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0) {
     return false;
   }
-  // On the panel Enter presses the key that has the focus.
+  // On the panel, Enter presses the key with the focus.
   const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
   if (enter && watched->objectName() == QLatin1String("panel")) {
     return false;

@@ -7,9 +7,9 @@
 
 namespace tarnvex::desktop {
 
-/// Forwards characters that are typed to the form, as its keyboard control. It is the event filter
-/// of the panel, the tab strip and the controls that pass their keys on. They see none of the
-/// characters but the blank, which presses a button or ticks a box.
+/// Forwards typed characters to the form, which controls the radio with them. It is the event
+/// filter of the panel, the tab strip and the controls that pass their keys on. These widgets
+/// themselves only get the blank, which presses a button or ticks a box.
 class KeyForwarder : public QObject {
  public:
   KeyForwarder(shell::MainForm& form, platform::EventGate& gate, QObject* parent)
@@ -21,7 +21,7 @@ class KeyForwarder : public QObject {
  private:
   shell::MainForm& form_;
   platform::EventGate& gate_;
-  /// The key that is held down here, 0 if none is.
+  /// The key that is held down. 0 if there is none.
   int down_ = 0;
 };
 

@@ -28,7 +28,8 @@ MainWindow::MainWindow(shell::MainForm& form, platform::EventGate& gate, Report 
       binder_(gate, keys_),
       report_(std::move(report)),
       tabs_(new QTabWidget) {
-  // First: setting a widget's name may already ask for its interface, and that one is kept.
+  // This comes first: setting a widget's name may already ask for its interface, and Qt keeps that
+  // one.
   installAccessibleRoles();
   setObjectName(QString::fromStdString(form.window.name()));
   setCentralWidget(new QWidget);
@@ -36,7 +37,7 @@ MainWindow::MainWindow(shell::MainForm& form, platform::EventGate& gate, Report 
   layout->addWidget(tabs_);
   tabs_->setObjectName(QString::fromStdString(form.SSTab1.name()));
   tabs_->setAccessibleName(tr("Pages"));
-  // The keyboard drives the radio from the tab strip, so that is where the focus begins.
+  // The keyboard drives the radio from the tab strip, so that has the focus at first.
   tabs_->tabBar()->setFocusPolicy(Qt::StrongFocus);
   tabs_->tabBar()->setFocus();
   tabs_->tabBar()->installEventFilter(keys_);
@@ -54,14 +55,14 @@ MainWindow::MainWindow(shell::Form4& form, platform::EventGate& gate, DeviceSlot
   panelBinding_ = std::make_unique<PanelBinding>(*panel, form, gate);
   panelBinding_->follow(form.linkState);
   markReception(form.panel.Channel);
-  // A wide set stands above the pages.
+  // The wide desk set is above the pages.
   place(panel, QBoxLayout::TopToBottom);
   addPages(makeOptionsPage({{makeLinkFrame(form.linkControls, form.linkState, devices, binder_)},
                             {makeMultiscanFrame(form.multiscan, binder_)},
                             {makeSwitchesFrame(form, binder_, true)},
                             {makeSearchFrame(form.customSearch, binder_)}}));
   addProgress(form.idTransfer.progress);
-  // All pages fit without scrolling at a usual font size.
+  // At usual font sizes all pages fit without scrolling.
   const QFontMetrics metrics(font());
   const int width = metrics.averageCharWidth() * 168;
   resize(width, panel->heightForWidth(width) + metrics.height() * 20);
@@ -76,7 +77,7 @@ MainWindow::MainWindow(shell::Form2& form, platform::EventGate& gate, DeviceSlot
   markReception(form.panel.Channel);
   trunkedMenu_->addSeparator();
   addCommand(trunkedMenu_, "mnuCustom", tr("&Custom Fleet Map..."), [&form] { form.mnuCustom(); });
-  // An upright hand-held stands beside them.
+  // The upright hand-held is beside the pages.
   place(panel, QBoxLayout::LeftToRight);
   addPages(makeOptionsPage(
       {{makeLinkFrame(form.linkControls, form.linkState, devices, binder_),
@@ -112,7 +113,7 @@ void MainWindow::addMenus() {
   auto* exit = file->addAction(tr("E&xit"), this, [this] { close(); });
   exit->setObjectName(QStringLiteral("mnuExit"));
   exit->setMenuRole(QAction::QuitRole);
-  // Not every platform has a standard key for it.
+  // Not every platform has a standard shortcut for it.
   exit->setShortcut(Qt::CTRL | Qt::Key_Q);
   auto* conventional = menuBar()->addMenu(tr("&Conventional"));
   conventional->setObjectName(QStringLiteral("mnuConv"));
@@ -174,7 +175,7 @@ void MainWindow::markReception(const platform::Label& channel) {
   binder_.keep(channel.changed.connect(mark));
 }
 
-/// Only reads, so it needs no turn at the gate.
+/// Only reads, so it needn't go through the event gate.
 void MainWindow::copyReport() {
   if (report_) {
     QGuiApplication::clipboard()->setText(report_());
@@ -197,7 +198,7 @@ void MainWindow::place(RadioPanel* panel, QBoxLayout::Direction direction) {
 void MainWindow::showTab() {
   const auto show = [this] {
     if (tabs_->currentIndex() != form_.SSTab1.tab()) {
-      // Not into whatever control stands first on the page.
+      // Otherwise the first control on the page would get the focus.
       tabs_->tabBar()->setFocus();
       tabs_->setCurrentIndex(form_.SSTab1.tab());
     }
@@ -213,7 +214,7 @@ void MainWindow::addProgress(const memory::Progress& progress) {
   bar->setTextVisible(false);
   bar->setFixedSize(metrics.averageCharWidth() * 30, metrics.height() / 2);
   keepRoom(bar);
-  // The bar stands in the middle of the menu bar's height, which it must not raise.
+  // The bar is vertically centred in the menu bar, which must not become higher.
   auto* corner = new QWidget;
   auto* row = new QHBoxLayout(corner);
   row->setContentsMargins(0, metrics.height() * 2 / 5, metrics.height() / 2, 0);
@@ -234,7 +235,8 @@ void MainWindow::restore(const WindowMemory& memory) {
   if (memory.maximised()) {
     setWindowState(windowState() | Qt::WindowMaximized);
   }
-  // The form's load lays the tables out and ends on its own page. What the user had comes after it.
+  // The form's load lays out the tables and ends on its own page. The user's page and columns are
+  // restored after that.
   binder_.keep(form_.SSTab1.changed.connect([this, memory, first = true]() mutable {
     if (std::exchange(first, false)) {
       QTimer::singleShot(0, this, [this, memory] { restorePages(memory); });
@@ -265,7 +267,8 @@ QVector<PlanTable*> MainWindow::tables() const {
           static_cast<PlanTable*>(findChild<QWidget*>(QStringLiteral("MSFlexGrid2")))};
 }
 
-/// A panel above the pages leaves them more than half of the height, however wide the window is.
+/// Limits the height of a panel above the pages, so that these get more than half of the window's
+/// height.
 void MainWindow::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
   constexpr double kPanelShare = 0.46;

@@ -22,7 +22,7 @@ namespace tarnvex::desktop {
 /// and makes no decisions. Closing it asks the form, which may refuse.
 class MainWindow : public QMainWindow {
  public:
-  /// Makes the text of the report that the user may copy.
+  /// Returns the text of the report that the user can copy.
   using Report = std::function<QString()>;
 
   MainWindow(shell::Form4& form, platform::EventGate& gate, DeviceSlots& devices,
@@ -32,14 +32,15 @@ class MainWindow : public QMainWindow {
 
   [[nodiscard]] const link::LinkState& linkState() const { return form_.linkState; }
   [[nodiscard]] const platform::Label& recordingLight() const { return form_.recordingLight(); }
-  /// The user wants help: the manual's page for what is in front.
+  /// The user wants help. The argument is the manual's page for what is in front.
   platform::Notifier<QString> helpWanted;
 
-  /// Brings the window back as it was left, before it is shown; fits it to the screens there are.
+  /// Restores the window as it was left, and fits it to the present screens. Called before it is
+  /// shown.
   void restore(const WindowMemory& memory);
-  /// Keeps how the window is left.
+  /// Stores the window's state for the next start.
   void remember(WindowMemory& memory) const;
-  /// Takes the window off the screen without asking.
+  /// Closes the window without asking.
   void leaveScreen();
 
  protected:
@@ -62,8 +63,8 @@ class MainWindow : public QMainWindow {
   void place(RadioPanel* panel, QBoxLayout::Direction direction);
   void addPages(QWidget* options);
   void showTab();
-  /// Progress of work that has no dialog of its own, at the end of the menu bar, where it moves
-  /// nothing.
+  /// Shows the progress of work without a dialog of its own at the end of the menu bar, where it
+  /// doesn't move anything.
   void addProgress(const memory::Progress& progress);
 
   shell::MainForm& form_;

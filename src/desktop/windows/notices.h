@@ -4,7 +4,7 @@
 
 namespace tarnvex::desktop {
 
-/// The splash: picture, name, version and purpose of the program.
+/// The splash window, with the program's picture, name, version and purpose.
 QWidget* makeSplash();
 
 /// A notice with one label and no buttons.

@@ -18,7 +18,7 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// A row of bank boxes under their column headings.
+/// Adds a row of bank boxes below their column headings.
 void addBankRow(QGridLayout* grid, int row, const QString& caption, monitor::BankRotation& rotation,
                 int first, Binder& binder) {
   grid->addWidget(makeLabel(caption), row, 0);
@@ -34,12 +34,13 @@ void addBankRow(QGridLayout* grid, int row, const QString& caption, monitor::Ban
   new BoxRow(stop, stop.front());
 }
 
-/// A frame that is switched on and off, with room for rows of banks under these headings.
+/// Adds a rotation's "On" and "Off" to its frame, and returns a grid with the banks' headings, for
+/// rows of boxes.
 QGridLayout* addBankFrame(QGroupBox* frame, monitor::BankRotation& rotation,
                           const QStringList& banks, Binder& binder) {
   frame->setObjectName(QStringLiteral("Frame2"));
   auto* grid = new QGridLayout;
-  // Ten columns beside the hand-held have to go on a small screen.
+  // Ten columns beside the hand-held must fit on a small screen.
   grid->setHorizontalSpacing(frame->fontMetrics().averageCharWidth() / 2);
   for (int bank = 0; bank < banks.size(); ++bank) {
     grid->addWidget(makeLabel(banks[bank]), 0, bank + 1, Qt::AlignHCenter);
@@ -76,7 +77,7 @@ void addCheckBoxes(QVBoxLayout* column, const std::vector<platform::CheckBox*>& 
   }
 }
 
-/// The popup menu of the saved searches, shown where the pointer is.
+/// Binds the popup menu of the saved searches, which is shown at the pointer.
 void bindSearchMenu(QListWidget* list, search::SearchlistMenu& model, Binder& binder) {
   auto* menu = new QMenu(list);
   menu->setObjectName(QStringLiteral("mnuSearchlist"));
@@ -95,15 +96,15 @@ void bindSearchMenu(QListWidget* list, search::SearchlistMenu& model, Binder& bi
   binder.keep(model.shown.connect([menu, list, &model] {
     const QString caption = toScreen(model.mnuSLSearch.caption);
     menu->actions().first()->setText(caption.left(1) + withoutMnemonics(caption.mid(1)));
-    // Opened by the keyboard, it belongs to the current line, wherever the pointer is.
+    // If it is opened by the keyboard, it is shown at the current line instead.
     const QRect line = list->visualItemRect(list->currentItem());
     const bool byMouse = list->viewport()->underMouse();
     menu->popup(byMouse ? QCursor::pos() : list->viewport()->mapToGlobal(line.bottomLeft()));
   }));
 }
 
-/// The state of the line in words. It keeps the room of two lines, so that nothing moves when the
-/// text changes.
+/// The state of the line in words. Its label always has space for two lines, so that nothing moves
+/// when the text changes.
 QLabel* makeLinkState(link::LinkState& state, Binder& binder) {
   auto* label = makeLabel();
   label->setObjectName(QStringLiteral("LinkState"));

@@ -18,13 +18,13 @@ QWidget* makeSearchPage(shell::MainForm& form, Binder& binder);
 /// The frames of the "Options" page.
 QWidget* makeLinkFrame(link::LinkControls& controls, link::LinkState& state, DeviceSlots& devices,
                        Binder& binder);
-/// `muteToo` where the mute isn't among the radio's own options.
+/// With `muteToo` the frame also has the mute box, for a radio without a frame of its own options.
 QWidget* makeSwitchesFrame(shell::MainForm& form, Binder& binder, bool muteToo);
 QWidget* makeMultiscanFrame(monitor::Multiscan& multiscan, Binder& binder);
 QWidget* makeSpeedFrame(monitor::SpeedEnhancement& speed, Binder& binder);
 QWidget* makeReceiverFrame(monitor::ReceiverOptions& options, Binder& binder);
 QWidget* makeSearchFrame(search::CustomSearch& search, Binder& binder);
-/// Puts frames into columns side by side, which scroll if there isn't enough room.
+/// Puts frames into columns side by side. The page scrolls if there isn't enough room.
 QWidget* makeOptionsPage(const QVector<QVector<QWidget*>>& columns);
 
 }  // namespace tarnvex::desktop

@@ -16,7 +16,7 @@ class PanelBinding {
   PanelBinding(RadioPanel& view, shell::Form4& form, platform::EventGate& gate);
   PanelBinding(RadioPanel& view, shell::Form2& form, platform::EventGate& gate);
 
-  /// The display alone: the labels, with their background.
+  /// Binds only a display: the labels and their background.
   PanelBinding(RadioPanel& view, const monitor::PanelElements& elements,
                const platform::Label& background);
 

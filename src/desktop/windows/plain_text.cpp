@@ -9,7 +9,7 @@ QLabel* makeLabel(const QString& text) {
   return label;
 }
 
-/// A tip guesses what it is given, so it is always given markup.
+/// Qt guesses whether a tip's text is markup, so the tip always gets markup.
 QString plainTip(QString text) {
   text = text.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
   return QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text);

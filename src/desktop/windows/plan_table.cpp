@@ -15,10 +15,10 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// Width of an average digit, in twips, in the face that the tables' widths are given for.
+/// The width of an average digit, in twips, in the font for which the tables' widths are given.
 constexpr double kTwipsPerDigit = 90;
 
-/// The colour of a selection, thinned over the page, so that the text keeps its contrast.
+/// The colour of a selection, but mostly transparent, so that the text keeps its contrast.
 QBrush markBrush() {
   constexpr float kShare = 0.25F;
   const QPalette palette = QApplication::palette();
@@ -49,7 +49,7 @@ QVariant PlanModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       return lineToScreen(table_.textMatrix(index.row() + 1, index.column()));
     case Qt::TextAlignmentRole:
-      // Flags stand under the middle of their short headings.
+      // Flags are centred below their short headings.
       return QVariant(table_.colWidth(index.column()) == 500 && index.column() > 0
                           ? Qt::AlignCenter
                           : Qt::AlignLeft | Qt::AlignVCenter);
@@ -186,13 +186,14 @@ void PlanTable::cutSelection() {
 void PlanTable::pasteClipboard() {
   const QString text = QApplication::clipboard()->text();
   beepUnless(!text.isEmpty());
-  // A zero for every character that the plan can't hold: its field is left out.
+  // A zero byte replaces each character that the plan can't hold, so that its field is left out.
   if (const auto message = editor_.paste(table_, selectedCells(), fromScreen(text, '\0'))) {
     gate_.enter([&editor = editor_, message] { editor.tell(*message); });
   }
 }
 
-/// Queued where the core has rested the cursor on a heading or a label: it may only be on its way.
+/// If the core has put the cursor on a heading or a label, waits for the event loop: it may move on
+/// at once.
 void PlanTable::showCursor() {
   if (table_.row() < 1 || table_.col() < 1) {
     QMetaObject::invokeMethod(
@@ -260,7 +261,8 @@ void PlanTable::currentChanged(const QModelIndex& current, const QModelIndex& pr
     table_.userMoveTo(current.row() + 1, std::max(current.column(), 1));
   }
   if (current.isValid() && current.column() == 0) {
-    // On a row's label the cursor means the row. Later, since the click goes on to select its cell.
+    // A click on a row's label goes to the row's first cell. This is queued, since the click itself
+    // is still about to select the label.
     QMetaObject::invokeMethod(
         this, [this] { settleCursor(); }, Qt::QueuedConnection);
   }

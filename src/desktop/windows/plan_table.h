@@ -10,7 +10,7 @@
 
 namespace tarnvex::desktop {
 
-/// Shows a core table to a view. Row 0 of the table gives the headings; the view's rows are the
+/// Presents a core table to a view. Row 0 of the table has the headings; the view's rows are the
 /// table's rows from 1 on.
 class PlanModel : public QAbstractTableModel {
  public:
@@ -22,7 +22,7 @@ class PlanModel : public QAbstractTableModel {
   [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                     int role) const override;
   [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
-  /// Tints a row of the core's table, 0 for none.
+  /// Tints a row of the core's table. 0 for none.
   void markRow(int row);
 
  private:
@@ -33,20 +33,20 @@ class PlanModel : public QAbstractTableModel {
   platform::Connection changed_;
 };
 
-/// One of the plan's two tables on the screen. Typed keys, clipboard and undo go to the core at
-/// once, past the gate: they only edit the plan. Tab leaves the table. The context menu holds the
-/// table's actions; others may add to them.
+/// One of the plan's two tables on the screen. Typed keys, clipboard and undo bypass the event
+/// gate, since they only edit the plan. Tab leaves the table. The context menu shows the table's
+/// actions; others may add to them.
 class PlanTable : public QTableView {
  public:
-  /// `stretched` is the column that takes the room left over.
+  /// `stretched` is the column that takes the remaining width.
   PlanTable(platform::Table& table, memory::PlanEditor& editor, platform::EventGate& gate,
             int stretched, QWidget* parent);
 
   /// Widths of the columns in pixels, for windows that remember them. A list of another length is
-  /// ignored; the stretched column and those that aren't shown keep their widths.
+  /// ignored. The stretched column and hidden columns keep their widths.
   [[nodiscard]] std::vector<int> columnWidths() const;
   void setColumnWidths(const std::vector<int>& widths);
-  /// Marks the row of what is being received, 0 for none.
+  /// Marks the row of the current reception. 0 for none.
   void markRow(int row) { static_cast<PlanModel*>(model())->markRow(row); }
 
  protected:
@@ -67,7 +67,7 @@ class PlanTable : public QTableView {
   void cutSelection();
   void pasteClipboard();
   static void beepUnless(bool done);
-  /// Where the core has left its cursor on a heading or a label, it comes into the row's cells.
+  /// Moves a cursor that the core has left on a heading or a label into the row's cells.
   void settleCursor();
 
   platform::Table& table_;

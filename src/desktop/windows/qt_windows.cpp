@@ -66,7 +66,7 @@ void QtWindows::present(MainWindow* window, const char* section) {
   section_ = section;
   WindowMemory memory(settings_, section_);
   window->restore(memory);
-  // The window of the other radio stands where the last one stood.
+  // The other radio's window opens in the same place.
   if (lastPlace_ && !memory.maximised()) {
     window->move(*std::exchange(lastPlace_, std::nullopt));
   }
@@ -95,7 +95,8 @@ void QtWindows::showMain(bool shown) {
   if (!main_) {
     return;
   }
-  // A window manager takes a window that comes back for a new one, unless it says where it was.
+  // A window manager would place a window that is shown again like a new one, unless it has a
+  // position.
   if (shown && main_->windowHandle() != nullptr) {
     main_->windowHandle()->setPosition(main_->geometry().topLeft());
   }
@@ -137,8 +138,8 @@ void QtWindows::openNotice(const std::string& caption, const std::string& text) 
   notice_->show();
 }
 
-/// At once: the core is never on the stack of a notice, and a second switch may follow before the
-/// event loop deletes the first notice.
+/// Deletes the notice at once, since a second switch may follow before the event loop would delete
+/// it. No event of the notice can be on the stack.
 void QtWindows::closeNotice() {
   delete notice_;
 }
@@ -185,7 +186,7 @@ void QtWindows::presentDialog(const void* form, DialogWindow* dialog, bool modal
   auto* helpKey = new QShortcut(Qt::Key_F1, dialog);
   QObject::connect(helpKey, &QShortcut::activated, dialog,
                    [this, dialog] { showHelpPage(helpPageOf(dialog->objectName())); });
-  // The manual stays usable beside it.
+  // The manual stays usable meanwhile.
   dialog->setWindowModality(modal ? Qt::WindowModal : Qt::NonModal);
   dialog->show();
 }

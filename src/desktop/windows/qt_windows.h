@@ -53,7 +53,7 @@ class QtWindows : public shell::WindowLayer {
   void showHelp(shell::HelpView view) override;
   void quit() override;
 
-  /// Deletes all windows: once the program has ended, before the forms go.
+  /// Deletes all windows. Called after the program has ended and before the forms are destroyed.
   void removeAll();
 
   /// The main window on the screen, if there is one.
@@ -62,13 +62,13 @@ class QtWindows : public shell::WindowLayer {
  private:
   void drive(platform::Timer& timer);
   void present(MainWindow* window, const char* section);
-  /// Keeps how the main window is left.
+  /// Stores the main window's state for the next start.
   void rememberMain();
   void showQuickView();
   HelpWindow& help();
   void showHelpPage(const QString& page);
   void presentDialog(const void* form, DialogWindow* dialog, bool modal);
-  /// Where a dialog belongs: the dialog that is open in front, or the main window.
+  /// The parent for a new dialog: the front dialog, or the main window.
   [[nodiscard]] QWidget* dialogParent() const;
 
   QtEventLoop& loop_;
@@ -77,9 +77,9 @@ class QtWindows : public shell::WindowLayer {
   platform::SettingsStore& settings_;
   MainWindow::Report report_;
   platform::Connection helpWanted_;
-  /// Of the main window's radio.
+  /// The settings section of the main window's radio.
   std::string section_;
-  /// Where the main window of the other radio was, while the windows are exchanged.
+  /// While the windows are exchanged, the position of the previous main window.
   std::optional<QPoint> lastPlace_;
   QPointer<QWidget> splash_;
   QPointer<QWidget> notice_;

@@ -17,7 +17,7 @@ namespace tarnvex::desktop {
 namespace {
 
 constexpr double kTwipsPerPixel = 15;
-/// A lost window is brought back: at least so much of it stays on a screen.
+/// At least this many pixels of the window stay on a screen.
 constexpr int kSeen = 40;
 
 shell::Twips toTwips(int x, int y) {
@@ -25,7 +25,7 @@ shell::Twips toTwips(int x, int y) {
 }
 
 int toPixels(double twips) {
-  // Whatever the settings hold, far beyond any screen is far enough.
+  // Limits absurd values in the settings.
   return qRound(std::clamp(twips / kTwipsPerPixel, -1e6, 1e6));
 }
 
@@ -49,12 +49,12 @@ QuickViewWindow::QuickViewWindow(shell::QuickViewForm& form, const PanelLayout& 
       binding_(*display_, form.elements(), form.background()) {
   setObjectName(QString::fromStdString(form.window.name()));
   setWindowTitle(titleToScreen(form.window.caption()));
-  // Clicks are the window's, wherever they fall.
+  // The window handles all clicks.
   display_->setAttribute(Qt::WA_TransparentForMouseEvents);
   display_->setFocusPolicy(Qt::NoFocus);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins({});
-  // Around a display that keeps its proportions in a window that doesn't have them.
+  // The colour around the display, which keeps its proportions whatever those of the window are.
   setPalette(QPalette(style::kBezel));
   layout->addWidget(display_);
   const int width = fontMetrics().averageCharWidth() * 44;
@@ -65,8 +65,8 @@ QuickViewWindow::QuickViewWindow(shell::QuickViewForm& form, const PanelLayout& 
 void QuickViewWindow::present() {
   const QScreen* screen = QGuiApplication::primaryScreen();
   const QRect room = screen != nullptr ? screen->availableGeometry() : QRect();
-  // Before it is on the screen nobody knows its frame; the title bar is taken to be as high as a
-  // line of text and a half.
+  // Before the window is on the screen, its frame isn't known. The title bar is assumed to be one
+  // and a half lines high.
   const int title = fontMetrics().height() * 3 / 2;
   form_.load(toTwips(room.right() + 1, room.bottom() + 1), toTwips(width(), height() + title));
   QRect place(QPoint(toPixels(form_.place().x), toPixels(form_.place().y)), size());
@@ -108,7 +108,7 @@ void QuickViewWindow::mouseReleaseEvent(QMouseEvent* /*event*/) {
 }
 
 void QuickViewWindow::keyPressEvent(QKeyEvent* event) {
-  // Not by the key that has opened it and is still held down.
+  // The key that has opened the window may still be held down.
   if (!event->isAutoRepeat()) {
     askToClose();
   }

@@ -12,17 +12,17 @@
 namespace tarnvex::desktop {
 
 /// The radio's display in a small window above all others. A click or any key closes it, and
-/// dragging moves it. Where the display server doesn't let a program place or raise its windows,
-/// the window stays where the server puts it.
+/// dragging moves it. If the display server doesn't let programs place or raise their windows, the
+/// window stays where the server puts it.
 class QuickViewWindow : public QWidget {
  public:
   QuickViewWindow(shell::QuickViewForm& form, const PanelLayout& radio, platform::EventGate& gate);
 
   /// Dims the display while the line isn't live.
   void follow(const link::LinkState& line) { binding_.follow(line); }
-  /// Shows a recording that runs, in the corner.
+  /// Shows in the corner that a recording is running.
   void showRecording(const platform::Label& light) { new RecordingLight(light, this); }
-  /// Runs the form's load and shows the window where the form wants it.
+  /// Calls the form's load and shows the window at the form's position.
   void present();
   void leaveScreen();
 
@@ -41,7 +41,7 @@ class QuickViewWindow : public QWidget {
   platform::EventGate& gate_;
   RadioPanel* display_;
   PanelBinding binding_;
-  /// Where a press began that hasn't become a move.
+  /// Where the current press began, until it becomes a drag.
   std::optional<QPoint> pressed_;
   bool placed_ = false;
 };

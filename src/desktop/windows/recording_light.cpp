@@ -6,7 +6,7 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// White on it has a contrast of 6.5 to 1.
+/// White text on it has a contrast of 6.5 to 1.
 constexpr QColor kRed{0xB3, 0x26, 0x1E};
 
 }  // namespace

@@ -6,7 +6,7 @@
 
 namespace tarnvex::desktop {
 
-/// The lit "REC" with the running time, shown while its model is visible. The model outlives it.
+/// A lit "REC" with the running time, shown while its model is visible. The model outlives it.
 class RecordingLight : public QLabel {
  public:
   explicit RecordingLight(const platform::Label& model, QWidget* parent = nullptr);

@@ -8,12 +8,13 @@
 namespace tarnvex::desktop {
 
 void takeOffScreen(QWidget* window) {
-  // Windows of their own, which would outlive the form by the time until the deletion.
+  // Menus are separate windows, which would stay open until the deletion, when the form may be
+  // gone.
   for (QMenu* menu : window->findChildren<QMenu*>()) {
     menu->close();
   }
   for (QDialog* question : window->findChildren<QDialog*>()) {
-    // Those that have left before wait for their deletion without a form.
+    // Hidden ones have been closed already and wait for their deletion.
     if (question->isVisible()) {
       withdraw(question);
     }

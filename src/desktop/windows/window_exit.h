@@ -4,9 +4,9 @@
 
 namespace tarnvex::desktop {
 
-/// Removes a window from the screen for good, and deletes it when control returns to the event
-/// loop. Nothing that the user still does reaches its form: its menus and questions close, and a
-/// button that is held down gives no click.
+/// Closes a window for good, and deletes it when control returns to the event loop. From now on
+/// nothing that the user does reaches its form: its menus and questions close, and releasing a
+/// button that is held down doesn't count as a click.
 void takeOffScreen(QWidget* window);
 
 }  // namespace tarnvex::desktop

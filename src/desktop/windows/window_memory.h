@@ -10,19 +10,19 @@
 
 namespace tarnvex::desktop {
 
-/// `wanted` on the screen that shows most of it, or on the first screen: moved, and made smaller if
-/// it must be, until all of it fits.
+/// `wanted`, moved and if necessary made smaller so that all of it fits on a screen. The screen is
+/// the one that shows most of it, or the first one.
 QRect fitToScreens(const QRect& wanted, const std::vector<QRect>& screens);
 
-/// How a radio's windows were left: kept in the radio's section of the settings, written when a
-/// window leaves the screen. Values that can't be read count as never written.
+/// Stores how a radio's windows were left, in the radio's section of the settings. Values that
+/// can't be read count as missing.
 class WindowMemory {
  public:
   /// `section` is "BC895" or "BC245".
   WindowMemory(platform::SettingsStore& settings, std::string section)
       : settings_(settings), section_(std::move(section)) {}
 
-  /// The main window's place, without its frame, in pixels.
+  /// The main window's place in pixels, without its frame.
   [[nodiscard]] std::optional<QRect> place() const;
   void setPlace(const QRect& place);
   [[nodiscard]] bool maximised() const;
@@ -30,7 +30,8 @@ class WindowMemory {
   /// The page in front.
   [[nodiscard]] std::optional<int> page() const;
   void setPage(int page);
-  /// Column widths of a table by its control name, in pixels; empty if there are none.
+  /// The column widths of a table, in pixels. `table` is its control name. Empty if none are
+  /// stored.
   [[nodiscard]] std::vector<int> columns(const std::string& table) const;
   void setColumns(const std::string& table, const std::vector<int>& widths);
   /// The small window's size.
