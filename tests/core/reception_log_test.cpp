@@ -68,6 +68,10 @@ TEST(ReceptionLog, HearsWhatTheBc895xltHears) {
        "BC895XLT MD09 id 12-345 ++"},
       {"MD09", "IS > NG; DL > DLF; IC > NG", ""},
       {"MD07", "IDN > OK; KEY09 > OK; IDN > NO ID IS HEARD; IDF > OK; MD > MD00; IDF > OK", ""},
+      {"MD07",
+       "IDN > OK; KEY09 > OK; IDN > IDN SB1 005678; SG > S020 F08510125; IDF > OK; MD > MD00; IDF "
+       "> OK",
+       "BC895XLT MD07 851.0125 id 5678 (Detectives) 2/0 ++"},
       {"MD15", "", ""},
   };
   for (const HeardCase& one : cases) {
@@ -91,11 +95,16 @@ TEST(ReceptionLog, HearsWhatTheBc245xltHears) {
        "IS > IS A; IC > IC B0 005678; PI B > PI B3; WI > WI x F08510125; AF > AFF; LO > LOF",
        "BC245XLT MD11 851.0125 id 5678 (Detectives) 2/10"},
       {"MD11", "IS > IS A; IC > NG", ""},
+      {"MD15",
+       "IDN > IDN; DL > DLN; IDN > IDN > ID S 005678; WI > WI020F08510125; AF > AFN; MD > MD00; LT "
+       "> LTN; IDF > IDF",
+       "BC245XLT MD15 851.0125 id 5678 (Detectives) 2/0"},
       {"MD13", "", ""},
   };
   for (const HeardCase& one : cases) {
     SCOPED_TRACE(std::string(one.mode) + " " + one.exchanges);
     test::Bc245Rig rig;
+    rig.setPanel(false);
     rig.form.receiver.Option7.setValue(true);
     rig.poll(one.mode, one.exchanges);
     EXPECT_EQ(logged(rig), *one.row == '\0' ? Lines{} : Lines{one.row});
