@@ -3,8 +3,12 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QContextMenuEvent>
+#include <QDesktopServices>
 #include <QFile>
+#include <QMenu>
 #include <QTest>
+#include <QTextBrowser>
 
 #include "desktop/reception_log/reception_texts.h"
 #include "desktop/reception_log/reception_window.h"
@@ -16,6 +20,20 @@ namespace {
 
 constexpr int kRows = 100'000;
 constexpr qint64 kLast = 1'700'000'000'000;
+
+/// Takes the place of the desktop's programs for files.
+class OpenedFiles : public QTextBrowser {
+ public:
+  OpenedFiles() { QDesktopServices::setUrlHandler("file", this, "setSource"); }
+  ~OpenedFiles() override { QDesktopServices::unsetUrlHandler("file"); }
+
+  QStringList files;
+
+ protected:
+  void doSetSource(const QUrl& url, QTextDocument::ResourceType /*type*/) override {
+    files << url.toLocalFile();
+  }
+};
 
 /// The window over a log of its own and a BC895XLT's main form.
 class ReceptionLogWindow : public testing::Test, protected test::Below {
@@ -187,6 +205,57 @@ TEST_F(ReceptionLogWindow, FollowsTheLogWithoutMovingWhatIsRead) {
                              QDeadlineTimer(20000)));
   say("DELETE FROM receptions WHERE id <= 500");
   EXPECT_TRUE(loop.waitUntil([this] { return model().rowCount() == 501; }, QDeadlineTimer(20000)));
+}
+
+TEST_F(ReceptionLogWindow, LetsTheLastHourGoOnWithTheClock) {
+  open(1000);
+  const auto minutesAgo = [](int minutes) {
+    return QDateTime::currentMSecsSinceEpoch() - qint64(minutes) * 60'000;
+  };
+  const QString move("UPDATE receptions SET started = %1 WHERE id = %2");
+  for (int row = 991; row <= 1000; ++row) {
+    say(move.arg(minutesAgo(1000 - row)).arg(row));
+  }
+  find<QComboBox>("period").setCurrentText("Last hour");
+  settle();
+  ASSERT_EQ(model().rowCount(), 10);
+  auto& table = find<ReceptionTable>("receptions");
+  table.setCurrentIndex(model().index(4, 0));
+  const QString current = cell(4, ReceptionModel::Time);
+  ReceptionDatabase log(file, ReceptionDatabase::Access::Write);
+  ASSERT_TRUE(log.run(move.arg(minutesAgo(61)).arg(991)));
+  auto& clock = find<QTimer>("sliding");
+  EXPECT_LE(clock.interval(), 60'000);
+  clock.setInterval(0);
+  EXPECT_TRUE(loop.waitUntil([this] { return model().rowCount() == 9; }, QDeadlineTimer(20000)));
+  EXPECT_EQ(cell(table.currentIndex().row(), ReceptionModel::Time), current);
+}
+
+TEST_F(ReceptionLogWindow, ShowsARecordingInItsFolder) {
+  open(1000);
+  say("UPDATE receptions SET recording = 'Harbour.wav' WHERE id = 1000");
+  window.reset();
+  open(0);
+  for (const char* there : {"", "Harbour.wav"}) {
+    SCOPED_TRACE(there);
+    if (*there != '\0') {
+      QFile(folder.filePath(there)).open(QIODevice::WriteOnly);
+    }
+    OpenedFiles opened;
+    auto& table = find<ReceptionTable>("receptions");
+    table.setCurrentIndex(model().index(0, 0));
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {5, 5}, table.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&table, &event);
+    auto& menu = find<QMenu>("receptionMenu");
+    for (QAction* action : menu.actions()) {
+      if (action->text().contains("Folder")) {
+        action->trigger();
+      }
+    }
+    menu.close();
+    loop.waitUntil([&] { return !opened.files.isEmpty(); }, QDeadlineTimer(20000));
+    EXPECT_EQ(opened.files, QStringList{folder.path()});
+  }
 }
 
 TEST_F(ReceptionLogWindow, OpensOnNoLogAndOnOneThatIsNone) {

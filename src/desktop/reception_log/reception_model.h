@@ -33,6 +33,7 @@ class ReceptionModel : public QAbstractTableModel {
   ReceptionModel(QueryThread& thread, PlanTag planTag, QObject* parent = nullptr);
 
   void setFilter(const ReceptionFilter& filter);
+  [[nodiscard]] const ReceptionFilter& filter() const { return filter_; }
   /// Rows were added or deleted. Many calls in a short time count as one.
   void refresh();
   /// The plan's tags have changed.

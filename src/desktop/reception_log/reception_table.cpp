@@ -12,6 +12,8 @@
 #include <QScrollBar>
 #include <QUrl>
 
+#include "desktop/ports/file_manager.h"
+
 namespace tarnvex::desktop {
 namespace {
 
@@ -90,11 +92,33 @@ ReceptionTable::ReceptionTable(ReceptionModel& model, QString recordings, QWidge
   horizontalHeader()->setSectionsClickable(true);
   // A user who has scrolled down goes on seeing the same rows.
   model_.onRowsAbove = [this](int rows) {
-    if (verticalScrollBar()->value() > 0) {
+    if (!isAtTop()) {
       verticalScrollBar()->setValue(verticalScrollBar()->value() + rows);
     }
   };
+  connect(&model_, &ReceptionModel::modelAboutToBeReset, this, [this] { keepCurrent(); });
+  connect(&model_, &ReceptionModel::modelReset, this, [this] { restoreCurrent(); });
   sizeColumns();
+}
+
+bool ReceptionTable::isAtTop() const {
+  return verticalScrollBar()->value() == 0;
+}
+
+void ReceptionTable::keepCurrent() {
+  withCurrent([this](const ReceptionRow& row) { kept_ = row; });
+}
+
+/// A row that is no longer among the first is current no more.
+void ReceptionTable::restoreCurrent() {
+  const auto kept = std::exchange(kept_, std::nullopt);
+  const int known = kept ? std::min(model_.rowCount(), ReceptionModel::kPageRows) : 0;
+  for (int row = 0; row < known; ++row) {
+    const ReceptionRow* now = model_.row(row);
+    if (now != nullptr && now->started == kept->started && now->source.id == kept->source.id) {
+      return selectRow(row);
+    }
+  }
 }
 
 void ReceptionTable::sizeColumns() {
@@ -176,7 +200,7 @@ void ReceptionTable::contextMenuEvent(QContextMenuEvent* event) {
     withCurrent([this](const ReceptionRow& current) { play(current); });
   });
   auto* folder = menu->addAction(tr("Show Recording in &Folder"), this, [this] {
-    withCurrent([this](const ReceptionRow& current) { showInFolder(current); });
+    withCurrent([this](const ReceptionRow& current) { showInFileManager(fileOf(current)); });
   });
   playing->setEnabled(!row->recording.isEmpty());
   folder->setEnabled(!row->recording.isEmpty());
@@ -199,14 +223,14 @@ void ReceptionTable::copy() const {
   QApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
 }
 
-void ReceptionTable::play(const ReceptionRow& row) const {
-  if (!row.recording.isEmpty()) {
-    QDesktopServices::openUrl(QUrl::fromLocalFile(recordings_ + QLatin1Char('/') + row.recording));
-  }
+QString ReceptionTable::fileOf(const ReceptionRow& row) const {
+  return recordings_ + QLatin1Char('/') + row.recording;
 }
 
-void ReceptionTable::showInFolder(const ReceptionRow& /*row*/) const {
-  QDesktopServices::openUrl(QUrl::fromLocalFile(recordings_));
+void ReceptionTable::play(const ReceptionRow& row) const {
+  if (!row.recording.isEmpty()) {
+    QDesktopServices::openUrl(QUrl::fromLocalFile(fileOf(row)));
+  }
 }
 
 }  // namespace tarnvex::desktop

@@ -2,6 +2,7 @@
 
 #include <QStyledItemDelegate>
 #include <QTableView>
+#include <optional>
 
 #include "desktop/reception_log/reception_model.h"
 
@@ -24,6 +25,8 @@ class ReceptionTable : public QTableView {
   std::function<void(const ReceptionRow&)> onTune;
   std::function<void(const ReceptionRow&)> onStore;
 
+  [[nodiscard]] bool isAtTop() const;
+
  protected:
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -33,12 +36,16 @@ class ReceptionTable : public QTableView {
 
  private:
   void sizeColumns();
+  void keepCurrent();
+  void restoreCurrent();
   void copy() const;
   void withCurrent(const std::function<void(const ReceptionRow&)>& act) const;
+  [[nodiscard]] QString fileOf(const ReceptionRow& row) const;
   void play(const ReceptionRow& row) const;
-  void showInFolder(const ReceptionRow& row) const;
 
   ReceptionModel& model_;
+  /// What the current row was about before the rows were asked for again.
+  std::optional<ReceptionRow> kept_;
   /// The folder of the recordings.
   QString recordings_;
 };

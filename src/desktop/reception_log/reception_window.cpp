@@ -15,6 +15,7 @@ namespace {
 /// The filter is applied after a pause of this length in the typing.
 constexpr int kTypingMilliseconds = 120;
 constexpr int kExportLookMilliseconds = 50;
+constexpr int kSlideMilliseconds = 60'000;
 
 monitor::Heard heardOf(const ReceptionSource& source) {
   monitor::Heard heard;
@@ -139,6 +140,11 @@ void ReceptionWindow::connectParts(shell::frmReceptionLog& form, platform::Event
   for (QDateTimeEdit* edit : {from_, to_}) {
     connect(edit, &QDateTimeEdit::dateTimeChanged, &typing_, qOverload<>(&QTimer::start));
   }
+  sliding_ = new QTimer(this);
+  sliding_->setObjectName(QStringLiteral("sliding"));
+  sliding_->setInterval(kSlideMilliseconds);
+  connect(sliding_, &QTimer::timeout, this, [this] { slide(); });
+  sliding_->start();
   connect(export_, &QPushButton::clicked, this, [this] { askForExport(); });
   connect(&exportTimer_, &QTimer::timeout, this, [this] { followExport(); });
   connect(pages_, &QTabWidget::currentChanged, this, [this] { showPicture(); });
@@ -194,6 +200,13 @@ void ReceptionWindow::applyFilter() {
   const TimeSpan span = period();
   const QString radio = radio_->currentIndex() == 0 ? QString() : radio_->currentText();
   model_->setFilter({text_->text(), span.from, span.to, radio, recorded_->isChecked()});
+}
+
+/// "Last hour" and "Today" go on with the clock. Who reads further down isn't disturbed.
+void ReceptionWindow::slide() {
+  if (table_->isAtTop() && period().from != model_->filter().from) {
+    applyFilter();
+  }
 }
 
 void ReceptionWindow::showCount() {

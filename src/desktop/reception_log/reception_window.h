@@ -34,6 +34,7 @@ class ReceptionWindow : public DialogWindow {
   QLayout* makeFooter(shell::frmReceptionLog& form);
   void connectParts(shell::frmReceptionLog& form, platform::EventGate& gate);
   void applyFilter();
+  void slide();
   [[nodiscard]] TimeSpan period() const;
   void showCount();
   void showPicture();
@@ -58,6 +59,8 @@ class ReceptionWindow : public DialogWindow {
   QPushButton* export_ = nullptr;
   bool pictureStale_ = true;
   QTimer typing_;
+  /// Goes on with the clock.
+  QTimer* sliding_ = nullptr;
   QTimer exportTimer_;
   std::unique_ptr<CsvExport> exporting_;
   QPointer<QProgressDialog> progress_;
