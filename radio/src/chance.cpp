@@ -4,7 +4,7 @@
 
 namespace tarnvex::radio {
 
-// The distributions of the standard library differ from one library to the next.
+// Doesn't use the standard library's distributions, which differ between implementations.
 double Chance::fraction() {
   return static_cast<double>(random_() >> 11) / 9007199254740992.0;
 }

@@ -81,7 +81,7 @@ std::string answer(State& state, std::string_view line) {
   }
   for (const Command& command : commandsOf(state.model)) {
     if (!line.starts_with(command.pattern.substr(0, 2))) {
-      continue;  // most of them, and cheaply
+      continue;  // a cheap check that excludes most of them
     }
     if (matches(command.pattern, line)) {
       return command.answer(state, line);

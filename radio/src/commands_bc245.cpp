@@ -19,7 +19,8 @@ std::string trunkType(State& state, std::string_view) {
   return trunkTypeReply(state);
 }
 
-// A program that adds letters to an empty list sends them without a blank.
+// The list may come without a blank: programs send it that way after adding letters to an empty
+// list.
 std::string setScanGroups(State& state, std::string_view line) {
   std::array<bool, kGroups> groups{};
   for (const char letter : line.substr(2)) {

@@ -12,7 +12,7 @@ std::string signal(State& state, std::string_view) {
   return signalReply(state);
 }
 
-// CTCSS is in use if it is on and the active channel has a tone.
+// The tone squelch is in use if it is on and the active channel has a tone.
 std::string toneInUse(State& state, std::string_view) {
   const int channel = activeChannel(state);
   const bool used = channel != 0 && state.switches.ctcss && state.memory.channels[channel].tone > 0;

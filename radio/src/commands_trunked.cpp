@@ -17,7 +17,7 @@ Slot slotAt(Line line, std::size_t from) {
   return {line[from] - 'A', digit == 0 ? kSlots : digit};
 }
 
-// "NG" if no group in the scan holds an ID.
+// "NG" if no group in the scan has an ID.
 std::string scanGroups(State& state, Line) {
   const TrunkBank& bank = trunkBank(state);
   const auto isFull = [](const std::string& id) { return !id.empty(); };

@@ -18,7 +18,7 @@ std::string refuse(std::string_view why) {
   return "error: " + std::string(why) + '\n';
 }
 
-/// A control line in its parts.
+/// The parts of a control line.
 struct Request {
   Wire& wire;
   std::string_view rest;  ///< after the first word and its blank

@@ -96,7 +96,7 @@ std::string enterBank(State& state) {
   return kOk;
 }
 
-// A tone, a frequency or a channel.
+// Enters a tone, a frequency or a channel.
 std::string enterNumber(State& state, const std::string& text) {
   if (state.activity == Activity::ToneEntry) {
     return enterTone(state, text);

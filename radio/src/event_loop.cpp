@@ -33,7 +33,7 @@ void print(const std::string& text) {
   std::fflush(stdout);
 }
 
-/// Reads control lines from standard input and obeys them.
+/// Reads control lines from standard input and carries them out.
 class ControlInput {
  public:
   /// False at the end of input or after "quit".
@@ -73,7 +73,7 @@ void wait(std::array<pollfd, 3>& fds, std::optional<Instant> deadline) {
   }
 }
 
-/// Does what is due on the line and in the control input; false at the end of that input.
+/// Does what is due on the line and in the control input. False at the end of that input.
 bool serve(Wire& wire, const pollfd& line, const pollfd& control, ControlInput& input) {
   if ((line.revents & POLLIN) != 0) {
     wire.readable(clockNow());

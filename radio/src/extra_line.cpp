@@ -80,7 +80,8 @@ std::optional<ExtraLine> ExtraLine::parse(Words words) {
   return line;
 }
 
-/// How many of the words belong together, from the first; 0 if it isn't known.
+/// Takes the first word and those that belong to it. Returns their number, or 0 if the word is
+/// unknown.
 std::size_t ExtraLine::take(Words words) {
   const std::string& word = words[0];
   if (const auto place = named(kPlaces, word)) {

@@ -13,7 +13,7 @@ Instant LinePacer::spanOf(std::size_t count) const {
 }
 
 Instant LinePacer::arrive(Instant now, std::size_t count) {
-  // Bytes were delivered late, and this answers them: on a real line it would have come earlier.
+  // This answers bytes that were delivered late. On a real line it would have come earlier.
   const Instant begin = std::max(now - late_, inputFree_);
   late_ = Instant{0};
   inputFree_ = begin + spanOf(count);

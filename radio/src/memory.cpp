@@ -16,7 +16,7 @@ int number(std::string_view text) {
   return value;
 }
 
-// Sizes 12 to 14 also cover the blocks that follow.
+// Sizes 12 to 14 also cover the following blocks.
 bool isMapped(const TrunkBank& bank, int block) {
   for (int first = block; first >= 0; --first) {
     const int size = bank.blocks[first];

@@ -46,7 +46,7 @@ bool step(State& state, int by) {
   }
 }
 
-// What the hold key makes of an activity that runs.
+// The activity to which the hold key changes a running one.
 std::optional<Activity> heldFrom(Activity activity) {
   switch (activity) {
     case Activity::Scan:

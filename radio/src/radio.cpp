@@ -24,7 +24,7 @@ std::string Radio::exchange(std::string_view line) {
 }
 
 void Radio::advance(Millis ms) {
-  // In short steps, so that one long call gives the same as many short ones.
+  // In short steps, so that one long call has the same result as many short ones.
   constexpr Millis kStep = 10;
   for (Millis left = ms; left > 0; left -= kStep) {
     const Millis now = std::min(left, kStep);
@@ -71,7 +71,7 @@ void Radio::runScene() {
   }
 }
 
-// A search goes on from the frequency that was shown.
+// A search starts from the frequency that was shown.
 void Radio::engage(Activity activity) {
   const Frequency here = displayedFrequency(state_);
   if (activity == Activity::IdHold) {

@@ -11,7 +11,7 @@ std::string flag(char letter, bool on) {
   return {' ', letter, on ? 'N' : 'F'};
 }
 
-// The BC245XLT has no tone squelch of its own and says "NG" unless a tone was set over the line.
+// The BC245XLT has no tone squelch and answers "NG" unless a tone was set over the line.
 std::string toneField(const State& state, int tone) {
   return tone == 0 && state.model == Model::BC245XLT ? "NG" : digits(tone, 2);
 }

@@ -40,7 +40,7 @@ void garble(std::string& reply) {
   }
 }
 
-/// The amount at the front of the words, or the usual one; nothing if it makes no sense.
+/// Takes the amount from the front of the words, or uses the default. Nothing if it isn't valid.
 std::optional<std::int64_t> takeAmount(const Row& row, std::span<const std::string>& words) {
   if (!row.hasAmount) {
     return 0;

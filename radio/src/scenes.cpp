@@ -121,8 +121,8 @@ constexpr std::array kTourTraffic{
     station(1197000, 0, 24, 10500, 500, 20000),       // manual
 };
 
-// Weather and Auto each end in a manual step, which clears what they leave on a display. Auto comes
-// late, as a display may go on saying so.
+// Weather and Auto are each followed by a manual step, which clears what they leave on a display.
+// Auto comes late, since a display may go on showing it.
 constexpr std::array kTourSteps{
     Step{0, Activity::Scan},           Step{2200, Activity::Manual, 61},
     Step{2850, Activity::Search},      Step{4000, Activity::SearchHold},
@@ -134,8 +134,8 @@ constexpr std::array kTourSteps{
     Step{10450, Activity::Manual, 62}, Step{11150, Activity::Scan},
 };
 
-// With the usual delay, a scan would never leave a station that answers within it, and the tour
-// would be over before it had shown anything else.
+// With the usual delay, a scan would never leave a station that answers in time, and the tour would
+// be over before it had shown anything else.
 constexpr Millis kDelay = 2000, kDayDelay = 500, kShortDelay = 100;
 
 constexpr std::array kScenes{

@@ -17,7 +17,7 @@ Instant thinkOf(const LineOptions& options) {
 SerialLine::SerialLine(Radio& radio, const LineOptions& options, Instant now)
     : radio_(radio), pacer_(options.baud, thinkOf(options)), faults_(options.seed), lived_(now) {}
 
-// Whole milliseconds only; the rest is passed with the next ones.
+// Passes whole milliseconds. The rest is passed later.
 void SerialLine::passTime(Instant now) {
   const auto whole = std::chrono::duration_cast<std::chrono::milliseconds>(now - lived_);
   if (whole.count() <= 0) {

@@ -32,7 +32,7 @@ void goToBank(State& state, int bank) {
   state.channel = bank * kBankSize + 1;
 }
 
-// Another bank to follow, a group of the scan switched, or the first slot of a group.
+// Picks another bank to follow, switches a group of the scan, or goes to the first slot of a group.
 std::string chooseWhileFollowing(State& state, int bank) {
   if (state.bankKeyOpen) {
     state.trunkBank = bank;

@@ -17,7 +17,7 @@ bool scans(const State& state, int number) {
          !channel.trunked;
 }
 
-// The first channel in the scan that takes the transmission; 0 for none.
+// The first channel in the scan that fits the transmission. 0 if there is none.
 int scannedChannel(const State& state, const Transmission& transmission) {
   for (int number = 1; number <= kChannels; ++number) {
     const Channel& channel = state.memory.channels[number];
@@ -44,7 +44,7 @@ bool isOnChannel(const State& state, const Transmission& each) {
   return each.frequency == channel.frequency && toneFits(state, channel, each);
 }
 
-// Among the frequencies, for an activity that looks for them or stays on one.
+// Whether an activity that works on frequencies stops on the transmission.
 bool wantsFrequency(const State& state, const Transmission& each) {
   const bool fresh = each.serial != state.passed;
   switch (state.activity) {
@@ -67,7 +67,7 @@ bool wantsFrequency(const State& state, const Transmission& each) {
   }
 }
 
-// Among the talkgroups of the trunked bank.
+// Whether an activity that works on IDs stops on the transmission.
 bool wantsId(const State& state, const Transmission& each) {
   const bool fresh = each.serial != state.passed;
   switch (state.activity) {
@@ -146,8 +146,8 @@ bool callsOn(const State& state, const Transmission& each, int number) {
          each.serial != state.passed && toneFits(state, channel, each);
 }
 
-// Priority takes over only where a scan has stopped on a channel without priority. Looks at the ten
-// priority channels only, as this runs with every command.
+// Priority takes over only if a scan has stopped on a channel without priority. Looks only at the
+// ten priority channels, since this runs with every command.
 const Transmission* priorityCall(const State& state, const Air& air) {
   if (!state.switches.priority || state.activity != Activity::Scan || !state.stop) {
     return nullptr;
@@ -165,7 +165,7 @@ const Transmission* priorityCall(const State& state, const Air& air) {
   return nullptr;
 }
 
-// True while the receiver stays where it is.
+// Whether the receiver stays where it is.
 bool stays(State& state, const Air& air) {
   if (!state.stop) {
     return false;
@@ -187,7 +187,7 @@ bool stays(State& state, const Air& air) {
   return state.now < state.dwellUntil;
 }
 
-// A station that comes back on the frequency or ID of a delay is taken up at once.
+// Whether the transmission continues the stop, on the same frequency and ID.
 bool answersStop(const State& state, const Transmission& each) {
   return state.stop && each.frequency == state.stop->frequency && each.id == state.stop->id;
 }

@@ -11,7 +11,7 @@
 
 namespace tarnvex::radio {
 
-/// Milliseconds of the scene's clock.
+/// Milliseconds on the scene's clock.
 using Millis = std::int64_t;
 
 /// A station and how often it transmits: a row of a scene. A talkgroup has a bank letter and an ID
@@ -22,10 +22,10 @@ struct Source {
   std::string_view id;
   int tone = 0;
   int peak = 24;       ///< signal level, 16 to 26
-  int sway = 0;        ///< how far the peak is from that at most, by chance
-  Millis firstAt = 0;  ///< after the scene's start
+  int sway = 0;        ///< the most by which the peak varies at random
+  Millis firstAt = 0;  ///< counted from the scene's start
   Millis length = 2000;
-  Millis gap = 0;  ///< silence until the next transmission; 0: once only
+  Millis gap = 0;  ///< silence until the next transmission; 0 if there is only one
 };
 
 /// A station that is on the air for a while.
@@ -40,22 +40,23 @@ struct Transmission {
   Millis end = 0;
 };
 
-/// The level shown when nothing is received, and the level of a transmission: it rises, flutters
-/// and fades.
+/// The signal level when nothing is received, and that of a transmission, which rises, flutters and
+/// fades.
 constexpr int kNoiseLevel = 13;
 int levelAt(const Transmission& transmission, Millis now);
 
-/// All that is on the air. Deterministic: the same sources, seed and steps of time give the same
-/// transmissions.
+/// Everything that is on the air. Deterministic: the same sources, seed and steps of time give the
+/// same transmissions.
 class Air {
  public:
   explicit Air(std::uint64_t seed) : chance_(seed) {}
 
   /// Replaces all stations. Lengths and gaps vary by up to the fraction `jitter`.
   void play(std::span<const Source> sources, double jitter, Millis now);
-  /// A transmission from outside any scene, starting now.
+  /// Adds a transmission that isn't part of a scene, starting now.
   void transmit(Transmission transmission, Millis length, Millis now);
-  /// Up to now, with so much traffic: at 0.5, the gaps between transmissions take twice as long.
+  /// Lets time pass until `now`. At a traffic of 0.5, the gaps between transmissions are twice as
+  /// long.
   void advance(Millis now, double traffic = 1);
   [[nodiscard]] const std::vector<Transmission>& active() const { return active_; }
 
@@ -70,7 +71,7 @@ class Air {
   Chance chance_;
   double jitter_ = 0;
   Millis now_ = 0;
-  double trafficClock_ = 0;  ///< runs as fast as there is traffic
+  double trafficClock_ = 0;  ///< its speed is proportional to the traffic
   std::uint64_t serial_ = 0;
   std::vector<Station> stations_;
   std::vector<Transmission> active_;

@@ -7,8 +7,8 @@
 
 namespace tarnvex::radio {
 
-/// A channel of the memory that a new radio has. The demo plan (demo_plan.h) is written from the
-/// same tables, so that plan and radio agree channel by channel.
+/// A channel in the memory of a new radio. The demo plan (demo_plan.h) is written from the same
+/// tables, so that plan and radio agree.
 struct BuiltInChannel {
   int number;
   Frequency frequency;
@@ -19,7 +19,7 @@ struct BuiltInChannel {
   std::string_view tag;
 };
 
-/// A talkgroup of that memory.
+/// A talkgroup in that memory.
 struct BuiltInTalkgroup {
   char bank;
   char group;
@@ -33,12 +33,12 @@ std::span<const BuiltInChannel> builtInChannels();
 std::span<const BuiltInTalkgroup> builtInTalkgroups();
 
 /// The memory of a new radio. Bank B holds a Motorola Type 2 system, bank H an EDACS system; one
-/// frequency and one ID of bank B are locked out, and channel 1 is a priority channel, as the first
-/// of every bank.
+/// frequency and one ID of bank B are locked out, and the first channel of every bank is its
+/// priority channel.
 Memory builtInMemory();
 
-/// The frequencies that the trunked system of a bank uses for its talkgroups; none without a
-/// system.
+/// The frequencies that the trunked system of a bank uses for its talkgroups. Empty if the bank has
+/// no system.
 std::span<const Frequency> voiceChannels(char bank);
 
 }  // namespace tarnvex::radio

@@ -9,12 +9,12 @@
 
 namespace tarnvex::radio {
 
-/// Random numbers from a seed, the same on every machine.
+/// Random numbers from a seed, which are the same on every machine.
 class Chance {
  public:
   explicit Chance(std::uint64_t seed) : random_(seed) {}
 
-  /// 0 to 1, 1 not included.
+  /// From 0 up to, but not including, 1.
   [[nodiscard]] double fraction();
   /// 0 to `count` - 1.
   [[nodiscard]] std::size_t below(std::size_t count);
@@ -23,10 +23,10 @@ class Chance {
   std::mt19937_64 random_;
 };
 
-/// How often a fault strikes: the next few times, or one time in N until it is cleared.
+/// When a fault occurs: the next few times, or one time in N until it is cleared.
 class Occasion {
  public:
-  /// Reads "" (once), "N" (the next N times) or "every N" (one time in N, by chance). Nothing for
+  /// Reads "" (once), "N" (the next N times) or "every N" (one time in N, at random). Nothing for
   /// any other words.
   static std::optional<Occasion> parse(std::span<const std::string> words);
 

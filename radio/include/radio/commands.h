@@ -10,9 +10,9 @@
 
 namespace tarnvex::radio {
 
-/// One form of a command line. Pattern: '#' a digit, '@' a bank letter A to J, '*' any rest (last
-/// character of the pattern), everything else itself; the first two characters are themselves.
-/// `answer` gets the whole line and returns the reply without its final CR.
+/// One form of a command line. In the pattern '#' stands for a digit, '@' for a bank letter A to J,
+/// and '*' at the end for any text. All other characters, and the first two in any case, stand for
+/// themselves. `answer` gets the whole line and returns the reply without its final CR.
 struct Command {
   std::string_view pattern;
   std::string (*answer)(State& state, std::string_view line);
@@ -20,10 +20,10 @@ struct Command {
 
 bool matches(std::string_view pattern, std::string_view line);
 
-/// All commands of a model, keys included. The first match counts.
+/// All commands of a model, including its keys. The first match counts.
 const std::vector<Command>& commandsOf(Model model);
 
-/// The tables that commandsOf() puts together.
+/// The tables from which commandsOf() is put together.
 std::span<const Command> commonCommands();
 std::span<const Command> trunkedCommands();
 std::span<const Command> bc895Commands();
@@ -33,7 +33,7 @@ std::span<const Command> bc895Keys();
 std::span<const Command> bc245Keys();
 
 /// A switch with three commands: the bare word reads it, the word followed by `on` or `off` sets
-/// it. Every reply is the word followed by the letter of the switch's state.
+/// it. The reply is always the word followed by the letter of the switch's state.
 struct Switch {
   std::string_view word;
   char on;
@@ -43,12 +43,12 @@ struct Switch {
 std::span<const Switch> bc895Switches();
 std::span<const Switch> bc245Switches();
 
-/// The number in `count` characters from index `from`, 0 if there is none.
+/// The number in `count` characters from index `from` on. 0 if there is none.
 int numberAt(std::string_view line, std::size_t from, std::size_t count);
-/// "AC" for the first and the third.
+/// The letters of the banks that are set: "AC" for the first and the third.
 std::string letters(const std::array<bool, kBanks>& banks);
 
-/// The reply to any line; "ERR" to one that isn't a command of the model.
+/// The reply to any line. "ERR" if it isn't a command of the model.
 std::string answer(State& state, std::string_view line);
 
 inline const std::string kOk = "OK";

@@ -7,8 +7,8 @@
 
 namespace tarnvex::radio {
 
-/// Steers a running radio by a line of text: its scenes and modes, its line, and all the faults of
-/// faults.h. controlHelp() lists the words. Returns what to print, ended by a line "ok" or
+/// Controls a running radio with a line of text: its scenes and modes, its line, and all the faults
+/// of faults.h. controlHelp() lists the words. Returns what to print, ended by a line "ok" or
 /// "error: ..."; sets `quit` for "quit". "replug" prints "ready PATH" before its "ok".
 std::string control(Wire& wire, std::string_view line, Instant now, bool& quit);
 

@@ -11,7 +11,7 @@ Instant clockNow();
 void holdSignals();
 
 /// Asks the system to wake this program before others, so that the line keeps its speed on a busy
-/// computer. Has no effect for users without that right.
+/// computer. Has no effect for users without the necessary permission.
 void preferTiming();
 
 /// Prints "ready PATH", then runs the wire until a signal, "quit" or, with `control`, the end of

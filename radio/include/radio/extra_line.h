@@ -12,27 +12,28 @@
 
 namespace tarnvex::radio {
 
-/// A line that nobody asked for, sent around a reply. As text, with the words in any order:
+/// A line that nobody asked for, sent before or after a reply. It is described by these words, in
+/// any order:
 ///
 ///   WHAT    id              the line that the radio streams in its ID modes
 ///           stream          the same, but only while "IDN" is in effect
 ///           echo            the command itself
 ///           copy            the reply to this command
-///           previous        the reply to the last command that was another one
+///           previous        the reply to the last different command
 ///           noise           2 to 10 random bytes and a CR
 ///           flood [BYTES]   random letters without a CR, 65536 unless a number is given
-///           text TEXT       TEXT; the last words of the line
-///   WHERE   before          between the command and its reply; this is the default
+///           text TEXT       TEXT; must come last
+///   WHERE   before          between the command and its reply (the default)
 ///           after           directly after the reply, where it meets the next command
-///           late MS         that long after the command, whatever is on the line then
-///           anywhere        one of the three, by chance; late is 5 to 60 ms
+///           late MS         MS after the command, whatever is on the line then
+///           anywhere        one of the three, at random; late is 5 to 60 ms
 ///   HOW     joined          in one piece with the reply
 ///           cut             without its CR
 ///           8bit            with the top bit of every character set
-///           slow            one byte each 20 ms
+///           slow            one byte every 20 ms
 ///   WHEN    (nothing)       once
 ///           N               with each of the next N replies
-///           every N         with one reply in N, by chance
+///           every N         with one reply in N, at random
 class ExtraLine {
  public:
   enum class What { Id, Stream, Echo, Copy, Previous, Noise, Flood, Text };
@@ -42,8 +43,8 @@ class ExtraLine {
   static std::optional<ExtraLine> parse(std::span<const std::string> words);
 
   [[nodiscard]] bool isOver() const { return occasion_.isOver(); }
-  /// Adds the line to the parts of a reply if it is due. `previous` is a reply with its CR, or
-  /// empty.
+  /// Adds the line to the parts of a reply if it is due. `previous` is the reply to the last
+  /// different command, with its CR, or empty.
   void join(std::vector<OutgoingPart>& parts, const Exchange& exchange, std::string_view previous,
             Chance& chance);
 

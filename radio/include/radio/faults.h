@@ -12,21 +12,21 @@
 
 namespace tarnvex::radio {
 
-/// What goes wrong on the line from the radio to the program, on demand. SerialLine (serial_line.h)
-/// passes every exchange through it. All chance comes from the seed: the same faults, set at the
+/// Faults of the line from the radio to the program, on demand. SerialLine (serial_line.h) passes
+/// every exchange through it. Everything random comes from the seed: the same faults, set at the
 /// same exchanges, spoil the same bytes.
 ///
 /// Faults of the replies themselves:
 ///   delay MS, cut N, ...      see ReplyFaults
-/// Lines that nobody asked for:
-///   extra WHAT ...            see ExtraLine; several can be in effect
+/// Lines that nobody asked for (several can be in effect):
+///   extra WHAT ...            see ExtraLine
 ///   stream N                  "extra stream anywhere every N"
 /// The line as a whole:
 ///   noise PERCENT [lost|doubled|changed]
-///                             that share of all bytes is spoilt in that way, or in one of the
-///                             three; 0 ends it
+///                             spoils that share of all bytes in this way, or in one of the three;
+///                             0 ends it
 ///   silence on|off            nothing is sent at all
-///   silence after N           the same, after N more replies
+///   silence after N           nothing more is sent after N replies
 class Faults {
  public:
   explicit Faults(std::uint64_t seed = 1) : seed_(seed), chance_(seed) {}
@@ -36,9 +36,9 @@ class Faults {
   static bool isFault(std::string_view word);
   void clear() { *this = Faults(seed_); }
 
-  /// What an exchange puts on the line, in the order in which it is queued; empty if nothing.
+  /// What an exchange puts on the line, in the order in which it is queued. May be empty.
   std::vector<OutgoingPart> apply(const Exchange& exchange);
-  /// Bytes that the radio sends by itself, with the noise of the line.
+  /// Adds the line's noise to bytes that the radio sends by itself.
   std::string noisy(std::string bytes);
   [[nodiscard]] bool isSilent() const { return silent_; }
 
@@ -65,7 +65,7 @@ class Faults {
   Noise noiseKind_ = Noise::Any;
   std::string lastCommand_;
   std::string lastReply_;
-  std::string previous_;  ///< the reply to the last command that wasn't this one
+  std::string previous_;  ///< the reply to the last different command
 };
 
 }  // namespace tarnvex::radio

@@ -12,14 +12,14 @@ namespace tarnvex::radio {
 /// Writes each line of both directions, with the seconds since the first one:
 ///     0.016604 > MD<CR>
 ///     0.031225 < MD00<CR>
-/// '>' goes to the radio. Bytes that don't print are shown as "<FE>".
+/// '>' goes to the radio. Unprintable bytes are shown as "<FE>".
 class LineLog {
  public:
   /// "-" is standard error. False if the file can't be written.
   bool open(const std::string& path);
   [[nodiscard]] bool isOpen() const { return file_ != nullptr; }
 
-  /// Takes any bytes; a line is written with the time at which its CR came.
+  /// Take any bytes. A line is written with the time at which its CR came.
   void toRadio(std::string_view bytes, Instant now) { add('>', toRadio_, bytes, now); }
   void fromRadio(std::string_view bytes, Instant now) { add('<', fromRadio_, bytes, now); }
   void note(std::string_view text, Instant now) { write('#', text, now); }

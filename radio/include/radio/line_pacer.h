@@ -13,10 +13,10 @@ namespace tarnvex::radio {
 using Instant = std::chrono::nanoseconds;
 
 /// Works out when the bytes on a serial line arrive. A byte takes ten bits, the two directions are
-/// independent, and the radio thinks for a while between the last byte of a command and the first
-/// of its reply. All times are deadlines on one clock, so that errors don't add up: when bytes were
-/// delivered late, the next command counts as sent earlier by that much. With a baud rate of 0
-/// bytes take no time.
+/// independent, and the radio needs thinking time between the last byte of a command and the first
+/// of its reply. All times are deadlines on one clock, so that errors don't add up: if bytes were
+/// delivered late, the next command counts as sent earlier by that much. At a baud rate of 0, bytes
+/// take no time.
 ///
 /// Reads no clock: the caller passes the time.
 class LinePacer {
@@ -28,13 +28,13 @@ class LinePacer {
   [[nodiscard]] int baud() const { return baud_; }
   [[nodiscard]] Instant think() const { return think_; }
 
-  /// `count` bytes were taken from the sender at `now`; returns when the last one has come in.
+  /// `count` bytes were taken from the sender at `now`. Returns when the last one arrives.
   Instant arrive(Instant now, std::size_t count);
 
-  /// Queues a reply to what has arrived at `ready`. It comes out in pieces of a few bytes, or, if
-  /// `whole`, in one piece when its last byte is due.
+  /// Queues a reply to a command that has arrived at `ready`. It comes out in pieces of a few
+  /// bytes, or, with `whole`, in one piece when its last byte is due.
   void reply(std::string_view bytes, Instant ready, bool whole = false);
-  /// Queues bytes that are no reply, so without thinking time.
+  /// Queues bytes that aren't a reply, so there is no thinking time.
   void send(std::string_view bytes, Instant from, bool whole = false);
 
   [[nodiscard]] std::optional<Instant> nextDue() const;

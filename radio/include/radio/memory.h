@@ -23,7 +23,7 @@ constexpr std::size_t kLockedIdLimit = 100;
 /// The CTCSS tones by the radio's tone number; 0 and 39 are blank.
 extern const std::array<std::string_view, kLastTone + 1> kTones;
 
-/// A stored channel. One that was never used or is cleared is locked out.
+/// A stored channel. An unused or cleared one is locked out.
 struct Channel {
   Frequency frequency = 0;
   bool trunked = false;
@@ -35,10 +35,10 @@ struct Channel {
   bool operator==(const Channel&) const = default;
 };
 
-/// Values are the digits of the `TR` command.
+/// The types of trunked systems. Their values are the digits of the `TR` command.
 enum class SystemType { Type1 = 1, Type2At800, Type2At900, Type2Uhf, Type2Vhf, Edacs };
 
-/// "TYPE1", "E2-800" ... as in a `TB` reply.
+/// "TYPE1", "E2-800" and so on, as in a `TB` reply.
 std::string_view wordOf(SystemType type);
 
 /// The trunked system of a bank. IDs are six characters ("001616", "01-157"), empty text for none.
@@ -54,7 +54,7 @@ struct TrunkBank {
 };
 constexpr int kUnmapped = -1;
 
-/// All that a radio stores: channels, trunked banks, priority channels and lockouts.
+/// Everything that a radio stores: channels, trunked banks, priority channels and lockouts.
 struct Memory {
   std::array<Channel, kChannels + 1> channels;  ///< 1 to 300; 0 unused
   std::array<TrunkBank, kBanks> banks;
@@ -67,12 +67,12 @@ struct Memory {
 int bankOf(int channel);
 /// True if any channel of the bank is a frequency of a trunked system.
 bool hasTrunkedChannel(const Memory& memory, int bank);
-/// The lowest trunked channel's frequency (the control channel), 0 if there is none.
+/// The lowest trunked channel's frequency (the control channel). 0 if there is none.
 Frequency controlChannel(const Memory& memory, int bank);
 /// True for the bands that the radios receive: 29-54, 108-174, 216-512, 806-956 MHz.
 bool receivable(Frequency frequency);
-/// Whether a bank of this type takes the ID (all zeros aside). Plain numbers to 65535, EDACS to
-/// 2047; "AA-FFS" on EDACS; "BFF-SS" on Type 1 where the fleet map covers block B.
+/// Whether the bank takes the ID, apart from all zeros. It takes plain numbers up to 65535, on
+/// EDACS up to 2047; "AA-FFS" on EDACS; and "BFF-SS" on Type 1 if the fleet map covers block B.
 bool takesId(const TrunkBank& bank, std::string_view id);
 /// The form in which an ID is stored: a plain number padded to six digits, a dashed one unchanged.
 /// Empty if the text is neither.

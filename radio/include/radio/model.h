@@ -12,8 +12,8 @@ enum class Model { BC895XLT, BC245XLT };
 /// The kinds of trunked systems that the BC245XLT's mode codes distinguish.
 enum class Family { Motorola, Edacs };
 
-/// What a radio is doing. This, the model and, on the BC245XLT, the family of the trunked bank in
-/// use give its mode code (`MD` reply).
+/// What a radio is doing. The mode code (the `MD` reply) depends on this, on the model and, on the
+/// BC245XLT, on the family of the trunked bank in use.
 enum class Activity {
   Scan,
   Manual,
@@ -22,7 +22,7 @@ enum class Activity {
   SearchHold,
   Weather,  ///< the BC245XLT's service search
   WeatherHold,
-  Auto,         ///< search that stores new frequencies in bank J
+  Auto,         ///< a search that stores new frequencies in bank J
   TrunkSearch,  ///< looking for a control channel
   TrunkSearchHold,
   SelectBank,    ///< trunk programming: bank and system type
@@ -37,10 +37,10 @@ enum class Activity {
 /// The four characters of the `MD` reply; empty if the model has no such activity.
 std::string_view modeCode(Model model, Activity activity, Family family);
 
-/// The reverse. A code of two activities gives the more common one.
+/// The reverse. For a code of two activities, the more common one.
 std::optional<std::pair<Activity, Family>> activityOf(Model model, std::string_view code);
 
-/// "bc895" or "bc245", as the control lines and the command line spell it.
+/// The model for "bc895" or "bc245", its name in control lines and on the command line.
 std::optional<Model> modelNamed(std::string_view name);
 std::string_view nameOf(Model model);
 std::string_view nameOf(Activity activity);
@@ -49,10 +49,11 @@ std::string_view nameOf(Activity activity);
 bool followsIds(Activity activity);
 /// True in the two steps of trunk programming.
 bool programsTrunk(Activity activity);
-/// True in the conventional searches, weather included.
+/// True in the conventional searches, including weather.
 bool searches(Activity activity);
 
-/// ID groups ("scan lists") of a bank: A to E on the BC895XLT, A to J on the BC245XLT.
+/// The number of ID groups ("scan lists") in a bank: A to E on the BC895XLT, A to J on the
+/// BC245XLT.
 int groupsOf(Model model);
 
 }  // namespace tarnvex::radio

@@ -2,8 +2,8 @@
 
 namespace tarnvex::radio {
 
-/// Base of what can be neither copied nor moved: it holds something of the machine, or others hold
-/// references to it.
+/// Base of classes that can be neither copied nor moved, because they own a system resource or
+/// because others hold references to them.
 class NonCopyable {
  public:
   NonCopyable(const NonCopyable&) = delete;

@@ -14,13 +14,13 @@ namespace tarnvex::radio {
 struct Options {
   Model model = Model::BC895XLT;
   std::string scene = "city";
-  std::string mode;  ///< empty: scan
+  std::string mode;  ///< empty for a scan
   std::uint64_t seed = 1;
   double tempo = 1;
   bool control = false;
   bool help = false;
   std::vector<std::string> faults;  ///< lines for Faults::set()
-  std::string writePlan;            ///< write the demo plan to this file, and end
+  std::string writePlan;            ///< if not empty, write the demo plan to this file and end
   WireOptions wire;
 };
 
@@ -29,7 +29,7 @@ Options parseOptions(const std::vector<std::string>& arguments);
 
 std::string_view usage();
 
-/// A whole number or a decimal, or nothing if the text is anything else.
+/// The number, whole or decimal. Nothing for any other text.
 std::optional<double> parseNumber(std::string_view text);
 
 }  // namespace tarnvex::radio

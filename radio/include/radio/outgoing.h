@@ -7,12 +7,12 @@
 
 namespace tarnvex::radio {
 
-/// Bytes on their way to the program, as one of the things that an exchange puts on the line.
+/// Bytes on their way to the program: one of the things that an exchange puts on the line.
 struct OutgoingPart {
   enum class Timing {
     Reply,   ///< after the radio's thinking time
-    AtOnce,  ///< as soon as the command has come and what is queued before it has gone
-    Apart,   ///< at its own time, without holding up the replies to later commands
+    AtOnce,  ///< after the command and everything that is already queued
+    Apart,   ///< at its own time, without delaying the replies to later commands
   };
   std::string bytes;
   Instant delay{};     ///< counted from the command's last byte
@@ -28,9 +28,9 @@ struct Exchange {
   bool streaming = false;  ///< "IDN" is in effect
 };
 
-/// The same bytes with every top bit but that of a CR set.
+/// The bytes with their top bits set, except in a CR.
 std::string withTopBits(std::string bytes);
-/// Each byte of the part as a part of its own, 20 ms apart.
+/// The part's bytes as separate parts, 20 ms apart.
 std::vector<OutgoingPart> slowly(const OutgoingPart& part);
 
 }  // namespace tarnvex::radio

@@ -8,8 +8,8 @@
 namespace tarnvex::radio {
 
 /// The radio's end of a pseudo terminal. The other end, at path(), is what a program opens as its
-/// serial port. It is raw and starts at the given baud rate. It is kept open here too, so that it
-/// doesn't hang up when the program closes it.
+/// serial port. It is raw and starts at the given baud rate. This class keeps the other end open,
+/// too, so that it doesn't hang up when the program closes it.
 class PseudoTerminal : private NonCopyable {
  public:
   /// Throws std::system_error.
@@ -19,11 +19,11 @@ class PseudoTerminal : private NonCopyable {
   [[nodiscard]] int fd() const { return master_; }
   [[nodiscard]] const std::string& path() const { return path_; }
 
-  /// The baud rate that the other end is set to; nothing for a rate without a number.
+  /// The baud rate of the other end. Nothing if it isn't one of the usual rates.
   [[nodiscard]] std::optional<int> baud() const;
-  /// What has come in, up to a few thousand bytes; empty if nothing has.
+  /// The bytes that have arrived, up to a few thousand. Empty if there are none.
   std::string read();
-  /// Bytes that nobody fetches are lost, as on a line without flow control.
+  /// Bytes that nobody reads are lost, as on a line without flow control.
   void write(const std::string& bytes);
 
  private:
@@ -35,13 +35,13 @@ class PseudoTerminal : private NonCopyable {
 /// A symbolic link with a fixed name to the terminal, whose own name changes.
 class StableLink : private NonCopyable {
  public:
-  /// Empty path: no link.
+  /// With an empty path there is no link.
   explicit StableLink(std::string path) : path_(std::move(path)) {}
   ~StableLink() { remove(); }
 
   /// Replaces the link in one step. Throws std::system_error.
   void pointTo(const std::string& target);
-  /// Takes the link away, unless it has come to point elsewhere.
+  /// Removes the link, unless it points elsewhere by now.
   void remove();
 
  private:

@@ -12,8 +12,8 @@
 
 namespace tarnvex::radio {
 
-/// A simulated radio without a line: commands in, replies out, and time passes when the caller says
-/// so. It starts in a scan, in the scene "quiet". Reads no clock and no file.
+/// A simulated radio without a line: it takes commands and returns replies, and time passes when
+/// the caller says so. It starts in a scan, in the scene "quiet". Reads no clock and no file.
 ///
 ///   Radio radio(Model::BC895XLT);
 ///   radio.playScene("steady");
@@ -23,23 +23,23 @@ class Radio {
  public:
   explicit Radio(Model model = Model::BC895XLT, std::uint64_t seed = 1);
 
-  /// `line` without its CR. The reply is without its final CR; listings hold inner CRs. An empty
-  /// line is "ERR", like anything unknown.
+  /// Returns the reply to `line`, both without their final CR. Listings have inner CRs. The reply
+  /// to an empty or unknown line is "ERR".
   std::string exchange(std::string_view line);
 
-  /// Lets time pass, in milliseconds. Scenes run `tempo` times as fast, or, where a scene has a
-  /// clock, that clock does; streaming keeps its pace.
+  /// Lets time pass. A scene runs `tempo` times as fast; if it has a clock, only the clock does.
+  /// Streaming keeps its pace.
   void advance(Millis ms);
 
-  /// Takes the lines that the radio has sent by itself: while streaming is on, one after
-  /// kStreamQuiet without a command, then one each kStreamPeriod.
+  /// Takes the lines that the radio has sent by itself. While streaming is on, that is one after
+  /// kStreamQuiet without a command, and then one every kStreamPeriod.
   std::vector<std::string> unsolicited();
-  /// Milliseconds until the next such line, if one is to come.
+  /// Milliseconds until the next such line, if there will be one.
   [[nodiscard]] std::optional<Millis> nextLineIn() const;
   static constexpr Millis kStreamQuiet = 30;
   static constexpr Millis kStreamPeriod = 100;
 
-  /// False if there is no such scene, mode, channel or ID; nothing changes then.
+  /// The next four return false and change nothing if there is no such scene, mode, channel or ID.
   bool playScene(std::string_view name);
   bool setMode(std::string_view code);
   bool receive(int channel, Millis length);
@@ -51,7 +51,7 @@ class Radio {
   [[nodiscard]] const State& state() const { return state_; }
   State& state() { return state_; }
   [[nodiscard]] std::string_view scene() const { return scene_->name; }
-  /// The scene's time of day, 0 to 23; nothing for a scene without a clock.
+  /// The hour of the scene's day, 0 to 23. Nothing for a scene without a clock.
   [[nodiscard]] std::optional<int> hour() const;
 
  private:
@@ -65,7 +65,7 @@ class Radio {
   State state_;
   Air air_;
   double tempo_ = 1;
-  double owed_ = 0;  ///< scene time that is less than a millisecond
+  double owed_ = 0;  ///< scene time of less than a millisecond, still to be passed
   Millis clock_ = 0;
   Millis lineDue_ = 0;
   double day_ = 0;  ///< milliseconds on the scene's own clock, since it began

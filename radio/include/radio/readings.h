@@ -4,19 +4,19 @@
 
 namespace tarnvex::radio {
 
-/// What a radio reports about itself. tuning.h decides what it hears.
+/// What a radio reports about itself. What it hears is decided in tuning.h.
 
-/// As in an `SG` reply.
+/// The signal level of an `SG` reply.
 int signalLevel(const State& state);
-/// Where the receiver is: at the stop, else at the frequency of the channel, of the search or of
+/// Where the receiver is: on the frequency of the stop, or otherwise of the channel, the search or
 /// the control channel.
 Frequency displayedFrequency(const State& state);
-/// The channel that `MA` reports: the one that a scan has stopped on, or the manual one. 0 for
-/// none.
+/// The channel that `MA` reports: the one on which a scan has stopped, or the manual one. 0 if
+/// there is none.
 int activeChannel(const State& state);
-/// The ID that is heard, held or selected; empty for none.
+/// The ID that is heard, held or selected. Empty if there is none.
 std::string activeId(const State& state);
-/// The slot that holds `activeId`, if one does.
+/// The slot that holds `activeId`, if any.
 std::optional<Slot> activeSlot(const State& state);
 /// The first slot with that ID in the first `groups` groups of a bank.
 std::optional<Slot> slotOf(const TrunkBank& bank, std::string_view id, int groups);
@@ -24,7 +24,7 @@ std::optional<Slot> slotOf(const TrunkBank& bank, std::string_view id, int group
 bool isSkipped(const State& state, Frequency frequency);
 bool isLockedId(const State& state, std::string_view id);
 
-/// The delay switch of the trunked bank, the search or the channel, whichever is in use; null if
+/// The delay switch of the trunked bank, the search or the channel, whichever is in use. Null if
 /// none is.
 bool* delaySwitch(State& state);
 

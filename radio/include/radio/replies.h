@@ -24,10 +24,10 @@ std::string slotReply(const State& state, Slot slot);
 std::string identityReply();
 /// "TB B E2-800": bank letter 4, system type from 6.
 std::string trunkTypeReply(const State& state);
-/// What `IDN` is answered with. BC895XLT in ID search: the ID at 9-14, or a text with an "E" for
-/// none. It holds no bank letter, which could be an "E".
+/// The answer to `IDN`. On a BC895XLT in ID search it has the ID at 9-14, or is a text with an "E"
+/// if there is none. It has no bank letter, which could be an "E".
 std::string streamingReply(const State& state);
-/// A line sent unasked: "ID S 001616" (state at 4, ID at 6-11), or "ID E" for no ID.
+/// A streamed line: "ID S 001616" (state at 4, ID at 6-11), or "ID E" if there is no ID.
 std::string streamedLine(const State& state);
 /// Whether lines are streamed in this activity: BC895XLT ID hold, BC245XLT ID search and hold.
 bool streamsLines(const State& state);

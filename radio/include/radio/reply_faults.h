@@ -13,23 +13,23 @@
 
 namespace tarnvex::radio {
 
-/// What goes wrong with the replies themselves. One fault of each kind can be in effect; they add
-/// up in this order. WHEN is nothing (the next reply), N (the next N replies) or "every N" (one
-/// reply in N, by chance):
-///   wrong-length [N [WHEN]]   the text is N characters longer (less than 0: shorter); default -3
-///   garble [WHEN]             every third character is another one
+/// Faults of the replies themselves. One of each kind can be in effect; they are applied in this
+/// order. WHEN is nothing (the next reply), N (the next N replies) or "every N" (one reply in N, at
+/// random):
+///   wrong-length [N [WHEN]]   the text is N characters longer, or shorter if N is negative (-3)
+///   garble [WHEN]             every third character is replaced by another
 ///   8bit [WHEN]               the top bit of every character but CR is set
 ///   cut N [WHEN]              the CR and the N characters before it are missing
 ///   delay MS [WHEN]           the reply is MS late
 ///   join [WHEN]               the reply comes twice, in one piece
 ///   split [WHEN]              the reply comes in two halves, 50 ms apart
-///   slow [WHEN]               the reply comes one byte each 20 ms
+///   slow [WHEN]               the reply comes one byte every 20 ms
 class ReplyFaults {
  public:
   static bool isFault(std::string_view word);
-  /// False if the first word isn't a fault or the others make no sense; nothing changes then.
+  /// Returns false and changes nothing if the first word isn't a fault or the others aren't valid.
   bool set(std::span<const std::string> words);
-  /// What is sent in place of a reply, which ends with CR.
+  /// What is sent instead of `reply`, which ends with CR.
   std::vector<OutgoingPart> apply(std::string reply, Chance& chance);
 
  private:
@@ -39,7 +39,7 @@ class ReplyFaults {
     Occasion occasion;
   };
 
-  /// The amount of a fault if it strikes this reply.
+  /// The amount of a fault if it is to affect this reply.
   std::optional<std::int64_t> strike(Kind kind, Chance& chance);
   void spoil(std::string& reply, Chance& chance);
 

@@ -16,14 +16,15 @@ namespace tarnvex::radio {
 /// The properties of a serial line.
 struct LineOptions {
   int baud = 9600;  ///< 0: bytes take no time
-  /// From a command to its reply. Unset: 3 ms on a paced line, nothing on an unpaced one.
+  /// The time from a command to its reply. If unset, 3 ms on a paced line and none on an unpaced
+  /// one.
   std::optional<Instant> think{};
-  std::uint64_t seed = 1;  ///< of the faults
+  std::uint64_t seed = 1;  ///< for the faults
 };
 
 /// A radio at the end of a serial line, without a terminal: bytes in, bytes out, with the speed of
-/// the line and its faults. Commands end with CR; LF is ignored. Wire puts a terminal on it; a test
-/// can use it directly, on a clock of its own. Reads no clock:
+/// the line and its faults. Commands end with CR; LF is ignored. Wire adds a terminal; a test can
+/// use it directly. It doesn't read a clock:
 ///
 ///   SerialLine line(radio, {.baud = 9600}, now);
 ///   line.faults().set("extra id before every 3");
@@ -33,10 +34,10 @@ struct LineOptions {
 ///     received += line.fromRadio(now);          // what has come to the program by `now`
 ///   }
 ///
-/// While the radio streams ID lines there is always a deadline, for the next of them.
+/// While the radio streams ID lines, there is always a deadline for the next one.
 ///
-/// An empty line is a command like any other and is answered "ERR"; if it follows a command
-/// directly (a doubled CR), both replies come in one piece, as they would through the buffer of an
+/// An empty line is a command like any other and is answered by "ERR". If it directly follows a
+/// command (a doubled CR), both replies come in one piece, as they would through the buffer of an
 /// adapter.
 class SerialLine : private NonCopyable {
  public:
@@ -44,16 +45,17 @@ class SerialLine : private NonCopyable {
 
   void toRadio(std::string_view bytes, Instant now);
   std::string fromRadio(Instant now);
-  /// When fromRadio() has something to do next, at the earliest now; nothing if that is never.
+  /// When fromRadio() has something to do next, which is never before `now`. Nothing if it has
+  /// nothing to do.
   [[nodiscard]] std::optional<Instant> deadline(Instant now) const;
 
-  /// A line that nobody asked for, sent now.
+  /// Sends a line now that nobody asked for.
   void stray(std::string_view text, Instant now);
-  /// Drops the half of a command that has come.
+  /// Drops an unfinished command.
   void dropInput() { input_.clear(); }
-  /// Drops all that is under way, as when the cable is pulled.
+  /// Drops everything that is on its way, as when the cable is pulled.
   void dropAll();
-  /// Lets the radio live until now.
+  /// Lets the radio's time pass until `now`.
   void passTime(Instant now);
 
   void setBaud(int baud) { pacer_.setBaud(baud); }
@@ -71,15 +73,15 @@ class SerialLine : private NonCopyable {
   void answer(Instant arrived, Burst& burst);
   void queue(const OutgoingPart& part, Instant arrived);
   void flush(Burst& burst);
-  /// Queues the lines of apart_ whose time comes by then.
+  /// Queues the lines of apart_ that are due by `until`.
   void sendApart(Instant until);
 
   Radio& radio_;
   LinePacer pacer_;
   Faults faults_;
-  std::multimap<Instant, std::string> apart_;  ///< lines that come at their own time
+  std::multimap<Instant, std::string> apart_;  ///< lines that are sent at their own time
   std::string input_;
-  Instant lived_;  ///< the radio's time has been passed up to here
+  Instant lived_;  ///< the radio's time has passed up to here
 };
 
 }  // namespace tarnvex::radio

@@ -32,7 +32,7 @@ struct Slot {
   int number = 1;  ///< 1 to 10
 };
 
-/// Digits keyed and not yet entered.
+/// What has been keyed and not yet entered.
 struct Entry {
   enum class Limit { None, Lower, Upper };
   std::string text;
@@ -40,8 +40,8 @@ struct Entry {
   std::optional<Slot> slot;   ///< chosen by "IC"; without one, a keyed ID goes to State::slot
 };
 
-/// Everything a radio knows, as plain data. commands.h and the headers of the keys say what changes
-/// it, tuning.h what it hears, readings.h what it tells.
+/// Everything a radio knows, as plain data. See commands.h and the headers of the keys for what
+/// changes it, tuning.h for what it hears, and readings.h for what it reports.
 struct State {
   explicit State(Model model);
 
@@ -58,19 +58,20 @@ struct State {
   Frequency lower = 0;
   Frequency upper = 0;
   Frequency step = 50;
-  Frequency searchAt = 0;  ///< where a search is
+  Frequency searchAt = 0;  ///< the frequency that a search has reached
 
   int trunkBank = 1;         ///< the bank whose system is followed
   bool bankKeyOpen = false;  ///< after KEY13: a bank key picks the trunked bank
   int programBank = -1;      ///< trunk programming: the bank, -1 before it is chosen
-  Millis acquiredAt = 0;     ///< TrunkSearch ends then, 0: it doesn't
+  Millis acquiredAt = 0;     ///< when TrunkSearch ends; 0 if it doesn't
   Slot slot;
   std::string heldId;
   bool streaming = false;  ///< between "IDN" and "IDF"
 
   Entry entry;
 
-  /// What the receiver has stopped on. It outlives its transmission while a delay runs.
+  /// The transmission on which the receiver has stopped. During a delay it stays here after its
+  /// end.
   std::optional<Transmission> stop;
   bool open = false;    ///< squelch
   Millis delay = 2000;  ///< see tuning.h
@@ -83,11 +84,11 @@ const TrunkBank& trunkBank(const State& state);
 Family familyOf(const State& state);
 std::string_view modeCode(const State& state);
 
-/// Changes the activity. What was keyed and what was heard is dropped.
+/// Changes the activity. Clears the entry and the stop.
 void enter(State& state, Activity activity);
 /// Turns into the other model. Memory and settings stay.
 void become(State& state, Model model);
-/// State as lines of key=value, in a fixed order.
+/// The state as lines of key=value, in a fixed order.
 std::string describe(const State& state);
 
 }  // namespace tarnvex::radio

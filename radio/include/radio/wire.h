@@ -11,7 +11,7 @@
 
 namespace tarnvex::radio {
 
-/// What the command line says about the wire.
+/// The command line's options for the wire.
 struct WireOptions {
   LineOptions line;
   bool anyBaud = false;  ///< answer at whatever baud rate the terminal is set to
@@ -19,10 +19,10 @@ struct WireOptions {
   std::string log;       ///< empty: none
 };
 
-/// A serial line with a pseudo terminal at its end. A command that comes at another baud rate than
-/// the line's isn't answered; an unpaced line takes any.
+/// A serial line with a pseudo terminal at its end. A command at another baud rate than the line's
+/// isn't answered; an unpaced line accepts any.
 ///
-/// Owns no loop: call readable() when fd() can be read, and due() at deadline().
+/// It has no loop of its own: call readable() when fd() can be read, and due() at deadline().
 class Wire {
  public:
   /// Opens the terminal. Throws std::system_error or std::runtime_error (log).
@@ -35,10 +35,11 @@ class Wire {
   void readable(Instant now);
   void due(Instant now);
 
-  /// Unplugged: the terminal goes, and its link with it. Plugged in: a new terminal, the same link.
+  /// Unplugs the radio: its terminal and the link are removed. `replug` creates a new terminal with
+  /// the same link.
   void hangUp();
   void replug(Instant now);
-  /// A line that nobody asked for, sent now.
+  /// Sends a line now that nobody asked for.
   void stray(std::string_view text, Instant now);
 
   SerialLine& line() { return line_; }
