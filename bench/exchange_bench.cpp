@@ -1,5 +1,5 @@
-// What an exchange costs compared with the bare line. Both talk to the same radio, in alternating
-// blocks, so that a busy machine slows both equally.
+// Compares an exchange of the program's link with one on a bare line. Both talk to the same radio,
+// in alternating blocks, so that a busy machine slows both equally.
 #include <fcntl.h>
 #include <termios.h>
 #include <unistd.h>
@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char* kCommand = "MD";
 
-/// A serial line with nothing around it.
+/// A serial line used with system calls alone.
 class BareLine : private platform::NonCopyable {
  public:
   explicit BareLine(const std::string& path) : file_(::open(path.c_str(), O_RDWR | O_NOCTTY)) {
@@ -76,7 +76,7 @@ class Link {
   link::ScannerLink link_{state_, dialogs_};
 };
 
-/// Milliseconds per exchange in a block of them.
+/// Runs a block of exchanges. Returns milliseconds per exchange.
 template <class Exchange>
 double block(int exchanges, Exchange exchange) {
   bool answered = !exchange().empty();

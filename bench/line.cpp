@@ -29,7 +29,7 @@ std::vector<Logged> readLog(const QString& path) {
     return lines;
   }
   while (!file.atEnd()) {
-    // A time, a direction and the text, which has blanks of its own.
+    // A time, a direction and the text, which may contain blanks.
     const QString line = QString::fromLatin1(file.readLine()).trimmed();
     lines.push_back({line.section(' ', 0, 0).toDouble() * 1000,
                      line.section(' ', 2).replace("<CR>", "\r"), line.section(' ', 1, 1) == ">"});

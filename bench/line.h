@@ -9,33 +9,34 @@
 
 namespace tarnvex::bench {
 
-/// A radio to measure on.
+/// A radio for the measurements.
 struct Radio {
   const char* name;
-  /// As tarnvex-radio calls it.
+  /// Its name on tarnvex-radio's command line.
   const char* argument;
   const link::RadioModel& (*model)();
 };
 inline constexpr std::array<Radio, 2> kRadios = {
     {{"BC895XLT", "bc895", link::bc895Model}, {"BC245XLT", "bc245", link::bc245Model}}};
 
-/// Arguments of a radio at 9600 baud that takes 3 ms to think about a command.
+/// Arguments of tarnvex-radio for a radio at 9600 baud with 3 ms of thinking time per command.
 QStringList radioAt9600(const Radio& radio, const QStringList& more = {});
 
-/// What the line itself needs for what that radio's log holds of whole poll ticks: "SI" begins one.
-/// Milliseconds per tick.
+/// The time that the line itself needs for the whole poll ticks in a radio's log, in milliseconds
+/// per tick. "SI" begins a tick.
 double lineTimePerTick(const QString& log);
 
-/// How long a stretch of the log took, and what the line itself needs for it. Milliseconds.
+/// How long a part of the log took, and the time that the line itself needs for it, in
+/// milliseconds.
 struct Stretch {
   double measured = kNotTaken;
   double line = kNotTaken;
 };
-/// From the end of the first command that is `first` to the end of the reply to the last one that
-/// is `last`.
+/// The part from the end of the first command `first` to the end of the reply to the last command
+/// `last`.
 Stretch stretchBetween(const QString& log, const QString& first, const QString& last);
 
-/// A step that only lets time pass.
+/// A condition that is true once this time has passed.
 std::function<bool()> after(double milliseconds);
 
 }  // namespace tarnvex::bench

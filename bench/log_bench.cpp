@@ -1,5 +1,5 @@
-// The log of receptions with a million rows: what writing, opening, filtering and scrolling take,
-// and what the log costs a tick of the poll.
+// The log of receptions with a million rows: how long writing, opening, filtering and scrolling
+// take, and how much processor time the log adds to a tick of the poll.
 #include <QApplication>
 #include <QScrollBar>
 #include <QTemporaryDir>
@@ -17,7 +17,7 @@
 namespace tarnvex::bench {
 namespace {
 
-/// A main form on a radio in this process, whose line costs nothing.
+/// A main form with a radio in the same process, on a line that takes no time.
 class TickRun : public platform::SerialPorts {
  public:
   TickRun() {
@@ -28,7 +28,7 @@ class TickRun : public platform::SerialPorts {
   std::unique_ptr<platform::SerialPort> create() override {
     return std::make_unique<test::RadioPort>(radio_);
   }
-  /// Milliseconds of the processor.
+  /// Returns milliseconds of processor time.
   double ticks(int count, bool logged) {
     world_.receptions.chkKeep.setValue(logged);
     const double start = processorMilliseconds();
@@ -89,13 +89,13 @@ class OpenLog {
   double filter(const QString& text) {
     auto* box = window_->findChild<QLineEdit*>(QStringLiteral("filter"));
     box->setText(text);
-    // Not the pause in the typing.
+    // Leaves out the pause in the typing.
     loop_.waitUntil([this] { return !model().counted(); }, QDeadlineTimer(1000));
     const auto start = Clock::now();
     settle();
     return millisecondsSince(start);
   }
-  /// Milliseconds that each of so many frames takes while the table is scrolled from end to end.
+  /// Scrolls the table from end to end. Returns the milliseconds that each frame takes.
   std::vector<double> scroll(int frames) {
     auto* table = window_->findChild<QAbstractItemView*>(QStringLiteral("receptions"));
     QScrollBar* bar = table->verticalScrollBar();

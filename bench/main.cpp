@@ -11,7 +11,7 @@
 
 namespace tarnvex::bench {
 
-/// The program up to its painted splash, as a process of its own (start_bench.cpp).
+/// Runs the program until its splash is painted, for a process of its own (start_bench.cpp).
 int showSplash();
 
 namespace {
@@ -32,12 +32,12 @@ bool isPart(std::string_view name) {
   return std::ranges::find(kParts, name, &Part::name) != kParts.end();
 }
 
-/// The rig reports its trouble as a test does.
+/// The rig reports failures as a test does.
 bool rigFailed() {
   return testing::UnitTest::GetInstance()->ad_hoc_test_result().Failed();
 }
 
-/// All parts, if none is named.
+/// Runs the wanted parts, or all if none is named.
 int run(Table& table, std::span<const std::string_view> wanted) {
   for (const Part& part : kParts) {
     if (!wanted.empty() && std::ranges::find(wanted, part.name) == wanted.end()) {

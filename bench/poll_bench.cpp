@@ -1,5 +1,5 @@
-// The whole program, in this process, on a radio at 9600 baud in another one: how fast it polls,
-// and how much processor time that takes.
+// The whole program in this process, with a radio at 9600 baud in another: how fast it polls, and
+// how much processor time that takes.
 #include "bench/line.h"
 #include "bench/measure.h"
 #include "desktop/program_rig.h"
@@ -9,7 +9,7 @@ namespace {
 
 class PollRun {
  public:
-  /// `seconds` is how long it is watched while it polls.
+  /// `seconds` is how long the polling is measured.
   PollRun(const Radio& radio, double seconds)
       : seconds_(seconds), rig_(radioAt9600(radio, {"--log", log_})) {
     // Checking the program too often would count as its own work.
@@ -46,7 +46,7 @@ class PollRun {
   }
 
  private:
-  /// Steps that measure the processor's share over a while.
+  /// Adds steps that measure the processor share for a while.
   void measure(std::vector<test::Step>& steps, const std::string& name, std::function<bool()> begin,
                double length, double& result) {
     steps.push_back({name, std::move(begin), [this] {

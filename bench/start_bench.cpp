@@ -1,4 +1,5 @@
-// From the start of a process to the painted splash, and how much memory the running program takes.
+// The time from the start of a process to the painted splash, and the memory of the running
+// program.
 #include <QApplication>
 #include <QFile>
 #include <QProcess>
@@ -14,7 +15,7 @@ int showSplash();
 
 namespace {
 
-/// Tells on standard output when the splash has been painted.
+/// Prints a line when the splash has been painted.
 class SplashWatch : public QObject {
  public:
   explicit SplashWatch(desktop::Program& program) : program_(program) {
@@ -41,7 +42,7 @@ class SplashWatch : public QObject {
   desktop::Program& program_;
 };
 
-/// Peak memory of a process in MiB.
+/// The peak memory of a process in MiB.
 double peakMemory(qint64 process) {
   QFile status(QStringLiteral("/proc/%1/status").arg(process));
   if (status.open(QIODevice::ReadOnly)) {
@@ -54,7 +55,7 @@ double peakMemory(qint64 process) {
   return kNotTaken;
 }
 
-/// Of a run until the log has that many bytes. MiB.
+/// The peak memory in MiB of a run that ends when the radio's log has `logged` bytes.
 double memoryOfARun(const Radio& radio, qint64 logged) {
   const QTemporaryDir folder;
   const QString line = folder.filePath("line");
@@ -69,7 +70,7 @@ double memoryOfARun(const Radio& radio, qint64 logged) {
   environment.insert("XDG_DATA_HOME", folder.path());
   program.setProcessEnvironment(environment);
   program.start(QStringLiteral(TARNVEX_PROGRAM), QStringList());
-  // Until it has polled for a while.
+  // Lets it poll for a while.
   const auto start = Clock::now();
   while (millisecondsSince(start) < 30000 && QFile(log).size() < logged) {
     program.waitForFinished(50);

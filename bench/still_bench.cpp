@@ -1,5 +1,5 @@
-// Whether the window ever freezes: a user types into the full tables of the whole program while it
-// polls a radio at 9600 baud, and while it waits for one that has fallen silent.
+// Whether the window ever freezes: a user types into full tables while the whole program polls a
+// radio at 9600 baud, and while it waits for a radio that has fallen silent.
 #include <QApplication>
 
 #include "bench/full_plan.h"
@@ -20,7 +20,7 @@ struct Spot {
 
 class TypingRun {
  public:
-  /// `slice` is how long each stretch of typing lasts, in milliseconds.
+  /// `slice` is how long each period of typing lasts, in milliseconds.
   TypingRun(const Radio& radio, double slice) : slice_(slice), rig_(radioAt9600(radio)) {
     // Searching the panel for its text too often would count as the program's own work.
     rig_.lookMilliseconds = 10;
@@ -29,7 +29,7 @@ class TypingRun {
   }
 
   void addSlice(const Spot& spot) { addTyping(spot, after(300)); }
-  /// Within the 2.9 s in which the program waits for the radio.
+  /// Typing within the 2.9 s in which the program waits for the radio.
   void addSilentSlice(const Spot& spot) {
     steps_.push_back({"falls silent", rig_.polled(), [this] { rig_.radio.say("silence on"); }});
     addTyping(spot, after(300));
@@ -64,7 +64,7 @@ class TypingRun {
                                        typist_->delays.end());
                         typist_.reset();
                       }});
-    // Nobody wants to save what was typed here, the last keys under way included.
+    // Avoids the question whether to save what was typed here. The wait is for the last keys.
     steps_.push_back({"calm", after(200), [this] { rig_.program.state.MemoryModified = false; }});
   }
 
@@ -77,7 +77,7 @@ class TypingRun {
     QTableView& table = tableOf(spot);
     table.setFocus();
     table.setCurrentIndex(table.model()->index(spot.row - 1, 1));
-    // The page is there before the first key.
+    // The page is painted before the first key.
     table.window()->repaint();
   }
 

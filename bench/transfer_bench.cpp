@@ -1,5 +1,5 @@
-// The channels of whole banks to a radio at 9600 baud and back, through the dialogs of the whole
-// program, compared with the time that the bytes and the radio's thinking take.
+// Transfers of whole banks to a radio at 9600 baud and back, with the dialogs of the whole program,
+// compared with the time that the bytes and the radio's thinking take.
 #include <QAction>
 #include <QApplication>
 #include <QListWidget>

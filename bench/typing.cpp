@@ -27,7 +27,7 @@ std::vector<double> Heartbeat::stop() {
 
 Typist::Typist(QTableView& table) : table_(table) {
   table.viewport()->installEventFilter(this);
-  // The first key event makes the keyboard device, which belongs to this thread.
+  // The first key event creates the keyboard device, which must belong to this thread.
   const QKeyEvent first(QEvent::KeyPress, Qt::Key_7, Qt::NoModifier);
   hand_ = std::thread([this] { type(); });
 }
@@ -41,7 +41,7 @@ bool Typist::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Paint && pressed_) {
     const QRect cell = table_.visualRect(table_.currentIndex());
     if (static_cast<QPaintEvent*>(event)->region().intersects(cell)) {
-      // Painted once this event has been handled.
+      // The cell is painted once this event has been handled.
       QMetaObject::invokeMethod(
           this, [this] { painted(); }, Qt::QueuedConnection);
     }
@@ -58,7 +58,7 @@ void Typist::painted() {
 
 void Typist::type() {
   for (int i = 0; !done_; ++i) {
-    // Out of step with the poll and with the heartbeat.
+    // Intervals that don't fall into step with the poll or the heartbeat.
     std::this_thread::sleep_for(std::chrono::microseconds(23700 + i % 7 * 1900));
     if (!pressed_) {
       // A digit, and back.

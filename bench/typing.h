@@ -12,7 +12,7 @@
 
 namespace tarnvex::bench {
 
-/// Beats every 10 ms in the program's thread, and keeps how late the beats come.
+/// A timer that beats every 10 ms in the program's thread and records the gaps between the beats.
 class Heartbeat {
  public:
   Heartbeat();
@@ -26,14 +26,14 @@ class Heartbeat {
   std::vector<double> gaps_;
 };
 
-/// Types digits into a table from another thread, as the window system does, and keeps how long it
-/// takes until the cell is painted.
+/// Types digits into a table from another thread, as the window system does, and measures the time
+/// until the cell is painted.
 class Typist : public QObject {
  public:
   explicit Typist(QTableView& table);
   ~Typist() override;
 
-  /// In milliseconds.
+  /// From key to painted cell, in milliseconds.
   std::vector<double> delays;
 
  protected:

@@ -4,7 +4,7 @@
 #include "support/fake_common_dialog.h"
 #include "support/fake_dialogs.h"
 
-/// Any file can be listed and imported, anywhere in the plan, and nothing else is written. The
+/// Lists and imports any file, anywhere in the plan, and checks that nothing else is written. The
 /// first byte picks the channel of the import.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tarnvex;

@@ -1,7 +1,7 @@
 #include "fuzz_target.h"
 #include "link/scanner_commands.h"
 
-/// Reply views read any text, and no field is longer than its place in the reply.
+/// Reads any text as a reply, and checks that no field is longer than its place in the reply.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tarnvex::link;
   using tarnvex::fuzz::require;
@@ -13,7 +13,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
           identity.firmware().size() <= 3);
   const SignalReply signal(text);
   require(signal.tableFrequency().has_value() == signal.megahertz().has_value());
-  // Three characters can be a number with an exponent: "9E9".
+  // Three characters can be a number with an exponent, such as "9E9".
   constexpr std::size_t kLongestWhole = 10;
   require(signal.shownFrequency().size() <= kLongestWhole + 5);
   const ChannelReply channel(text);

@@ -5,7 +5,7 @@
 
 #include "fuzz_target.h"
 
-/// Runs the files of the given folders through the target.
+/// Runs the target on all files of the given folders.
 int main(int count, char** arguments) {
   int files = 0;
   for (int i = 1; i < count; ++i) {
@@ -17,6 +17,6 @@ int main(int count, char** arguments) {
       ++files;
     }
   }
-  // A corpus that isn't found must not look like one that passes.
+  // A missing corpus must not count as a success.
   return files > 0 ? 0 : 1;
 }

@@ -22,7 +22,7 @@ struct Plan : test::PlanFixture {
   memory::FrequencyFile file{plan, {files, dialog, dialogs, settings, window, backups, dialog}};
 };
 
-/// A double quote within a cell can't be told from the one that ends it.
+/// A double quote within a cell can't be distinguished from the one that ends it.
 bool hasQuotes(const platform::Table& table) {
   for (int row = 1; row < table.rows(); ++row) {
     for (int col = 0; col < table.cols(); ++col) {
@@ -48,7 +48,8 @@ bool same(const platform::Table& left, const platform::Table& right) {
 }  // namespace
 }  // namespace tarnvex
 
-/// Any file loads or fails; the plan that it left comes back whole from a file of its own.
+/// Loads any file, which may fail. Then checks that the plan as it is can be saved and loaded
+/// again.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tarnvex;
   using fuzz::require;

@@ -10,9 +10,9 @@
 namespace tarnvex {
 namespace {
 
-/// The bytes as a radio. For each command one byte tells what comes: on "MD" a mode, otherwise a
-/// length, followed by that many bytes as the reply, or one of the line's faults. A radio that has
-/// no bytes left is silent.
+/// A radio that answers with the bytes. For each command one byte decides what comes: for "MD" a
+/// mode, otherwise a length, which is followed by that many bytes as the reply, or one of the
+/// line's faults. When the bytes are used up, the radio is silent.
 class ByteRadio {
  public:
   explicit ByteRadio(std::string_view bytes) : bytes_(bytes) {}
@@ -111,7 +111,7 @@ void poll(ByteRadio& bytes) {
 }  // namespace
 }  // namespace tarnvex
 
-/// A poll meets any replies: each tick ends, with one message at the most.
+/// Runs the poll with any replies, and checks that each tick ends, with one message at most.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   tarnvex::fuzz::stopAtFailures();
   tarnvex::ByteRadio bytes(tarnvex::fuzz::asText(data, size));

@@ -10,9 +10,9 @@
 
 #include "desktop/program.h"
 
-/// Runs the program by itself for some twelve seconds, for machines without a display: prints the
-/// panel's elements as text whenever they change and writes pictures of the window to the folder
-/// given. Ends with 0 if the panel came alive.
+/// Runs the program unattended for about twelve seconds, for machines without a display: prints the
+/// panel's elements as text whenever they change and writes pictures of the window to the given
+/// folder. The exit status is 0 if the panel has shown a reception.
 namespace {
 
 using tarnvex::desktop::Program;
@@ -20,7 +20,7 @@ using tarnvex::desktop::Program;
 constexpr int kLookMilliseconds = 20;
 constexpr int kPictureMilliseconds = 1250;
 constexpr int kRunMilliseconds = 12500;
-/// The log is shown once, near the end: one page, then the other.
+/// The log is shown near the end, one page after the other.
 constexpr int kLogMilliseconds = 10500;
 constexpr int kPageMilliseconds = 900;
 
@@ -91,7 +91,7 @@ class Demo {
     });
   }
 
-  /// Takes the page of the log that is in front and brings another there.
+  /// Takes a picture of the log's current page and shows another one.
   void takeLog(const char* name, int next) {
     for (QWidget* window : QApplication::topLevelWidgets()) {
       if (window->objectName() == QLatin1String("frmReceptionLog")) {
@@ -101,7 +101,7 @@ class Demo {
     }
   }
 
-  /// Each page in turn, the last ones in a dark palette.
+  /// Takes pictures of all pages in turn, the last ones in a dark palette.
   void takePicture() {
     auto* window = program_.windows.mainWindow();
     if (window == nullptr || form() == nullptr) {

@@ -1,5 +1,6 @@
-// Whether the program keeps in step with a radio that talks out of turn: hours of the radio's time
-// in minutes, without a window. Prints a table; exit status 1 if a figure is missed.
+// Tries out whether the program keeps in step with a radio that talks out of turn: hours of the
+// radio's time in minutes, without a window. Prints a table. The exit status is 1 if a limit is
+// missed.
 //
 //   line_trial [--quick]
 #include <cstdio>
@@ -30,15 +31,15 @@ const char* radioName(Model model) {
   return model == Model::BC895XLT ? "BC895XLT" : "BC245XLT";
 }
 
-/// Heads of the lines in the talkgroup hit list, without blanks and leading zeros.
+/// The ID at the start of a line in the talkgroup hit list, without blanks and leading zeros.
 std::string normal(std::string id) {
   id = id.substr(0, id.find(" - "));
   id.erase(0, std::min(id.find_first_not_of(" 0"), id.size()));
   return id.substr(0, id.find_last_not_of(' ') + 1);
 }
 
-/// Minutes in an ID mode, left for a moment now and then, with a streamed line between one command
-/// in three and its reply.
+/// Minutes in an ID mode, which is left for a moment now and then. One command in three has a
+/// streamed line before its reply.
 template <class Form>
 void followIds(Model model, bool hold, int baud, int seconds) {
   TrialWindow<Form> window(model, baud, 7);
@@ -88,7 +89,7 @@ void followIds(Model model, bool hold, int baud, int seconds) {
   report(name + "wrong hits", wrong, 0);
   int lost = 0;
   for (const auto& [id, looks] : heard) {
-    // Long enough for a few rounds.
+    // Only IDs that were on the air for a few rounds count.
     lost += !hold && looks > 30 && !listed.contains(id) ? 1 : 0;
   }
   report(name + "IDs heard and not found, of " + std::to_string(heard.size()), lost, 0);
@@ -117,7 +118,8 @@ struct FaultCount {
   int notices = 0;
 };
 
-/// One fault at the n-th exchange of a load and some ticks in one mode. False behind the last one.
+/// Loads a window and runs some ticks in one mode, with one fault at the n-th exchange. False if
+/// there are fewer than n exchanges.
 template <class Form>
 bool strike(Model model, const std::string& mode, const char* fault, int nth, FaultCount& count) {
   TrialWindow<Form> window(model, 9600, 3);

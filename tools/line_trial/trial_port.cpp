@@ -7,7 +7,7 @@ namespace tarnvex::trial {
 namespace {
 
 constexpr radio::Instant kSpin = std::chrono::microseconds(platform::kSpinMicroseconds);
-/// A wait without a limit is one that the user ends.
+/// How long a wait without a limit lasts, until the user would end it.
 constexpr radio::Instant kPatience = std::chrono::seconds(5);
 
 }  // namespace
@@ -59,7 +59,7 @@ bool TrialPort::waitUntil(std::size_t atLeast, radio::Instant deadline) {
       return false;
     }
     const auto due = radio_.line.deadline(radio_.now);
-    // The radio's own clock ticks in milliseconds.
+    // Moves at least one spin on, since the radio's own clock only counts milliseconds.
     const radio::Instant next = std::max(due.value_or(deadline), radio_.now + kSpin);
     radio_.now = std::min(next, deadline);
   }

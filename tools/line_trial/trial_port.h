@@ -9,8 +9,8 @@
 
 namespace tarnvex::trial {
 
-/// A simulated radio at the end of a line with its speed and its faults, on a clock of its own that
-/// moves only while somebody waits.
+/// A simulated radio on a line with its speed and faults. It has a clock of its own, which moves
+/// only while somebody waits.
 struct TrialRadio {
   TrialRadio(radio::Model model, int baud, std::uint64_t seed)
       : radio(model, seed), line(radio, {.baud = baud, .seed = seed}, now) {}
@@ -22,8 +22,8 @@ struct TrialRadio {
   radio::SerialLine line;
 };
 
-/// The program's port on that line. It tells after each exchange whether the program has read the
-/// radio's answer before it went on.
+/// The program's port on that line. After each exchange it checks whether the program has read the
+/// radio's answer.
 class TrialPort : public platform::SerialPort {
  public:
   explicit TrialPort(TrialRadio& radio) : radio_(radio) {}
@@ -42,10 +42,11 @@ class TrialPort : public platform::SerialPort {
   bool waitForInput(std::size_t atLeast, platform::Spins& budget) override;
   bool waitForInput(std::size_t atLeast) override;
 
-  /// Before each command, with its number from 1.
+  /// Called before each command with its number, from 1.
   std::function<void(int number, std::string_view command)> beforeCommand;
   int commands = 0;
-  /// Exchanges that ended without the radio's answer, in a row, and the most of them.
+  /// How many exchanges in a row have ended without the radio's answer, and the highest such
+  /// number.
   int missed = 0;
   int mostMissed = 0;
 

@@ -11,7 +11,7 @@
 
 namespace tarnvex::trial {
 
-/// A main window with its poll on a trial line. Nothing is drawn.
+/// A main window's form with its poll on a trial line. Nothing is drawn.
 template <class Form>
 struct TrialWindow : private test::World {
   struct Ports : platform::SerialPorts {
@@ -31,7 +31,7 @@ struct TrialWindow : private test::World {
     dialogs.whileOpen = [this] { ++notices; };
   }
 
-  /// One tick of the poll; connects again if the line was given up.
+  /// Runs a tick of the poll. Presses Connect first if the port is closed.
   void tick() {
     if (!form.MSComm1->portOpen()) {
       form.linkControls.Command3.userClick();

@@ -3,22 +3,23 @@
 
 #include "pictures/photographer.h"
 
-/// Makes pictures from the program itself, on a simulated radio that it steers through the radio's
-/// control pipe: tarnvex-pictures FOLDER PIPE makes the manual's (see scripts/help-pictures), and
-/// with a size, such as 1024x600, it pictures every page and dialog in windows of that size (see
-/// scripts/pictures). A new picture is a new row of shots. Ends with 0 if all of them were taken.
+/// Takes pictures of the program itself, with a simulated radio that it controls through a pipe:
+/// "tarnvex-pictures FOLDER PIPE" takes those of the manual (see scripts/help-pictures). With a
+/// size such as 1024x600, it takes every page and dialog in windows of that size (see
+/// scripts/pictures). A new picture is a new row of shots. The exit status is 0 if all pictures
+/// were taken.
 namespace {
 
 using tarnvex::desktop::Program;
 using tarnvex::pictures::Photographer;
 
-/// Invalid for anything but "WIDTHxHEIGHT".
+/// Reads "WIDTHxHEIGHT". Any other text gives an invalid size.
 QSize sizeOf(const QString& text) {
   const QStringList sides = text.split(QLatin1Char('x'));
   return sides.size() == 2 ? QSize(sides[0].toInt(), sides[1].toInt()) : QSize();
 }
 
-/// The palette of a common dark desktop.
+/// Sets the palette of a common dark desktop.
 void darken() {
   QPalette palette(QColor(0x31, 0x36, 0x3b), QColor(0x31, 0x36, 0x3b));
   palette.setColor(QPalette::Base, QColor(0x23, 0x26, 0x29));

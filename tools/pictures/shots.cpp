@@ -1,4 +1,4 @@
-// What is pictured, and what the user does for it.
+// The list of pictures, and what the user does for each.
 #include "link/scanner_commands.h"
 #include "pictures/photographer.h"
 
@@ -19,7 +19,7 @@ void Photographer::tickBanks() const {
   }
 }
 
-/// For the picture alone: nothing is recorded here.
+/// Only the widget changes, for the picture: nothing is recorded here.
 void Photographer::showTicked(const char* name) const {
   auto* box = find<QAbstractButton>(name);
   const QSignalBlocker silence(box);
