@@ -112,6 +112,15 @@ TEST_F(Picture, ShowsTheHoursOfTheDay) {
   EXPECT_EQ(geometry.hourAt(geometry.hours().topLeft() - QPointF(5, 0)), -1);
 }
 
+TEST_F(Picture, ReachesFromTheFirstReceptionToTheEndOfTheLast) {
+  EXPECT_EQ(periodOf({}), TimeSpan());
+  // The last one to begin isn't the last one to end.
+  EXPECT_EQ(periodOf({{0, 5, kMarch + 1000, kMarch + 6000},
+                      {1, 900, kMarch + 20 * kMinute, kMarch + 35 * kMinute},
+                      {2, 1, kMarch + 31 * kMinute, kMarch + 31 * kMinute + 1000}}),
+            (TimeSpan{kMarch, kMarch + 36 * kMinute}));
+}
+
 TEST_F(Picture, NamesTheBusiestOnceEach) {
   const QHash<qint64, ReceptionSource> sources = {
       {1, {1, "BC895XLT", 155115000, "", "", 1, 12, 0}},

@@ -30,6 +30,24 @@ QVector<BusySource> busiest(const QVector<SourceAirtime>& airtimes,
   return rows;
 }
 
+TimeSpan periodOf(const QVector<AirtimeSlice>& slices) {
+  constexpr qint64 kMinute = 60'000;
+  if (slices.isEmpty()) {
+    return {};
+  }
+  const qint64 end = std::ranges::max(slices, {}, &AirtimeSlice::to).to;
+  return {slices.first().from / kMinute * kMinute, (end / kMinute + 1) * kMinute};
+}
+
+std::array<double, 24> hoursOfDay(const QVector<AirtimeSlice>& slices, qint64 slice) {
+  std::array<double, 24> hours{};
+  for (const AirtimeSlice& one : slices) {
+    const QDateTime local = QDateTime::fromMSecsSinceEpoch(one.number * slice);
+    hours.at(static_cast<std::size_t>(local.time().hour())) += one.seconds;
+  }
+  return hours;
+}
+
 QString inWords(const PictureData& data) {
   if (data.rows.isEmpty()) {
     return QObject::tr("Nothing was heard in this period.");

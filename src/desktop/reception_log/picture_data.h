@@ -29,6 +29,11 @@ QVector<BusySource> busiest(const QVector<SourceAirtime>& airtimes,
                             const QHash<qint64, ReceptionSource>& sources,
                             const std::function<QString(const ReceptionSource&)>& tag);
 
+/// The period from the first reception to the end of the last, in whole minutes around both.
+TimeSpan periodOf(const QVector<AirtimeSlice>& slices);
+/// Airtime by hour of the day, in local time. `slice` is the length of a slice in milliseconds.
+std::array<double, 24> hoursOfDay(const QVector<AirtimeSlice>& slices, qint64 slice);
+
 /// The picture in words, for screen readers.
 QString inWords(const PictureData& data);
 

@@ -150,13 +150,4 @@ int PictureGeometry::hourAt(QPointF point) const {
              : -1;
 }
 
-std::array<double, 24> hoursOfDay(const QVector<QPair<qint64, double>>& slices, qint64 slice) {
-  std::array<double, 24> hours{};
-  for (const auto& [number, seconds] : slices) {
-    const QDateTime local = QDateTime::fromMSecsSinceEpoch(number * slice);
-    hours.at(static_cast<std::size_t>(local.time().hour())) += seconds;
-  }
-  return hours;
-}
-
 }  // namespace tarnvex::desktop

@@ -4,7 +4,6 @@
 #include <QRectF>
 #include <QSizeF>
 #include <QVector>
-#include <array>
 
 namespace tarnvex::desktop {
 
@@ -75,9 +74,5 @@ class PictureGeometry {
   QRectF hours_;
   double width_;
 };
-
-/// The total airtime for each hour of the day, in local time. `slices` are pairs of a slice's
-/// number, which is its time divided by `slice`, and its airtime in seconds.
-std::array<double, 24> hoursOfDay(const QVector<QPair<qint64, double>>& slices, qint64 slice);
 
 }  // namespace tarnvex::desktop

@@ -51,9 +51,7 @@ void PictureView::reload() {
     const auto slices = reader.airtimeBySlice(kSlice);
     return [this, slices, airtimes = reader.airtimes()] {
       PictureData data;
-      if (!slices.isEmpty()) {
-        data.whole = {slices.first().first * kSlice, (slices.last().first + 1) * kSlice};
-      }
+      data.whole = periodOf(slices);
       data.rows = busiest(airtimes, model_.sources(),
                           [this](const ReceptionSource& source) { return model_.tag(source); });
       data.hours = hoursOfDay(slices, kSlice);

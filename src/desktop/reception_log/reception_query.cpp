@@ -16,6 +16,9 @@ constexpr const char* kRowColumns =
     "r.started, r.seconds, r.mode, r.bars, r.recording, r.source, r.radio, r.frequency, "
     "r.talkgroup, r.tag, r.bank, r.channel, r.tone";
 
+/// The end of the reception that ends last.
+constexpr const char* kLastEnd = "max(r.started + CAST(r.seconds * 1000 AS INTEGER))";
+
 ReceptionRow rowAt(const QSqlQuery& query) {
   return {query.value(0).toLongLong(), query.value(1).toDouble(), query.value(2).toString(),
           query.value(3).toInt(),      query.value(4).toString(), sourceAt(query, 5)};
@@ -206,13 +209,16 @@ QVector<SourceAirtime> ReceptionReader::airtimes() {
   return airtimes;
 }
 
-QVector<QPair<qint64, double>> ReceptionReader::airtimeBySlice(qint64 slice) {
-  QVector<QPair<qint64, double>> slices;
+QVector<AirtimeSlice> ReceptionReader::airtimeBySlice(qint64 slice) {
+  QVector<AirtimeSlice> slices;
   if (database() != nullptr) {
     const QString number = QStringLiteral("r.started / %1").arg(slice);
-    QSqlQuery query = aggregate(number + QStringLiteral(", sum(r.seconds)"), "by_time", number);
+    QSqlQuery query = aggregate(
+        number + QStringLiteral(", sum(r.seconds), min(r.started), ") + QLatin1String(kLastEnd),
+        "by_time", number);
     while (query.next()) {
-      slices.push_back({query.value(0).toLongLong(), query.value(1).toDouble()});
+      slices.push_back({query.value(0).toLongLong(), query.value(1).toDouble(),
+                        query.value(2).toLongLong(), query.value(3).toLongLong()});
     }
   }
   return slices;
@@ -228,9 +234,11 @@ QVector<AirtimeBar> ReceptionReader::bars(const QVector<qint64>& sources, qint64
     return bars;
   }
   QSqlQuery query = log->prepare(
-      QStringLiteral("SELECT min(started), max(started + CAST(seconds * 1000 AS INTEGER)), "
-                     "max(bars), count(*) FROM receptions INDEXED BY by_source WHERE source = ? "
-                     "AND started >= ? AND started < ? GROUP BY started / %1")
+      QStringLiteral(
+          "SELECT min(r.started), %1, max(r.bars), count(*) FROM receptions r INDEXED BY "
+          "by_source WHERE r.source = ? AND r.started >= ? AND r.started < ? GROUP BY "
+          "r.started / %2")
+          .arg(QLatin1String(kLastEnd))
           .arg(slice));
   for (const qint64 source : sources) {
     const QVariantList bounds = {source, from - kLongest, to};

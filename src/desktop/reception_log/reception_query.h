@@ -64,6 +64,14 @@ struct SourceAirtime {
   qint64 count = 0;
   double seconds = 0;
 };
+/// What was heard of all sources in one slice of time, from the first moment to the last.
+struct AirtimeSlice {
+  /// Its time divided by the length of a slice.
+  qint64 number = 0;
+  double seconds = 0;
+  qint64 from = 0;
+  qint64 to = 0;
+};
 /// What was heard of a source in one slice of time, from the first moment to the last.
 struct AirtimeBar {
   qint64 source = 0;
@@ -93,9 +101,8 @@ class ReceptionReader {
   bool forEach(const ReceptionCount& count, const std::function<bool(const ReceptionRow&)>& take);
 
   QVector<SourceAirtime> airtimes();
-  /// Airtime in seconds by slices of `slice` milliseconds. A slice's index is its time divided by
-  /// `slice`.
-  QVector<QPair<qint64, double>> airtimeBySlice(qint64 slice);
+  /// In slices of `slice` milliseconds. Those in which nothing was heard are left out.
+  QVector<AirtimeSlice> airtimeBySlice(qint64 slice);
   /// The receptions of the sources between two times. Those in the same slice are joined.
   QVector<AirtimeBar> bars(const QVector<qint64>& sources, qint64 from, qint64 to, qint64 slice);
 
