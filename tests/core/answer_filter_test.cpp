@@ -15,7 +15,7 @@ TEST(AnswerFilter, KnowsWhatALineBelongsToByItsFirstLetters) {
     Belonging belonging;
   };
   const Case cases[] = {
-      // What may be the answer.
+      // Possible answers.
       {"SI,MD,SG,WI,MA,SQ,LL,IC,PM007,IC A0,PC B,SS01,LON,SB AC", "OK,ERR,NG,FER,,#,xMD07,\xCD\xC4",
        Answer},
       {"MD", "MD07,MDx", Answer},
@@ -25,20 +25,20 @@ TEST(AnswerFilter, KnowsWhatALineBelongsToByItsFirstLetters) {
       {"IC A0", "IC A0 001234", Answer},
       {"IDF", "IDF,IDF OK", Answer},
       {"IDN,KEY00,KEY00\r,KEY02 1,TEST,", "ID S 001234,MD07,IDF,KEY00,TEST,+", Answer},
-      // What sets something may be answered by its own words; a question isn't.
+      // A command that sets something may be answered by its own text; a question isn't.
       {"PM007 01551150", "PM007 01551150,PM001", Answer},
       {"DLN", "DLN,DLF", Answer},
       {"SB AC", "SB AC,SB A", Answer},
       {"MD", "MD", Elsewhere},
       {"PM007", "PM007", Elsewhere},
       {"SS01", "SS01", Elsewhere},
-      // Streamed, or the answer to something else.
+      // Streamed lines, and answers to other commands.
       {"SI,MU,SG,MD,LO,LL,CT,SB,PR,MA,SQ,IS,DL,IC,PC A,PM001,SS01,IL001,LON,CS01,SB A",
        "ID S 001234,IDNS 001234,IDF,IDN,KEY09,AFN,TB B E2-800", Elsewhere},
       {"SI,MD,LL,IC,SS01,SB,IDF,LON", "+,-,S018 F01551150,C001 F01551150", Elsewhere},
       {"IDF", "ID S 001234,IDN,ID E,MD08", Elsewhere},
       {"SG,WI", "C001 F01551150", Elsewhere},
-      // About another channel or slot.
+      // Answers about another channel or slot.
       {"PM007", "PM006 01551150 TF,PM", OtherPlace},
       {"IC A0", "IC A9 001234,IC", OtherPlace},
       {"PI C", "PI B3", OtherPlace},

@@ -10,14 +10,14 @@ using testing::ElementsAre;
 constexpr const char* kNobody = "- -   - - -";
 const std::string kTime = " - 2031-05-06 07:08:09 Bank: ";
 
-/// What a round asks after a line that begins with "ID".
+/// The exchanges of a round after a line that begins with "ID".
 std::string lookup(const std::string& window = "WI020F08510125", const std::string& decimal = "N") {
   return "; WI > " + window + "; AF > AF" + decimal;
 }
 
-/// A round with a streamed line, or none; `next` is the mode that it ends with.
-std::string round(const std::string& line, const std::string& behindLine, const std::string& next) {
-  return "; DL > DLN; IDN > IDN" + (line.empty() ? "" : " > " + line) + behindLine + "; MD > " +
+/// A round with a streamed line, or none. `next` is the mode at its end.
+std::string round(const std::string& line, const std::string& afterLine, const std::string& next) {
+  return "; DL > DLN; IDN > IDN" + (line.empty() ? "" : " > " + line) + afterLine + "; MD > " +
          next + "; LT > LTN";
 }
 
@@ -31,7 +31,7 @@ struct Bc245Ids : testing::Test, test::Bc245Rig {
   }
 };
 
-TEST_F(Bc245Ids, FirstSetARadioGoingThatHasNotScannedYet) {
+TEST_F(Bc245Ids, StartTheScanOfARadioThatHasNotScannedYet) {
   for (const std::string mode : {"MD09", "MD15", "MD10", "MD16"}) {
     form.panel.Frequency.setCaption("888.8888");
     form.panel.Alpha.setCaption("Tag");
@@ -76,12 +76,12 @@ TEST_F(Bc245Ids, FollowIdsFromRoundToRound) {
   stay("MD15", round("ID S 005678", lookup(), "MD15") +
                    // A stray line.
                    round("SB AC", "", "MD15") +
-                   // The other form of an ID of the plan, which the plan alone can name.
+                   // The other form of an ID in the plan.
                    round("ID S 00-153", lookup("WI020F08510125", "F"), "MD15") +
                    round("ID E", lookup(), "MD15") +
-                   // A frequency from outside the plan has no tags.
+                   // A frequency outside the plan has no tags.
                    round("ID S 005678", lookup("WI020F08520125"), "MD16") +
-                   // On hold neither a stray line nor another ID changes what is shown.
+                   // On hold, neither a stray line nor another ID changes the display.
                    round("ID S 000123", lookup(), "MD16") + round("", "", "MD10 ") +
                    round("ID E", lookup(), "MD00"));
   EXPECT_THAT(shown, ElementsAre(kNobody, "5678", kNobody, " 00-153", kNobody, "5678"));
@@ -96,7 +96,7 @@ TEST_F(Bc245Ids, FollowIdsFromRoundToRound) {
 TEST_F(Bc245Ids, ListWhatTheDisplayShows) {
   stay("MD09", round("ID E", lookup("WI"), "MD09") + round("ID E", lookup(), "MD00"));
   EXPECT_THAT(form.hitLists.List2.items(), ElementsAre()) << "what is no ID is no hit";
-  // The bank of the last frequency that the plan knows.
+  // The bank is that of the last frequency in the plan.
   form.hitLists.List2.clear();
   stay("MD09", round("ID S 000007", lookup(), "MD09") +
                    round("ID S 000011", lookup("WI020F08520125"), "MD00"));
@@ -110,7 +110,7 @@ TEST_F(Bc245Ids, ListWhatTheDisplayShows) {
   EXPECT_THAT(form.hitLists.List2.items(), ElementsAre("42" + kTime + "2 "));
 }
 
-TEST_F(Bc245Ids, PassOnFromEveryIdWithSkipTicked) {
+TEST_F(Bc245Ids, SkipEveryIdWithSkipTicked) {
   form.hitLists.chkSkip.setValue(true);
   const std::string known = round("ID S 005678", lookup() + "; KEY09 > OK", "MD09");
   stay("MD09", known + known + round("ID E", lookup() + "; KEY09 > OK", "MD09") +
@@ -128,7 +128,7 @@ TEST_F(Bc245Ids, TakeNoStrayLineForAMode) {
   EXPECT_EQ(form.panel.mode.caption() + state.CurrentMode, "MD01MD01");
 }
 
-TEST_F(Bc245Ids, EndFirstForWhoeverNeedsTheLine) {
+TEST_F(Bc245Ids, EndBeforeOthersUseTheLine) {
   for (const int turn : {2, 3}) {
     dialogs.answers = {platform::Answer::Yes};
     loop.onTurn(turn, [&] { gate.enter([&] { form.mnuReset(); }); });
@@ -145,7 +145,7 @@ TEST_F(Bc245Ids, TakeALineThatComesBeforeItsAnswer) {
   const std::string next = lookup() + "; MD > MD09; LT > LTN";
   stay("MD09", "; DL > DLF; IDN > ID S 005678 > IDN" + next +
                    "; DL > DLF; IDN > IDN > OK > ID S 000123" + next +
-                   // Garbled, and the answer itself in place of a line.
+                   // A garbled line, and the answer itself in place of a line.
                    round("ID S 00#678 > ID", "", "MD09") + round("IDN > IDN", "", "MD00"));
   EXPECT_THAT(shown, ElementsAre(kNobody, "5678", "123"));
   EXPECT_EQ(form.hitLists.List2.count(), 2);
@@ -158,7 +158,7 @@ TEST_F(Bc245Ids, LetTheUserInWhileTheTickStays) {
     gate.enter([&] {
       ++events;
       EXPECT_FALSE(form.Scantimer.enabled());
-      // A handler that has paused the poll sets it going again.
+      // A handler that has paused the poll starts it again.
       form.Scantimer.setEnabled(true);
       link.SendCommand("KEY07");
     });

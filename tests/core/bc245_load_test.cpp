@@ -8,7 +8,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// A window that loads, on a radio with these switches on.
+/// A window that loads with a radio that has these switches on.
 struct Loading : test::World {
   Form2 form{services, outside()};
 
@@ -96,7 +96,7 @@ TEST(Bc245Load, LeavesTheViewThatCannotBeRead) {
 TEST(Bc245Load, SurvivesASilentRadio) {
   Loading world;
   world.radio.answer = [](std::string_view) { return std::vector<test::Piece>{}; };
-  // While the message is open the user ticks a box that is read later.
+  // While the message is open, the user ticks a box that is read later.
   world.dialogs.whileOpen = [&] { world.form.receiver.Check1.userClick(); };
   world.form.load();
   EXPECT_EQ(world.radio.takeLog(), "open COM 1 at 9600,n,8,1; FI; close");
@@ -158,7 +158,7 @@ TEST_F(Bc245Speed, GoesRoundTheChosenBanks) {
   EXPECT_EQ(radio.takeLog(), "");
   EXPECT_TRUE(form.speed.timer.enabled());
   EXPECT_EQ(form.speed.timer.interval(), 2000);
-  // Where Multiscan of the other window stopped.
+  // Multiscan of the other window has stopped here.
   state.BankCursor = 17;
   for (const char* letter : {"B", "E", "J", "B"}) {
     EXPECT_EQ(tick(), std::string("SB ") + letter + "; KEY00");

@@ -5,14 +5,14 @@ namespace {
 
 using test::Bc245Rig;
 
-/// Elements that no mode touches, and those that a mode in question leaves as they were.
+/// Elements that no mode changes.
 const std::string kRest = "Att, Police, Data, Keylock";
 const std::string kAllMarks = ", Bankltr: 1 2 3 4 5 6 7 8 9 10";
 const std::string kLitRest = kRest + ", Bank" + kAllMarks;
 
 TEST(Bc245Modes, Conventional) {
   test::expectModes<Bc245Rig>({
-      // The opening has asked for the priority; this answer is ignored.
+      // The start of the tick has asked for the priority already; this answer is ignored.
       {"MD00", "SB > SB ACJ; PR > PRN; MA > NG", "Frequency: Scanning, Scan, Bank, Bankltr: 1 3 10",
        "Frequency: Scanning, Scan, " + kRest + ", Bank, Bankltr: 1 3 10"},
       {"MD00", "SB > SB A; PR > PRF; MA > C012 F01551150 TN DN LN AF RF N05; PC A > PC A012",
@@ -34,7 +34,7 @@ TEST(Bc245Modes, Search) {
        "Frequency: Searching, Search, Trunk, " + kLitRest},
       {"MD02", "SQ > +" + heard, "Frequency: 155.1150, Alpha: Fire, Search",
        "Frequency: 155.1150, Alpha: Fire, Search, Trunk, " + kLitRest},
-      // On hold the radio stays on a frequency, heard or not.
+      // On hold the radio stays on a frequency, whether there is a reception or not.
       {"MD03", "SQ > -; WI > WI000F00460125", "Frequency: 46.0125, Hold, Search",
        "Frequency: 46.0125, Hold, Search, Trunk, " + kLitRest},
       {"MD04", "SQ > -", "Frequency: Searching, Police",
@@ -48,7 +48,7 @@ TEST(Bc245Modes, Search) {
   });
 }
 
-/// What is asked about an active ID after "IC".
+/// The exchanges about an active ID after "IC".
 std::string voice(const std::string& priority, const std::string& decimal,
                   const std::string& lockout, const std::string& window = "WI020F08510125") {
   return "; PI B > " + priority + "; WI > " + window + "; AF > " + decimal + "; LO > " + lockout;
@@ -64,7 +64,7 @@ TEST(Bc245Modes, Trunked) {
        "Frequency: 5678, Alpha: Detectives, Channel: P  10, TrunkType: E, Scan, Trunk, LO, Bank",
        "Frequency: 5678, Alpha: Detectives, Channel: P  10, TrunkType: E, Scan, Trunk, Att, "
        "Police, LO, Data, Keylock, Bank"},
-      // The radio's dash is no dash on the wire.
+      // On the wire the radio's dash is another character.
       {"MD12",
        "IC > IC B7 12\xFE"
        "345; IC > IC B7 12\xFE"
@@ -74,7 +74,7 @@ TEST(Bc245Modes, Trunked) {
        "Bankltr: 2",
        "Frequency: 12-345, Alpha: Schools, Channel: 7, TrunkType: M, Hold, Trunk, " + kRest +
            ", Bank, Bankltr: 2"},
-      // A frequency from outside the plan.
+      // A frequency outside the plan.
       {"MD18", "IC > NG; IC > IC B3 005678" + voice("PI B1", "AFN", "LOF", "WI020F08520125"),
        "Frequency: 5678, Channel: 3, TrunkType: E, Hold, Trunk, Bank",
        "Frequency: 5678, Channel: 3, TrunkType: E, Hold, Trunk, " + kRest + ", Bank"},
@@ -91,7 +91,7 @@ TEST(Bc245Modes, Other) {
   }
   test::expectModes<Bc245Rig>(
       {{"MD08", "", "Alpha: Select Bank, Trunk", "Alpha: Select Bank" + lit}});
-  // The panel stays as it was, except for what belongs to the opening.
+  // The panel stays as it was, except for what the start of the tick writes.
   for (const auto& [mode, type] : {std::pair<const char*, std::string>{"MD13", "M"},
                                    {"MD19", "E"},
                                    {"MD21", "X"},
@@ -154,7 +154,7 @@ TEST(Bc245Tick, LeavesTheDisplayToTheUsersDigits) {
   const std::string id = "IC > NG; IC > IC B1 005678; PI B > NG; WI > WI020F08";
   test::expectEntries<Bc245Rig>({
       {"MD00", "SB > SB A; PR > PRF; MA > NG", ""},
-      // The tag goes, as it belongs to the channel that is being left.
+      // The tag is cleared, since it belongs to the channel that the user is leaving.
       {"MD01", "PR > PRF; MA > C012 F01551150 TN DN LN AF RF N05; PC A > PC A001", ""},
       {"MD02", "", ""},
       {"MD05", "", ""},
@@ -227,7 +227,7 @@ TEST(Bc245Tick, FindsATagInAnyFormOfTheId) {
   const std::tuple<std::string, const char*, const char*> cases[] = {
       {"000123", "AFN", "Buses"},
       {dashed, "AFF", "Buses"},
-      // The radio's own word on the form decides.
+      // The radio's answer about the form decides.
       {dashed, "AFN", ""},
       {"000155", "AFN", "Works"},
       {"000155", "AFF", ""},
@@ -247,7 +247,7 @@ TEST(Bc245Tick, HandsOverToABc895xlt) {
   EXPECT_EQ(rig.state.ModelKey + " " + rig.state.ScannerName, "BC895 BC895XLT");
 }
 
-TEST(Bc245Tick, RunsOutOnEmptyRepliesWhenTheRadioFallsSilent) {
+TEST(Bc245Tick, EndsWithEmptyRepliesWhenTheRadioFallsSilent) {
   Bc245Rig rig;
   rig.setPanel(true);
   rig.poll("MD17", "SB > SB A; IC");

@@ -5,8 +5,7 @@
 namespace tarnvex::link {
 namespace {
 
-/// A reply with its positions written down: every character between the fields is an 'x', which no
-/// view may look at.
+/// A reply in which every character between the fields is an 'x', which no reply class may read.
 constexpr const char* kChannel = "x012xxx1551150xTNxDNxLNxxxxRNxx05";
 constexpr const char* kSignal = "x018xxx1551150";
 constexpr const char* kTrunkId = "xxxB7x001234";
@@ -16,7 +15,7 @@ TEST(Commands, ReadsTheSignal) {
   EXPECT_EQ(signal.level(), 18);
   EXPECT_EQ(signal.tableFrequency(), "155.1150");
   EXPECT_EQ(signal.shownFrequency(), "155.1150");
-  // The table's form is converted, the shown one only put together.
+  // The table's form is converted from a number; the shown one is put together from the digits.
   EXPECT_EQ(SignalReply("x018xxx0290000").tableFrequency(), "29.0000");
   EXPECT_EQ(SignalReply("x018xxx0290000").shownFrequency(), "29.0000");
   EXPECT_EQ(SignalReply("x018xxx0000000").shownFrequency(), ".0000");
@@ -87,7 +86,7 @@ TEST(Commands, TellATextFromNoise) {
 TEST(Commands, ReadsStreamedIds) {
   EXPECT_EQ(searchedId("xxxxxxxx001234x"), "001234");
   EXPECT_FALSE(saysNoId("xxxxxxxx001234"));
-  EXPECT_TRUE(saysNoId("xxxxxxxx001234 E")) << "the letter stands anywhere";
+  EXPECT_TRUE(saysNoId("xxxxxxxx001234 E")) << "the letter may be anywhere";
   EXPECT_TRUE(saysNoId("ExxxxxxX001234"));
   EXPECT_TRUE(saysNoId("xxxxxxxx"));
   EXPECT_TRUE(saysNoId(""));

@@ -5,9 +5,9 @@
 namespace tarnvex::platform {
 namespace {
 
-/// "#" alone shows no zero, and more digits than the mask are kept. Halves go away from zero, at
-/// the digit that is written.
-TEST(Convert, FormatsNumbersAsTheirPicture) {
+/// "#" alone doesn't show a zero, and more digits than the mask has are kept. Halves are rounded
+/// away from zero, at the last digit that is written.
+TEST(Convert, FormatsNumbersByTheirMask) {
   using Case = std::tuple<double, const char*, const char*>;
   const Case cases[] = {{155.115, "##0.0000", "155.1150"},
                         {0, "##0.0000", "0.0000"},

@@ -22,7 +22,7 @@ TEST(DialogHost, ShowsADialogOnceAndOnlyWhenItIsLoaded) {
   form->Command1.userClick();
   EXPECT_THAT(world.windows.takeCalls(), ElementsAre("closeDialog"));
 
-  // The main window goes while the form asks.
+  // The main window closes while the form asks.
   const std::function<void(frmAbout&)> leave = [&](frmAbout&) { host.closeAll(); };
   EXPECT_EQ(host.show<frmAbout>(make, false, leave), nullptr);
   EXPECT_THAT(world.windows.takeCalls(), ElementsAre("closeDialog"));

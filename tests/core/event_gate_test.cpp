@@ -7,7 +7,7 @@
 namespace tarnvex::platform {
 namespace {
 
-/// A gate whose handlers leave their names in `course`.
+/// A gate whose handlers write their names to `course`.
 struct EventGateTest : testing::Test {
   test::FakeLoop loop;
   EventGate gate{loop};
@@ -50,7 +50,7 @@ TEST_F(EventGateTest, DeliversWhatIsPendingBeforeATickAndOutsideIt) {
   EXPECT_EQ(course, "outside b tick ");
 }
 
-TEST_F(EventGateTest, QueuesATimerOnceAndBehindTheUser) {
+TEST_F(EventGateTest, QueuesATimerOnceAndAfterTheUsersEvents) {
   gate.enter([&] {
     gate.enterTimer(poll);
     gate.enterTimer(poll);
@@ -87,7 +87,7 @@ TEST_F(EventGateTest, KeepsNoTickForATimerThatIsDueInItsOwn) {
   EXPECT_EQ(course, "tick ");
 }
 
-TEST_F(EventGateTest, KeepsThePollAliveBehindAMessageBox) {
+TEST_F(EventGateTest, KeepsThePollRunningWhileAMessageBoxIsOpen) {
   const auto box = [&] {
     course += "box( ";
     for (int i = 0; i < 2; ++i) {
@@ -100,7 +100,8 @@ TEST_F(EventGateTest, KeepsThePollAliveBehindAMessageBox) {
   EXPECT_EQ(course, "box( tick tick ) ");
   loop.onTurn(1, [&] { gate.enter(box); });
   gate.enterTimer(poll);
-  EXPECT_EQ(course, "box( tick tick ) box( tick tick ) ") << "the tick due ran behind the box";
+  EXPECT_EQ(course, "box( tick tick ) box( tick tick ) ")
+      << "the tick that was due ran while the box was open";
 }
 
 TEST_F(EventGateTest, WaitsByTheClockWhileOthersRun) {

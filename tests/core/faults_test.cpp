@@ -50,7 +50,7 @@ struct FaultsTest : testing::Test, test::Bc895Rig {
     rounds = 3;
     gate.enterTimer(form.Scantimer);
   }
-  /// Whatever happened: a new connection and one healthy tick bring the whole panel back.
+  /// Whatever has happened, Connect and one tick without faults must restore the whole panel.
   void expectRecovery() {
     answerHealthily();
     mode = "MD00";
@@ -85,7 +85,7 @@ TEST_F(FaultsTest, SilenceAtAnyPointOfATickIsReportedOnce) {
         break;
       }
       ASSERT_EQ(dialogs.takeBoxes().size(), 1U);
-      ASSERT_EQ(radio.log.size(), silentAt + 1) << "nothing but the close behind it";
+      ASSERT_EQ(radio.log.size(), silentAt + 1) << "only the close comes after it";
       ASSERT_EQ(radio.log.back(), "close");
       ASSERT_FALSE(form.Scantimer.enabled() || form.MSComm1->portOpen());
       ASSERT_EQ(form.panel.mode.caption().substr(0, 2), silentAt <= 4 ? "" : "MD");

@@ -103,7 +103,7 @@ TEST_F(FleetMapTest, LargeCodesTakeTheNextBlocksOrDontFit) {
   }
 }
 
-TEST_F(FleetMapTest, GivesNothingBack) {
+TEST_F(FleetMapTest, KeepsBlocksTakenAfterASmallerSize) {
   form.cboPreset.userChoose(1);
   block(2).userChoose(12);
   block(2).userChoose(3);

@@ -12,7 +12,7 @@ constexpr const char* kTagged = "S018 F01551150";
 constexpr const char* kUntagged = "S018 F00460125";
 
 struct HitsTest : testing::Test, test::Bc895Rig {
-  /// A tick of a search on that frequency.
+  /// A tick of a search on this frequency.
   void search(bool open, const std::string& signal = kTagged, bool skips = false,
               const std::string& mode = "MD02") {
     tick(test::opening(mode, signal) +
@@ -107,7 +107,7 @@ TEST_F(HitsTest, AreSkippedOnceKnown) {
   search(true);
 }
 
-TEST_F(HitsTest, AreEnteredByIdOnceAndForAll) {
+TEST_F(HitsTest, AreEnteredOnceForEachId) {
   EXPECT_FALSE(captureId(form.hitLists.List2, "001234", "Patrol", clock));
   clock.text = "later";
   EXPECT_TRUE(captureId(form.hitLists.List2, "001234", "Other", clock));

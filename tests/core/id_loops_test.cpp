@@ -9,7 +9,7 @@ using testing::ElementsAre;
 
 const std::string kTime = " - 2031-05-06 07:08:09 ";
 
-/// A round of the ID search: with an ID the frequency is asked for.
+/// A round of the ID search. If there is an ID, the frequency is asked for.
 std::string searched(const std::string& reply, const std::string& mode = "MD07",
                      bool skips = false) {
   const bool id = reply.find('E') == std::string::npos && reply.size() > 8;
@@ -53,7 +53,7 @@ TEST_F(IdLoopsTest, SearchMirrorsTheDisplayInTheTitleWhileMinimised) {
   const auto watchTitle =
       form.window.changed.connect([&] { titles.push_back(form.window.caption()); });
   form.Dlg1->FileName = "/plans/county.tvf";
-  // Each round yields twice; what the user does there shows in the next round's title.
+  // Each round yields twice. What the user does then shows in the title of the next round.
   loop.onTurn(4, [&] { form.window.setMinimised(true); });
   loop.onTurn(10, [&] { form.window.setMinimised(false); });
   search(searched("NO ID HERE") + searched("IDN SB1 005678") + searched("IDN SB1 000042") +
@@ -65,7 +65,7 @@ TEST_F(IdLoopsTest, SearchMirrorsTheDisplayInTheTitleWhileMinimised) {
 TEST_F(IdLoopsTest, HoldFollowsTheStreamLineByLine) {
   poll("MD08",
        "IDN > OK > IDN- 000000; MD > MD08 > IDNS 005678; SG > S020 F08510125; "
-       // Nothing came in time; then of two lines that came together, the first one counts.
+       // Nothing comes in time. Then two lines come together, and the first one counts.
        "MD > MD08; MD > MD08 > IDNS 12-345\rIDNS 000042; SG > S020 F08510125; "
        "MD > MD08 > IDNS 000042; SG > S020 F08520125; MD > MD08 and more; IDF > OK");
   EXPECT_EQ(shown, "Non-Active ID; 005678; 12-345; 000042; ");
@@ -80,7 +80,7 @@ TEST_F(IdLoopsTest, LetHandlersTalkToTheRadioBetweenTheirExchanges) {
         {"MD08", "IDN > ; KEY00 > OK; MD > MD00; IDF > "}}) {
     SCOPED_TRACE(mode);
     bool ran = false;
-    // The first turn comes before the tick, the second is the loop's own.
+    // The first turn comes before the tick; the second is the loop's own.
     loop.onTurn(2, [&] {
       gate.enterTimer(form.Scantimer);
       gate.enter([&] {
@@ -94,7 +94,7 @@ TEST_F(IdLoopsTest, LetHandlersTalkToTheRadioBetweenTheirExchanges) {
   }
 }
 
-TEST_F(IdLoopsTest, EndFirstForWhoeverNeedsTheLine) {
+TEST_F(IdLoopsTest, EndBeforeOthersUseTheLine) {
   const std::string opening = "IDN > IDN; KEY09 > OK; ";
   // The loop's own turns are the second and, in the search, the third.
   const std::tuple<const char*, int, std::string> places[] = {
@@ -102,7 +102,7 @@ TEST_F(IdLoopsTest, EndFirstForWhoeverNeedsTheLine) {
   const std::pair<void (*)(shell::Form4&), const char*> users[] = {
       {[](shell::Form4& form) { form.mnuReset(); }, "AC > OK"},
       {[](shell::Form4& form) { form.typeKey('L'); }, "IL > END"},
-      // Its frequency isn't in the plan.
+      // The frequency isn't in the plan.
       {[](shell::Form4& form) { form.mnuOwnloadTrunk(); }, "SG > S018 F09990000"}};
   for (const auto& [mode, turn, before] : places) {
     for (const auto& [use, sent] : users) {
@@ -120,7 +120,7 @@ TEST_F(IdLoopsTest, EndFirstForWhoeverNeedsTheLine) {
 }
 
 TEST_F(IdLoopsTest, ReadPastStreamedLines) {
-  // Before the answer to "IDN", which then stays under way, and garbled.
+  // A line before the answer to "IDN", which is then still on its way, and a garbled one.
   radio.expect(test::opening("MD07") +
                "IDN > IDN; KEY09 > OK; IDN > ID S 000042 > IDN S   005678; "
                "SG > S020 F08510125; IDF > IDF; MD > MD07");
@@ -139,7 +139,7 @@ TEST_F(IdLoopsTest, HoldBackWhatArrivesInAnExchangeUntilTheyYield) {
     }
   };
   poll("MD08", "IDN > OK; MD > MD00; IDF > OK");
-  EXPECT_EQ(course, "IDN") << "the tick's first yield comes behind that command";
+  EXPECT_EQ(course, "IDN") << "the tick's first yield comes after that command";
 }
 
 TEST_F(IdLoopsTest, EndWithSilenceAndWithTheProgram) {

@@ -11,11 +11,11 @@
 
 namespace tarnvex::test {
 
-/// A radio that trunks in the second bank, and the transfers of IDs.
+/// A radio that is trunking in the second bank, and the transfers of IDs.
 struct IdRig : TransferRig {
   explicit IdRig(Model model, std::unique_ptr<platform::SerialPort> line = nullptr)
       : TransferRig(model, std::move(line)) {
-    // The second bank's trunked system. A channel of the first bank is nearly the same.
+    // The second bank's trunked system. A channel of the first bank has nearly the same frequency.
     channels.setTextMatrix(3, 1, "851.0126");
     channels.setTextMatrix(45, 1, "851.0125");
     channels.setTextMatrix(75, 1, "851.0125");
@@ -34,7 +34,7 @@ struct IdRig : TransferRig {
   trunking::frmDownloadtrs download{[this] { return window(); }, outside()};
 };
 
-/// The slots of a bank as commands spell them, by the offset of their rows in the bank.
+/// The slots of a bank as in commands, by the offsets of their rows in the bank.
 inline std::map<int, std::string> places(int groups) {
   std::map<int, std::string> all;
   for (int offset = 0; offset < groups * 10; ++offset) {

@@ -21,7 +21,7 @@ TEST(IdTransfer, BringsTheIdsBackFromBothRadios) {
     for (int time = 0; time < 60'000; time += 200) {
       rig.loop.at(time, [&radio] { radio.advance(200); });
     }
-    // The radio trunks on a channel of the plan's second bank.
+    // The radio is trunking on a channel of the plan's second bank.
     radio.exchange("KEY13");
     const auto addChannel = [&] {
       const double units = radio::numberAt(radio.exchange(bc245 ? "WI" : "SG"), 7, 7);

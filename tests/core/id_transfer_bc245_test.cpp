@@ -25,7 +25,7 @@ Box refusedId(const std::string& id) {
           "Invalid Talkgroup Entry.", 49};
 }
 
-/// The commands for a bank up to "MD".
+/// The commands for a bank, up to and including "MD".
 std::string starting(char bank) {
   return std::string("SB ") + bank + "; KEY13; KEY13; KEY01; MD; ";
 }
@@ -120,7 +120,7 @@ TEST(IdTransfer245, ReadsTheChosenBanks) {
   }
 }
 
-TEST(IdTransfer245, PassesOverBanksThatDontTrunk) {
+TEST(IdTransfer245, SkipsBanksThatDontTrunk) {
   const std::pair<const char*, bool> cases[] = {{"MD12", true},  {"MD18", true},   {"18", true},
                                                 {"MD11", false}, {"MD120", false}, {"8", false}};
   for (const auto& [reply, trunks] : cases) {

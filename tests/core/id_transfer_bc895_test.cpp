@@ -121,7 +121,7 @@ TEST(IdTransfer895, NeedsTheFrequencyInThePlan) {
 TEST(IdTransfer895, HasTheRadioToItself) {
   IdRig rig(Model::Bc895);
   auto transfer = rig.transfer895();
-  // The user starts it again while it lets others run.
+  // The user starts it again while it lets other handlers run.
   rig.loop.onTurn(1, [&] { rig.gate.enter([&] { transfer.upload(); }); });
   transfer.upload();
   EXPECT_EQ(std::ranges::count(rig.radio.log, "KEY00"), 1);
@@ -137,7 +137,7 @@ TEST(IdTransfer895, HasTheRadioToItself) {
   EXPECT_EQ(rig.dialogs.beeps, 2) << "the turn is given back";
 }
 
-TEST(IdTransfer895, EndsWithTheSlotForSomebodyWhoWantsOut) {
+TEST(IdTransfer895, EndsAtTheNextSlotWhenTheUserLeaves) {
   IdRig rig(Model::Bc895);
   auto transfer = rig.transfer895();
   bool left = false;
@@ -153,7 +153,7 @@ TEST(IdTransfer895, EndsWithTheSlotForSomebodyWhoWantsOut) {
   EXPECT_TRUE(left && rig.Scantimer.enabled());
 }
 
-TEST(IdTransfer895, RunsOutAfterSilenceAndStopsWithTheProgram) {
+TEST(IdTransfer895, GoesOnAfterSilenceAndStopsWithTheProgram) {
   for (const bool uploads : {false, true}) {
     for (const bool ends : {false, true}) {
       IdRig rig(Model::Bc895);

@@ -17,7 +17,7 @@ struct Bc245KeypadTest : test::KeypadRig<Bc245Panel> {
     state.ModelKey = "BC245";
     setMode("MD01");
   }
-  /// The entry in progress, as text.
+  /// The state of the entry, as text.
   void enter() {
     state.EntryBuffer = "1";
     state.EntryActive = true;
@@ -27,7 +27,7 @@ struct Bc245KeypadTest : test::KeypadRig<Bc245Panel> {
     return state.EntryBuffer + (state.EntryActive ? " active" : "") +
            (state.DigitKeyed ? " digit" : "");
   }
-  /// The mouse on a label, from the press to the click.
+  /// Presses and clicks a label with the mouse.
   void use(std::string_view label, MouseButton button) {
     keypad.press(label, button);
     if (button == kLeft) {

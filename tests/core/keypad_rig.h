@@ -15,8 +15,8 @@ namespace tarnvex::test {
 constexpr auto kLeft = monitor::MouseButton::Left;
 constexpr auto kRight = monitor::MouseButton::Right;
 
-/// A radio's front over an open line whose radio answers every line, each line end with a line of
-/// its own. `replies` holds the answers other than "OK".
+/// A radio's front with an open line. The radio answers every line end with a line: "OK", unless
+/// `replies` has another answer.
 template <class Panel>
 struct KeypadRig : testing::Test {
   platform::SharedState state;
@@ -53,7 +53,7 @@ struct KeypadRig : testing::Test {
     state.CurrentMode = mode;
     panel.mode.setCaption(mode);
   }
-  /// What was sent since the last call. A doubled line end reads "|".
+  /// What has been sent since the last call. A second line end appears as "|".
   std::string sent() {
     std::string log = radio.takeLog();
     std::replace(log.begin(), log.end(), '\r', '|');

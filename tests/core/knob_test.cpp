@@ -8,7 +8,7 @@ namespace tarnvex::monitor {
 namespace {
 
 struct KnobTest : testing::Test, test::Bc895Rig {
-  /// The index of the one mark that is visible, the same in both arrays.
+  /// The index of the visible mark, which must be the same in both arrays.
   [[nodiscard]] int mark() const {
     int found = -1;
     for (int i = 0; i < PanelState::kKnobMarks; ++i) {
@@ -62,7 +62,7 @@ TEST_F(KnobTest, LeavesScanningFirstInEveryTick) {
   }
 }
 
-TEST_F(KnobTest, TurnsInUnknownModesAndBehindTheIdLoops) {
+TEST_F(KnobTest, TurnsInUnknownModesAndAfterTheIdLoops) {
   form.pressKnob(false);
   poll("MD14", "KEY08 > ");
   poll("", "KEY08 > ");

@@ -26,7 +26,7 @@ const Box kRestored{
     "your scanner's users manual.",
     "Scanner Not Responding", 48};
 
-/// Both main windows, each with its link controls as they are after a start on COM 1 at 9600.
+/// One of the main windows, with its link controls as after a start on COM 1 at 9600 baud.
 struct Window : test::World {
   explicit Window(bool bc895) {
     if (bc895) {
@@ -111,7 +111,7 @@ TEST_P(LinkControlsTest, ConnectReopensInAnyState) {
   EXPECT_THAT(settings.saved, IsEmpty());
 }
 
-TEST_P(LinkControlsTest, BaudBoxIsDeadWhileThePollRests) {
+TEST_P(LinkControlsTest, BaudBoxDoesNothingWhileThePollIsStopped) {
   form->Scantimer.setEnabled(false);
   chooseBaud("4800");
   EXPECT_THAT(dialogs.boxes, IsEmpty());
@@ -157,7 +157,7 @@ TEST_P(LinkControlsTest, BaudChangeIsTakenBackAfterSilence) {
   EXPECT_TRUE(state.LinkWaiting);
 }
 
-/// The windows differ in which box shows the restored rate, and in its step.
+/// The windows differ in the box that shows the restored rate, and in the step.
 TEST(BaudRestored, ShowsInTheBaudBoxOrMovesTheBankSelector) {
   const std::tuple<bool, const char*, int, int, int> cases[] = {
       {true, "9600", 1, -1, 1},   {true, "4800", 0, -1, 1},   {true, "2400", 0, -1, 1},

@@ -40,7 +40,7 @@ struct LockoutsTest : testing::Test, test::World {
     EXPECT_EQ(form->List1.listIndex(), form->List1.count() > 0 ? 0 : -1);
     radio.log.clear();
   }
-  /// What Done sends.
+  /// Presses Done. Returns what it sends.
   std::string done() {
     radio.answerAll("ERR");
     const int before = closings;
@@ -56,7 +56,7 @@ std::vector<Exchange> query(const std::string& word, const std::string& lines) {
   return {{word, lines + "END"}};
 }
 
-/// The answers to the numbered queries of a BC245XLT, up to and with the one that ends them.
+/// The answers to the numbered queries of a BC245XLT, including the one that ends the list.
 std::vector<Exchange> numbered(const std::string& word, std::string_view mask,
                                const std::vector<std::string>& replies) {
   std::vector<Exchange> all;
@@ -101,7 +101,7 @@ TEST_F(LockoutsTest, Bc895IdsGoBackByTheModeAtDone) {
   EXPECT_EQ(done(), "KEY09; KEY07; KEY06H; SS12340000") << "the other way round";
 }
 
-TEST_F(LockoutsTest, ReadsTheModeBehindTheKeysOnTheBc895Only) {
+TEST_F(LockoutsTest, ReadsTheModeAfterTheKeysOnTheBc895Only) {
   for (const bool small : {false, true}) {
     const auto& model = small ? link::bc245Model() : link::bc895Model();
     state.ModelKey = small ? "BC245" : "BC895";

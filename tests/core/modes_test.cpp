@@ -19,7 +19,7 @@ TEST(Modes, Conventional) {
        "Delay, LO, MHZ, CtcssStat, Bank, Bankltr: A, Sig: 2 / 79.7",
        "Frequency: 155.1150, Alpha: Fire, Channel: P  12, CTCSS: 79.7, Scan, Trunk, Auto, "
        "Priority, Delay, LO, MHZ, CtcssStat, Bank, Alert, Line, Bankltr: A, Sig: 2 / 79.7"},
-      // Without tone squelch the last tone stays.
+      // If the tone squelch is off, the last tone stays.
       {"MD01", "CT > CTF; PR > PRF; MA > C031 F00460125 TF DF LF AF RF N05; PC B > PC B001",
        "Frequency: 46.0125, Channel: 31, MHZ, Bank, Bankltr: B, Sig: 2 / 000.0",
        "Frequency: 46.0125, Channel: 31, CTCSS: 88.5, Hold, Auto, MHZ, Bank, Alert, Line, "
@@ -74,7 +74,7 @@ TEST(Modes, Trunked) {
        " / 000.0",
        "Frequency: 12-345, Alpha: Schools, Channel: 7, Hold, Trunk, " + rest +
            "Bankltr: B, Sig: 2 / 88.5"},
-      // A frequency from outside the plan.
+      // A frequency outside the plan.
       {"MD10", "IC > NG; DL > DLF; IC > IC B7 005678; SG > S020 F08520125; LO > LOF",
        "Frequency: 5678, Channel: 7, Hold, Trunk, Bank, Sig: 2 / 000.0",
        "Frequency: 5678, Channel: 7, Hold, Trunk, " + rest + "Sig: 2 / 88.5"},
@@ -92,7 +92,7 @@ TEST(Modes, Trunked) {
   });
 }
 
-/// The panel stays as it was; L/O belongs to the opening.
+/// The panel stays as it was, except for L/O, which the start of the tick writes.
 TEST(Modes, Other) {
   const std::string lit =
       "Channel: 99, CTCSS: 88.5, Scan, Hold, Search, Trunk, Wx, Auto, Priority, Delay, MHZ, "
@@ -111,13 +111,13 @@ TEST(Modes, SendNothingToTheDisplayWhileDigitsAreKeyed) {
   const std::string id = "IS > IS A; DL > DLF; IC > IC A1 005678; SG > S020 F08";
   test::expectEntries<Bc895Rig>({
       {"MD00", "CT > CTF; SB > SB A; PR > PRF; MA > NG", ""},
-      // The tag goes, as it belongs to the channel that is being left.
+      // The tag is cleared, since it belongs to the channel that the user is leaving.
       {"MD01", "CT > CTF; PR > PRF; MA > C012 F01551150 TN DN LN AF RF N05; PC A > PC A001", ""},
       {"MD02", "", "Old tag"},
       {"MD12", "", ""},
       {"MD09", "IS > IS A; DL > DLF; IC > NG", ""},
       {"MD09", id + "510125; LO > LOF", "Old tag"},
-      // An ID on a frequency from outside the plan shows through.
+      // An ID on a frequency outside the plan overwrites the digits.
       {"MD09", id + "520125; LO > LOF", "", "5678"},
       {"MD15", "", ""},
       {"MD07",
@@ -151,7 +151,7 @@ TEST(Bc895Modes, LeaveAToneThatIsBeingKeyedOnTheDisplay) {
   }
 }
 
-/// The display while it is waited for an answer shows what it shows afterwards.
+/// While the tick waits for an answer, the display shows the same as afterwards.
 TEST(Bc895Modes, KeepTheTagStillWhileTheTickAsks) {
   test::Bc895Rig rig;
   std::string tags;
@@ -164,7 +164,7 @@ TEST(Bc895Modes, KeepTheTagStillWhileTheTickAsks) {
   EXPECT_EQ(tags, "Fire; ");
 }
 
-TEST(Bc895Modes, LeaveWhatNoAnswerReads) {
+TEST(Bc895Modes, LeaveWhatHasNoReadableAnswer) {
   for (const auto& [mode, exchanges] :
        {std::pair{"MD00", "CT > CTN; SB > SB; PR > PRN; MA > ERR"},
         {"MD01", "CT > CTN; PR > PRN; MA > C999 Fxx\xB1"},

@@ -10,7 +10,7 @@ namespace {
 using test::SavedSetting;
 using testing::ElementsAre;
 
-/// The question before each place, with its answer.
+/// The exchange before each place.
 std::string modes(int count, const std::string& mode = "MD00") {
   std::string all = "MD > " + mode;
   for (int i = 1; i < count; ++i) {
@@ -31,7 +31,7 @@ struct MultiscanTest : testing::Test, test::Bc895Rig {
       form.multiscan.MSBank[static_cast<std::size_t>(bank)].userClick();
     }
   }
-  /// Boxes ticked, switched on, on a quiet radio.
+  /// Ticks these boxes and switches Multiscan on, with nothing being received.
   void start(std::initializer_list<int> banks) {
     tickBoxes(banks);
     radio.expect(test::script("KEY00 > "));
@@ -44,7 +44,7 @@ struct MultiscanTest : testing::Test, test::Bc895Rig {
     gate.enterTimer(form.multiscan.timer);
     radio.expectSpent();
   }
-  /// Cursor and interval.
+  /// The cursor and the interval.
   [[nodiscard]] std::pair<int, int> place() const {
     return {state.BankCursor, form.multiscan.timer.interval()};
   }
@@ -64,7 +64,7 @@ TEST_F(MultiscanTest, AlternatesConventionalBanksWithEachTrunkedOne) {
   EXPECT_EQ(place(), std::pair(9, 1000));
   scan(modes(2) + trunked("B", "IS B"));
   EXPECT_EQ(place(), std::pair(11, 1750));
-  // On the way it leaves trunking wherever it meets it.
+  // If the radio is trunking on the way, Multiscan leaves that first.
   scan("MD > MD09; KEY13 > ; " + modes(7) + trunked("J", "IS J"));
   EXPECT_EQ(place(), std::pair(19, 1750));
   scan(modes(1, "MD10") + conventional("ACJ"));
@@ -107,7 +107,7 @@ TEST_F(MultiscanTest, SwitchesItselfOffOnABankWithoutIds) {
   EXPECT_EQ(place(), std::pair(10, 1750));
 }
 
-TEST_F(MultiscanTest, TakesAClickedBoxUpAtOnce) {
+TEST_F(MultiscanTest, MovesOnAtOnceWhenABoxIsClicked) {
   start({10});
   form.panel.Frequency.setCaption("155.1150");
   form.panel.Alpha.setCaption("Fire");
@@ -124,7 +124,7 @@ TEST_F(MultiscanTest, CannotBeOnWithoutABank) {
   form.multiscan.Option5.userClick();
   EXPECT_FALSE(form.multiscan.timer.enabled());
   start({0});
-  // Off the line: the last round must end.
+  // With the port closed, the last round must end.
   form.MSComm1->close();
   form.multiscan.MSBank[0].userClick();
   EXPECT_FALSE(form.multiscan.Option5.value() || form.multiscan.Option5.enabled() ||
@@ -134,7 +134,7 @@ TEST_F(MultiscanTest, CannotBeOnWithoutABank) {
                                           SavedSetting{"Multiscan", "0", "0"}));
 }
 
-TEST_F(MultiscanTest, RunsOutOnALostLinkWithOneMessage) {
+TEST_F(MultiscanTest, EndsOnAClosedPortWithOneMessage) {
   start({10});
   scan("MD");
   EXPECT_EQ(dialogs.takeBoxes().size(), 1U);

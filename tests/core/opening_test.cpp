@@ -1,13 +1,13 @@
 #include "poll_rig.h"
 
-/// What every tick asks before it turns to its mode.
+/// What every tick asks before it branches on the mode.
 namespace tarnvex::monitor {
 namespace {
 
 using test::opening;
 
 TEST(Opening, ShowASignalByFourBars) {
-  // From two bars lit; levels outside the meter's range leave them.
+  // Two bars are lit at first. Levels outside the meter's range leave them.
   const std::pair<const char*, int> cases[] = {
       {"S000", 2}, {"S012", 2}, {"S013", 0}, {"S015", 0}, {"S016", 1}, {"S017", 1},
       {"S018", 2}, {"S020", 2}, {"S021", 3}, {"S023", 3}, {"S024", 4}, {"S026", 4},
@@ -105,7 +105,7 @@ TEST(Opening, AsksOnceMoreBeforeItBelievesInAnotherRadio) {
       rig.tick(exchanges);
       EXPECT_EQ(rig.switches, switched ? 1 : 0);
     }
-    // A BC245XLT that has named itself doesn't become another radio by one word.
+    // After a BC245XLT has named itself, one wrong answer doesn't make it another radio.
     test::Bc245Rig rig;
     rig.poll("MD13");
     const auto rest = test::opening245("MD13");

@@ -11,24 +11,24 @@
 
 namespace tarnvex::test {
 
-/// Replies as the radios word them. The characters between the fields have no meaning.
+/// The radios' replies. The characters between the fields have no meaning.
 inline constexpr const char* kBc245Identity = "SIBC245XLT 0024500172 V124";
 
-/// The questions with which every tick of a BC895XLT begins, and their answers.
+/// The exchanges with which every tick of a BC895XLT begins.
 inline std::vector<Exchange> opening(const std::string& mode,
                                      const std::string& signal = "S018 F01551150") {
   return script("SI > ERR; MU > MUA; SG > " + signal + "; MD > " + mode +
                 "; LO > LOF; LL > LL 0290000; LU > LU 9560000");
 }
 
-/// Likewise those of a BC245XLT.
+/// The exchanges with which every tick of a BC245XLT begins.
 inline std::vector<Exchange> opening245(const std::string& mode) {
   return script(
       "SI > " + std::string(kBc245Identity) +
       "; LL > LL 0290000; LU > LU 9560000; LO > LOF; PR > PRF; DL > DLF; LT > LTF; MD > " + mode);
 }
 
-/// A main window on an open line with its poll on, before the first tick, over a small plan.
+/// A main window with a small plan, on an open line and with its poll on, before the first tick.
 template <class Form>
 struct PollRig : World {
   Form form{services, outside()};
@@ -40,7 +40,7 @@ struct PollRig : World {
     radio.log.clear();
     channel(12, "155.1150", "Fire");
     channel(31, "46.0125", "");
-    // The trunked system of the second bank, and a slot of the first bank just before it.
+    // The trunked system of the second bank, and the slot of the first bank just before it.
     channel(45, "851.0125", "Control");
     talkgroup(100, "001234", "Before");
     talkgroup(150, "005678", "Patrol");
@@ -61,20 +61,20 @@ struct PollRig : World {
     form.MSFlexGrid2.setTextMatrix(row, 1, id);
     form.MSFlexGrid2.setTextMatrix(row, 2, tag);
   }
-  /// The box ticked, with nothing sent.
+  /// Ticks the box and checks that nothing is sent.
   void tickSkip() {
     form.hitLists.chkSkip.onClick = nullptr;
     form.hitLists.chkSkip.setValue(true);
   }
 
-  /// One tick of the poll, with exactly these exchanges.
+  /// Runs one tick of the poll, with exactly these exchanges.
   void tick(const std::vector<Exchange>& exchanges) {
     radio.expect(exchanges);
     gate.enterTimer(form.Scantimer);
     radio.expectSpent();
   }
 
-  /// Switches everything that is drawn on or off. On: an earlier mode's leftovers in every element.
+  /// Switches every drawn element on, as if an earlier mode had left it so, or off.
   void setPanel(bool lit) {
     auto& panel = form.panel;
     for (auto* text : {&panel.Frequency, &panel.Alpha, &panel.Channel}) {
@@ -94,8 +94,8 @@ struct PollRig : World {
     setOwn(panel, lit);
   }
 
-  /// All that the poll writes, as one text: the panel with its texts in full and its indicators by
-  /// name, and after a slash what can't be seen on it.
+  /// Everything that the poll writes, as one text: the panel's texts in full and the names of its
+  /// lit indicators, and after a slash what isn't visible.
   [[nodiscard]] std::string picture() const {
     std::string all;
     for (const std::string& line : monitor::describe(form.panel)) {
@@ -143,6 +143,7 @@ struct PollRig : World {
   }
 };
 
+/// The rig of the BC895XLT.
 struct Bc895Rig : PollRig<shell::Form4> {
   Bc895Rig() : PollRig("BC895") {}
   void poll(const std::string& mode, const std::string& transcript = "") {
@@ -150,9 +151,10 @@ struct Bc895Rig : PollRig<shell::Form4> {
   }
 };
 
+/// The rig of the BC245XLT.
 struct Bc245Rig : PollRig<shell::Form2> {
   Bc245Rig() : PollRig("BC245") {
-    // Written otherwise than the poll writes it.
+    // In another form than the poll's.
     channel(45, "851.0125 ", "Control");
   }
   void poll(const std::string& mode, const std::string& transcript = "") {
@@ -171,9 +173,9 @@ inline std::multiset<std::string> parts(std::string picture) {
   return all;
 }
 
-/// A mode's exchanges after the opening, and the whole panel after the tick: once on a dark panel,
-/// which shows what the mode lights, and once on one with everything lit, which shows what it
-/// leaves.
+/// A mode's exchanges after the start of the tick, and the whole panel after it: once on a dark
+/// panel, which shows what the mode lights, and once on a panel with everything lit, which shows
+/// what it leaves.
 struct ModeCase {
   std::string mode;
   std::string exchanges;
@@ -199,7 +201,7 @@ void expectModes(const std::vector<ModeCase>& cases) {
   }
 }
 
-/// What the display shows after a tick while the user keys "42" there.
+/// What the display shows after a tick while the user is keying "42".
 struct EntryCase {
   std::string mode;
   std::string exchanges;

@@ -21,7 +21,7 @@ TEST(QuickViewForm, TakesTheMainWindowsPlaceAndGivesItBack) {
   EXPECT_THAT(rig.windows.takeCalls(), ElementsAre("openQuickView QuickView", "hideMain"));
 }
 
-TEST(QuickViewForm, StandsWhereItWasLeftSeparatelyForEachRadio) {
+TEST(QuickViewForm, OpensWhereItWasLeftForEachRadioSeparately) {
   test::Bc895Rig first;
   first.form.mnuQV();
   auto* small = first.windows.quickView;

@@ -10,8 +10,8 @@ namespace {
 using testing::ElementsAre;
 using Lines = std::vector<std::string>;
 
-/// A tick: when, and what it hears ("" for nothing): a frequency in MHz or an ID, then perhaps a
-/// tag in brackets and the bars.
+/// A tick: its time and what it hears ("" for nothing), which is a frequency in MHz or an ID, with
+/// an optional tag in brackets and the bars.
 struct Tick {
   std::int64_t at;
   std::string hears;
@@ -105,7 +105,7 @@ TEST(ReceptionJoiner, JoinsTicksToReceptions) {
   }
 }
 
-TEST(ReceptionJoiner, EndsWhatIsOpenOnceThePollStandsStill) {
+TEST(ReceptionJoiner, EndsWhatIsOpenOnceThePollHasStopped) {
   ReceptionJoiner joiner;
   const Heard heard = read("155.1150");
   joiner.tick(&heard, 1000, "BC895XLT");

@@ -13,7 +13,7 @@ std::string number(double value) {
   return platform::shortest(value);
 }
 
-/// "radio mode frequency id (tag) bank/channel tone bars", without what isn't known.
+/// "radio mode frequency id (tag) bank/channel tone bars", without unknown values.
 std::string line(const Reception& reception) {
   const Heard& heard = reception.heard;
   std::string text = reception.radio + " " + heard.mode;
@@ -55,7 +55,7 @@ TEST(ReceptionLog, HearsWhatTheBc895xltHears) {
       {"MD00", "CT > CTF; SB > SB A; PR > PRF; MA > ERR", ""},
       {"MD01", "CT > CTF; PR > PRF; MA > C031 F00460125 TF DF LF AF RF N05; PC B > PC B001",
        "BC895XLT MD01 46.0125 2/31 ++"},
-      // The radio names its channel, heard or not.
+      // The radio names its channel even if nothing is received.
       {"MD01", "CT > CTF; PR > PRF; MA > C031 F00460125 TF DF LF AF RF N05; PC B > PC B001", "",
        "S014 F01551150"},
       {"MD02", "SQ > -", ""},
@@ -89,7 +89,7 @@ TEST(ReceptionLog, HearsWhatTheBc245xltHears) {
        "BC245XLT MD00 155.115 (Fire) 1/12"},
       {"MD02", "SQ > -", ""},
       {"MD02", "SQ > +; WI > WI x F01551150", "BC245XLT MD02 155.115 (Fire)"},
-      // On hold the radio stands on a frequency, heard or not.
+      // On hold the radio stays on a frequency even if nothing is received.
       {"MD03", "SQ > -; WI > WI x F01551150", ""},
       {"MD11",
        "IS > IS A; IC > IC B0 005678; PI B > PI B3; WI > WI x F08510125; AF > AFF; LO > LOF",
@@ -111,10 +111,10 @@ TEST(ReceptionLog, HearsWhatTheBc245xltHears) {
   }
 }
 
-/// A log on its own, with the fakes around it.
+/// A log with fakes around it.
 struct LogRig : test::World {
   Heard heard{"MD00", 155115000, "", "Fire", 1, 12, 0, 2};
-  /// Ticks every quarter of a second that hear that, or nothing.
+  /// Ticks every quarter of a second that hear something, or nothing.
   void hear(bool anything, int milliseconds) {
     for (int at = 0; at < milliseconds; at += 250) {
       receptions.tick(anything ? &heard : nullptr);

@@ -13,7 +13,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-/// What the user and the others on the air do, and for how long the program listens then.
+/// What the user or a station does, and how long the program listens after it.
 struct Step {
   enum What { Mode, Receive, Talk, Key, Nothing } what;
   /// A mode of the radio, a channel, a talkgroup or a key.
@@ -22,7 +22,7 @@ struct Step {
   int listenMilliseconds;
 };
 
-/// A main form on a simulated radio, whose own clock is the program's, too.
+/// A main form with a simulated radio, whose clock is also the program's.
 template <class Form>
 class Session : public test::World {
  public:
@@ -100,8 +100,8 @@ class Session : public test::World {
   Form form_{onRadio_, outside()};
 };
 
-/// The tower for a while; two dispatches so soon after each other that they are one, and a third;
-/// the tower again, found by a search; and two talkgroups.
+/// The tower for a while; two dispatches in such quick succession that they count as one, and a
+/// third; the tower again, found by a search; and two talkgroups.
 std::vector<Step> afternoon(const char* trunked) {
   return {{Step::Mode, "MD00", 0, 3000},       {Step::Receive, "61", 6000, 10'000},
           {Step::Receive, "1", 4000, 5000},    {Step::Receive, "1", 4000, 9000},
@@ -111,8 +111,8 @@ std::vector<Step> afternoon(const char* trunked) {
           {Step::Talk, "001616", 6000, 10000}, {Step::Talk, "003216", 3000, 1000}};
 }
 
-// A channel stays with the radio's delay after its last word. What is on the air when the session
-// ends is in the log as far as it was heard.
+// With its delay, the radio stays on a channel for a while after the transmission. A transmission
+// that goes on at the end of the session is logged as far as it was heard.
 TEST(ReceptionSession, OfABc895xltIsInTheLog) {
   Session<shell::Form4> session(radio::Model::BC895XLT, "BC895");
   EXPECT_EQ(session.play(afternoon("MD09")),

@@ -13,7 +13,7 @@ using Log = std::vector<std::string>;
 const Log kStarts = {"file /program/Fire-2031-05-06 07.08.09.wav", "Open", "Record"};
 const Log kStops = {"Stop", "Save", "Close"};
 
-/// One tick with that picture left by the last one; what the sound input is told.
+/// Runs a tick after one that has left this on the display. Returns the calls of the media control.
 template <class Rig>
 Log tickWith(Rig& rig, const char* shown, const char* mode) {
   rig.form.panel.Frequency.setCaption(shown);
@@ -91,7 +91,7 @@ TEST(Recording, NamesTheFileByTagOrFrequencyAndTime) {
   }
 }
 
-TEST(Recording, TellsAFailureOnceAndLetsThePollGoOn) {
+TEST(Recording, ReportsAFailureOnceAndLetsThePollGoOn) {
   test::Bc895Rig rig;
   rig.form.recording.chkRecord.setValue(true);
   rig.media.error = "No sound";
@@ -108,7 +108,7 @@ TEST(Recording, TellsAFailureOnceAndLetsThePollGoOn) {
   EXPECT_THAT(tickWith(rig, "155.1150", "MD00"), IsEmpty());
 }
 
-TEST(Recording, IsLetGoByTheWindowOfTheBc895xltAlone) {
+TEST(Recording, IsReleasedOnlyByTheWindowOfTheBc895xlt) {
   test::Bc895Rig first;
   first.form.unload();
   EXPECT_THAT(first.media.log, ElementsAre("Close"));

@@ -1,4 +1,4 @@
-// The walls between the rooms: the table in ARCHITECTURE.md against the sources.
+// Compares the table of rooms in ARCHITECTURE.md with the sources.
 #include <gmock/gmock.h>
 
 #include <filesystem>
@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What each room may include, itself among it.
+/// What each room may include, including itself.
 using Table = std::map<std::string, std::set<std::string>>;
 
 std::string read(const fs::path& path) {
@@ -29,8 +29,8 @@ std::vector<std::string> matches(const std::string& text, const std::regex& patt
   return found;
 }
 
-/// Rows like "| `link` | `platform`, `files` |" below the heading "Room | May include". A row may
-/// only name rows above it, so the table can't allow a circle.
+/// Reads rows such as "| `link` | `platform`, `files` |" below the heading "Room | May include". A
+/// row may only name rows above it, so the table can't allow a circle.
 Table allowed(const std::string& page) {
   Table table;
   std::istringstream lines(page.substr(page.find("| Room | May include |")));

@@ -17,7 +17,7 @@ const Box kSilence{
     "selected the correct COM port, and that the scanner is in Remote mode.",
     "Scanner Not Responding", 48};
 
-/// A link with the port of one main window, open, and its poll running.
+/// A link with the open port of a main window, whose poll is running.
 struct ScannerLinkTest : testing::Test, test::World {
   std::unique_ptr<platform::SerialPort> port = ports.create();
   platform::Timer poll{25};
@@ -26,7 +26,7 @@ struct ScannerLinkTest : testing::Test, test::World {
     link.attachBc895({port.get(), &poll});
     connect();
   }
-  /// What was on its way is lost with the old connection.
+  /// Bytes on their way are lost with the old connection.
   void connect() {
     port->close();
     port->open();
@@ -42,7 +42,7 @@ struct ScannerLinkTest : testing::Test, test::World {
     radio.expect({{"SS", std::move(answer)}});
     return link.QuerySearchSkips();
   }
-  /// What is left after a failure: one message, no poll, no port.
+  /// Checks the state after a failure: one message, the poll stopped, the port closed.
   void expectReported(int boxes) {
     EXPECT_EQ(dialogs.takeBoxes(), std::vector<Box>(static_cast<std::size_t>(boxes), kSilence));
     EXPECT_EQ(poll.enabled(), boxes == 0);
@@ -70,7 +70,7 @@ TEST_F(ScannerLinkTest, ReturnsTheReplyWithoutItsLastCharacter) {
   }
 }
 
-TEST_F(ScannerLinkTest, ThrowsAwayWhatWaitsBeforeItSends) {
+TEST_F(ScannerLinkTest, DiscardsWhatHasArrivedBeforeItSends) {
   radio.send("IDNS 001234\rERR");
   EXPECT_EQ(send("MD > MD08"), "MD08");
 }
@@ -89,7 +89,7 @@ TEST_F(ScannerLinkTest, GivesUpExactlyAtItsSpinLimits) {
     } else if (std::string(name) == "list") {
       got = query({{answer, spins}});
     } else if (std::string(name) == "line") {
-      // The line comes this long after the reply to the command before it.
+      // The line comes this long after the reply to the previous command.
       send({"IDN", std::vector<Piece>{{"\r"}, {"IDNS\r", spins}}});
       got = link.ReadReply();
     } else {
@@ -106,7 +106,7 @@ TEST_F(ScannerLinkTest, GivesUpExactlyAtItsSpinLimits) {
 }
 
 TEST_F(ScannerLinkTest, ReadsAReplyNoLongerThanItsSecondLimit) {
-  // The first look at the bytes is one of the spins.
+  // The first byte takes one of the spins.
   EXPECT_EQ(send({"MD", std::vector<Piece>{{"MD0"}, {"0\r", 72499}}}), "MD00");
   EXPECT_EQ(send({"MD", std::vector<Piece>{{"MD07"}}}), "MD0") << "a real character is lost";
   EXPECT_EQ(send({"MD", std::vector<Piece>{{"MD0"}, {"0\r", 72500}}}), "MD");
@@ -115,7 +115,7 @@ TEST_F(ScannerLinkTest, ReadsAReplyNoLongerThanItsSecondLimit) {
   EXPECT_EQ(send("SI > ERR"), "ERR") << "what came too late belongs to nobody";
 }
 
-TEST_F(ScannerLinkTest, PassesOverLinesThatBelongElsewhere) {
+TEST_F(ScannerLinkTest, SkipsLinesThatBelongElsewhere) {
   struct Case {
     const char* command;
     std::vector<Piece> pieces;
@@ -123,7 +123,7 @@ TEST_F(ScannerLinkTest, PassesOverLinesThatBelongElsewhere) {
     int boxes = 0;
   };
   const Case cases[] = {
-      // Before the answer, in pieces, joined with it, after it.
+      // Lines before the answer, in pieces, joined with it, and after it.
       {"MD", {{"ID S 001234\r"}, {"MD08\r", 60000}}, "MD08"},
       {"MD", {{"MD\r"}, {"LO"}, {"F\rMD"}, {"08\r"}}, "MD08"},
       {"MD", {{"ID E\rMD08\rID E\r"}}, "MD08"},
@@ -131,7 +131,7 @@ TEST_F(ScannerLinkTest, PassesOverLinesThatBelongElsewhere) {
       {"SB AC", {{"SQ\r"}, {"SB AC\r"}}, "SB AC"},
       {"IDF", {{"ID S 001234\r"}, {"IDF\r"}}, "IDF"},
       {"PM007", {{"PM006 01551150\r"}, {"PM007 08510125\r"}}, "PM007 08510125"},
-      // All that has come by the limit; an answer about another place is better than none.
+      // What has come when the limit is reached. An answer about another place is better than none.
       {"MD", {{"LOF\r"}, {"ID E\r", 72400}}, ""},
       {"MD", {{"LOF\r"}, {"MD0"}}, "MD"},
       {"PM007", {{"ID E\r"}, {"PM006 01551150\r"}}, "PM006 01551150"},
@@ -146,14 +146,15 @@ TEST_F(ScannerLinkTest, PassesOverLinesThatBelongElsewhere) {
   }
 }
 
-TEST_F(ScannerLinkTest, LetsTheLineFallQuietWhereAnAnswerMayBeUnderWay) {
+TEST_F(ScannerLinkTest, WaitsForAQuietLineIfAnAnswerMayBeOnItsWay) {
   const std::tuple<const char*, std::vector<Piece>, bool> cases[] = {
-      // A line that belongs elsewhere taken for a key's answer, and a second answer still to come.
+      // A line that belongs elsewhere is taken for a key's answer; a second answer is still to
+      // come.
       {"KEY00", {{"ID E\r"}, {"OK\r", 1500}}, true},
       {"KEY00\r", {{"OK\r"}, {"ERR\r", 1500}}, true},
       {"IDN", {{"MD08\r"}, {"OK\r", 1500}}, true},
       {"MD", {{"MD0"}, {"8\r", 72600}}, true},
-      // No delay after answers that are in order.
+      // No delay after correct answers.
       {"KEY00", {{"OK\r"}}, false},
       {"KEY00\r", {{"OK\rERR\r"}}, false},
       {"IDN", {{"ID S 001234\r"}}, false},
@@ -200,10 +201,10 @@ TEST_F(ScannerLinkTest, ReportsSilenceOnceAndThenReturnsAtOnce) {
   EXPECT_TRUE(dialogs.boxes.empty());
 }
 
-TEST_F(ScannerLinkTest, StaysQuietWhileItsMessageStands) {
+TEST_F(ScannerLinkTest, StaysQuietWhileItsMessageIsOpen) {
   int behind = 0;
   dialogs.whileOpen = [&] {
-    // The poll goes on while the box is open, and so is the port.
+    // While the box is open, the poll goes on and the port is open.
     ++behind;
     EXPECT_TRUE(port->portOpen());
     EXPECT_EQ(link.SendCommand("SI") + link.ReadReply() + link.QueryIdLockouts(), "");
@@ -217,7 +218,7 @@ TEST_F(ScannerLinkTest, StaysQuietWhileItsMessageStands) {
   EXPECT_EQ(send("MD > MD00"), "MD00") << "a new link talks again";
 }
 
-TEST_F(ScannerLinkTest, RunsIntoItsMessageAtOnceWhenTheDeviceIsGone) {
+TEST_F(ScannerLinkTest, ShowsItsMessageAtOnceWhenTheDeviceIsGone) {
   const auto lost = [](const std::string& bytes) { return std::vector<Piece>{{bytes, 1, true}}; };
   EXPECT_EQ(send({"MD", lost("MD0")}), "") << "in the middle of a reply";
   expectReported(1);
@@ -238,18 +239,18 @@ TEST_F(ScannerLinkTest, ReadsListsUpToTheirEnd) {
   EXPECT_EQ(query({{"SS01551150\rSS0"}, {"8510125\r", 90000}, {"EN"}, {"D\r"}}),
             "SS01551150\rSS08510125\rEND");
   EXPECT_EQ(query({{"END\r"}}), "END");
-  // Lines that belong elsewhere, also right after the end.
+  // Lines that belong elsewhere, even directly after the end.
   EXPECT_EQ(query({{"ID E\rSS\rSS01551150\r"}, {"MD02\rSS08510125\rEND\rID E\r"}}),
             "SS01551150\rSS08510125\rEND");
   radio.expect({{"IL", "IL001234\rEND"}});
   EXPECT_EQ(link.QueryIdLockouts(), "IL001234\rEND");
   expectReported(0);
-  // Three bytes are no list.
+  // Three bytes aren't a list.
   EXPECT_EQ(query({{"ND\r"}}), "");
   expectReported(1);
 }
 
-TEST_F(ScannerLinkTest, LeavesAnUnendingReadOnlyWithTheUser) {
+TEST_F(ScannerLinkTest, EndsAnEndlessReadOnlyWhenTheUserLeaves) {
   radio.userLeaves = true;
   EXPECT_EQ(query({{"SS01551150\rEN"}}), "SS01551150\rE");
   send({"IDN", std::vector<Piece>{{"\r"}, {"IDNS"}}});
@@ -269,7 +270,7 @@ TEST_F(ScannerLinkTest, TakesStreamedLinesAsTheyCome) {
 
 TEST_F(ScannerLinkTest, ProbesItsOwnPort) {
   link.detach(*port);
-  // What is under way when the port is opened belongs to nobody.
+  // Bytes on their way when the port is opened are discarded.
   radio.send("OK\r");
   radio.expect({{"SI", std::vector<Piece>{{"SI\r"}, {"ERR\r"}}}});
   EXPECT_EQ(link.ProbeCommand(*port, "SI"), "ERR");

@@ -13,7 +13,7 @@ using testing::ElementsAre;
 
 const Box kQuestion{"Start searching now?", "Confirm Search", 36};
 
-/// The searches of a main window, on a radio that answers everything.
+/// The searches of a main window, with a radio that answers everything.
 template <class Form>
 struct Searches : test::World {
   Form form{services, outside()};
@@ -43,7 +43,7 @@ void choosesSearches(const char* modelKey, const std::string& afterNo) {
   EXPECT_EQ(form.customSearch.LLimit.text() + "-" + form.customSearch.Ulimit.text(),
             "851.0125-869.9875");
   EXPECT_EQ(form.panel.mode.caption(), "MD02");
-  // The third line has the id of the second place, and limits beyond the radio's range.
+  // The third line has the id of the second place and limits outside the radio's range.
   EXPECT_EQ(searches.choose(1, Answer::No), "KEY00; MD; LL00200000; LU13000000" + afterNo);
   EXPECT_EQ(form.customSearch.LLimit.text() + "-" + form.customSearch.Ulimit.text(), "20-1300");
   EXPECT_EQ(searches.choose(2, Answer::No), "KEY00; MD" + afterNo);

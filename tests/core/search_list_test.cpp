@@ -29,7 +29,7 @@ std::string many(int count) {
   return text;
 }
 
-/// One radio's list over its own controls; a second one may share the world.
+/// One radio's list with its own controls. Two of them may share the world.
 struct Lists {
   SearchList list;
   platform::ListBox& List3 = list.List3;
@@ -54,7 +54,7 @@ struct SearchListTest : testing::Test, test::World {
     dialogs.answers.push_back(answer);
     lists.list.removeSelected();
   }
-  /// The file's number is free again, whatever has happened.
+  /// Checks that the file's number is free again, whatever has happened.
   void TearDown() override {
     EXPECT_EQ(files.open(1, "other", platform::OpenMode::Output), std::nullopt);
   }
@@ -74,7 +74,7 @@ TEST_F(SearchListTest, ListsTheNamesAndFindsRecords) {
   EXPECT_EQ(bc895.List3.count(), 4) << "filled afresh";
 }
 
-TEST_F(SearchListTest, SavesThroughEachRadiosPicture) {
+TEST_F(SearchListTest, SavesWithEachRadiosMask) {
   const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
       {"851.0125", "869.9875", "851,870", "851.0125,869.9875"},
       {"29.5", "54", "30,54", "29.5,54"},
@@ -102,7 +102,7 @@ TEST_F(SearchListTest, SavesThroughEachRadiosPicture) {
   EXPECT_THAT(dialogs.boxes, IsEmpty());
 }
 
-TEST_F(SearchListTest, SavesTwoHundredFromTheSmallRadio) {
+TEST_F(SearchListTest, SavesTwoHundredForTheBc245xlt) {
   file = many(199);
   bc245.list.load();
   save(bc245, "50", "60", "last");
@@ -120,7 +120,7 @@ TEST_F(SearchListTest, SavesTwoHundredFromTheSmallRadio) {
   EXPECT_THAT(dialogs.boxes, IsEmpty());
 }
 
-TEST_F(SearchListTest, DeletesAllOfANameAndNumbersTheRestAnew) {
+TEST_F(SearchListTest, DeletesAllWithTheNameAndRenumbersTheRest) {
   file = kThree + "9,1,2,\"Low\"\n8, 3.50 ,4.0,\"End\"";
   bc895.list.load();
   remove(bc895, 1, Answer::No);
@@ -183,7 +183,7 @@ TEST_F(SearchListTest, FindsTheFileInAnySpelling) {
   EXPECT_EQ(disk.files.size(), 1U);
 }
 
-TEST_F(SearchListTest, PassesOverWhatItCannotRead) {
+TEST_F(SearchListTest, SkipsWhatItCannotRead) {
   const std::string garbled =
       "x,1,2,\"No id\"\r\n0,one,2,\"No limit\"\r\n40000,1,2,\"Too far\"\r\n";
   file = garbled + kThree;
@@ -203,7 +203,7 @@ TEST_F(SearchListTest, SurvivesAFileCutAnywhere) {
     SCOPED_TRACE(length);
     file = kThree.substr(0, length);
     bc245.list.load();
-    // A name may be cut short; what is before it is whole.
+    // A name may be cut short. Everything before it is complete.
     const auto lines = std::count(file.begin(), file.end(), '\n');
     EXPECT_GE(bc245.List3.count(), lines);
     EXPECT_LE(bc245.List3.count(), lines + 1);
@@ -218,7 +218,7 @@ TEST_F(SearchListTest, SurvivesAFileCutAnywhere) {
   }
 }
 
-TEST_F(SearchListTest, LosesNothingWhereTheDiskFails) {
+TEST_F(SearchListTest, LosesNothingWhenTheDiskFails) {
   file = kThree;
   bc895.list.load();
   store.full = true;
@@ -231,7 +231,7 @@ TEST_F(SearchListTest, LosesNothingWhereTheDiskFails) {
   remove(bc895, 0);
   EXPECT_EQ(file, kThree) << "a part of the file isn't taken for the whole";
   store.readable = std::string::npos;
-  // A plan that failed to load keeps the number; the searches wait.
+  // A plan that failed to load keeps the number, so saving a search fails.
   files.open(1, kPath, platform::OpenMode::Input);
   bc895.list.load();
   save(bc895, "30", "40", "New");

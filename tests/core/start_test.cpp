@@ -18,10 +18,10 @@ struct StartTest : testing::Test, test::World {
   Application application{services, windows};
 
   StartTest() {
-    // The BC245XLT's window asks for the radio's switches as it opens.
+    // The BC245XLT's window asks for the radio's switches while it loads.
     radio.answerAll("OK");
   }
-  /// The splash with its one exchange, and the main window that follows.
+  /// Runs the splash with its exchange, and opens the main window.
   void start(const std::vector<Exchange>& exchanges) {
     application.start();
     radio.expect(exchanges);
@@ -143,7 +143,7 @@ TEST_F(StartTest, ReadsEachRateAsTheWindowKnowsIt) {
   }
 }
 
-/// On the desk set's window the poll is on before the rate is shown, so that the box asks.
+/// In the BC895XLT's window the poll is on before the rate is set, so the box asks its question.
 TEST_F(StartTest, AsksForTheRateOnAnyOtherPortThanTheFirst) {
   for (const bool yes : {false, true}) {
     test::World world;
@@ -171,7 +171,7 @@ TEST_F(StartTest, AsksForTheRateOnAnyOtherPortThanTheFirst) {
   EXPECT_THAT(settings.saved, ElementsAre(SavedSetting{"Options", "COM", "4"}));
 }
 
-TEST_F(StartTest, PassesOverPortsThatAreNoneAndReportsARefusedOneIfItsOptionWasChosen) {
+TEST_F(StartTest, IgnoresInvalidPortsAndReportsARefusedOneIfItsOptionWasChosen) {
   for (const std::string com : {"0", "5", "-1", "x", "", "99999", "1", "2"}) {
     SCOPED_TRACE(com);
     test::World world;

@@ -39,13 +39,13 @@ constexpr Loop kModes245[] = {
     {"MD11", "SB > SB AC; IC > IC B3 005678; PI B > PI B3; WI > WI020F08510125; AF > AFN"},
 };
 
-/// A line out of turn, and where it comes relative to the reply of its exchange.
+/// A line that nobody asked for, and its place relative to the reply.
 struct Stray {
   const char* kind;
   const char* place;
 };
 
-/// A poll on a line where each exchange is answered at once, but for one.
+/// A poll on a line where all exchanges except one are answered at once.
 template <class Rig>
 class StrayRig : public Rig {
  public:
@@ -119,8 +119,8 @@ std::string hits(const Rig& rig) {
   return all;
 }
 
-/// Whether the program can know the line for what it is. Keys and "IDN" take anything, and no
-/// words tell a set command from its answer.
+/// Whether the program can recognise the line as a stray one. Keys and "IDN" accept anything, and a
+/// command that sets something can't be distinguished from its answer.
 bool isKnown(const std::string& command, const std::string& kind) {
   return command != "IDN" && !command.starts_with("KEY") && command != "IDF" && kind != "#";
 }
@@ -146,7 +146,7 @@ void expectInStep(const std::string& opening, std::span<const Loop> loops) {
         const std::size_t struck = after ? nth : nth - 1;
         StrayRig<Rig> rig(opening, loop);
         const std::string disturbed = rig.tickWith(stray, static_cast<int>(nth));
-        // An ID hold reads one line a round after "MD", whatever it is.
+        // In ID hold, each round reads one line after "MD", whatever it is.
         const bool read =
             std::string_view(loop.mode) == "MD08" && after && commands[nth - 1] == "MD";
         if (!read && struck < commands.size() && isKnown(commands[struck], stray.kind) &&
@@ -155,7 +155,7 @@ void expectInStep(const std::string& opening, std::span<const Loop> loops) {
           ASSERT_EQ(rig.picture(), picture);
           ASSERT_EQ(hits(rig), hitLines);
         }
-        // Noise costs one answer, which the next tick makes good; then all is as before.
+        // Noise costs one answer, which the next tick asks for again.
         if (std::string_view(stray.kind) == "#") {
           rig.tickWith({"", ""}, 0);
         }

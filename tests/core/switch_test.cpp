@@ -13,7 +13,7 @@ using testing::IsEmpty;
 constexpr const char* kIdentity = "SIBC245XLT 0123456789 0215";
 constexpr const char* kReopened = "open COM 1 at 9600,n,8,1";
 
-/// A line on which one radio can replace the other.
+/// A line on which the test can replace one radio by the other.
 struct SwitchTest : testing::Test, test::World {
   Application application{services, windows};
   bool bc895 = false;
@@ -30,7 +30,7 @@ struct SwitchTest : testing::Test, test::World {
     radio.answerAll("OK", {{"SI", bc895 ? "ERR" : kIdentity}, {"MD", "MD13"}, {"MA", "NG"}});
   }
   void tick() { gate.enterTimer(application.mainForm()->Scantimer); }
-  /// The log up to and with the new window's opening of the port.
+  /// The log up to the point where the new window has opened the port.
   std::string logUpToOpening() {
     std::string all = radio.takeLog();
     return all.substr(0, all.find(kReopened) + std::string(kReopened).size());
@@ -69,7 +69,7 @@ TEST_F(SwitchTest, LeavesNothingBehindInTwoHundredRounds) {
     tick();
     ASSERT_EQ(windows.form2 == nullptr, bc895) << round;
     ASSERT_EQ(windows.form4 != nullptr, bc895) << round;
-    // The splash's, which stays to the end, and the window's.
+    // The splash's port, which stays to the end, and the window's.
     ASSERT_EQ(radio.ports, 2) << round;
     tick();
     ASSERT_FALSE(state.SwitchingScanners);
@@ -79,7 +79,7 @@ TEST_F(SwitchTest, LeavesNothingBehindInTwoHundredRounds) {
   EXPECT_THAT(dialogs.boxes, IsEmpty());
 }
 
-TEST_F(SwitchTest, TakesAlongWhatWasAskedOfTheOldWindow) {
+TEST_F(SwitchTest, ClosesWhatTheOldWindowOpened) {
   exchange();
   MainForm* old = application.mainForm();
   state.MemoryModified = true;
@@ -87,7 +87,7 @@ TEST_F(SwitchTest, TakesAlongWhatWasAskedOfTheOldWindow) {
   dialogs.whileOpen = [&] {
     old->mnuQV();
     old->mnuAbout();
-    // Clicks that come too late for this window, and wait.
+    // Clicks that come too late for this window.
     gate.enterLeaving([old] { old->mnuQV(); });
     gate.enter([old] { old->mnuAbout(); });
   };
@@ -113,7 +113,7 @@ TEST_F(SwitchTest, ShowsItsNoticeOnASilentAndClosedLine) {
     if (call.starts_with("openNotice")) {
       EXPECT_FALSE(old->MSComm1->portOpen() || old->Scantimer.enabled());
       EXPECT_TRUE(state.SwitchingScanners);
-      // Nobody opens the port of a window that is closing, and its poll stays off.
+      // The port of a window that is closing can't be opened, and its poll stays off.
       loop.onTurn(1, [&] {
         gate.enter([&] { seen = true; });
         gate.enterTimer(old->Scantimer);
@@ -159,7 +159,7 @@ TEST_F(SwitchTest, StaysWithASilentRadio) {
   EXPECT_THAT(windows.takeCalls(), IsEmpty());
 }
 
-TEST_F(SwitchTest, DoesNotRunBehindTheExitsQuestionAboutThePlan) {
+TEST_F(SwitchTest, DoesNotRunDuringTheExitsQuestionAboutThePlan) {
   state.MemoryModified = true;
   dialogs.answers = {Answer::Yes, Answer::No};
   std::vector<bool> polls;

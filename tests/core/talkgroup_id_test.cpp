@@ -37,7 +37,7 @@ TEST(TalkgroupId, ReadsElevenBitsAndSmallPatterns) {
 }
 
 TEST(TalkgroupId, FindsTheOtherEdacsForm) {
-  // Agencies beyond 1 aren't reproduced, nor are numbers beyond 16 bits.
+  // Agencies above 1 and numbers of more than 16 bits aren't reproduced.
   const std::tuple<const char*, const char*, const char*> dashed[] = {
       {"000123", "00-153", "00-15-"}, {"000128", "01-000", "01-00-"},
       {"000254", "01-156", "01-15-"}, {"000255", "01-157", "01-15-"},
@@ -47,7 +47,7 @@ TEST(TalkgroupId, FindsTheOtherEdacsForm) {
   for (const auto& [id, whole, agency] : dashed) {
     EXPECT_EQ(dashedForms(id), AlternateIds(whole, agency)) << id;
   }
-  // A field with too many bits shifts those after it.
+  // A field with too many bits shifts the fields after it.
   const std::pair<const char*, const char*> decimals[] = {
       {"00-153", "000123"}, {"01-157", "000255"}, {"15-157", "002047"},
       {"02-034", "000284"}, {"02-03", "000280"},  {"01-160", "000192"},

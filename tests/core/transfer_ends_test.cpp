@@ -1,4 +1,5 @@
-// How the four dialogs end a transfer: with nothing chosen, after silence and with the program.
+// How the transfers of the four dialogs end: with nothing chosen, after silence, and with the
+// program.
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -17,7 +18,7 @@ const Lines kEmptyChannel = {".", " ", " ", " ", " ", "67.0", "tag"};
 
 struct Kind {
   const char* name;
-  /// Of talkgroup IDs, on a BC245XLT. The others transfer channels, on a BC895XLT.
+  /// Whether it transfers talkgroup IDs on a BC245XLT. The others transfer channels on a BC895XLT.
   bool ids;
   bool reads;
   /// The commands if no bank is chosen.
@@ -65,7 +66,7 @@ TEST_P(TransferEnds, AfterSilenceAndWithTheProgram) {
   enum End { Silence, ProgramAtMessage, ProgramAtTurn };
   for (const End end : {Silence, ProgramAtMessage, ProgramAtTurn}) {
     EndRig rig(GetParam());
-    // Falls silent at the third channel or in the middle of the IDs.
+    // The radio falls silent at the third channel or in the middle of the IDs.
     rig.answered = end == ProgramAtTurn ? 1000 : GetParam().ids ? 12 : 2;
     rig.dialogs.whileOpen = [&] { end == Silence ? void() : rig.end(); };
     if (end == ProgramAtTurn) {

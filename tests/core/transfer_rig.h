@@ -18,8 +18,9 @@ namespace tarnvex::test {
 
 using Lines = std::vector<std::string>;
 
-/// The parts of a main window that a transfer uses. The port is open and the poll runs.
+/// The parts of a main window that a transfer uses. The port is open and the poll is running.
 struct TransferRig {
+  /// The radio at the other end.
   enum class Model { Bc895, Bc245 };
 
   explicit TransferRig(Model model, std::unique_ptr<platform::SerialPort> line = nullptr)
@@ -47,7 +48,7 @@ struct TransferRig {
   }
   memory::TransferOutside outside() { return {state, link, gate, dialogs, clock}; }
 
-  /// Columns 1 to 7 of a channel.
+  /// Writes columns 1 to 7 of a channel.
   void setRow(int row, const Lines& cells) {
     for (int col = 1; col < channels.cols(); ++col) {
       channels.setTextMatrix(row, col, cells[static_cast<std::size_t>(col - 1)]);
@@ -68,7 +69,7 @@ struct TransferRig {
     }
     dialog.Command1.userClick();
   }
-  /// Asks for a system type as a main window does. `answer` plays the user.
+  /// Asks for a system type as a main window does. `answer` acts as the user.
   template <class Answer>
   void askSystemType(Answer answer) {
     trunking::Form3 form({Channel, channels, state, link, gate, dialogs});
@@ -108,7 +109,7 @@ struct TransferRig {
   int ticks = 0;
   int closings = 0;
   platform::Connection closing;
-  /// Replies to commands. All others are answered with "OK".
+  /// The replies to commands. All others are answered with "OK".
   std::map<std::string, std::string, std::less<>> replies;
   /// The number of commands that are answered before the radio falls silent.
   int answered = 1'000'000;

@@ -62,7 +62,7 @@ TEST(SystemType, ProgramsTheBankAndClosesTheForm) {
       {{3}, "450.0000", 0, "TR A 4 04500000 0005"},
       {{3}, "450", 1, "TR A 4 04500000 0125"},
       {{3}, "450.0125", kNone, "TR A 4 04500125 0125"},
-      // There are two step codes: for the first entry and for all others.
+      // There are two step codes: one for the first entry and one for all others.
       {{4}, "138.0000", 0, "TR A 5 01380000 0005"},
       {{4}, "138.0000", 7, "TR A 5 01380000 0125"},
       {{3}, "45O", 0, "TR A 4  0005"},

@@ -34,7 +34,7 @@ struct UploadRig : TransferRig {
                    }};
 };
 
-/// The commands of a bank. `channels` has those of the channels that aren't empty.
+/// The commands for a bank. `channels` has those for the channels that aren't empty.
 std::string bankLog(int bank, const std::map<int, std::string>& channels) {
   std::string log;
   for (int channel = 30 * bank + 1; channel <= 30 * bank + 30; ++channel) {
@@ -51,7 +51,7 @@ TEST(Upload, SendsEveryFieldOfTheChosenBanks) {
   UploadRig rig(Model::Bc895);
   rig.setRow(1, {"155.115", " ", "X", " ", "X", "67.0", "Sheriff"});
   rig.setRow(2, {"1300.0000", "", "x", "", "", "250.3", ""});
-  // Neither numbers nor tones of the table.
+  // Neither a number nor a tone of the table.
   rig.setRow(3, {"", " ", " ", " ", " ", "67", ""});
   rig.setRow(4, {"150,5", " ", " ", "X", " ", " ", ""});
   rig.setRow(30, {"860.0125", "X", " ", " ", " ", "", ""});

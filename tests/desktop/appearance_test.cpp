@@ -1,5 +1,5 @@
-// What everybody can read: names and roles for a screen reader, and contrast, computed from the
-// painted pixels, in the palettes of the desktops.
+// Whether everybody can read the windows: names and roles for screen readers, and contrast,
+// computed from the painted pixels, in common palettes.
 #include <QAccessible>
 #include <QTest>
 #include <cmath>
@@ -47,7 +47,8 @@ double contrast(QRgb one, QRgb other) {
   return (bright + 0.05) / (dark + 0.05);
 }
 
-/// Between the colour that a piece of the window has most of and the one that differs most from it.
+/// The contrast between the most frequent colour of the picture and the colour that differs most
+/// from it.
 double contrastOf(const QImage& piece) {
   std::map<QRgb, int> counts;
   for (int y = 0; y < piece.height(); ++y) {
@@ -106,13 +107,13 @@ TEST_F(Bc895Window, IsReadableInEveryPaletteAndFollowsAChange) {
   QApplication::setPalette(before);
 }
 
-/// Controls without a name or with no role of their own, by object name.
+/// Collects the object names of controls without a name or a role.
 void collectNameless(QAccessibleInterface* here, QStringList& nameless) {
   const bool isControl = here->state().focusable && !here->state().invisible;
   const bool anonymous = here->text(QAccessible::Name).isEmpty() &&
                          here->role() != QAccessible::Cell && here->role() != QAccessible::ListItem;
   const bool roleless = here->role() == QAccessible::Client || here->role() == QAccessible::NoRole;
-  // The frame around the pages is a client by role; its tab bar is the control.
+  // The frame around the pages has no role of its own. Its tab bar is the control.
   const bool isFrame = qobject_cast<QTabWidget*>(here->object()) != nullptr;
   if (isControl && !isFrame && (anonymous || roleless)) {
     nameless << (here->object() != nullptr ? here->object()->objectName() : QStringLiteral("?")) +

@@ -14,7 +14,7 @@ struct Call {
   QString complained;
 };
 
-/// The real program, on a machine without a display where the first answer needs none.
+/// The real program, without a display for the arguments that need none.
 TEST(CommandLine, AnswersAndRefuses) {
   const QString version = QStringLiteral("Tarnvex ") + platform::version() + '\n';
   const QString display = QStringLiteral("-platform");

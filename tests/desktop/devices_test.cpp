@@ -39,7 +39,7 @@ TEST(ComOption, OffersTheDevicesThereAreNow) {
   EXPECT_EQ(settings.values[std::pair("Ports", "COM1")], "/dev/serial/by-id/ftdi");
   EXPECT_EQ(box->currentIndex(), 1);
 
-  // Pulled out: the choice stays, and the watcher tells of the change by itself.
+  // The device is unplugged: the choice stays, and the watcher reports the change.
   desktop::DeviceWatcher watcher(
       {folder.path()}, [&] { option.showDevices(); }, box.get());
   found = {{"/dev/ttyS0", "/dev/ttyS0", ""}};
@@ -61,7 +61,7 @@ TEST(StablePath, IsTheLinkThatLeadsToTheDevice) {
   EXPECT_EQ(desktop::stablePath(device, folder.filePath("no-such")), device);
 }
 
-TEST(Report, TellsTheMaintainersWhatTheyNeedAndNoMore) {
+TEST(Report, HasWhatTheMaintainersNeedAndNoMore) {
   const QTemporaryDir folder;
   desktop::IniSettings settings(folder.filePath("Tarnvex.conf"));
   settings.saveSetting("BC895", "LastFreqFile", QDir::homePath().toStdString() + "/city.tvf");

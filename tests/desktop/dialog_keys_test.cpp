@@ -8,8 +8,7 @@
 namespace tarnvex::test {
 namespace {
 
-/// The button that Enter presses while that widget has the focus. What the button does is held
-/// back.
+/// The button that Enter presses while this widget has the focus. The button's action doesn't run.
 std::string pressedByEnter(QWidget& dialog, QWidget& focus) {
   QStringList pressed;
   for (auto* button : dialog.findChildren<QPushButton*>()) {
@@ -44,7 +43,7 @@ class DialogKeys : public WindowTest<Form> {
     ASSERT_NE(found, windows.end());
     QWidget* dialog = *found;
     QApplication::setActiveWindow(dialog);
-    // As once a file is chosen.
+    // As if a file had been chosen.
     dialog->template findChild<QPushButton*>(main)->setEnabled(true);
     for (auto* widget : dialog->template findChildren<QWidget*>()) {
       const bool typedInto = qobject_cast<QLineEdit*>(widget) != nullptr ||

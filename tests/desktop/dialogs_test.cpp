@@ -14,7 +14,7 @@ namespace {
 using platform::Answer;
 using platform::MessageFlags;
 
-/// Message boxes answered by a user who acts once the box shows.
+/// Message boxes answered by a user who acts once the box is visible.
 class DialogsTest : public testing::Test {
  protected:
   Answer ask(MessageFlags flags, const std::function<void(QMessageBox&)>& act) {
@@ -98,7 +98,7 @@ TEST_F(DialogsTest, SurvivesTheEndOfTheWindowBelow) {
             Answer::No);
 }
 
-TEST_F(DialogsTest, KeepsTheCoreAliveBehindABoxAndEndsWithTheProgram) {
+TEST_F(DialogsTest, KeepsTheCoreRunningDuringABoxAndEndsWithTheProgram) {
   platform::Timer poll{1};
   int ticks = 0;
   poll.onTick = [&] { ++ticks; };
@@ -109,7 +109,7 @@ TEST_F(DialogsTest, KeepsTheCoreAliveBehindABoxAndEndsWithTheProgram) {
       gate.enterTimer(poll);
       gate.enter([&] {
         EXPECT_EQ(ticks, 0) << "user events come before the poll";
-        // A second box over the first, which is answered first.
+        // A second box over the first one. The second is answered first.
         EXPECT_EQ(dialogs.messageBox("", "", platform::kYesNoQuestion), Answer::No);
         box.button(QMessageBox::Yes)->click();
       });

@@ -4,7 +4,7 @@
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  // Nobody's sound is recorded, and nothing is heard, but on a server that a test has started.
+  // Sound is only recorded from, and played on, a server that a test has started.
   qputenv("PULSE_SERVER", "unix:/nonexistent");
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);

@@ -58,7 +58,7 @@ TEST_F(Bc895Window, ShowsAndPassesOnEverySwitch) {
     EXPECT_EQ(widget.isChecked(), !before);
     model->setValue(before);
     EXPECT_EQ(widget.isChecked(), before);
-    // A click while the core is busy waits at the gate.
+    // A click while the core is busy is queued in the gate.
     gate.enter([&, model] {
       widget.click();
       EXPECT_EQ(model->value(), before);
@@ -126,7 +126,7 @@ TEST_F(Bc895Window, ConnectsAndKeepsHitListsAndLimits) {
   QTest::mouseClick(hits.viewport(), Qt::LeftButton, {},
                     hits.visualItemRect(hits.item(0)).center());
   EXPECT_EQ(form.MSFlexGrid1.textMatrix(1, 1), "155.1150");
-  // By keyboard: an arrow only chooses the line, the blank clicks it.
+  // With the keyboard, an arrow key only chooses the line, and Space clicks it.
   form.hitLists.List1.add("151.6250 two");
   form.MSFlexGrid1.userMoveTo(5, 1);
   openTab(3);

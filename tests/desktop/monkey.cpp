@@ -68,8 +68,8 @@ void Monkey::note(const QString& what) {
   }
 }
 
-/// Each event has a timer of its own, since one doesn't fire again within its own event, and what
-/// an event starts may turn the loop for long.
+/// Each event has a timer of its own. A single timer wouldn't fire within its own event, which may
+/// turn the loop for a long time.
 void Monkey::timerEvent(QTimerEvent* event) {
   killTimer(event->timerId());
   timer_ = startTimer(0);
@@ -262,7 +262,7 @@ void Monkey::leave() {
   } else if (calmTicks_ == kTicksOfCalm) {
     program_.windows.mainWindow()->close();
   } else if (!form()->MSComm1->portOpen() || chance(400)) {
-    // Also out of a wait for the rest of a line that never comes.
+    // Also ends a wait for the rest of a line that never comes.
     recover();
   }
 }

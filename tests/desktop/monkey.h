@@ -15,24 +15,24 @@
 
 namespace tarnvex::test {
 
-/// Where a widget is, by the names of the widgets that contain it.
+/// A widget's place, as the names of the widgets that contain it.
 QString describeWidget(const QWidget* widget);
 
 /// A user who acts at random: clicks, types, drags and closes whatever the windows offer, while the
-/// radio changes its mode, its model and its faults. Events go to the windows as the window system
-/// delivers them, so what is covered or blocked can't be reached. It acts wherever the program lets
-/// events in, also amid an exchange, and gives dialogs answers that stay within `folder`.
+/// radio changes its mode, its model and its faults. Events reach the windows as if from the window
+/// system, so what is covered or blocked can't be reached. The monkey acts wherever the program
+/// lets events in, even within an exchange. Its answers to file dialogs stay within `folder`.
 ///
-/// Then it waits until the poll works again, and leaves.
+/// At the end it waits until the poll works again, and closes the program.
 class Monkey : public QObject {
  public:
   Monkey(desktop::Program& program, NoisyLine& line, QString folder, unsigned seed);
 
-  /// Runs the program to its end, with that many events.
+  /// Runs the program with this many events, and to its end.
   void play(int events);
-  /// What it did last, for a failure's text.
+  /// Its last actions, for the text of a failure.
   [[nodiscard]] std::string trail();
-  /// Goes on with each event: whether the program still lives.
+  /// Counts the events, so that others can see whether the program is alive.
   std::atomic<int> beats = 0;
 
  protected:
@@ -64,13 +64,13 @@ class Monkey : public QObject {
   void openMenu();
   void answer(QWidget* dialog);
   void answerBox(QWidget* box);
-  /// Back to where a radio can be seen, then out.
+  /// Brings the main window back and closes the program.
   void leave();
   void recover();
 
   [[nodiscard]] shell::MainForm* form() const { return program_.application.mainForm(); }
   [[nodiscard]] QWidget* anyWindow();
-  /// The state of the program, for a failure's text.
+  /// The state of the program, for the text of a failure.
   [[nodiscard]] QString stand() const;
 
   desktop::Program& program_;
@@ -78,13 +78,13 @@ class Monkey : public QObject {
   QString folder_;
   std::mt19937 random_;
   int left_ = 0;
-  /// Of the window system, in milliseconds.
+  /// The window system's time, in milliseconds.
   int time_ = 0;
   Qt::MouseButtons held_;
   int timer_ = 0;
   const shell::MainForm* watched_ = nullptr;
   platform::Connection ticks_;
-  /// Ticks of the poll since it calmed down, -1 before.
+  /// Ticks of the poll since the random events ended. -1 before that.
   int calmTicks_ = -1;
   QDeadlineTimer patience_;
   std::mutex trailLock_;

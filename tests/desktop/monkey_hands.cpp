@@ -1,4 +1,4 @@
-// How a monkey uses mouse, keyboard and dialogs.
+// The monkey's use of mouse, keyboard and dialogs.
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
@@ -13,7 +13,7 @@
 namespace tarnvex::test {
 namespace {
 
-/// Beyond a double click, in milliseconds.
+/// The time between two clicks that aren't a double click, in milliseconds.
 constexpr int kApart = 2000;
 /// Names for files, saved searches and devices; the last ones can't be opened.
 constexpr const char* kNames[] = {"a.tvf",          "b.tvf", "c.apf",           "Searchlist.txt",

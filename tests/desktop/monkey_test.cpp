@@ -1,4 +1,4 @@
-// The program under a user who acts at random, on a line that fails.
+// The program with a user who acts at random and a line that fails.
 #include "desktop/monkey.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ namespace {
 constexpr int kEvents = 7000;
 constexpr std::chrono::seconds kStill{25};
 
-/// The user's folders, the folder of work and the messages of Qt, for the time of a test.
+/// For the time of a test: the user's folders, the working directory and Qt's messages.
 class Surroundings : private platform::NonCopyable {
  public:
   explicit Surroundings(const QString& home) : palette_(QApplication::palette()) {
@@ -39,7 +39,7 @@ class Surroundings : private platform::NonCopyable {
     QApplication::setPalette(palette_);
   }
 
-  /// Each with what led to it.
+  /// Each warning with the actions before it.
   static inline QMap<QString, std::string> warnings;
   static inline std::function<std::string()> trail;
 
@@ -51,7 +51,8 @@ class Surroundings : private platform::NonCopyable {
     if (type == QtFatalMsg) {
       std::fprintf(stderr, "%s\n%s", qPrintable(text), trail ? trail().c_str() : "");
     }
-    // The platform without a screen has no frames to raise and no sizes to hint at.
+    // The platform without a screen complains about window frames and size hints, which it doesn't
+    // have.
     if (type != QtDebugMsg && type != QtInfoMsg &&
         !text.startsWith("This plugin does not support") && !warnings.contains(text)) {
       warnings[text] = trail ? trail() : "";
@@ -64,7 +65,7 @@ class Surroundings : private platform::NonCopyable {
   QtMessageHandler handler_ = nullptr;
 };
 
-/// Ends the test program and says what was going on when a run hangs.
+/// If a run hangs, prints its last actions and ends the test program.
 class Watchdog {
  public:
   Watchdog(Monkey& monkey, unsigned seed)

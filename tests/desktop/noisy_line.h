@@ -9,25 +9,25 @@
 
 namespace tarnvex::test {
 
-/// A simulated radio in the same process, on a line that can fail and be unplugged. Its time is
-/// that of the exchanges and waits: a silent radio costs none of ours.
+/// A simulated radio in the same process, on a line that can fail and be unplugged. Its time moves
+/// only with exchanges and waits, so a silent radio costs the test no real time.
 class NoisyLine : public platform::SerialPorts {
  public:
   explicit NoisyLine(radio::Model model, std::uint64_t seed)
       : radio(model, seed), line(radio, {.baud = 0, .seed = seed}, {}) {}
   std::unique_ptr<platform::SerialPort> create() override;
 
-  /// Before the first wait: what a wait for bytes does so that the window lives on, and whether the
-  /// user wants out of it.
+  /// To be set before the first wait: what a wait for bytes calls so that the window stays
+  /// responsive, and whether the user wants to end the wait.
   std::function<void()> meanwhile;
   std::function<bool()> leaving;
 
   void hangUp() { plugged_ = 0; }
   void plugIn() { plugged_ = ++plugs_; }
-  /// A line that nobody asked for.
+  /// Sends a line that nobody asked for.
   void stray(const std::string& text) { line.stray(text, clock_); }
 
-  /// Otherwise the radio understands 9600 baud only.
+  /// Whether the radio answers at any baud rate, or only at 9600.
   bool anyBaud = false;
   radio::Radio radio;
   radio::SerialLine line;
@@ -37,7 +37,7 @@ class NoisyLine : public platform::SerialPorts {
   void pass(radio::Instant time);
 
   int plugs_ = 1;
-  /// Number of the plugging-in; 0 while unplugged.
+  /// How often it has been plugged in. 0 while it is unplugged.
   int plugged_ = 1;
   radio::Instant clock_{};
   std::string waiting_;

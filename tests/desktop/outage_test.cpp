@@ -1,4 +1,4 @@
-// The line is lost while the program runs, and comes back.
+// The line fails while the program runs, and comes back.
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>
@@ -17,7 +17,7 @@ struct Outage {
   /// The radio's mode, and what the panel then shows.
   const char* mode;
   const char* shown;
-  /// What happens to the line; `first`, if it isn't empty, a moment earlier.
+  /// What happens to the line. `first`, if it isn't empty, happens a moment earlier.
   const char* first;
   const char* loss;
   const char* repair;
@@ -29,7 +29,7 @@ void PrintTo(const Outage& outage, std::ostream* out) {
 
 class OutageTest : public testing::TestWithParam<Outage> {
  protected:
-  /// Holds after a while of which nothing is expected but quiet.
+  /// True after a while in which nothing may happen.
   std::function<bool()> quietFor(int milliseconds) {
     return [this, milliseconds] {
       if (milliseconds == 0) {
@@ -49,10 +49,10 @@ class OutageTest : public testing::TestWithParam<Outage> {
       return true;
     };
   }
-  /// Processor time of the program, in seconds.
+  /// The program's processor time, in seconds.
   static double clockOfProcess() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
 
-  /// Holds once the radio's own window shows a line.
+  /// True once the main window of the radio shows a line.
   std::function<bool()> shows(const char* line) {
     return [this, line] { return home() && rig.shows(line); };
   }
@@ -93,7 +93,8 @@ TEST_P(OutageTest, GivesOneNoticeStaysQuietAndConnectBringsItBack) {
                    [this, &outage, round] {
                      EXPECT_EQ(rig.silences, round);
                      rig.radio.say(outage.repair);
-                     // By the answer it is plugged in, with another terminal behind the same name.
+                     // Once it answers, it is plugged in, with another terminal under the same
+                     // name.
                      EXPECT_NE(rig.radio.ask("mode"), "");
                      rig.connectAgain();
                    }},
@@ -125,11 +126,11 @@ INSTANTIATE_TEST_SUITE_P(
                "replug"}),
     [](const auto& info) { return info.param.name; });
 
-TEST(StartWithoutARadio, LeadsToTheOtherWindowAndConnectMendsIt) {
+TEST(StartWithoutARadio, LeadsToTheOtherWindowAndConnectCorrectsIt) {
   ProgramRig rig;
   rig.radio.say("hangup");
   rig.play({{"a window", [&] { return rig.form() != nullptr; }},
-            {"polling in vain",
+            {"polling without an answer",
              [&] { return rig.form()->Scantimer.enabled() && !rig.form()->MSComm1->portOpen(); },
              [&] {
                EXPECT_FALSE(rig.isBc895());

@@ -1,4 +1,4 @@
-// The live panel on a radio that goes through its modes.
+// The live panel, with a radio that goes through its modes.
 #include <gtest/gtest.h>
 
 #include <regex>
@@ -8,7 +8,7 @@
 namespace tarnvex::test {
 namespace {
 
-/// The radio's built-in memory as far as these tests listen to it.
+/// The part of the radio's built-in memory that these tests receive.
 void fillPlan(shell::MainForm& form) {
   form.MSFlexGrid1.setTextMatrix(1, 1, "155.1150");
   form.MSFlexGrid1.setTextMatrix(1, 7, "Fire dispatch");
@@ -25,7 +25,7 @@ void fillPlan(shell::MainForm& form) {
 
 class PanelLife : public testing::Test {
  protected:
-  /// Holds once all these lines show, and none of those indicators.
+  /// True once all these lines are shown and none of the `dark` indicators.
   std::function<bool()> all(std::vector<std::string> lines, std::vector<std::string> dark = {}) {
     return [this, lines, dark] {
       return rig.isBc895() &&
@@ -36,7 +36,7 @@ class PanelLife : public testing::Test {
   std::function<void()> say(const QByteArray& line) {
     return [this, line] { rig.radio.say(line); };
   }
-  /// Nothing on the air, and the radio in another mode.
+  /// Clears the air and sets the radio's mode.
   std::function<void()> tune(const QByteArray& mode) { return say("scene quiet\nmode " + mode); }
 
   ProgramRig rig;
@@ -78,7 +78,7 @@ TEST_F(PanelLife, FollowsTheRadioThroughItsModes) {
   EXPECT_EQ(rig.silences, 0);
 }
 
-/// What a line may do to replies.
+/// Faults that a line may have.
 constexpr const char* kFaults[] = {"delay 60 5",
                                    "split",
                                    "join",
@@ -111,7 +111,8 @@ class SpoiltLine : public testing::TestWithParam<const char*> {
   ProgramRig rig{{"--baud", "0", "--scene", "quiet", "--model", GetParam()}};
 };
 
-/// A spoilt answer to "SI" is the word of another radio: the windows may be exchanged, and back.
+/// A spoilt answer to "SI" may look like another radio's, so the windows may be exchanged and
+/// exchanged back.
 TEST_P(SpoiltLine, ComesBackInStepAndAddsNoFalseHits) {
   const auto shown = [this](const char* line) {
     return [this, line] {
@@ -141,12 +142,12 @@ TEST_P(SpoiltLine, ComesBackInStepAndAddsNoFalseHits) {
 INSTANTIATE_TEST_SUITE_P(Radios, SpoiltLine, testing::Values("bc895", "bc245"),
                          [](const auto& info) { return std::string(info.param); });
 
-TEST_F(PanelLife, CanBeLeftFromWithinTheIdSearch) {
+TEST_F(PanelLife, CanBeClosedWithinTheIdSearch) {
   rig.play({{"scanning", rig.bc895("Frequency: Scanning"), tune("MD07")},
             {"ID search", rig.bc895("Frequency: - -   - - -")}});
 }
 
-TEST_F(PanelLife, CanBeLeftFromWithinTheIdHold) {
+TEST_F(PanelLife, CanBeClosedWithinTheIdHold) {
   rig.play({{"scanning", rig.bc895("Frequency: Scanning"), tune("MD08")},
             {"ID hold", rig.bc895("Hold: HOLD")}});
 }

@@ -30,7 +30,7 @@ TEST_F(Bc895Window, LaysOutItsTables) {
   }
   EXPECT_EQ(stations.model()->index(299, 0).data(), "300");
   EXPECT_EQ(find<QTableView>("MSFlexGrid2").model()->rowCount(), 1000);
-  // A bank is brought to the top.
+  // Brings a bank to the top.
   find<QComboBox>("Combo3").setFocus();
   QTest::keyClick(&find<QComboBox>("Combo3"), Qt::Key_Down);
   EXPECT_EQ(stations.rowAt(1), 30);
@@ -65,7 +65,7 @@ TEST_F(Bc895Window, TabLeavesTheTables) {
   }
 }
 
-/// Notes when a widget paints over a spot.
+/// Records when a widget paints over a point.
 class PaintWatch : public QObject {
  public:
   PaintWatch(QWidget* widget, QRect spot) : spot_(spot) { widget->installEventFilter(this); }
@@ -98,7 +98,7 @@ TEST_F(Bc895Window, TypedKeysAreSeenWhileAnExchangeWaits) {
     EXPECT_EQ(form.MSFlexGrid1.textMatrix(2, 1), "7");
     loop.turn();
     EXPECT_TRUE(watch.painted);
-    // The cursor moves too, and a second request stays outside the core until the exchange is over.
+    // The cursor moves, too, and a close request stays outside the core until the exchange is over.
     QTest::keyClick(&table, Qt::Key_Down);
     EXPECT_EQ(form.MSFlexGrid1.row(), 3);
     QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, cell.center());
@@ -113,7 +113,7 @@ TEST_F(Bc895Window, TypedKeysAreSeenWhileAnExchangeWaits) {
   EXPECT_EQ(radio.takeLog(), "MA002") << "the double click came after";
   EXPECT_NE(table.viewport()->grab(cell).toImage(), before);
 
-  // What the table can't hold is dropped with a beep; a shortcut is no text.
+  // A character that the table can't hold is dropped with a beep. A shortcut isn't text.
   table.setCurrentIndex(table.model()->index(4, 7));
   for (const QString& text : {QStringLiteral("\u4E2D"), QStringLiteral("\u00FC")}) {
     QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, text);
@@ -151,7 +151,7 @@ TEST_F(Bc245Window, CopiesAndPastesCells) {
   EXPECT_EQ(text.size(), 23 + static_cast<qsizetype>(tag.size()));
   EXPECT_LT(table.model()->index(3, 7).data().toString().size(), 1000);
 
-  // What was copied comes back as it was, and the message says what can't be pasted.
+  // What was copied can be pasted unchanged, and the message says what can't be pasted.
   paste->trigger();
   EXPECT_EQ(rowOf(3) + rowOf(4), "|X| |X|X|67.0|one|151.5| |X| |X||" + tag + "|");
   EXPECT_TRUE(dialogs.takeBoxes().empty());

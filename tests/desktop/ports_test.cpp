@@ -53,7 +53,7 @@ TEST(IniSettings, KeepsTextsOfAnyKindAndWritesNothingBeforeTheFirst) {
   EXPECT_EQ(again.getSetting("options2", "COM", "?"), "?");
 }
 
-TEST(IniSettings, LosesOnlyTheValueWhereItCannotWrite) {
+TEST(IniSettings, LosesOnlyTheValueThatItCannotWrite) {
   const QTemporaryDir folder;
   QFile blocker(folder.filePath("Tarnvex"));
   ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));

@@ -41,8 +41,8 @@ QByteArray RadioProcess::ask(const QByteArray& key) {
 
 namespace {
 
-/// Names the radio's line as COM 1 before the program reads its settings, and makes its folder one
-/// that it can keep its files in.
+/// Prepares the program's folder, with settings in which the radio's line is COM 1. Returns the
+/// settings' path.
 QString settingsIn(const QTemporaryDir& folder) {
   const QString path = folder.filePath("Tarnvex.conf");
   QFile searches(folder.filePath("Searchlist.txt"));
@@ -87,13 +87,13 @@ void ProgramRig::look() {
   }
   if (!steps_[at_].when()) {
     if (deadline_.hasExpired()) {
-      fail("waited in vain for: " + steps_[at_].name);
+      fail("timed out waiting for: " + steps_[at_].name);
     }
     return;
   }
   deadline_.setRemainingTime(stepMilliseconds);
-  // What is done may turn the loop for long, and the looks must go on meanwhile: a timer doesn't
-  // fire again within its own signal.
+  // An action may turn the loop for a long time, in which the conditions must be checked. A timer
+  // wouldn't fire within its own signal.
   acting_ = true;
   QMetaObject::invokeMethod(
       &context_,

@@ -14,7 +14,7 @@
 
 namespace tarnvex::test {
 
-/// A tarnvex-radio of its own, driven by its control lines. Fails the test if it refuses one.
+/// A tarnvex-radio process, controlled by control lines. The test fails if it refuses one.
 class RadioProcess : private platform::NonCopyable {
  public:
   explicit RadioProcess(const QStringList& arguments);
@@ -28,16 +28,17 @@ class RadioProcess : private platform::NonCopyable {
   QProcess process_;
 };
 
-/// What the user or the radio does when something is shown.
+/// A condition, such as something being shown, and what the user or the radio does then.
 struct Step {
   std::string name;
   std::function<bool()> when;
   std::function<void()> then = [] {};
 };
 
-/// The whole program, windows and all, on a simulated radio. `play` runs it as main does and works
-/// its way through the steps; conditions are looked at every few milliseconds from outside the
-/// core, wherever the core is. It then leaves as a user does, so every test also ends the program.
+/// The whole program with its windows, and a simulated radio. `play` runs it as main does and
+/// carries out the steps. Conditions are checked every few milliseconds from outside the core,
+/// wherever the core is. At the end it closes the program as a user does, so every test also covers
+/// that.
 class ProgramRig {
  public:
   explicit ProgramRig(const QStringList& radioArguments = {"--baud", "0", "--scene", "quiet"});
@@ -48,7 +49,7 @@ class ProgramRig {
   /// The panel of a BC895XLT.
   [[nodiscard]] monitor::PanelState& panel() const;
   [[nodiscard]] bool isBc895() const;
-  /// Whether the panel of either radio, as text, has that line.
+  /// Whether the panel of either radio, as text, has this line.
   [[nodiscard]] bool shows(const std::string& line) const;
   [[nodiscard]] QMessageBox* box() const;
   [[nodiscard]] bool boxStands(const char* title) const;
@@ -59,14 +60,14 @@ class ProgramRig {
   std::function<bool()> bc895(const std::string& line);
   std::function<bool()> panelShows(const std::string& line);
   std::function<bool()> boxShows(const char* title);
-  /// Holds once the poll has run a few times more than when it was first looked at.
+  /// True once the poll has run a few times since the first check.
   std::function<bool()> polled();
 
-  /// How often the conditions are looked at.
+  /// The time between two checks of the conditions.
   int lookMilliseconds = 2;
-  /// The limit for a step: far more than it needs, even on a busy machine.
+  /// The time limit of a step, far more than it needs even on a busy machine.
   int stepMilliseconds = 20000;
-  /// Notices that the link is lost, in the whole run.
+  /// The number of notices of silence in the whole run.
   int silences = 0;
 
   QTemporaryDir folder;

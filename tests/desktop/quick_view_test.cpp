@@ -1,4 +1,4 @@
-// The small window, on the real program and a radio.
+// The small window in the real program, with a radio.
 #include <gtest/gtest.h>
 
 #include <QTest>
@@ -28,7 +28,7 @@ class QuickViewTest : public testing::TestWithParam<bool> {
   [[nodiscard]] bool closed() const { return small() == nullptr && main() != nullptr; }
   void choose() { rig.program.windows.mainWindow()->findChild<QAction*>("mnuQV")->trigger(); }
   static desktop::RadioPanel* display(QWidget* in) { return in->findChild<desktop::RadioPanel*>(); }
-  /// What both pictures of the radio show at this moment.
+  /// Checks that both pictures of the radio show the same.
   void expectSame() {
     EXPECT_EQ(display(small())->displayText().toStdString(),
               display(rig.program.windows.mainWindow())->displayText().toStdString());
@@ -59,13 +59,13 @@ TEST_P(QuickViewTest, ShowsTheSameInTheMainWindowsPlace) {
          EXPECT_TRUE(display(small())->displayText().startsWith("Frequency 155.1150"));
          left = QPoint(40, 50);
          small()->move(left);
-         // A key that would send the radio to manual mode.
+         // This key would send the radio to manual mode.
          QTest::keyClick(small(), Qt::Key_M);
        }},
       {"the main window", [&] { return closed(); }, [&] { choose(); }},
       {"the small one again", [&] { return open(); },
        [&] {
-         // The key is still held down when the main window is back.
+         // The key is still held down when the main window has come back.
          QKeyEvent repeat(QEvent::KeyPress, Qt::Key_M, Qt::NoModifier, "m", true);
          QApplication::sendEvent(rig.program.windows.mainWindow()->findChild<QTabBar*>(), &repeat);
          EXPECT_EQ(small()->pos(), left);

@@ -1,4 +1,4 @@
-// What the user reaches without a mouse, and what windows keep: tips, Tab stops, shortcuts, sizes.
+// Use without a mouse, and what windows remember: tips, Tab stops, shortcuts, sizes.
 #include <QHelpEvent>
 #include <QTest>
 #include <QToolTip>
@@ -13,7 +13,7 @@ namespace {
 using desktop::PanelKey;
 using desktop::WindowMemory;
 
-/// What stands in a tip after "Keyboard: " or "Right button: ".
+/// The part of a tip after "Keyboard: " or "Right button: ".
 std::string part(const PanelKey& key, const char* heading) {
   const QString start = QLatin1String(heading) + QStringLiteral(": ");
   for (const QString& line : key.tip.split('\n')) {
@@ -60,7 +60,8 @@ TEST_F(Bc245Window, TipsTellTheTruthAboutEachKey) {
     radio.log.clear();
     form.pressKey(name, monitor::MouseButton::Left);
     form.clickKey(name);
-    // A key pressed with the mouse sends its line end twice, and the point asks for the attenuator.
+    // A key pressed with the mouse sends a second line end, and the point key also asks for the
+    // attenuator.
     std::string pressed = radio.takeLog();
     std::erase(pressed, '\r');
     EXPECT_FALSE(pressed.empty());

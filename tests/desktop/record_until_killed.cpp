@@ -1,4 +1,4 @@
-// Records to a file until it is killed: FOLDER NAME.
+// Records to a file until it is killed. Its arguments are the folder and the file's name.
 #include <unistd.h>
 
 #include "desktop/ports/sound_capture.h"

@@ -66,7 +66,7 @@ TEST(Recordings, HoldTheSoundOfEachReception) {
   EXPECT_EQ(rig.silences, 0);
 }
 
-TEST(Recordings, AreReportedOnceWhereThereIsNoSound) {
+TEST(Recordings, AreReportedOnceIfThereIsNoSound) {
   ProgramRig rig;
   rig.play({
       {"scanning", rig.bc895("Frequency: Scanning"),
@@ -76,7 +76,7 @@ TEST(Recordings, AreReportedOnceWhereThereIsNoSound) {
        }},
       {"the recording", [&] { return rig.program.state.Recording; }},
       {"the message", rig.boxShows("Audio Record Error Occurred")},
-      {"the poll goes on behind it", rig.polled(), [&] { rig.press(QMessageBox::Ok); }},
+      {"the poll goes on meanwhile", rig.polled(), [&] { rig.press(QMessageBox::Ok); }},
       {"no more", [&] { return rig.box() == nullptr; },
        [&] {
          EXPECT_FALSE(rig.form()->recording.chkRecord.value());
@@ -142,7 +142,7 @@ TEST_F(Recorder, KeepsWhatItHasWhenTheSoundEnds) {
   EXPECT_TRUE(holdsSound(path(), 0.2));
 }
 
-/// No file may grow beyond so much while this lives.
+/// While this exists, no file can grow beyond a limit.
 class FullDisk : private platform::NonCopyable {
  public:
   explicit FullDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
@@ -166,7 +166,7 @@ TEST_F(Recorder, KeepsWhatItHasWhenTheDiskIsFull) {
   {
     const FullDisk disk(10000);
     start(directory());
-    // No whole number of pieces: the last bytes are part of the one that didn't fit.
+    // Not a whole number of pieces: the last bytes are part of the piece that didn't fit.
     EXPECT_TRUE(QTest::qWaitFor([&] { return QFileInfo(path()).size() == 10000; }, 20000));
     error = stop();
   }

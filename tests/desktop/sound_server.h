@@ -10,8 +10,8 @@
 
 namespace tarnvex::test {
 
-/// A sound server for the test, without any sound card: two sources that hum, of which one is the
-/// default one. While it lives, the program under test records from it.
+/// A sound server for a test, without a sound card. It has two sources that hum, of which one is
+/// the default. While it exists, the program under test records from it.
 class SoundServer : private platform::NonCopyable {
  public:
   static constexpr int kDefaultHertz = 440;
@@ -27,13 +27,13 @@ class SoundServer : private platform::NonCopyable {
   QByteArray before_;
 };
 
-/// What a player finds in a wave file.
+/// The content of a wave file, as a player reads it.
 struct Heard {
   bool playable = false;
   double seconds = 0;
-  /// Of a pure tone.
+  /// The frequency of the tone.
   double hertz = 0;
-  /// 16 bits, one channel.
+  /// Whether it has 16 bits and one channel.
   bool sixteenBit = false;
 };
 

@@ -1,4 +1,4 @@
-// Walls that no compiler sees.
+// Rules for the sources that the compiler doesn't check.
 #include <gtest/gtest.h>
 
 #include <filesystem>

@@ -10,8 +10,8 @@
 
 namespace tarnvex::test {
 
-/// The far end of a serial line, driven by the test: a pseudo terminal under a name that stays the
-/// same.
+/// The radio's end of a serial line, controlled by the test: a pseudo terminal under a name that
+/// stays the same.
 class TestLine {
  public:
   TestLine() : link_(path()) { plugIn(); }
@@ -32,16 +32,16 @@ class TestLine {
   void send(const std::string& bytes) { terminal_->write(bytes); }
   [[nodiscard]] int baud() const { return terminal_->baud().value_or(0); }
 
-  /// What has come in whole, carriage returns and all.
+  /// Everything that has been received, including carriage returns.
   std::string received;
-  /// Runs after bytes have come in; may unplug.
+  /// Runs after bytes have been received. May unplug the line.
   std::function<void()> onReceived;
 
  private:
   void receive() {
     received += terminal_->read();
     if (onReceived) {
-      // Not within the signal of the notifier, which `unplug` destroys.
+      // Queued, since `unplug` destroys the notifier, which must not be within its signal then.
       QMetaObject::invokeMethod(
           &context_, [this] { onReceived(); }, Qt::QueuedConnection);
     }

@@ -10,7 +10,7 @@
 namespace tarnvex::test {
 namespace {
 
-/// A timer at work: when each run started and ended, in microseconds.
+/// A timer with its driver. Records when each run starts and ends, in microseconds.
 class TimerDriverTest : public testing::Test {
  protected:
   TimerDriverTest() {
@@ -33,7 +33,7 @@ class TimerDriverTest : public testing::Test {
     EXPECT_TRUE(loop.waitUntil([&] { return ends.size() >= runs; }, QDeadlineTimer(10000)));
     timer.setEnabled(false);
   }
-  /// From within a run: lets others in for a while.
+  /// Called within a run: lets others run for a while.
   void busyFor(int milliseconds) {
     const QDeadlineTimer end(milliseconds, Qt::PreciseTimer);
     gate.waitUntil([&] { return end.hasExpired(); });
@@ -58,7 +58,7 @@ TEST_F(TimerDriverTest, KeepsAnIntervalBetweenStarts) {
     EXPECT_GE(start - last, 24000);
     last = start;
   }
-  // On average it keeps pace; a busy machine may delay single runs.
+  // On average it keeps its interval. A busy machine may delay single runs.
   EXPECT_LE((starts.back() - enabled) / 10, 32000);
 }
 
@@ -96,7 +96,7 @@ TEST_F(TimerDriverTest, IsQueuedOnceWhileTheCoreIsBusy) {
   const desktop::TimerDriver drive(second, gate);
   gate.enter([&] {
     second.setEnabled(true);
-    // Nothing of the core runs while an exchange waits.
+    // No function of the core runs while an exchange waits.
     loop.waitUntil([] { return false; }, QDeadlineTimer(60));
     EXPECT_EQ(runs, 0);
     second.setInterval(10000);

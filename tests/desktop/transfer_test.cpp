@@ -1,4 +1,4 @@
-// A plan's way to the radio and back, through the real windows and over a real line.
+// Sends a plan to the radio and back, with the real windows and a real line.
 #include <gtest/gtest.h>
 
 #include <QAction>
@@ -55,7 +55,7 @@ class TransferTest : public testing::TestWithParam<const char*> {
   void choose(const char* menu) {
     rig.program.windows.mainWindow()->findChild<QAction*>(QLatin1String(menu))->trigger();
   }
-  /// Steps of a transfer of all banks, behind which `then` runs.
+  /// Adds the steps of a transfer of all banks. `then` runs after them.
   void transfer(const char* menu, std::function<void()> then) {
     const QString form = QString(menu).replace("mnu", "frm");
     steps.push_back({menu, rig.polled(), [this, menu] { choose(menu); }});
@@ -71,7 +71,7 @@ class TransferTest : public testing::TestWithParam<const char*> {
                      },
                      std::move(then)});
   }
-  /// Every other bank is tuned, the others are EDACS.
+  /// Chooses EDACS, and for every other bank a type with a base frequency.
   void answerForm3() {
     QDialog* form = dialog("Form3");
     if (form == nullptr || !form->findChild<QPushButton*>("Command1")->isEnabled()) {
@@ -92,7 +92,7 @@ class TransferTest : public testing::TestWithParam<const char*> {
 };
 
 TEST_P(TransferTest, APlanComesBackWhole) {
-  // A radio that knows no tones says nothing of them, and what the plan has then stays.
+  // A radio without tones doesn't send any, so the plan's tones stay.
   const std::string tone = GetParam() == std::string("bc245") ? "" : "?";
   const auto tagOnly = [&](int row) {
     return std::vector<std::string>{"1.0", "?", "?", "?", "?", tone, channelOf(row).back()};

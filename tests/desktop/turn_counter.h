@@ -9,8 +9,8 @@
 
 namespace tarnvex::test {
 
-/// Counts how often the event loop wakes up. A device that reports an error without end, or a loop
-/// that doesn't sleep, makes it tens of thousands a second.
+/// Counts how often the event loop wakes up. With a device that reports errors endlessly, or a loop
+/// that doesn't sleep, it is tens of thousands of times a second.
 class TurnCounter : private platform::NonCopyable {
  public:
   TurnCounter() {
@@ -26,7 +26,7 @@ class TurnCounter : private platform::NonCopyable {
   int turns_ = 0;
 };
 
-/// Turns in that many milliseconds in which nothing should happen.
+/// The number of turns within this time, in which nothing should happen.
 inline int turnsWithin(desktop::QtEventLoop& loop, int milliseconds) {
   const TurnCounter counter;
   loop.waitUntil([] { return false; }, QDeadlineTimer(milliseconds));

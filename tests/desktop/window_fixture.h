@@ -24,7 +24,7 @@
 
 namespace tarnvex::test {
 
-/// Everything below a main window: the machine's own files and event loop, the rest is faked.
+/// Everything below a main window: the machine's own files and event loop, and fakes for the rest.
 class Below {
  protected:
   Below() {
@@ -69,6 +69,7 @@ class Below {
   shell::MainFormOutside outside{[] {}, [this] { ended = true; }, windows};
 };
 
+/// A main window on the screen, with everything below it.
 template <class Form>
 class WindowTest : public testing::Test, protected Below {
  protected:

@@ -14,7 +14,7 @@ struct Sent {
   const char* right = "";
 };
 
-/// By the caption of the key. The handheld's keys end their commands with a line end more.
+/// What each key sends, by its caption. The hand-held's keys send a second line end.
 const std::map<QString, Sent> kDeskSetKeys = {{"STEP", {"KEY15"}},
                                               {"AUX", {"KEY16"}},
                                               {"DIM", {"KEY14"}},
@@ -81,7 +81,7 @@ const std::map<QString, Sent> kHandheldKeys = {{"", {"KEY14\r", "KEY14H\r"}},
                                                {"9", {"KEY02 9\r"}},
                                                {"0", {"KEY02 0\r"}}};
 
-/// What both radios' keyboards send.
+/// What typed characters send to both radios.
 std::map<char, std::string> typedKeys() {
   std::map<char, std::string> keys = {
       {'P', "KEY05H"}, {'L', "KEY06H"}, {'T', "KEY13H"}, {'s', "KEY00"},
@@ -94,7 +94,7 @@ std::map<char, std::string> typedKeys() {
   return keys;
 }
 
-/// A main window whose radio is in manual mode.
+/// A main window with a radio in manual mode.
 template <class Form>
 class KeysOf : public WindowTest<Form> {
  protected:
@@ -142,8 +142,8 @@ class KeysOf : public WindowTest<Form> {
     EXPECT_EQ(this->radio.takeLog(), expected.at('\r'));
   }
 
-  /// Types into every control that can have the focus, and compares those that leave their keys to
-  /// the radio.
+  /// Types into every control that can have the focus, and checks which of them pass their keys on
+  /// to the radio.
   void typeIntoEveryControl(const QStringList& forwarding) {
     QStringList found;
     for (QWidget* widget : this->window.template findChildren<QWidget*>()) {

@@ -163,7 +163,7 @@ TEST(ApfExport, ListsThePlanAndNumbersOnFromTheFile) {
   EXPECT_EQ(on.form.Text1.text(), "8") << "the last number plus one, not the highest";
   EXPECT_EQ(on.form.window.caption(), "Export APF File - a.apf");
   EXPECT_TRUE(on.form.Command3.enabled());
-  // A number that has no successor leaves the box as it was.
+  // If a number has no successor, the box stays as it was.
   for (const char* last : {"x", "32767", ""}) {
     on.store.files["a.apf"] = std::string("\" \",\"") + last + "\",\"\",\"\",\"\",\"\",\"\"\n";
     on.openWith("a.apf");
@@ -191,7 +191,7 @@ TEST(ApfExport, AppendsTheSelectedChannels) {
   EXPECT_EQ(on.store.files["new.apf"], first);
   EXPECT_EQ(on.closed, 1);
   on.openWith("new.apf");
-  // An entry of the file isn't a channel: the record before it is written again.
+  // An entry of the file isn't a channel, so the record before it is written again.
   on.select({4, 301});
   on.form.Command3.userClick();
   EXPECT_EQ(on.store.files["new.apf"],
@@ -228,7 +228,7 @@ TEST(ApfExport, TheModeFollowsTheFrequencyAndThenSticks) {
   }
 }
 
-TEST(ApfExport, ABlankNumberAndAFullDiskPassInSilence) {
+TEST(ApfExport, ABlankNumberAndAFullDiskGiveNoMessage) {
   Export on;
   on.form.load();
   on.openWith("new.apf");

@@ -121,7 +121,7 @@ TEST(StoredHit, FillsAnOpenRowAndMovesOn) {
   EXPECT_FALSE(on.state.MemoryModified);
 }
 
-TEST(StoredHit, TakesTheIdFromWhereTheRadioHasIt) {
+TEST(StoredHit, TakesTheIdFromEachRadiosPosition) {
   for (const bool bc895 : {true, false}) {
     PlanFixture on(bc895 ? bc895Model() : bc245Model());
     on.talkgroups.setTextMatrix(1, 3, "X");

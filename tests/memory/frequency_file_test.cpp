@@ -221,7 +221,7 @@ TEST(FrequencyFile, OnlyTheBc245AsksBeforeSavingOverAnotherFile) {
   small.Dlg1.choices = {"a.tvf"};
   small.file.SavePlan();
   EXPECT_THAT(small.dialogs.boxes, IsEmpty());
-  // Compared with the name before the command: after No, Cancel asks about the same file.
+  // The name is compared with that before the command: after No, Cancel asks about the same file.
   small.Dlg1.choices = {"b.tvf", std::nullopt, "a.tvf"};
   small.dialogs.answers = {Answer::No, Answer::No};
   small.file.SavePlan();
@@ -256,7 +256,7 @@ TEST(FrequencyFile, YesToSavingChangesCountsAsSavedWhateverComesOfIt) {
   EXPECT_TRUE(on.state.MemoryModified) << "a new plan doesn't clear it";
 }
 
-TEST(FrequencyFile, StartUpLoadsTheLastFileOfTheRadioWithoutAWord) {
+TEST(FrequencyFile, StartUpLoadsTheLastFileOfTheRadioWithoutAMessage) {
   FileFixture none;
   none.file.loadLastPlan();
   EXPECT_EQ(none.window.caption(), "Tarnvex - Untitled");

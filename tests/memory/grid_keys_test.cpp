@@ -11,7 +11,7 @@ using link::bc895Model;
 using testing::ElementsAre;
 using testing::Pair;
 
-/// What is left after typing in one cell of a new plan.
+/// The result of typing in one cell of a new plan.
 struct KeyCase {
   const char* name;
   bool talkgroups;
@@ -96,7 +96,7 @@ TEST(GridKeys, ANewFrequencyInheritsFromTheRowAbove) {
   PlanFixture::type(on.channels, "1");
   EXPECT_THAT(on.changes(on.channels),
               ElementsAre("7,1=1", "7,2=X", "7,3= ", "7,4=X", "7,5=X", "7,6=103.5", "7,7=Fire"));
-  // Every accepted key copies again. Backspace doesn't. A tag that the row has stays.
+  // Every accepted key copies again, but not Backspace. An existing tag stays.
   on.channels.setTextMatrix(7, 3, "X");
   on.channels.setTextMatrix(7, 7, "Own");
   PlanFixture::type(on.channels, "\b");
@@ -145,7 +145,7 @@ TEST(GridKeys, EnterMarksThePlanAfterAKeyButNotInTheTalkgroupsOfTheBc245) {
   }
 }
 
-TEST(GridKeys, PriorityIsOneInAGroup) {
+TEST(GridKeys, AGroupHasOnePriority) {
   for (const int home : {1, 5, 10, 996, 1000}) {
     PlanFixture on(bc895Model());
     const int first = (home - 1) / 10 * 10 + 1;

@@ -11,8 +11,7 @@
 
 namespace tarnvex::test {
 
-/// Files in memory. Reads give small pieces, so that every field spans a border of pieces
-/// somewhere.
+/// Files in memory. Reads return small pieces, so that fields are split between pieces.
 class MemoryStore : public platform::FileStore {
  public:
   [[nodiscard]] bool exists(const std::string& path) override { return files.count(path) > 0; }

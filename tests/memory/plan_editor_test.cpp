@@ -80,7 +80,7 @@ TEST(Paste, WritesTheFieldsThatFitTheirColumns) {
     for (int col = 1; const char* cell : {"155.1150", "X", "X", " ", "X", "67.0", "old"}) {
       on.channels.setTextMatrix(5, col++, cell);
     }
-    // A single value is told from a block of one row by what is selected.
+    // The selection decides whether the text is a single value or a block of one row.
     const std::string message = on.paste(on.channels, at(5, 1), text);
     EXPECT_EQ(Editing::rowOf(on.channels, 5), row);
     EXPECT_EQ(message, told[0] == '\0'
@@ -106,7 +106,7 @@ TEST(Paste, FillsASelectionAndStopsAtTheTablesEnd) {
   EXPECT_EQ(Editing::rowOf(on.channels, 300), "1.0000| | | | |||");
   const std::string bad = on.paste(on.talkgroups, at(1, 1), rows + "x");
   EXPECT_THAT(bad, testing::HasSubstr("1001 rows beyond row 1000"));
-  // 10 MB of one cell, of nothing, of zeros.
+  // 10 MB of one cell, of empty cells, and of zeros.
   const std::string before = on.bytes();
   for (const std::string& text :
        {std::string(10 << 20, '1'), std::string(10 << 20, '\n'), std::string("a\0b", 3)}) {
@@ -146,7 +146,7 @@ TEST(Delete, ClearsCellsByTheirColumns) {
   EXPECT_EQ(on.editor.undoName(), "Cut");
 }
 
-TEST(History, TakesACellsVisitAsOneStep) {
+TEST(History, TakesTypingInACellAsOneStep) {
   Editing on;
   const std::string start = on.bytes();
   on.channels.userMoveTo(7, 1);
@@ -170,11 +170,11 @@ TEST(History, TakesACellsVisitAsOneStep) {
   }
   EXPECT_EQ(on.bytes(), typed);
   EXPECT_TRUE(on.state.MemoryModified);
-  // The cell's normal form, which came with Enter, belongs to the typing.
+  // The cell's normal form, which Enter brings about, belongs to the typing.
   EXPECT_EQ(on.channels.textMatrix(7, 1), "155.0000");
 }
 
-TEST(History, KnowsAgainWhatIsInTheFile) {
+TEST(History, KnowsWhenThePlanIsAsInItsFile) {
   Editing on;
   on.editor.clear(on.channels, {1, 4, 1, 4}, "Delete");
   on.state.MemoryModified = false;
@@ -209,7 +209,7 @@ TEST(History, KeepsStepsOfAnySizeWithinItsMemory) {
   }
   EXPECT_EQ(undone, 201);
   EXPECT_EQ(on.bytes(), start);
-  // Half a megabyte a step.
+  // Half a megabyte per step.
   for (int step = 0; step < 300; ++step) {
     const auto scope = on.plan.history().step("Paste");
     on.channels.setTextMatrix(1, 7, std::string(500'000, static_cast<char>('a' + step % 26)));
@@ -220,7 +220,7 @@ TEST(History, KeepsStepsOfAnySizeWithinItsMemory) {
   EXPECT_LT(undone, 200);
 }
 
-/// One operation of a user who knows no order.
+/// A random operation of the user.
 void act(Editing& on, std::mt19937& random) {
   const auto any = [&](int from, int to) {
     return std::uniform_int_distribution(from, to)(random);
@@ -272,7 +272,7 @@ TEST(History, UndoesTenThousandRandomEditsByteForByte) {
     Editing on(*model);
     std::mt19937 random(20261121);
     const std::string start = on.bytes();
-    // The first step from here on is the one that everything goes back to.
+    // All the undoing returns to the plan before this step.
     on.editor.clear(on.channels, {1, 4, 1, 4}, "Start");
     for (int operation = 0; operation < 10'000; ++operation) {
       act(on, random);

@@ -10,7 +10,7 @@
 
 namespace tarnvex::test {
 
-/// The plan of a main window that has just opened. Remembers what the cells held.
+/// The plan of a main window that has just opened. It remembers the cells' texts.
 struct PlanFixture {
   explicit PlanFixture(const link::RadioModel& model)
       : plan({channels, talkgroups, tabs}, state, dialogs, model,

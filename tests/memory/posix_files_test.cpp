@@ -23,7 +23,7 @@ using testing::ElementsAre;
 using testing::Eq;
 using testing::Optional;
 
-/// The machine's calls. The n-th one fails or kills the process. Counts the open files.
+/// The machine's calls, of which the n-th one fails or kills the process. Counts the open files.
 class FailingCalls : public files::FileCalls {
   using Calls = files::FileCalls;
 
@@ -137,7 +137,7 @@ TEST_F(DiskFiles, EveryFailingCallOfASaveLeavesOneWholeFile) {
           << n << calls.failed;
       if (failure) {
         EXPECT_EQ(*failure, "Disk full");
-        // Only the sync of the folder comes after the new file is in place.
+        // Only the sync of the folder comes when the new file is already in place.
         if (calls.failed != "fsync" || contentOf(at("plan.tvf")) != whole) {
           EXPECT_EQ(contentOf(at("plan.tvf")), "old\r\n") << n;
         }
@@ -169,10 +169,10 @@ TEST_F(DiskFiles, AProcessKilledInASaveLeavesOneWholeFileAndNothingForGood) {
     EXPECT_TRUE(killed || status == 0) << n;
   }
   EXPECT_THAT(left, ElementsAre(fresh, old)) << "always one or the other";
-  // Only the moment between naming and renaming leaves a file.
+  // Only a kill between naming and renaming leaves a file behind.
   const auto strays = names();
   EXPECT_LE(strays.size(), 5U);
-  // One that another process may still be writing is left alone.
+  // A file that another process may still be writing is left alone.
   EXPECT_FALSE(store.replace(at("plan.tvf"), fresh));
   EXPECT_EQ(names(), strays);
   put(at(".tarnvex-notes"), "no temporary file");
@@ -217,7 +217,7 @@ TEST_F(DiskFiles, FollowsLinksAndKeepsModes) {
   EXPECT_EQ(fs::status(at("later")).permissions(), fs::perms{0666U & ~mask});
 }
 
-TEST_F(DiskFiles, RefusesWhatIsNoFileAtOnce) {
+TEST_F(DiskFiles, RefusesAtOnceWhatIsNotAFile) {
   ASSERT_EQ(::mkfifo(at("pipe").c_str(), 0600), 0);
   put(at("file"), "");
   const std::string nul("a\0b", 3);

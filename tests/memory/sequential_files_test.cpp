@@ -44,7 +44,7 @@ TEST(SequentialRead, SplitsFieldsAcrossLineEnds) {
       {"\"one\r\ntwo\",x\r\n", "[one\r\ntwo][x]"},
       {"\"\",\"\"\r\n\r\n\n", "[][][][]"},
       {"a,,b,\r\n", "[a][][b][]"},
-      // A quote inside a field, as writing produces it.
+      // A quote within a field, as writing produces it.
       {"\"6\" pipe\",\"a \"b\" c\"\r\nx", "[6\" pipe][a \"b\" c][x]"},
       {"\"a\"b,c\r\nd", "[a\"b,c][d]"},
       {"a\"b\",c", "[a\"b\"][c]"},

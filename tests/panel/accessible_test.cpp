@@ -35,7 +35,7 @@ TEST_F(Accessible, DescriptionReadsTheDisplay) {
       "Frequency 155.1150, Fire dispatch, channel P 12, tone 103.5, CTCSS, bank A B, signal 2");
 }
 
-TEST_F(Accessible, WordsAndIdsOfTheMainLineStandAlone) {
+TEST_F(Accessible, WordsAndIdsOfTheMainLineAreReadAlone) {
   for (const char* text : {"Scanning", "Non-Active ID", "1234", "200-14"}) {
     panel.setElement("Frequency", text, true);
     EXPECT_EQ(panel.displayText(), text);

@@ -19,7 +19,7 @@ TEST_P(BothLayouts, NothingOverlaps) {
   if (layout.knob) front.append({"knob", layout.knob->area()});
   for (const PanelKey& key : layout.keys) front.append({key.control, key.rect});
   for (const PanelCaption& caption : layout.captions) {
-    // Two captions share a line from both ends; what matters is that they keep off the rest.
+    // Two captions share a line from both ends. They must not overlap the other elements.
     for (const auto& other : front) {
       EXPECT_FALSE(caption.rect.intersects(other.second) && other.first != "knob")
           << caption.text.toStdString() << " on " << other.first.toStdString();
@@ -44,7 +44,7 @@ TEST_P(BothLayouts, NothingOverlaps) {
   EXPECT_TRUE(layout.bezel.contains(layout.glass));
 }
 
-TEST_P(BothLayouts, KeysCanBeToldApartByEar) {
+TEST_P(BothLayouts, KeysHaveDifferentNamesForScreenReaders) {
   QSet<QString> spoken;
   for (const PanelKey& key : layout.keys) {
     EXPECT_FALSE(key.spoken.isEmpty()) << key.control.toStdString();

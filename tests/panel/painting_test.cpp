@@ -61,7 +61,7 @@ TEST_P(Painting, WhatCannotBeSeenPaintsNothing) {
   panel.setElement("Nonsense", "12", true);
   panel.setElement("Bankltr(10)", "", true);
   panel.setElement("Knob(13)", "", true);
-  panel.setElement("Frequency", "155.1150", false);  // a text that changes in the dark
+  panel.setElement("Frequency", "155.1150", false);  // the element isn't lit
   panel.setElement("Scan", "", false);
   panel.setDisplayColour(panel.displayColour());
   panel.setKeyDown(-1, true);
@@ -69,7 +69,7 @@ TEST_P(Painting, WhatCannotBeSeenPaintsNothing) {
   EXPECT_TRUE(recorder.take().isEmpty());
   panel.setElement("Scan", "SCAN", true);
   recorder.take();
-  panel.setElement("Scan", "", true);  // the word is its own, its text is of no account
+  panel.setElement("Scan", "", true);  // an indicator ignores the text
   EXPECT_TRUE(recorder.take().isEmpty());
 }
 
@@ -97,7 +97,7 @@ TEST_P(Painting, PartialPaintsAddUpToTheWholePicture) {
   EXPECT_EQ(partial, window());
 }
 
-TEST_P(Painting, BackLightTakesItsColourAndInkKeepsReadable) {
+TEST_P(Painting, BackLightTakesItsColourAndTextStaysReadable) {
   panel.setElement("Frequency", "888.8888", true);
   const auto darkest = [this] {
     const QImage image = shown.picture().copy(panel.elementRect("Frequency"));
@@ -123,7 +123,7 @@ TEST_P(Painting, BackLightTakesItsColourAndInkKeepsReadable) {
   }
 }
 
-TEST_P(Painting, KeepsItsProportionsInAnyRoom) {
+TEST_P(Painting, KeepsItsProportionsAtAnySize) {
   const double ratio = panel.layoutData().size.width() / panel.layoutData().size.height();
   EXPECT_NEAR(800.0 / panel.heightForWidth(800), ratio, 0.02);
   for (const QSize room : {QSize(1400, 300), QSize(700, 900), QSize(2000, 1200)}) {
@@ -140,7 +140,7 @@ TEST_P(Painting, KeepsItsProportionsInAnyRoom) {
 
 INSTANTIATE_TEST_SUITE_P(Radios, Painting, testing::Values(bc895Layout, bc245Layout));
 
-TEST(KnobPainting, ExactlyOneMarkIsAlightWhateverTheOrder) {
+TEST(KnobPainting, ExactlyOneMarkIsLitWhateverTheOrder) {
   PanelInWindow shown(bc895Layout());
   RadioPanel& panel = *shown.panel;
   const PanelKnob knob = *panel.layoutData().knob;

@@ -17,7 +17,7 @@
 
 namespace tarnvex::desktop {
 
-/// The window around a panel: notes what the panel left to it.
+/// The window around a panel. Records the events that the panel has passed on.
 class HostWindow : public QWidget {
  public:
   QStringList received;
@@ -27,7 +27,7 @@ class HostWindow : public QWidget {
   void mousePressEvent(QMouseEvent*) override { received.append("mouse"); }
 };
 
-/// Sums up what a widget paints.
+/// Collects the areas that a widget paints.
 class PaintRecorder : public QObject {
  public:
   explicit PaintRecorder(QWidget* watched) { watched->installEventFilter(this); }
@@ -35,7 +35,7 @@ class PaintRecorder : public QObject {
     if (event->type() == QEvent::Paint) region += static_cast<QPaintEvent*>(event)->region();
     return false;
   }
-  /// What was painted since the last call.
+  /// What has been painted since the last call.
   QRegion take() {
     QApplication::processEvents();
     return std::exchange(region, QRegion());
@@ -43,7 +43,7 @@ class PaintRecorder : public QObject {
   QRegion region;
 };
 
-/// A panel in a shown window of its natural size.
+/// A panel in a visible window of its natural size.
 struct PanelInWindow {
   explicit PanelInWindow(const PanelLayout& layout) : panel(new RadioPanel(layout)) {
     auto* box = new QVBoxLayout(&window);

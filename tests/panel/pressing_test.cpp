@@ -38,7 +38,7 @@ TEST_F(Pressing, EveryKeyAnswersWithItsIndexAndButton) {
   }
 }
 
-TEST_F(Pressing, DrawnOffTheKeyIsReleasedButNoClick) {
+TEST_F(Pressing, LeavingTheKeyBeforeTheReleaseIsNoClick) {
   down(key(10));
   up(key(11));
   EXPECT_EQ(shown.takeLog(), QStringList({"press 10 left", "release 10 left"}));
@@ -54,7 +54,7 @@ TEST_F(Pressing, BesideTheKeysThePressGoesToTheWindow) {
   EXPECT_EQ(shown.window.received, QStringList({"mouse", "mouse", "mouse"}));
 }
 
-TEST_F(Pressing, SecondPressOfAQuickPairCounts) {
+TEST_F(Pressing, SecondPressOfADoubleClickCounts) {
   QTest::mouseClick(&panel, Qt::LeftButton, {}, key(18));
   QTest::mouseDClick(&panel, Qt::LeftButton, {}, key(18));
   up(key(18));
@@ -71,7 +71,7 @@ TEST_F(Pressing, KnobIsHeldByEitherButtonOrBoth) {
   up({1, 1}, Qt::RightButton);
   EXPECT_EQ(shown.takeLog(), QStringList({"knob press left", "knob press right",
                                           "knob release left", "knob release right"}));
-  // The corners of its square belong to the body.
+  // The corners of the knob's square belong to the body.
   QTest::mouseClick(&panel, Qt::LeftButton, {}, panel.knobRect().topLeft() + QPoint(4, 4));
   EXPECT_TRUE(shown.takeLog().isEmpty());
 }
@@ -92,7 +92,7 @@ TEST_F(Pressing, NothingStaysDownWhenThePointerIsLost) {
   EXPECT_EQ(shown.picture(), rest);
 }
 
-TEST_F(Pressing, PanelMayGoAwayUnderItsOwnKey) {
+TEST_F(Pressing, PanelMayBeDestroyedByItsOwnKey) {
   for (const bool onPress : {true, false}) {
     auto* doomed = new RadioPanel(bc895Layout());
     doomed->resize(doomed->sizeHint());

@@ -23,7 +23,7 @@ class Segments : public testing::TestWithParam<SegmentFace::Source> {
   }
 };
 
-TEST_P(Segments, ShowAllThatTheRadiosSay) {
+TEST_P(Segments, ShowAllTextsOfTheRadios) {
   for (const char* text :
        {"155.1150", "888.8888", "Initializing", "Scanning", "Searching", "- -   - - -",
         "Non-Active ID", "Uploading...", "Send", "Error", "E2-800     ", "P  12", "103.5", ""}) {
@@ -52,7 +52,7 @@ TEST_P(Segments, PointsShareTheCellBeforeThem) {
     return qRound(face.line(text, "", false).width / kCellAdvance);
   };
   EXPECT_EQ(cells("155.1150"), 7);
-  EXPECT_EQ(cells("Uploading..."), 11);  // only the first of them finds a cell before it
+  EXPECT_EQ(cells("Uploading..."), 11);  // only the first point shares the cell before it
   EXPECT_EQ(cells("."), 1);
   EXPECT_EQ(cells(""), 0);
   const QRectF with = extent(face.line("5.", "", false).lit);
@@ -60,7 +60,7 @@ TEST_P(Segments, PointsShareTheCellBeforeThem) {
   EXPECT_LT(with.right(), kCellAdvance + 0.1);
 }
 
-TEST_P(Segments, ShortTextsStandAtTheirEndOfTheRestingCells) {
+TEST_P(Segments, ShortTextsAreAlignedWithinTheCellsAtRest) {
   const SegmentLine right = face.line("12", "88888", true);
   const SegmentLine left = face.line("12", "88888", false);
   EXPECT_DOUBLE_EQ(right.width, 5 * kCellAdvance);

@@ -1,5 +1,5 @@
-// What is said on the line, each conversation with a radio of its own: replies by position,
-// commands that read back what they set, keys and what they leave.
+// Conversations on the line, each with a radio of its own: the positions in replies, commands that
+// read back what others set, and keys and their results.
 #include "script.h"
 
 namespace tarnvex::radio {
@@ -34,7 +34,7 @@ TEST(Conversation, ChannelsAndSettingsReadBack) {
   playEach(Model::BC245XLT, handheld);
 }
 
-TEST(Conversation, WhatMakesNoSenseIsRefusedAndChangesNothing) {
+TEST(Conversation, InvalidCommandsAreRefusedAndChangeNothing) {
   Radio radio;
   const std::string before = describe(radio.state());
   play(radio,
@@ -99,7 +99,7 @@ TEST(Conversation, TrunkedBanksOfTheBc895) {
                                     {"0", "------"},
                                     {"1-", "001648"}}) {
     Radio radio;
-    // A reception in another slot mustn't catch the entry.
+    // A reception in another slot must not get the entry.
     play(radio, "scene city; KEY13; IC A2; wait 5000");
     for (const char c : keyed) {
       radio.exchange(c == '-' ? "KEY03" : std::string("KEY02 ") + c);

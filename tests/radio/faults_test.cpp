@@ -10,8 +10,8 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/// What an "LL" puts on the line: for each part its delay, ':' (reply), '!' (at once) or '~' (at
-/// its own time) and the bytes, with '.' for CR.
+/// What an "LL" puts on the line. Each part has its delay, then ':' (reply), '!' (at once) or '~'
+/// (at its own time), and the bytes, with '.' for CR.
 std::string heard(Faults& faults) {
   std::string text;
   for (const OutgoingPart& part : faults.apply({"LL", "LL0151\r", "ID S 001616", false})) {

@@ -1,4 +1,4 @@
-// What the receiver makes of the air, lines that come by themselves, and the life of the scenes.
+// What the receiver stops on, lines that the radio sends by itself, and the scenes.
 #include <array>
 #include <map>
 #include <set>
@@ -8,7 +8,7 @@
 namespace tarnvex::radio {
 namespace {
 
-TEST(Hearing, StopsForWhatItIsToHear) {
+TEST(Hearing, StopsForWhatItShouldHear) {
   playEach(
       Model::BC895XLT,
       {"scene steady; SQ > +; wait 400; SG > S023 F01551150; CT > CTN",
@@ -21,7 +21,7 @@ TEST(Hearing, StopsForWhatItIsToHear) {
        "wait 1000; MA > C001*; wait 1000; MA > C002*; DLF; wait 8100; MA > NG",
        // priority, off and on
        "receive 2 60000; wait 100; KEY05; receive 1 500; wait 100; MA > C002*; KEY05; MA > C001*",
-       // a search passes over what is passed or skipped
+       // a search goes on from what the user has left or skipped
        "receive 1 100000; KEY09; wait 50; SG > S0*; SQ > +; MA > NG; KEY09; SQ > -; receive 1 "
        "9000; "
        "SQ > +; KEY06 > OK; SQ > -; SS > SS01525500\rSS01588200\rSS01551150\rEND; "
@@ -45,8 +45,8 @@ TEST(Hearing, StopsForWhatItIsToHear) {
   play(handheld, "talk 05-021 1000; IDN > IDN; wait 30; streamed > ID S 05-021.");
 }
 
-/// What a radio does in so long a time, looked at every so many milliseconds: for each look, the
-/// channel and the mode.
+/// Watches a radio for `length`, in steps of `step`. Returns the channel and the mode after each
+/// step.
 std::vector<std::pair<std::string, std::string>> watch(Radio& radio, Millis length, Millis step) {
   std::vector<std::pair<std::string, std::string>> looks;
   for (Millis at = 0; at < length; at += step) {
@@ -75,7 +75,7 @@ TEST(Scenes, TourShowsEveryMode) {
   }
 }
 
-TEST(Scenes, SameSeedSameLife) {
+TEST(Scenes, SameSeedGivesTheSameTraffic) {
   const auto run = [](std::uint64_t seed, double tempo, std::string_view scene) {
     Radio radio(Model::BC895XLT, seed);
     radio.setTempo(tempo);

@@ -1,4 +1,4 @@
-// The program itself, started and ended as by its users.
+// The program itself, started and ended as its users do.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -13,7 +13,7 @@
 namespace tarnvex::radio {
 namespace {
 
-/// What a shell script prints, with $radio, $link and $pipe for it.
+/// Returns what a shell script prints. The script has $radio, $link and $pipe.
 std::string shell(const std::string& script) {
   const auto base = (std::filesystem::temp_directory_path() / "tarnvex-radio-test-").string() +
                     std::to_string(getpid());
@@ -29,7 +29,7 @@ std::string shell(const std::string& script) {
   return said;
 }
 
-TEST(Program, EndsOnASignalAndTakesItsLinkAway) {
+TEST(Program, EndsOnASignalAndRemovesItsLink) {
   const auto said = shell(
       "mkfifo $pipe\n"
       "for signal in TERM HUP; do\n"
@@ -43,7 +43,7 @@ TEST(Program, EndsOnASignalAndTakesItsLinkAway) {
   EXPECT_EQ(said, "0\n0\n");
 }
 
-TEST(Program, IsSteeredThroughItsInputAndEndsWithIt) {
+TEST(Program, IsControlledThroughItsInputAndEndsWithIt) {
   const auto said = shell(
       "printf 'mode MD04\\nstate\\nscene\\nnoise 1\\n' | $radio --model bc245 --seed 7 --control "
       "|\n"

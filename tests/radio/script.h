@@ -38,8 +38,9 @@ inline std::string happen(Radio& radio, const std::string& line) {
   return "";
 }
 
-/// Plays a conversation, such as "KEY13; MD > MD09; IC > IC B1*": each reply that differs is a
-/// failure of its own. A star is any rest of a reply; a reply that isn't given may be anything.
+/// Plays a conversation such as "KEY13; MD > MD09; IC > IC B1*". Each reply that differs is a
+/// separate failure. A star stands for the rest of a reply; if no reply is given, it may be
+/// anything.
 inline void play(Radio& radio, const std::string& conversation) {
   for (std::size_t start = 0, end = 0; end != std::string::npos; start = end + 2) {
     end = conversation.find("; ", start);

@@ -9,9 +9,9 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/// A line at 10000 baud, one byte a millisecond, on a clock of its own.
+/// A line at 10000 baud, which is one byte per millisecond, with a clock of its own.
 struct QuietLine {
-  /// What comes in the next 100 ms, each piece with its time: "11:MD00. "
+  /// Sends a command. Returns what comes in the next 100 ms, each piece with its time: "11:MD00. "
   std::string say(const std::string& command) {
     line.toRadio(command + '\r', now);
     const Instant end = now + milliseconds(100);
@@ -32,7 +32,7 @@ struct QuietLine {
   SerialLine line{radio, {.baud = 10000, .think = milliseconds(3)}, now};
 };
 
-TEST(SerialLine, LinesOfTheirOwnMeetTheRepliesInTime) {
+TEST(SerialLine, ExtraLinesAndDelaysComeAtTheirTimes) {
   const std::pair<std::string, std::string> cases[] = {
       {"extra text ABC", "7:ABC. 12:MD00. 114:LL015100 117:00. "},
       {"extra after text ABC", "11:MD00. 15:ABC. 114:LL015100 117:00. "},

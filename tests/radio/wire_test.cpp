@@ -1,4 +1,4 @@
-// The wire with a real pseudo terminal; time is given by hand.
+// The wire with a real pseudo terminal. The tests set the time.
 #include "radio/wire.h"
 
 #include <fcntl.h>
@@ -19,7 +19,7 @@ namespace {
 
 using std::chrono::seconds;
 
-/// A program's end of the line.
+/// The program's end of the line.
 class Port : private NonCopyable {
  public:
   explicit Port(const std::string& path)
@@ -45,7 +45,7 @@ class Port : private NonCopyable {
   int fd_;
 };
 
-/// The kernel hands bytes over in its own time: waits until the radio's end can be read.
+/// Writes bytes and waits until the kernel has passed them to the radio's end.
 void hand(Wire& wire, Port& port, std::string_view bytes, Instant now) {
   port.write(bytes);
   pollfd ready{wire.fd(), POLLIN, 0};
@@ -72,7 +72,7 @@ class WireTest : public testing::Test {
   bool quit_ = false;
 };
 
-TEST_F(WireTest, AnotherBaudRateIsNotHeard) {
+TEST_F(WireTest, AnotherBaudRateIsNotAnswered) {
   Wire wire(radio_, options(9600), Instant{0});
   Port port(wire.path());
   port.setBaud(B4800);
@@ -85,7 +85,7 @@ TEST_F(WireTest, AnotherBaudRateIsNotHeard) {
   EXPECT_EQ(port.read(), "MD00\r");
 }
 
-TEST_F(WireTest, TheLinkGoesWithTheWireUnlessItIsAnothers) {
+TEST_F(WireTest, TheLinkIsRemovedWithTheWireUnlessItPointsElsewhere) {
   {
     Wire wire(radio_, options(), Instant{0});
     EXPECT_EQ(std::filesystem::read_symlink(link_), wire.path());
@@ -100,7 +100,7 @@ TEST_F(WireTest, TheLinkGoesWithTheWireUnlessItIsAnothers) {
   }
 }
 
-TEST_F(WireTest, ControlLinesAreObeyedOrRefused) {
+TEST_F(WireTest, ControlLinesAreCarriedOutOrRefused) {
   Wire wire(radio_, options(), Instant{0});
   Port port(wire.path());
   for (const std::string line :

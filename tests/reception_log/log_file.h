@@ -7,8 +7,8 @@
 
 namespace tarnvex::test {
 
-/// A made-up log: `rows` receptions, one every 12 seconds up to `last`, of 97 channels without a
-/// tag for the first ones and of three talkgroups; every fiftieth is recorded.
+/// Makes a log with `rows` receptions, one every 12 seconds up to `last`, of three talkgroups and
+/// 97 channels, of which the first ones have no tag. Every fiftieth has a recording.
 inline void makeLog(const QString& file, int rows, qint64 last = 1'700'000'000'000) {
   desktop::ReceptionDatabase log(file, desktop::ReceptionDatabase::Access::Write);
   for (const char* statement :

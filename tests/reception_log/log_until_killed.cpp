@@ -1,5 +1,5 @@
-// Logs receptions to FOLDER, as fast as it can, until it is killed. Prints the number of each once
-// it is in the file.
+// Logs receptions to the folder given as its argument, as fast as it can, until it is killed.
+// Prints the number of each one after it has been written to the file.
 #include <cstdio>
 
 #include "desktop/ports/qt_event_loop.h"

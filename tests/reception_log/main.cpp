@@ -4,9 +4,9 @@
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  // Nobody's sound is recorded, and nothing is heard, but on a server that a test has started.
+  // Sound is only recorded from, and played on, a server that a test has started.
   qputenv("PULSE_SERVER", "unix:/nonexistent");
-  // No file manager opens.
+  // Keeps the desktop's file manager from opening.
   qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);

@@ -9,7 +9,7 @@ namespace {
 constexpr qint64 kMinute = 60'000;
 constexpr qint64 kHour = 60 * kMinute;
 constexpr qint64 kDay = 24 * kHour;
-/// 2026-03-01 00:00 in Berlin; on the 29th the clocks are put forward there.
+/// 2026-03-01 00:00 in Berlin, where the clocks are put forward on the 29th.
 constexpr qint64 kMarch = 1'772'319'600'000;
 
 class Picture : public testing::Test {
@@ -35,11 +35,11 @@ TEST_F(Picture, PlacesItsPartsByTheHeightOfALine) {
   EXPECT_EQ(rounded(one.airtime(0)), "821 48 80x24");
   EXPECT_EQ(rounded(one.count(19)), "901 509 80x24");
   EXPECT_EQ(rounded(one.hours()), "259 578 562x80");
-  // Twice as fine in every way.
+  // Everything is twice as large.
   const PictureGeometry fine({2000, 1400}, 32, 20, day);
   EXPECT_EQ(fine.plot(), QRectF(one.plot().topLeft() * 2, one.plot().size() * 2));
   EXPECT_EQ(fine.hours(), QRectF(one.hours().topLeft() * 2, one.hours().size() * 2));
-  // Nothing lies outside the window, and rows don't lie on each other.
+  // Nothing lies outside the window, and rows don't overlap.
   EXPECT_LT(one.hours().bottom() + 16 * 1.4, 700);
   EXPECT_LT(one.plot().bottom(), one.hours().top());
   for (int row = 0; row < 20; ++row) {
@@ -57,7 +57,8 @@ TEST_F(Picture, DrawsABarFromItsBeginningToItsEnd) {
   EXPECT_DOUBLE_EQ(noon.width(), plot.width() / 4);
   EXPECT_TRUE(geometry.row(3).contains(noon));
   EXPECT_EQ(geometry.time(geometry.x(kMarch + 5 * kHour)), kMarch + 5 * kHour);
-  // A moment can still be seen; what sticks out is cut off; what lies outside isn't drawn.
+  // Even a moment is visible. What extends beyond the plot is cut off, and what lies outside isn't
+  // drawn.
   EXPECT_DOUBLE_EQ(geometry.bar(0, kMarch + kHour, kMarch + kHour).width(), 1.5);
   EXPECT_DOUBLE_EQ(geometry.bar(0, kMarch - kHour, kMarch + kHour).left(), plot.left());
   EXPECT_DOUBLE_EQ(geometry.bar(0, kMarch + 23 * kHour, kMarch + 30 * kHour).right(), plot.right());

@@ -26,7 +26,7 @@ Reception reception(std::int64_t started, const std::string& tag = "Fire", doubl
 
 class ReceptionStore : public testing::Test {
  protected:
-  /// A store as a start of the program has it.
+  /// A store during one run of the program.
   struct Running {
     explicit Running(const ReceptionStore& test)
         : store(test.folder.path().toStdString(), const_cast<platform::EventGate&>(test.gate)) {
@@ -36,8 +36,8 @@ class ReceptionStore : public testing::Test {
     std::vector<std::string> words;
   };
 
-  /// Writes receptions that begin at 1, 2, ... as one start of the program, and returns what it had
-  /// to say.
+  /// Writes receptions that begin at 1, 2 and so on, in one run of the program. Returns its
+  /// messages.
   std::vector<std::string> log(int count) {
     Running running(*this);
     for (int number = 1; number <= count; ++number) {
@@ -61,7 +61,7 @@ class ReceptionStore : public testing::Test {
   platform::EventGate gate{loop};
 };
 
-TEST_F(ReceptionStore, KeepsWhatItIsGivenAndMakesNoFileForNothing) {
+TEST_F(ReceptionStore, KeepsWhatItIsGivenAndCreatesNoFileWithoutReceptions) {
   {
     Running running(*this);
     running.store.thin(1);
@@ -92,7 +92,7 @@ TEST_F(ReceptionStore, WritesAReceptionThatLastsToOneRow) {
   EXPECT_EQ(ask("SELECT seconds || tag FROM receptions WHERE started = 1000"), "20.0Fire");
   // Its source has its tag now.
   EXPECT_EQ(ask("SELECT count(DISTINCT source) FROM receptions"), 1);
-  // Dropped while it lasts, it comes back.
+  // A reception that is deleted while it lasts is written again.
   running.store.write(3, reception(3000), false);
   running.store.finish();
   running.store.clear();
@@ -101,7 +101,7 @@ TEST_F(ReceptionStore, WritesAReceptionThatLastsToOneRow) {
   EXPECT_EQ(ask("SELECT group_concat(started) FROM receptions"), "3000");
 }
 
-TEST_F(ReceptionStore, ThinsInSlicesWithWhatNoRowHasAnyMore) {
+TEST_F(ReceptionStore, ThinsInSlicesAndDropsUnusedSources) {
   Running running(*this);
   for (int number = 1; number <= 1200; ++number) {
     running.store.write(number, reception(number, number <= 1100 ? "Old" : "New"), true);
@@ -114,7 +114,7 @@ TEST_F(ReceptionStore, ThinsInSlicesWithWhatNoRowHasAnyMore) {
   EXPECT_EQ(ask("SELECT group_concat(tag) FROM sources"), "New");
 }
 
-TEST_F(ReceptionStore, LosesNothingThatWasWrittenAndNeverTheFileToAHundredKills) {
+TEST_F(ReceptionStore, LosesNothingThatWasWrittenInAHundredKills) {
   int written = 0;
   for (int kill = 0; kill < 100; ++kill) {
     QProcess logger;
@@ -124,7 +124,7 @@ TEST_F(ReceptionStore, LosesNothingThatWasWrittenAndNeverTheFileToAHundredKills)
     logger.kill();
     logger.waitForFinished();
     written += static_cast<int>(logger.readAllStandardOutput().count('\n'));
-    // A number may be in the pipe without its row being told, and not the other way round.
+    // A row may be written without its number having been printed, but not the other way round.
     ASSERT_GE(rows(), written);
   }
   EXPECT_EQ(ask("PRAGMA integrity_check"), "ok");
@@ -173,7 +173,7 @@ TEST_F(ReceptionStore, SetsADamagedFileAsideAndBeginsANewOne) {
   }
 }
 
-TEST_F(ReceptionStore, StopsWithOneWordWhenTheDiskIsFull) {
+TEST_F(ReceptionStore, StopsWithOneMessageWhenTheDiskIsFull) {
   log(1);
   const rlimit before = [] {
     rlimit limit{};

@@ -21,7 +21,7 @@ namespace {
 constexpr int kRows = 100'000;
 constexpr qint64 kLast = 1'700'000'000'000;
 
-/// Takes the place of the desktop's programs for files.
+/// Opens files in place of the desktop's programs.
 class OpenedFiles : public QTextBrowser {
  public:
   OpenedFiles() { QDesktopServices::setUrlHandler("file", this, "setSource"); }
@@ -35,7 +35,7 @@ class OpenedFiles : public QTextBrowser {
   }
 };
 
-/// The window over a log of its own and a BC895XLT's main form.
+/// The log's window, with a log of its own and a BC895XLT's main form.
 class ReceptionLogWindow : public testing::Test, protected test::Below {
  protected:
   ReceptionLogWindow() {
@@ -54,7 +54,7 @@ class ReceptionLogWindow : public testing::Test, protected test::Below {
     settle();
   }
   ReceptionModel& model() { return window->model(); }
-  /// Until all that is asked for has come.
+  /// Waits until everything that was asked for has come.
   void settle() {
     const auto calm = [this] {
       return model().counted() && (model().rowCount() == 0 || cell(0, ReceptionModel::Time) != "");
@@ -64,7 +64,7 @@ class ReceptionLogWindow : public testing::Test, protected test::Below {
   QString cell(int row, int column) {
     return model().data(model().index(row, column), Qt::DisplayRole).toString();
   }
-  /// A cell that may have to be fetched first.
+  /// The text of a cell, which may have to be fetched first.
   QString fetched(int row, int column) {
     EXPECT_TRUE(loop.waitUntil([&] { return model().row(row) != nullptr; }, QDeadlineTimer(20000)));
     return cell(row, column);
@@ -258,7 +258,7 @@ TEST_F(ReceptionLogWindow, ShowsARecordingInItsFolder) {
   }
 }
 
-TEST_F(ReceptionLogWindow, OpensOnNoLogAndOnOneThatIsNone) {
+TEST_F(ReceptionLogWindow, OpensWithoutALogAndReportsADamagedOne) {
   open(0);
   EXPECT_EQ(model().rowCount(), 0);
   QFile other(file);
@@ -270,7 +270,7 @@ TEST_F(ReceptionLogWindow, OpensOnNoLogAndOnOneThatIsNone) {
   EXPECT_EQ(find<QLabel>("counted").text(), "The log's file is damaged.");
 }
 
-/// Reads a file of comma-separated values as RFC 4180 has them.
+/// Reads comma-separated values in the form of RFC 4180.
 QVector<QStringList> readCsv(const QString& text) {
   QVector<QStringList> records;
   QStringList record;

@@ -8,7 +8,7 @@
 
 namespace tarnvex::test {
 
-/// Backups in memory, under "backup 1", "backup 2" and so on.
+/// Backups in memory, named "backup 1", "backup 2" and so on.
 class FakeBackups : public platform::Backups {
  public:
   platform::Failure keep(const std::string& path, std::string_view content,

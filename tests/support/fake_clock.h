@@ -8,7 +8,7 @@
 
 namespace tarnvex::test {
 
-/// A wall clock on the fake loop's time: its seconds move while somebody sleeps there.
+/// A clock that shows the fake loop's time, which moves while somebody sleeps there.
 class FakeClock : public platform::Clock {
  public:
   explicit FakeClock(const FakeLoop& loop) : loop_(loop) {}
@@ -19,7 +19,7 @@ class FakeClock : public platform::Clock {
   }
   [[nodiscard]] std::string now() const override { return text; }
 
-  /// Places the loop's start within a second.
+  /// The clock's time when the loop's time is 0, so that a test can start within a second.
   std::int64_t offsetMilliseconds = 0;
   std::string text = "2031-05-06 07:08:09";
 

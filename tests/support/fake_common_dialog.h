@@ -21,9 +21,9 @@ struct ShownDialog {
   bool operator==(const ShownDialog&) const = default;
 };
 
-/// A user who picks files as told in advance. Every showing takes the next of `choices`: a path, or
-/// nothing for Cancel. A showing without a choice fails the test and cancels; choices that are left
-/// fail the test when the fake goes.
+/// A user who picks files as told in advance. Each time the dialog is shown, it takes the next of
+/// `choices`: a path, or nothing for Cancel. If there is none left, the test fails and the dialog
+/// is cancelled. Choices left at the end fail the test, too.
 class FakeCommonDialog : public platform::CommonDialog {
  public:
   FakeCommonDialog() = default;

@@ -28,10 +28,9 @@ inline std::ostream& operator<<(std::ostream& out, const Box& box) {
 }
 
 /// A user who answers message boxes as told in advance. Every box is recorded in `boxes`. A box
-/// with a choice takes the next of `answers`; one that finds none, or that the answer doesn't fit,
-/// fails the test and is answered with No (or Cancel). Answers that nobody asked for fail the test
-/// when the fake goes. A box with only OK needs no answer: compare `boxes`. Likewise with typed
-/// lines and chosen colours.
+/// with a choice takes the next of `answers`. If there is none, or it doesn't fit the box, the test
+/// fails and the box is answered with No (or Cancel). Answers left at the end fail the test. A box
+/// with only OK needs no answer: compare `boxes`. Typed lines and chosen colours work the same way.
 class FakeDialogs : public platform::Dialogs {
  public:
   FakeDialogs() = default;
@@ -50,7 +49,7 @@ class FakeDialogs : public platform::Dialogs {
     const Box box{text, title, flags};
     boxes.push_back(box);
     const int buttons = static_cast<int>(flags) & 7;
-    // Known before the hook runs, since boxes that open after this one take the later answers.
+    // Taken before the hook runs, since boxes that open meanwhile take the later answers.
     const platform::Answer answer = buttons == 0 ? platform::Answer::Ok : nextAnswer(box, buttons);
     if (whileOpen) {
       whileOpen();
@@ -73,14 +72,14 @@ class FakeDialogs : public platform::Dialogs {
 
   std::deque<platform::Answer> answers;
   std::vector<Box> boxes;
-  /// What the user types in input boxes, empty for Cancel, and the input boxes shown.
+  /// What the user types into input boxes (empty for Cancel), and the input boxes shown.
   std::deque<std::string> lines;
   std::vector<Box> prompts;
-  /// The colours that the user picks, nothing for Cancel, and those that were preset.
+  /// The colours that the user picks (nothing for Cancel), and the preset ones.
   std::deque<std::optional<platform::Colour>> colours;
   std::vector<platform::Colour> presetColours;
   int beeps = 0;
-  /// Every setting of the pointer, in order.
+  /// All changes of the pointer, in order.
   std::vector<bool> busyPointer;
   /// Runs while a box is open, as the poll does.
   std::function<void()> whileOpen;

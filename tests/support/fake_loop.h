@@ -12,16 +12,16 @@
 
 namespace tarnvex::test {
 
-/// An event loop with an integer clock in milliseconds that moves only while somebody sleeps.
-/// Events are told in advance, by turn or by time. A program that turns it without end is stopped
-/// by an exception.
+/// An event loop with a clock in milliseconds, which moves only while somebody sleeps. Events are
+/// set in advance, by turn or by time. A program that turns it endlessly is stopped by an
+/// exception.
 class FakeLoop : public platform::EventLoop {
  public:
   using Event = std::function<void()>;
 
-  /// Delivered by the n-th turn from now, 1 being the next.
+  /// Delivered by the n-th turn from now; 1 is the next.
   void onTurn(int nth, Event event) { byTurn_.emplace(turns_ + nth, std::move(event)); }
-  /// Delivered by the first turn or sleep at or after that time.
+  /// Delivered by the first turn or sleep at or after this time.
   void at(std::int64_t milliseconds, Event event) {
     byTime_.emplace(milliseconds, std::move(event));
   }
@@ -47,7 +47,7 @@ class FakeLoop : public platform::EventLoop {
  private:
   static constexpr int kMostTurns = 1'000'000;
 
-  /// An event that is delivered may add others; they wait for the next turn.
+  /// Events added by an event are delivered at the next turn.
   template <class Key>
   static void deliver(std::multimap<Key, Event>& events, Key until) {
     std::vector<Event> due;

@@ -9,8 +9,8 @@
 
 namespace tarnvex::test {
 
-/// Media controls that record nothing but what they were told, all into one log: "file /program/…",
-/// "Open", "Record" and so on.
+/// Media controls that only log their calls, all into one list: "file /program/…", "Open", "Record"
+/// and so on.
 class FakeMediaControls : public platform::MediaControls {
  public:
   std::unique_ptr<platform::MediaControl> create() override {
@@ -20,9 +20,9 @@ class FakeMediaControls : public platform::MediaControls {
   std::vector<std::string> takeLog() { return std::exchange(log, {}); }
 
   std::vector<std::string> log;
-  /// What recording fails with.
+  /// The error of a recording.
   std::string error;
-  /// What it has recorded.
+  /// The name of the recorded file.
   std::string saved;
 
  private:

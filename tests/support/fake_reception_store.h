@@ -8,7 +8,7 @@
 
 namespace tarnvex::test {
 
-/// A store in memory, with what it was asked to do besides.
+/// A store in memory, which also logs its calls.
 class FakeReceptionStore : public monitor::ReceptionStore {
  public:
   void write(int number, const monitor::Reception& reception, bool final) override {
@@ -20,7 +20,7 @@ class FakeReceptionStore : public monitor::ReceptionStore {
   [[nodiscard]] std::string file() const override { return path; }
 
   std::map<int, monitor::Reception> rows;
-  /// The writes by number, the final ones with a "!".
+  /// The numbers of the writes. A final one has a "!".
   std::string writes;
   std::int64_t thinnedBefore = 0;
   std::string path;

@@ -20,7 +20,7 @@ struct SavedSetting {
 };
 
 /// A settings store in memory. `values` may be filled in advance; `saved` lists what the program
-/// wrote, in order.
+/// has written, in order.
 class FakeSettings : public platform::SettingsStore {
  public:
   [[nodiscard]] std::string getSetting(std::string_view section, std::string_view name,

@@ -10,8 +10,8 @@
 
 namespace tarnvex::test {
 
-/// A line to a simulated radio in the same process. Every command is answered at once; the radio's
-/// time moves on by `kExchange` with each.
+/// A line to a simulated radio in the same process. Every command is answered at once, and moves
+/// the radio's time on by `kExchange`.
 class RadioPort : public platform::SerialPort {
  public:
   explicit RadioPort(radio::Radio& radio) : radio_(radio) {}

@@ -10,8 +10,8 @@
 
 namespace tarnvex::test {
 
-/// A window layer that draws nothing and records what it is asked to do. It keeps the forms that
-/// are open, so that a test can use their controls.
+/// A window layer that draws nothing and logs its calls. It keeps the open forms, so that a test
+/// can use their controls.
 class RecordingWindows : public shell::WindowLayer {
  public:
   void openSplash(shell::Form1& form) override {
@@ -69,14 +69,14 @@ class RecordingWindows : public shell::WindowLayer {
   std::vector<std::string> takeCalls() { return std::exchange(calls, {}); }
 
   std::vector<std::string> calls;
-  /// Runs at every call, after it has been recorded.
+  /// Runs at every call, after it has been logged.
   std::function<void(const std::string& call)> onCall;
   shell::Form1* splash = nullptr;
   shell::Form4* form4 = nullptr;
   shell::Form2* form2 = nullptr;
   shell::QuickViewForm* quickView = nullptr;
   shell::frmReceptionLog* receptionLog = nullptr;
-  /// The screen and the small window, in twips.
+  /// The sizes of the screen and of the small window, in twips.
   static constexpr shell::Twips kScreen{15360, 9000};
   static constexpr shell::Twips kSmallWindow{3000, 1200};
   /// The forms whose dialogs are open, in the order of opening.

@@ -21,16 +21,16 @@
 
 namespace tarnvex::test {
 
-/// Bytes that arrive together, `after` spins after those before them (the first ones: after the
-/// command). A reply is never there at once, so one spin is the least.
+/// Bytes that arrive together, `after` spins after the previous ones, or after the command. A reply
+/// needs at least one spin.
 struct Piece {
   std::string bytes;
   int after = 1;
-  /// The device is gone with these bytes, as when the cable is pulled.
+  /// After these bytes the device is gone, as when the cable is pulled.
   bool lost = false;
 };
 
-/// One command, without its carriage return, and what the radio does on it.
+/// A command without its carriage return, and what the radio sends after it.
 struct Exchange {
   Exchange(std::string sent, const std::string& reply)
       : command(std::move(sent)), pieces{{reply + "\r"}} {}
@@ -62,9 +62,8 @@ inline std::vector<std::string> splitAt(const std::string& separator, const std:
   return parts;
 }
 
-/// Exchanges as a transcript: "SQ > +; SG > S018 F01551150". A line that the radio sends by itself
-/// once the reply has been read comes after it: "IDN > OK > IDNS 005678". A command alone gets no
-/// answer.
+/// Reads exchanges from a transcript: "SQ > +; SG > S018 F01551150". A line that the radio sends by
+/// itself after the reply follows it: "IDN > OK > IDNS 005678". A command alone gets no answer.
 inline std::vector<Exchange> script(const std::string& transcript) {
   std::vector<Exchange> exchanges;
   for (const auto& line :
@@ -83,9 +82,9 @@ inline std::vector<Exchange> operator+(const std::vector<Exchange>& first,
   return first + script(transcript);
 }
 
-/// The radio at the other end of the line. It expects exact commands: any other one fails the test
-/// and gets no answer, and one that never comes fails it too. No real time passes; `spins` is the
-/// line's clock.
+/// The radio at the other end of the line. It expects exact commands: any other command fails the
+/// test and gets no answer, and an expected one that never comes fails it, too. No real time
+/// passes; `spins` is the line's clock.
 class ScriptedRadio : private platform::NonCopyable {
  public:
   ~ScriptedRadio() { expectSpent(); }
@@ -93,7 +92,7 @@ class ScriptedRadio : private platform::NonCopyable {
   void expect(const std::vector<Exchange>& exchanges) {
     expected_.insert(expected_.end(), exchanges.begin(), exchanges.end());
   }
-  /// Fails if an expected command hasn't come by now.
+  /// Fails the test if an expected command hasn't come yet.
   void expectSpent() {
     if (!expected_.empty()) {
       ADD_FAILURE() << expected_.size() << " expected commands were not sent, the first one is \""
@@ -101,14 +100,15 @@ class ScriptedRadio : private platform::NonCopyable {
       expected_.clear();
     }
   }
-  /// Answers every command while nothing is expected, with `reply` if `replies` holds no other.
+  /// While nothing is expected, answers every command, with `reply` unless `replies` has another
+  /// answer.
   void answerAll(const std::string& reply, std::map<std::string, std::string> replies = {}) {
     answer = [reply, replies = std::move(replies)](std::string_view command) {
       const auto own = replies.find(std::string(command));
       return std::vector<Piece>{{(own == replies.end() ? reply : own->second) + "\r"}};
     };
   }
-  /// Bytes that wait at the port from now on.
+  /// Adds bytes that have arrived at the port.
   void send(std::string_view bytes) { waiting_ += bytes; }
   std::string takeLog() {
     std::string all;
@@ -120,14 +120,14 @@ class ScriptedRadio : private platform::NonCopyable {
 
   /// Answers every command while nothing is expected.
   std::function<std::vector<Piece>(std::string_view command)> answer;
-  /// Runs when a wait begins: the window's events, which arrive while the core is busy.
+  /// Runs when a wait begins, in place of the window's events that arrive while the core is busy.
   std::function<void()> whileWaiting;
-  /// Descriptions with which a slot refuses to open.
+  /// The descriptions with which slots fail to open.
   std::map<int, std::string> refusals;
-  /// And why.
+  /// The reason for such a failure.
   platform::PortTrouble trouble = platform::PortTrouble::None;
-  /// Whether a wait without limit, on a line where nothing comes any more, is one that the user
-  /// ends; otherwise the test fails, because the program hangs.
+  /// Whether the user ends a wait without a limit if nothing more comes. Otherwise the test fails,
+  /// because the program hangs.
   bool userLeaves = false;
   /// Commands, and "open COM 1 at 9600,n,8,1" and "close", in order.
   std::vector<std::string> log;
@@ -145,7 +145,7 @@ class ScriptedRadio : private platform::NonCopyable {
 
   void receive(std::string_view text) {
     if (!text.ends_with('\r')) {
-      ADD_FAILURE() << "no carriage return behind \"" << text << '"';
+      ADD_FAILURE() << "no carriage return after \"" << text << '"';
       return;
     }
     text.remove_suffix(1);
@@ -176,7 +176,7 @@ class ScriptedRadio : private platform::NonCopyable {
     coming_.clear();
     lost_ = false;
   }
-  /// Lets the line's clock run up to the next arrival. False if that takes longer than `limit`.
+  /// Moves the line's clock on to the next arrival. False if that takes longer than `limit`.
   bool advance(std::int64_t limit) {
     if (coming_.empty() || coming_.front().due - spins > limit) {
       return false;
@@ -271,7 +271,7 @@ class ScriptedPort : public platform::SerialPort {
     const bool arrived =
         wait(atLeast, [&] { return radio_.advance(std::numeric_limits<std::int64_t>::max() / 2); });
     if (!arrived && open_ && !radio_.lost_ && !radio_.userLeaves) {
-      ADD_FAILURE() << "waits for ever behind \"" << (radio_.log.empty() ? "" : radio_.log.back())
+      ADD_FAILURE() << "waits for ever after \"" << (radio_.log.empty() ? "" : radio_.log.back())
                     << '"';
     }
     return arrived;
@@ -297,7 +297,7 @@ class ScriptedPort : public platform::SerialPort {
   bool open_ = false;
 };
 
-/// Every port that a window asks for is one on the same line.
+/// All ports that windows ask for are on the same line.
 class ScriptedPorts : public platform::SerialPorts {
  public:
   explicit ScriptedPorts(ScriptedRadio& radio) : radio_(radio) {}

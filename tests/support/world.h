@@ -20,6 +20,7 @@
 
 namespace tarnvex::test {
 
+/// Gives every window a fake file dialog of its own.
 class FakeCommonDialogs : public platform::CommonDialogs {
  public:
   std::unique_ptr<platform::CommonDialog> create() override {
@@ -27,7 +28,7 @@ class FakeCommonDialogs : public platform::CommonDialogs {
   }
 };
 
-/// Everything the program's windows work with, as fakes. It must outlive a test's windows.
+/// Everything that the program's windows work with, as fakes. It must outlive a test's windows.
 struct World {
   FakeLoop loop;
   platform::EventGate gate{loop};
@@ -50,10 +51,10 @@ struct World {
   RecordingWindows windows;
   int switches = 0;
 
-  /// The list of saved searches is there and empty, so that windows load without a word.
+  /// The file of saved searches exists and is empty, so that windows load without a message.
   World() { store.files["/program/Searchlist.txt"] = ""; }
 
-  /// What a window that is tested without an `Application` has around it.
+  /// The surroundings of a window that is tested without an `Application`.
   shell::MainFormOutside outside() {
     return {[this] { ++switches; }, [this] { gate.end(); }, windows};
   }
