@@ -13,7 +13,7 @@ namespace {
 double numberIn(std::string_view name, const std::string& text, double least, double most) {
   const auto value = parseNumber(text);
   if (!value || *value < least || *value > most) {
-    throw std::invalid_argument(std::string(name) + ": not a fitting number: " + text);
+    throw std::invalid_argument(std::string(name) + ": not a valid number: " + text);
   }
   return *value;
 }
@@ -21,7 +21,7 @@ double numberIn(std::string_view name, const std::string& text, double least, do
 void setModel(Options& options, const std::string& text) {
   const auto model = modelNamed(text);
   if (!model) {
-    throw std::invalid_argument("--model: bc895 or bc245, not " + text);
+    throw std::invalid_argument("--model: must be bc895 or bc245, not " + text);
   }
   options.model = *model;
 }
@@ -114,23 +114,21 @@ std::string_view usage() {
          "  --model bc895|bc245  the radio (bc895)\n"
          "  --scene NAME         what is on the air: quiet, city, busy, day, steady, tour (city)\n"
          "  --mode MDxx          the mode to start in (MD00)\n"
-         "  --tempo X            speed of the scene (1); of \"day\", that of its clock: 1440 makes "
-         "a\n"
-         "                       minute of the day, while transmissions keep their length\n"
-         "  --seed N             another course of the same scene and faults (1)\n"
+         "  --tempo X            speed of the scene (1); for \"day\" only that of its clock: 1440\n"
+         "                       makes the day last a minute; transmissions keep their length\n"
+         "  --seed N             another random course of the scene and the faults (1)\n"
          "  --link PATH          keep a symbolic link to the terminal there\n"
          "  --baud N             line speed; 0 for no pacing (9600)\n"
          "  --any-baud           answer whatever baud rate the terminal is set to\n"
          "  --think-ms X         time from a command to its reply (3; 0 if unpaced)\n"
-         "  --stream N           in one exchange of N, send an ID line at any moment, also "
-         "between\n"
-         "                       command and reply, while the program has asked for such lines\n"
-         "  --fault LINE         start with that fault, such as \"noise 1\" or \"extra echo every "
-         "5\";\n"
-         "                       can be given several times; \"help\" of --control lists them\n"
+         "  --stream N           while the program has asked for ID lines, send one at any moment\n"
+         "                       of one exchange in N, even between command and reply\n"
+         "  --fault LINE         start with this fault, such as \"noise 1\" or\n"
+         "                       \"extra echo every 5\"; can be given several times; \"help\" of\n"
+         "                       --control lists the faults\n"
          "  --log FILE           log every line; - for standard error\n"
          "  --control            take control lines from standard input; \"help\" lists them\n"
-         "  --write-plan FILE    write a plan that matches the radio's memory, and end\n";
+         "  --write-plan FILE    write a plan that matches the radio's memory and end\n";
 }
 
 }  // namespace tarnvex::radio

@@ -31,7 +31,7 @@ void Wire::readable(Instant now) {
   }
   log_.toRadio(bytes, now);
   if (!hears()) {
-    log_.note("other baud rate, not heard", now);
+    log_.note("ignored: other baud rate", now);
     line_.dropInput();
     return;
   }

@@ -87,7 +87,7 @@ std::optional<std::string> ScannerLink::readReply(platform::SerialPort& port,
 
 std::string ScannerLink::MultiLineQuery(std::string_view command) {
   const Line line = this->line();
-  // An answer of three bytes or fewer is no list and counts as silence.
+  // An answer of three bytes or fewer isn't a list and counts as silence.
   if (!send(line, command, 4)) {
     return {};
   }

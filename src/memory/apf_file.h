@@ -99,7 +99,7 @@ class Form7 : public ApfForm {
 };
 
 /// "Export APF File": lists the plan's channels and appends the selected ones to a file.
-/// Deliberate: failures aren't reported.
+/// Deliberate: failures aren't reported. The dialog closes as after a success.
 class Form8 : public ApfForm {
  public:
   explicit Form8(ApfPorts ports);

@@ -41,11 +41,13 @@ class BankDialog : private platform::NonCopyable {
   platform::Notifier<> closed;
 
  protected:
+  /// How a transfer has ended.
   enum class Outcome {
     Done,
     Aborted,  ///< by the user: the dialog closes before the radio is released
     Ended,    ///< with the program
   };
+  /// The texts in which the dialogs differ.
   struct Words {
     std::string name;
     std::string caption;

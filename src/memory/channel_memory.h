@@ -56,7 +56,8 @@ class ChannelMemory : private platform::NonCopyable {
   /// or to column 0 while the main windows are being switched.
   void JumpToBank(platform::Table& table, int bank, int group = 0);
   /// Stores a line of a hit list in the current row of the list's table. Asks first if the row is
-  /// in use. Deliberate: the plan isn't marked as changed.
+  /// in use. Deliberate: the plan isn't marked as changed, so closing the program doesn't offer to
+  /// save the hit.
   void StoreHit(HitList list, std::string_view line);
   /// Brings a table to the front and puts the cursor on a cell. Nothing is normalised.
   void showCell(platform::Table& table, int row, int col);

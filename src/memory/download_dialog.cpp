@@ -14,7 +14,8 @@ frmDownload::frmDownload(MainWindow mainWindow, const TransferOutside& outside)
                       std::move(mainWindow), outside) {}
 
 void frmDownload::prepareRadio(const TransferWindow& main) {
-  // Deliberate: the same two codes for both radios, although they mean different modes.
+  // Deliberate: the same two codes for both radios, although they mean different modes. So a
+  // BC245XLT leaves trunk programming here, but not its ID modes.
   const std::string& mode = main.mode.caption();
   if (mode == link::mode895::kIdSearch || mode == link::mode895::kIdHold) {
     outside_.link.SendCommand(link::key::kManual);

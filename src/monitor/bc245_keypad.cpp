@@ -93,7 +93,7 @@ bool Bc245Keypad::scanning() {
 void Bc245Keypad::press(std::string_view label, MouseButton button) {
   const bool held = button == MouseButton::Right;
   if (label == "Label1" && held) {
-    // Deliberate: the light key never beeps.
+    // Deliberate: holding the light key doesn't beep, unlike all other keys.
     sendKey(key::kLightHeld);
     actions_.state().EntryBuffer.clear();
   } else if (label == "Label25") {

@@ -18,8 +18,8 @@ struct PressedKey {
   bool endsEntry = true;
 };
 
-/// Keys that send one command. "DIM" and "CTCSS" don't end an entry, since users look at the light
-/// and the tone while they key digits.
+/// Keys that send one command. Deliberate: "DIM" and "CTCSS" don't end an entry, so digits keyed
+/// after them are added to those before.
 constexpr std::array kLeft{
     PressedKey{"SCAN", key::kScan},        PressedKey{"MANUAL", key::kManual},
     PressedKey{"E ", key::kEnter},         PressedKey{"PRI", key::kPriority},
@@ -158,7 +158,8 @@ void Bc895Keypad::type(char character) {
       KeyActions::append(target, mark);
     }
   } else if (isBank(character)) {
-    // Deliberate: unlike the bank's key on the panel, this doesn't end an entry.
+    // Deliberate: unlike the bank's key on the panel, this doesn't end an entry, so digits keyed
+    // after it are added to those before.
     actions_.send(key::bank(character));
   }
 }

@@ -8,7 +8,7 @@ const std::array<TrunkSystemType, 6>& systemTypes() {
   static constexpr std::array<TrunkSystemType, 6> kTypes = {{
       {"Motorola Type 1", "TYPE1", "E1         ", 0, 0},
       {"Motorola Type 2 800", "E2-800", "E2-800     ", 0, 0},
-      // Deliberate: "E9-800", although the radio's word is "E2-900".
+      // Deliberate: the display shows "E9-800", although the radio's word is "E2-900".
       {"Motorola Type 2 900", "E2-900", "E9-800     ", 0, 0},
       {"Motorola Type 2 UHF", "E2-UHF", "E2-UHF     ", 5, 100},
       {"Motorola Type 2 VHF", "E2-VHF", "E2-VHF     ", 125, 1000},

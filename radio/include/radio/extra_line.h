@@ -36,6 +36,7 @@ namespace tarnvex::radio {
 ///           every N         with one reply in N, at random
 class ExtraLine {
  public:
+  /// The three kinds of words, as in the table above.
   enum class What { Id, Stream, Echo, Copy, Previous, Noise, Flood, Text };
   enum class Where { Before, After, Late, Anywhere };
   enum class How { Plain, Joined, Cut, EightBit, Slow };

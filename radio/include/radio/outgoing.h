@@ -9,6 +9,7 @@ namespace tarnvex::radio {
 
 /// Bytes on their way to the program: one of the things that an exchange puts on the line.
 struct OutgoingPart {
+  /// When the bytes are sent.
   enum class Timing {
     Reply,   ///< after the radio's thinking time
     AtOnce,  ///< after the command and everything that is already queued

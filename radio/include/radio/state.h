@@ -34,6 +34,7 @@ struct Slot {
 
 /// What has been keyed and not yet entered.
 struct Entry {
+  /// A search limit.
   enum class Limit { None, Lower, Upper };
   std::string text;
   Limit limit = Limit::None;  ///< which search limit KEY04 will set

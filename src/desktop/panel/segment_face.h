@@ -38,6 +38,7 @@ inline constexpr double kCellAdvance = 0.816;
 /// slanting strokes, the whole line is lighter, since bold strokes would run together.
 class SegmentFace {
  public:
+  /// Where the shapes come from: the installed font or the table.
   enum class Source { Installed, Drawn };
 
   /// `Installed` falls back to `Drawn` if the font is missing.

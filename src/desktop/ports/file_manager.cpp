@@ -10,7 +10,7 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// The interface that file managers share on freedesktop.org's desktops.
+/// The interface that the desktops' file managers have in common.
 QDBusMessage showItems(const QString& file) {
   QDBusMessage message = QDBusMessage::createMethodCall(
       QStringLiteral("org.freedesktop.FileManager1"),

@@ -4,8 +4,8 @@
 
 namespace tarnvex::desktop {
 
-/// Shows a file in the desktop's file manager, selected among its neighbours. Where no file manager
-/// can be asked for that, or the file is gone, its folder is opened instead. Returns at once.
+/// Selects a file in the desktop's file manager. If there is no file manager that can do this, or
+/// the file is gone, opens its folder instead. Returns at once.
 void showInFileManager(const QString& file);
 
 }  // namespace tarnvex::desktop

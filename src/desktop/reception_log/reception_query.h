@@ -35,6 +35,7 @@ struct ReceptionRow {
 
 /// A query: which rows, and in which order.
 struct ReceptionQuery {
+  /// By what the rows are sorted.
   enum class Order { Time, Length, Signal, Recording, Source };
 
   /// Receptions that began at `from` or later and before `to`, in milliseconds UTC.

@@ -109,7 +109,7 @@ void ReceptionTable::keepCurrent() {
   withCurrent([this](const ReceptionRow& row) { kept_ = row; });
 }
 
-/// A row that is no longer among the first is current no more.
+/// Selects the same row again, unless it is no longer among the first.
 void ReceptionTable::restoreCurrent() {
   const auto kept = std::exchange(kept_, std::nullopt);
   const int known = kept ? std::min(model_.rowCount(), ReceptionModel::kPageRows) : 0;

@@ -44,7 +44,7 @@ class ReceptionTable : public QTableView {
   void play(const ReceptionRow& row) const;
 
   ReceptionModel& model_;
-  /// What the current row was about before the rows were asked for again.
+  /// The current row before the rows were asked for again.
   std::optional<ReceptionRow> kept_;
   /// The folder of the recordings.
   QString recordings_;

@@ -202,7 +202,7 @@ void ReceptionWindow::applyFilter() {
   model_->setFilter({text_->text(), span.from, span.to, radio, recorded_->isChecked()});
 }
 
-/// "Last hour" and "Today" go on with the clock. Who reads further down isn't disturbed.
+/// Moves "Last hour" and "Today" on with the clock, unless the user has scrolled down.
 void ReceptionWindow::slide() {
   if (table_->isAtTop() && period().from != model_->filter().from) {
     applyFilter();

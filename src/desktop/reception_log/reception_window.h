@@ -59,7 +59,7 @@ class ReceptionWindow : public DialogWindow {
   QPushButton* export_ = nullptr;
   bool pictureStale_ = true;
   QTimer typing_;
-  /// Goes on with the clock.
+  /// Moves the period on with the clock.
   QTimer* sliding_ = nullptr;
   QTimer exportTimer_;
   std::unique_ptr<CsvExport> exporting_;
