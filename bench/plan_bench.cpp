@@ -1,5 +1,5 @@
-// What it takes to load and save a full plan, with the two tables on the screen. The time that the
-// disk takes to make a save outlast a power cut has a row of its own.
+// How long it takes to load and save a full plan with the two tables on the screen. The disk's own
+// sync has a row of its own.
 #include <QApplication>
 #include <QTemporaryDir>
 
@@ -19,7 +19,7 @@
 namespace tarnvex::bench {
 namespace {
 
-/// The machine's calls; adds up what the syncs take.
+/// The machine's calls. Adds up the time that the syncs take.
 class TimedCalls : public files::FileCalls {
  public:
   int fsync(int file) override {
@@ -31,7 +31,7 @@ class TimedCalls : public files::FileCalls {
   double milliseconds = 0;
 };
 
-/// A plan with its two tables shown.
+/// A plan with its two tables on the screen.
 class ShownPlan {
  public:
   explicit ShownPlan(const link::RadioModel& model)
@@ -56,7 +56,7 @@ class ShownPlan {
   double save(int number) {
     return timed([&] { return file_.WritePlanToFile(path(number)); });
   }
-  /// Milliseconds that the tables take to show what has changed.
+  /// Returns the milliseconds that the tables take to show the changes.
   static double paint() {
     const auto start = Clock::now();
     QApplication::processEvents();
@@ -107,7 +107,7 @@ void measure(Table& table, const Radio& radio) {
   std::vector<double> loads;
   std::vector<double> paints;
   for (int round = 0; round < table.choose(41, 11); ++round) {
-    // Every load brings the other of two plans, so that all cells change.
+    // Loads two plans in turn, so that every load changes all cells.
     const int number = round % 2;
     plan.fill(number);
     plan.calls.milliseconds = 0;
@@ -119,7 +119,7 @@ void measure(Table& table, const Radio& radio) {
     loads.push_back(plan.load(number));
     paints.push_back(ShownPlan::paint());
     if (plan.tagAt(1000) != "Group 1000 of plan " + std::to_string(number)) {
-      table.fail("what was loaded isn't what was saved");
+      table.fail("the loaded plan differs from the saved one");
     }
   }
   const std::string what = std::string(radio.name) + " full plan: ";

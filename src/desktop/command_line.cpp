@@ -11,7 +11,7 @@ constexpr int kWrongUse = 2;
 
 constexpr const char* kHelp =
     R"(Usage: tarnvex [OPTION]
-Mirrors and drives a BC895XLT or BC245XLT scanner over a serial line.
+Mirrors and controls a BC895XLT or BC245XLT scanner over a serial line.
 
   -h, --help     Show this help and exit.
   -v, --version  Show the version and exit.

@@ -5,8 +5,8 @@
 
 #include "desktop/report.h"
 
-/// The pictures are in a library, and the linker takes only what is referred to. Qt requires this
-/// call outside of any namespace.
+/// The pictures are in a library, and the linker only takes what is used. Qt requires this call to
+/// be outside any namespace.
 static void initialiseResources() {
   Q_INIT_RESOURCE(desktop);
 }
@@ -21,9 +21,9 @@ Program::Program(const QString& settingsPath, const QString& programFolder,
   initialiseResources();
   settings.onFailure = [this](const std::string& description) {
     gate.enter([this, description] {
-      dialogs.messageBox(
-          "The settings could not be saved: " + description + ". They count until Tarnvex ends.",
-          "Settings", platform::kWarning);
+      dialogs.messageBox("The settings could not be saved: " + description +
+                             ". They stay in effect until Tarnvex ends.",
+                         "Settings", platform::kWarning);
     });
   };
   QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/tarnvex.svg")));

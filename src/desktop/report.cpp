@@ -17,7 +17,7 @@ QString stateOf(const QString& path) {
     return QStringLiteral("not there");
   }
   return file.isReadable() && file.isWritable() ? QStringLiteral("usable")
-                                                : QStringLiteral("no right to use it");
+                                                : QStringLiteral("no permission to use it");
 }
 
 QStringList deviceLines(const DeviceSlots& devices) {

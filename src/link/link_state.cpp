@@ -12,7 +12,7 @@ std::string describe(PortTrouble trouble, const std::string& device, const std::
     case PortTrouble::NotThere:
       return device + " isn't there; is the adapter plugged in?";
     case PortTrouble::NoRight:
-      return device + ": no right to use it; join the group dialout";
+      return device + ": no permission to use it; join the group dialout";
     case PortTrouble::InUse:
       return device + ": in use by another program";
     default:

@@ -83,7 +83,7 @@ void TrafficLog::received(std::string_view text) {
 }
 
 void TrafficLog::discarded(std::size_t count) {
-  add('#', std::to_string(count) + " bytes thrown away");
+  add('#', std::to_string(count) + " bytes discarded");
 }
 
 void TrafficLog::waitedInVain(const platform::SerialPort& port) {

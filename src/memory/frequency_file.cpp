@@ -127,7 +127,7 @@ void FrequencyFile::tellBackupFailure() {
   const auto failure = std::exchange(backupFailure_, std::nullopt);
   if (failure && ports_.backups.firstFailure()) {
     ports_.dialogs.messageBox("The old plan could not be kept as a backup: " + *failure +
-                                  ". You will not be told this again.",
+                                  ". This message won't be shown again.",
                               "Backup", platform::kWarning);
   }
 }

@@ -84,9 +84,9 @@ class PollCycle : private platform::NonCopyable {
   void showFrequency(std::string_view text);
   /// No channel or ID is active.
   void showNothingActive();
-  /// Shows the channel number, frequency, tag and flags of an active channel. With `markBank` only
-  /// its bank is marked. If the reply has neither number nor frequency, changes nothing and returns
-  /// false.
+  /// Shows the channel number, frequency, tag and flags of an active channel. With `markBank`, its
+  /// bank is the only one marked. If the reply has neither number nor frequency, changes nothing
+  /// and returns false.
   bool showActiveChannel(const link::ChannelReply& channel, bool markBank);
   /// Shows a frequency whose squelch is open with its tag, or with `otherwise` if it has none, and
   /// takes it as a hit. Returns whether it was in the hit list already.

@@ -35,8 +35,8 @@ class Control : private NonCopyable {
   virtual ~Control() = default;
 
   [[nodiscard]] const std::string& name() const { return name_; }
-  /// Whether characters typed while the control has the focus drive the radio, as they do on the
-  /// tab strip. The window layer asks when it binds the control.
+  /// Whether characters typed while the control has the focus are keys for the radio, as they are
+  /// on the tab strip. The window layer asks when it binds the control.
   [[nodiscard]] bool passesKeysOn() const { return passesKeysOn_; }
   void passKeysOn() { passesKeysOn_ = true; }
   [[nodiscard]] bool visible() const { return visible_; }

@@ -11,11 +11,9 @@ namespace {
 
 namespace key = link::key;
 
-constexpr const char* kReading = "The list is being read from the radio ...";
+constexpr const char* kReading = "Reading the list from the radio ...";
 constexpr const char* kNotWhole =
-    "Part of the list could not be read. It is shown without that part, and Done changes nothing "
-    "in "
-    "the radio.";
+    "Part of the list could not be read. The rest is shown, and Done changes nothing in the radio.";
 
 }  // namespace
 

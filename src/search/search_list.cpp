@@ -186,8 +186,8 @@ void SearchList::removeSelected() {
   }
   if (records->size() > kMostRewritten) {
     ports_.dialogs.messageBox(
-        "Searchlist.txt holds more than 201 searches, too many to delete one. The file is as it "
-        "was.",
+        "Searchlist.txt holds more than 201 searches, so none can be deleted. The file was not "
+        "changed.",
         "Delete Search", platform::kWarning);
     return;
   }

@@ -57,7 +57,7 @@ TEST_F(LinkStateTest, SaysWhyAPortCannotBeOpened) {
   const std::vector<std::pair<PortTrouble, std::string>> cases = {
       {PortTrouble::NoDevice, "No serial device found"},
       {PortTrouble::NotThere, "ttyUSB1 isn't there; is the adapter plugged in?"},
-      {PortTrouble::NoRight, "ttyUSB1: no right to use it; join the group dialout"},
+      {PortTrouble::NoRight, "ttyUSB1: no permission to use it; join the group dialout"},
       {PortTrouble::InUse, "ttyUSB1: in use by another program"},
       {PortTrouble::Other, "The port burns."}};
   radio.refusals[2] = "The port burns.";
@@ -105,7 +105,7 @@ TEST(TrafficLog, KeepsTheLastLinesOfBothWays) {
   port->close();
   EXPECT_THAT(linesOf(log), testing::ElementsAre("# opened ttyUSB0 at 9600,n,8,1", "> SI",
                                                  "< BC245 1\\x07", "< MD00", "> SG", "# no reply",
-                                                 "# 3 bytes thrown away", "# closed"));
+                                                 "# 3 bytes discarded", "# closed"));
   for (int i = 0; i < 700; ++i) {
     log.sent("K" + std::to_string(i) + "\r");
   }

@@ -39,14 +39,14 @@ QStringList textsOf(const QWidget& window) {
 template <class Form>
 class MenusOf : public WindowTest<Form> {
  protected:
-  /// A radio in a mode of which both the transfers of IDs and the lockouts can do with.
+  /// The radio is in a mode in which both the transfers of IDs and the lockouts work.
   MenusOf() {
     this->form.Scantimer.setEnabled(false);
     this->form.panel.mode.setCaption("MD09");
     this->radio.answerAll("ERR", {{"IL", "END"}});
   }
 
-  /// The texts of what an act opens. It is closed as a user does by the window's own button.
+  /// The texts of the window that an action opens. It is then closed with its own close button.
   QString open(const std::function<void()>& act) {
     QStringList seen;
     const auto look = [&] {
@@ -171,9 +171,9 @@ TEST_F(Bc245Menus, OpenWhatTheySay) {
                "&Custom Fleet Map... -> Form5: Custom Fleet Map | Preset: | [E1-P1 of 16]" +
                    blocks + " | Bank: | [1 of 10] | Save Fleetmap | Done"},
               "Form9: Quick View - BC245xlt",
-              // This radio answers "OK" here, which is no entry of the list.
-              "Part of the list could not be read. It is shown without that part, and Done changes "
-              "nothing in the radio.");
+              // This radio answers "OK" here, which isn't an entry of the list.
+              "Part of the list could not be read. The rest is shown, and Done changes nothing in "
+              "the radio.");
 }
 
 }  // namespace

@@ -58,7 +58,7 @@ TEST_F(SerialPortTest, OpensTheDeviceOfItsSlotClearOfWhatWaited) {
   turnFor(20);
   EXPECT_EQ(port.inBufferCount(), 0U);
 
-  // Bytes of every value pass, and a rate set while open holds at once.
+  // Bytes of every value pass, and a rate that is set while the port is open takes effect at once.
   std::string bytes;
   for (int value = 0; value < 256; ++value) {
     bytes += static_cast<char>(value);
@@ -85,7 +85,7 @@ TEST_F(SerialPortTest, OpensTheDeviceOfItsSlotClearOfWhatWaited) {
   EXPECT_FALSE(port.portOpen());
 }
 
-TEST_F(SerialPortTest, TellsWhyADeviceCannotBeOpened) {
+TEST_F(SerialPortTest, SaysWhyADeviceCannotBeOpened) {
   EXPECT_EQ(failureOf("/dev/no-such-adapter"),
             "/dev/no-such-adapter does not exist. Is the adapter plugged in?");
   const QTemporaryDir folder;
@@ -106,7 +106,7 @@ TEST_F(SerialPortTest, TellsWhyADeviceCannotBeOpened) {
   }
 }
 
-TEST_F(SerialPortTest, TellsThatTheUserHasNoRight) {
+TEST_F(SerialPortTest, SaysThatTheUserHasNoPermission) {
   if (geteuid() == 0) {
     GTEST_SKIP() << "root may open everything";
   }
@@ -114,7 +114,7 @@ TEST_F(SerialPortTest, TellsThatTheUserHasNoRight) {
   QFile file(folder.filePath("port"));
   ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.setPermissions({}));
   const std::string why = failureOf(file.fileName().toStdString());
-  EXPECT_NE(why.find("You have no right to use "), std::string::npos) << why;
+  EXPECT_NE(why.find("You don't have permission to use "), std::string::npos) << why;
 }
 
 TEST_F(SerialPortTest, WaitsForBytesWithinABudgetOfSpins) {
@@ -130,7 +130,8 @@ TEST_F(SerialPortTest, WaitsForBytesWithinABudgetOfSpins) {
   EXPECT_LE(silence.left, 0);
   EXPECT_GE(clock.elapsed(), 99) << "2500 spins are 100 ms";
 
-  // A reply in pieces: the budget is one for all of them, and is short by the time they took.
+  // A reply in pieces: all of them share one budget, from which the time that they take is
+  // subtracted.
   later(30, [&] { line.send("MD"); });
   later(60, [&] { line.send("00\r"); });
   Spins budget{72500};
@@ -144,13 +145,13 @@ TEST_F(SerialPortTest, WaitsForBytesWithinABudgetOfSpins) {
   EXPECT_LE(used, static_cast<double>(clock.elapsed()) + 1);
   EXPECT_FALSE(port.waitForInput(1, silence)) << "a budget that is used up waits no more";
 
-  // Closed during the wait, as when the program ends.
+  // The port is closed during the wait, as when the program ends.
   later(10, [&] { port.close(); });
   EXPECT_FALSE(port.waitForInput(1, budget));
   EXPECT_GT(budget.left, 60000);
 }
 
-TEST_F(SerialPortTest, AWaitWithoutALimitEndsWhenTheUserWantsOut) {
+TEST_F(SerialPortTest, AWaitWithoutALimitEndsWhenTheUserLeaves) {
   ASSERT_EQ(port.open(), std::nullopt);
   std::vector<std::string> order;
   gate.enter([&] {
@@ -164,7 +165,7 @@ TEST_F(SerialPortTest, AWaitWithoutALimitEndsWhenTheUserWantsOut) {
   EXPECT_FALSE(gate.leaving());
 }
 
-/// Where the device goes away.
+/// When the device goes away.
 enum class Phase { Idle, FirstByte, MidReply, Unlimited };
 
 class UnplugTest : public SerialPortTest, public testing::WithParamInterface<Phase> {
@@ -184,7 +185,7 @@ class UnplugTest : public SerialPortTest, public testing::WithParamInterface<Pha
         EXPECT_EQ(link.SendCommand("MD"), "");
         return;
       case Phase::MidReply:
-        // A torn text is no answer.
+        // An incomplete text isn't an answer.
         line.onReceived = [&] {
           line.send("MD0");
           later(20, [&] { line.unplug(); });

@@ -14,6 +14,7 @@ namespace tarnvex::trial {
 /// A main window's form with its poll on a trial line. Nothing is drawn.
 template <class Form>
 struct TrialWindow : private test::World {
+  /// Creates ports on the trial line and remembers the last one.
   struct Ports : platform::SerialPorts {
     explicit Ports(TrialRadio& radio) : radio(radio) {}
     std::unique_ptr<platform::SerialPort> create() override {

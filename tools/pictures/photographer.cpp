@@ -8,7 +8,7 @@ void Photographer::look() {
   }
   const Shot& shot = shots_[at_];
   if (patience_.hasExpired()) {
-    std::fprintf(stderr, "Waited in vain for picture %zu, \"%s\".\n", at_, qPrintable(shot.file));
+    std::fprintf(stderr, "Timed out at picture %zu, \"%s\".\n", at_, qPrintable(shot.file));
     leave();
     return;
   }
@@ -30,7 +30,7 @@ void Photographer::look() {
   }
 }
 
-/// Whether the main window has its size; a window that has just come may have missed it.
+/// Whether the main window has the wanted size. A new window may not have it yet.
 bool Photographer::isSized() const {
   auto* window = program_.windows.mainWindow();
   const QSize manual = isUpright() ? kUpright : QSize(kWidth, kHeight);
@@ -57,12 +57,12 @@ void Photographer::take(const Shot& shot) {
 void Photographer::save(const Shot& shot) {
   QWidget* widget = shot.what();
   if (widget->isWindow() && widget != program_.windows.mainWindow()) {
-    // Whatever the screen has room for.
+    // As large as the screen allows.
     widget->resize(widget->sizeHint());
   }
   QPixmap picture = widget->grab();
   if (widget->objectName() == QLatin1String("panel")) {
-    // Nothing but the radio, for pages of any colour.
+    // Only the radio, without a background, for pages of any colour.
     picture.fill(Qt::transparent);
     widget->render(&picture, {}, {}, QWidget::DrawChildren);
     picture = picture.copy(QRegion(picture.mask()).boundingRect());

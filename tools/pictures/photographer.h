@@ -20,13 +20,13 @@ using desktop::Program;
 
 inline constexpr int kLookMilliseconds = 20;
 inline constexpr int kShotMilliseconds = 30000;
-/// What is shown settles for that long before it is taken.
+/// How long the window is left alone before the picture is taken.
 inline constexpr int kCalmMilliseconds = 700;
 
 enum Tab { kStation, kTrunked, kOptions, kHits };
 
-/// One picture: what the radio is told, what the user does once the first condition holds, and what
-/// is taken once the second does. Without a widget to take, it only prepares the next one.
+/// One picture: what is sent to the radio, what the user does once `ready` is true, and what is
+/// taken once `shown` is. Without a widget to take, it only prepares the next picture.
 struct Shot {
   QString file;
   QByteArray radio;
@@ -34,19 +34,20 @@ struct Shot {
   std::function<void()> act;
   std::function<bool()> shown;
   std::function<QWidget*()> what;
-  /// Only that much of its height, if it isn't 0.
+  /// If it isn't 0, only this much of the height is taken.
   int height = 0;
 };
 
-/// Takes the pictures of its list one after the other. Made by `main`; ends the program itself.
+/// Takes the pictures of its list one after the other, and then ends the program. `main` creates
+/// one.
 class Photographer {
  public:
-  /// `whole` is the size of the windows that are pictured whole; without one, the manual's pictures
-  /// are made.
+  /// `whole` is the size of the windows for pictures of whole windows. If it is invalid, the
+  /// manual's pictures are taken.
   Photographer(Program& program, const QString& folder, const QString& pipe, const QSize& whole)
       : program_(program), folder_(folder), radio_(pipe), whole_(whole) {
     if (!radio_.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-      std::fputs("No radio to steer.\n", stderr);
+      std::fputs("The radio's pipe can't be opened.\n", stderr);
     }
     if (whole_.isValid()) {
       listWindows();
@@ -84,7 +85,7 @@ class Photographer {
   [[nodiscard]] bool isUpright() const {
     return dynamic_cast<tarnvex::shell::Form2*>(form()) != nullptr;
   }
-  /// What the user does.
+  /// The next functions do what a user does.
   void show(Tab tab) const {
     form()->SSTab1.setTab(tab);
     program_.windows.mainWindow()->resize(whole_.isValid() ? whole_ : QSize(kWidth, kHeight));
@@ -94,7 +95,7 @@ class Photographer {
     auto* window = program_.windows.mainWindow();
     return window == nullptr ? nullptr : window->findChild<Widget*>(name);
   }
-  /// The frame of the "Options" page that a control stands in.
+  /// The frame of the "Options" page that contains a control.
   [[nodiscard]] QWidget* frameOf(const char* name) const {
     auto* widget = find(name);
     return widget == nullptr ? nullptr : widget->parentWidget();
@@ -106,7 +107,7 @@ class Photographer {
   void openLockouts() const;
   static void closeAll();
 
-  /// As wide as the help shows it.
+  /// The width at which the manual shows the pictures.
   static constexpr int kWidth = 720;
   static constexpr int kHeight = 450;
   static constexpr QSize kUpright{840, 600};

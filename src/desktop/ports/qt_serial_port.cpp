@@ -91,9 +91,10 @@ std::string QtSerialPort::describeTrouble(const QString& device) const {
     case PortTrouble::NotThere:
       return text(QStringLiteral("%1 does not exist. Is the adapter plugged in?").arg(device));
     case PortTrouble::NoRight:
-      return text(QStringLiteral("You have no right to use %1. On most systems the members of the "
-                                 "group \"dialout\" have it.")
-                      .arg(device));
+      return text(
+          QStringLiteral("You don't have permission to use %1. On most systems the members of "
+                         "the group \"dialout\" have it.")
+              .arg(device));
     case PortTrouble::InUse:
       return text(QStringLiteral("%1 is in use by another program.").arg(device));
     default:
@@ -144,7 +145,7 @@ bool QtSerialPort::waitForInput(std::size_t atLeast, platform::Spins& budget) {
     return false;
   }
   const QDeadlineTimer deadline(budget.left * kSpin, Qt::PreciseTimer);
-  // A quick answer needs no turn of the event loop.
+  // For a quick answer, turning the event loop would cost too much.
   loop_.waitOnDevice(serial_);
   loop_.waitUntil([&] { return holds(atLeast) || !usable(); }, deadline);
   const auto left = nanoseconds(deadline.remainingTimeNSecs());
@@ -159,7 +160,8 @@ bool QtSerialPort::waitForInput(std::size_t atLeast) {
 }
 
 void QtSerialPort::onError(QSerialPort::SerialPortError error) {
-  // For example, a pseudo terminal has no modem lines: the device isn't lost.
+  // These errors don't mean that the device is gone. For example, a pseudo terminal has no modem
+  // lines.
   if (!usable() || error == QSerialPort::NoError || error == QSerialPort::TimeoutError ||
       error == QSerialPort::UnsupportedOperationError) {
     return;

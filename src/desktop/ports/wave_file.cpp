@@ -10,7 +10,7 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// Players take no longer ones. Thirteen hours.
+/// The most that players accept: thirteen hours.
 constexpr std::size_t kMostSamples = 0x3FFFFFC0;
 
 /// The n-th name to try.
@@ -23,8 +23,8 @@ QByteArray numbered(const QString& name, int number) {
                            name.mid(point));
 }
 
-/// Calls `make` with one name after the other until it doesn't find the name taken. `name` becomes
-/// the one that it has got.
+/// Calls `make` with one name after another until the name isn't taken. `name` becomes the name
+/// that was used.
 template <class Make>
 int firstFree(const std::string& directory, QString& name, Make make) {
   for (int number = 1;; ++number) {
@@ -56,12 +56,12 @@ int openNamed(const std::string& directory, QString& name) {
                    [](const char* path) { return ::open(path, O_CREAT | O_EXCL | kFlags, kMode); });
 }
 
-/// In English, like all messages.
+/// The last error of the system, in English like all messages.
 QString reason() {
   return QString::fromLatin1(strerrordesc_np(errno));
 }
 
-/// What the library says of its own failures or the system's, as half a sentence.
+/// The library's description of a failure, for use within a sentence.
 QString reason(const char* text) {
   QString said = QString::fromLocal8Bit(text).remove(QStringLiteral("System error : "));
   while (said.endsWith(QLatin1Char('.'))) {
@@ -75,7 +75,7 @@ QString cannotMake(const QString& name, const QString& why) {
 }
 
 QString cannotGoOn(const QString& why) {
-  return QStringLiteral("The recording could not be written on: %1.").arg(why);
+  return QStringLiteral("The recording could not be continued: %1.").arg(why);
 }
 
 }  // namespace
@@ -85,7 +85,7 @@ std::unique_ptr<WaveFile> WaveFile::withHeader(int handle, const QString& name, 
   info.samplerate = kRate;
   info.channels = 1;
   info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
-  // The library owns the handle from here on.
+  // From here on the library owns the handle.
   SNDFILE* sound = sf_open_fd(handle, SFM_WRITE, &info, SF_TRUE);
   if (sound == nullptr) {
     error = cannotMake(name, reason(sf_strerror(nullptr)));
@@ -98,8 +98,8 @@ std::unique_ptr<WaveFile> WaveFile::withHeader(int handle, const QString& name, 
 
 std::unique_ptr<WaveFile> WaveFile::create(const std::string& directory, const QString& name,
                                            QString& error) {
-  // A file has no name until its header is whole, where the system knows such files. Elsewhere the
-  // header follows the name at once.
+  // If the file system supports it, the file has no name until its header is complete. Otherwise
+  // the header is written just after the file has been created.
   for (const bool unnamed : {true, false}) {
     QString got = name;
     const int handle = unnamed ? openUnnamed(directory) : openNamed(directory, got);
@@ -121,7 +121,7 @@ std::unique_ptr<WaveFile> WaveFile::create(const std::string& directory, const Q
 bool WaveFile::write(std::span<const std::int16_t> samples, QString& error) {
   samples_ += samples.size();
   if (samples_ > kMostSamples) {
-    error = QStringLiteral("The recording has become as long as a wave file can be.");
+    error = QStringLiteral("The recording has reached the greatest length of a wave file.");
     return false;
   }
   const auto count = static_cast<sf_count_t>(samples.size());

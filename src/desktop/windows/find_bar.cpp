@@ -36,7 +36,7 @@ FindBar::FindBar(QTableView& table, std::vector<int> columns, QStringList emptyT
     connect(button, &QToolButton::clicked, this, [this, way] { find(way); });
     row->addWidget(button);
   };
-  addButton(Qt::UpArrow, tr("Find the one before (Shift+F3)"), Way::Back);
+  addButton(Qt::UpArrow, tr("Find the previous one (Shift+F3)"), Way::Back);
   addButton(Qt::DownArrow, tr("Find the next one (F3)"), Way::Next);
   row->addWidget(count_);
   row->addStretch();

@@ -21,7 +21,7 @@ bool holdsAll(const QString& text, const QStringList& words) {
       words, [&](const QString& word) { return text.contains(word, Qt::CaseInsensitive); });
 }
 
-/// A page of the manual. On a fine screen it takes the finer of a picture's two files.
+/// A page of the manual. On a high-resolution screen it uses the larger of a picture's two files.
 class PageView : public QTextBrowser {
  public:
   explicit PageView(const QString& folder) : folder_(folder) { setSearchPaths({folder}); }
@@ -41,7 +41,7 @@ class PageView : public QTextBrowser {
   QDir folder_;
 };
 
-/// Of the widest picture in the manual.
+/// The width of the widest picture in the manual.
 constexpr int kPictureWidth = 702;
 
 }  // namespace
@@ -97,7 +97,8 @@ HelpWindow::HelpWindow(const QString& folder)
   connect(search_, &QLineEdit::textChanged, this, [this] { listPages(); });
   connect(list_, &QListWidget::currentItemChanged, this,
           [this](const QListWidgetItem* item) { open(item); });
-  // The current line as well, after a link has led elsewhere.
+  // A click opens the page even if its line is the current one, since a link may have led
+  // elsewhere.
   connect(list_, &QListWidget::itemClicked, this,
           [this](const QListWidgetItem* item) { open(item); });
 }
@@ -113,7 +114,7 @@ void HelpWindow::readPages() {
   }
 }
 
-/// Many a dark palette keeps the dark blue of a light one.
+/// Chooses the links' colour, since many dark palettes have a dark blue that is hard to read.
 void HelpWindow::colourLinks() {
   const bool dark = palette().base().color().lightness() < 128;
   QColor link = palette().link().color();
@@ -143,7 +144,7 @@ void HelpWindow::listPages() {
     }
   }
   if (pages_.isEmpty()) {
-    text_->setPlainText(tr("The manual is missing. Installing Tarnvex again brings it back."));
+    text_->setPlainText(tr("The manual is missing. To restore it, install Tarnvex again."));
   }
 }
 

@@ -7,8 +7,8 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// A key by what is drawn on it. Without a letter, the keyboard doesn't type it; without a second
-/// use, the right button does nothing.
+/// The tip for a key, which is identified by its label. If `letter` is empty, the key can't be
+/// typed; if `right` is empty, the right button does nothing.
 struct Tip {
   const char* label;
   const char* does;
@@ -18,7 +18,7 @@ struct Tip {
 
 constexpr const char* kHeld = "holds the key, as on the radio";
 constexpr const char* kReview =
-    "lists what is locked out while searching or following a system; else holds the key";
+    "lists what is locked out while searching or following a system; otherwise holds the key";
 
 constexpr std::array kTips{
     Tip{"SCAN", "Scans the channels", "s", ""},
@@ -26,19 +26,19 @@ constexpr std::array kTips{
     Tip{"MAN", "Stops at one channel; after digits, goes to that channel", "m", ""},
     Tip{"TRUNK", "Follows trunked systems", "t", "holds the key, as on the radio (T)"},
     Tip{"TRNK", "Follows trunked systems", "t", "holds the key, as on the radio (T)"},
-    Tip{"HOLD", "Stays on the channel or talkgroup, or goes on", "h", kHeld},
+    Tip{"HOLD", "Holds the channel or talkgroup, or goes on", "h", kHeld},
     Tip{"SRC", "Searches between the limits", "r", ""},
     Tip{"SRCH", "Searches between the limits", "r", ""},
     Tip{"LIMIT", "Sets the limits of the search", "i", kHeld},
     Tip{"PRI", "Switches the priority channel on or off", "p",
         "holds the key, as on the radio (P)"},
-    Tip{"L/O", "Locks the channel out, or lets it back in", "l", kReview},
-    Tip{"DELAY", "Waits for an answer before it goes on, or not", "d", kHeld},
-    Tip{"DLY", "Waits for an answer before it goes on, or not", "d", ""},
+    Tip{"L/O", "Locks the channel out, or unlocks it", "l", kReview},
+    Tip{"DELAY", "Switches the wait for an answer on or off", "d", kHeld},
+    Tip{"DLY", "Switches the wait for an answer on or off", "d", ""},
     Tip{"CTCSS", "Sets the tone squelch of the channel", "c", kHeld},
     Tip{"WX", "Searches the weather channels", "w", ""},
     Tip{"SVC", "Searches the services", "w", ""},
-    Tip{"DATA", "Passes over data transmissions, or not", "", ""},
+    Tip{"DATA", "Switches the skipping of data transmissions on or off", "", ""},
     Tip{"AUTO", "Stores what a search finds", "", ""},
     Tip{"STEP", "Sets the step of the search", "", ""},
     Tip{"SEND", "Sends, in the radio's own menus", "", ""},
@@ -61,40 +61,41 @@ QString compose(const QString& does, const QString& letter, const QString& right
   return does + QLatin1Char('\n') + typed + QLatin1Char('\n') + held;
 }
 
-/// What the right button does on the hand-held's keys; on its others it does nothing.
+/// Whether the right button does something on this key of the hand-held.
 bool handHeldHolds(const QString& label) {
   return label.isEmpty() || label == QLatin1String("TRNK") || label == QLatin1String("PRI") ||
          label == QLatin1String("L/O");
 }
 
-/// Keys that have no row above: digits, point, bank letters.
+/// The tip for a key that isn't in the table: digits, point, bank letters.
 QString otherTip(const PanelKey& key, bool togglesBanks) {
   if (key.tone == KeyTone::Bank) {
     return compose(translated("Switches bank %1 on or off").arg(key.label), key.label, {});
   }
   if (key.caption == QLatin1String(".")) {
-    const QString point = togglesBanks ? translated("The point; without digits, the attenuator")
-                                       : translated("The point of a frequency, the dash of an ID");
+    const QString point = togglesBanks
+                              ? translated("The point; without digits before it, the attenuator")
+                              : translated("The point of a frequency, the dash of an ID");
     return compose(point, QStringLiteral("."), {});
   }
   if (key.caption.size() == 1 && key.caption[0].isDigit()) {
-    const QString digit = togglesBanks ? translated("A digit; while scanning, switches the bank")
-                                       : translated("A digit");
+    const QString digit = togglesBanks
+                              ? translated("A digit; while scanning, switches its bank on or off")
+                              : translated("A digit");
     return compose(digit, key.caption, {});
   }
-  return compose(translated("Does nothing: the radio takes this key from its own front only"), {},
-                 {});
+  return compose(translated("Does nothing: this key only works on the radio itself"), {}, {});
 }
 
 }  // namespace
 
 PanelLayout withTips(PanelLayout layout) {
-  // Only the BC895XLT has keys for its banks; the other one's digits switch them.
+  // Only the BC895XLT has keys for its banks. On the BC245XLT the digits switch them.
   const bool togglesBanks = std::ranges::none_of(
       layout.keys, [](const PanelKey& key) { return key.tone == KeyTone::Bank; });
   if (layout.knob) {
     layout.knob->tip = translated(
-        "Turns the knob for as long as it is held\nKeyboard: Page Up, Page Down; also the wheel\n"
+        "Turns the knob while it is held\nKeyboard: Page Up, Page Down; also the wheel\n"
         "Right button: up; left button: down");
   }
   for (PanelKey& key : layout.keys) {

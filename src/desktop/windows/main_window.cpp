@@ -37,7 +37,7 @@ MainWindow::MainWindow(shell::MainForm& form, platform::EventGate& gate, Report 
   layout->addWidget(tabs_);
   tabs_->setObjectName(QString::fromStdString(form.SSTab1.name()));
   tabs_->setAccessibleName(tr("Pages"));
-  // The keyboard drives the radio from the tab strip, so that has the focus at first.
+  // The keyboard controls the radio from the tab strip, so that has the focus at first.
   tabs_->tabBar()->setFocusPolicy(Qt::StrongFocus);
   tabs_->tabBar()->setFocus();
   tabs_->tabBar()->installEventFilter(keys_);
