@@ -207,6 +207,24 @@ TEST_F(ReceptionLogWindow, FollowsTheLogWithoutMovingWhatIsRead) {
   EXPECT_TRUE(loop.waitUntil([this] { return model().rowCount() == 501; }, QDeadlineTimer(20000)));
 }
 
+TEST_F(ReceptionLogWindow, ForgetsWhatItKnewOfALogThatIsCleared) {
+  open(1000);
+  filter("tag 1");
+  ReceptionDatabase log(file, ReceptionDatabase::Access::Write);
+  ASSERT_TRUE(log.run("DELETE FROM receptions"));
+  ASSERT_TRUE(log.run("DELETE FROM sources"));
+  // As many rows again, of a source that has another's number.
+  ASSERT_TRUE(
+      log.run("INSERT INTO sources VALUES (1, 'BC895XLT', 46012500, '', 'Ranger', 0, 0, 0)"));
+  say("WITH RECURSIVE row(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM row WHERE n < 1000) INSERT "
+      "INTO receptions (started, seconds, frequency, radio, source) SELECT 1700000000000 + n * "
+      "20000, 5, 46012500, 'BC895XLT', 1 FROM row");
+  filter("ranger");
+  EXPECT_EQ(model().rowCount(), 1000);
+  EXPECT_EQ(model().tag(model().sources()[1]), "Ranger");
+  EXPECT_EQ(model().sources().size(), 1);
+}
+
 TEST_F(ReceptionLogWindow, LetsTheLastHourGoOnWithTheClock) {
   open(1000);
   const auto minutesAgo = [](int minutes) {

@@ -7,6 +7,8 @@
 #include <QDeadlineTimer>
 #include <QFile>
 #include <QListWidget>
+#include <QTabWidget>
+#include <QTableView>
 #include <QTimer>
 #include <array>
 #include <cstdio>
@@ -105,6 +107,8 @@ class Photographer {
   void showTicked(const char* name) const;
   static QWidget* withBanks(QWidget* dialog);
   void openLockouts() const;
+  void openSampleLog() const;
+  static bool logIsShown();
   static void closeAll();
 
   /// The width at which the manual shows the pictures.

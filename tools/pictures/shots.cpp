@@ -1,6 +1,7 @@
 // The list of pictures, and what the user does for each.
 #include "link/scanner_commands.h"
 #include "pictures/photographer.h"
+#include "pictures/sample_log.h"
 
 namespace tarnvex::pictures {
 
@@ -40,6 +41,20 @@ void Photographer::openLockouts() const {
     }
     form()->typeKey('L');
   });
+}
+
+/// The radio is quiet, so nothing is added to the sample.
+void Photographer::openSampleLog() const {
+  program_.receptions.stop();
+  program_.receptions.clear();
+  writeSampleDay(program_.receptionStore);
+  choose("mnuReceptions");
+}
+
+bool Photographer::logIsShown() {
+  const QWidget* log = window("frmReceptionLog");
+  const auto* rows = log == nullptr ? nullptr : log->findChild<QTableView*>("receptions");
+  return rows != nullptr && rows->model()->rowCount() > 100;
 }
 
 void Photographer::closeAll() {
@@ -100,6 +115,15 @@ void Photographer::listShots() {
       {"lockouts", "scene quiet\ntempo 1\nmode MD02",
        [this] { return program_.state.CurrentMode == "MD02"; }, [this] { openLockouts(); },
        stands("frmLockouts"), dialog("frmLockouts")},
+      {"receptions", "", isDesk,
+       [this] {
+         closeAll();
+         openSampleLog();
+       },
+       [] { return logIsShown(); }, dialog("frmReceptionLog")},
+      {"reception-picture", "", isDesk,
+       [] { window("frmReceptionLog")->findChild<QTabWidget*>("pages")->setCurrentIndex(1); },
+       [] { return logIsShown(); }, dialog("frmReceptionLog")},
       {"quick-view", "mode MD00\nreception 1 60", tagged("Fire"),
        [this] {
          closeAll();

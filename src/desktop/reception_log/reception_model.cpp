@@ -50,9 +50,9 @@ void ReceptionModel::forgetTags() {
 /// Asks for the sources first, since the query for the rows depends on them.
 void ReceptionModel::ask() {
   const int asked = ++asked_;
-  thread_.ask([this, asked, after = lastSource_](ReceptionReader& reader) -> QueryThread::Answer {
-    return [this, asked, sources = reader.sourcesAfter(after)] {
-      addSources(sources);
+  thread_.ask([this, asked, mark = mark_](ReceptionReader& reader) -> QueryThread::Answer {
+    return [this, asked, news = reader.sourcesSince(mark)] {
+      addSources(news);
       begin(asked);
     };
   });
@@ -100,21 +100,20 @@ void ReceptionModel::askBeyond() {
     return;
   }
   thread_.ask([this, asked = asked_, count = count_,
-               after = lastSource_](ReceptionReader& reader) -> QueryThread::Answer {
-    return [this, asked, count = reader.beyond(count), sources = reader.sourcesAfter(after)] {
+               mark = mark_](ReceptionReader& reader) -> QueryThread::Answer {
+    return [this, asked, count = reader.beyond(count), news = reader.sourcesSince(mark)] {
       if (asked == asked_) {
-        takeBeyond(count, sources);
+        takeBeyond(count, news);
       }
     };
   });
 }
 
 /// Unless new rows simply come at the top, everything is asked for again.
-void ReceptionModel::takeBeyond(const ReceptionCount& count,
-                                const QVector<ReceptionSource>& sources) {
-  const bool news = addSources(sources);
+void ReceptionModel::takeBeyond(const ReceptionCount& count, const NewSources& news) {
+  const bool unknown = addSources(news);
   const bool dropped = count.bottom != count_.bottom || count.top < count_.top;
-  if (dropped || !growsAtTop() || query_.recordedOnly || (news && query_.someSources)) {
+  if (dropped || !growsAtTop() || query_.recordedOnly || (unknown && query_.someSources)) {
     ask();
     return;
   }
@@ -144,12 +143,16 @@ void ReceptionModel::adopt(const ReceptionCount& count) {
   }
 }
 
-bool ReceptionModel::addSources(const QVector<ReceptionSource>& sources) {
-  for (const ReceptionSource& source : sources) {
-    sources_.insert(source.id, source);
-    lastSource_ = std::max(lastSource_, source.id);
+bool ReceptionModel::addSources(const NewSources& news) {
+  mark_ = news.mark;
+  if (news.anew) {
+    sources_.clear();
+    tags_.clear();
   }
-  return !sources.isEmpty();
+  for (const ReceptionSource& source : news.sources) {
+    sources_.insert(source.id, source);
+  }
+  return !news.sources.isEmpty();
 }
 
 bool ReceptionModel::matches(const ReceptionSource& source, const QStringList& words) const {

@@ -76,7 +76,7 @@ class ReceptionModel : public QAbstractTableModel {
   void take(const ReceptionCount& count, QVector<ReceptionRow> first, int asked);
   void adopt(const ReceptionCount& count);
   void askBeyond();
-  void takeBeyond(const ReceptionCount& count, const QVector<ReceptionSource>& sources);
+  void takeBeyond(const ReceptionCount& count, const NewSources& news);
   void want(int row) const;
   void askPage() const;
   void takePage(int page, QVector<ReceptionRow> rows, int asked);
@@ -84,7 +84,7 @@ class ReceptionModel : public QAbstractTableModel {
   void updateQuery();
   [[nodiscard]] bool matches(const ReceptionSource& source, const QStringList& words) const;
   void sortSources(QVector<qint64>& ids) const;
-  bool addSources(const QVector<ReceptionSource>& sources);
+  bool addSources(const NewSources& news);
   [[nodiscard]] bool growsAtTop() const { return column_ == Time && descending_; }
   [[nodiscard]] qint64 place(int row) const;
   [[nodiscard]] QString text(const ReceptionRow& row, int column) const;
@@ -98,7 +98,7 @@ class ReceptionModel : public QAbstractTableModel {
   ReceptionCount count_;
   DatabaseState state_ = DatabaseState::Good;
   QHash<qint64, ReceptionSource> sources_;
-  qint64 lastSource_ = 0;
+  SourceMark mark_;
   mutable QHash<qint64, QString> tags_;
   /// By the places of their rows. If new rows come at the top, places are counted from the oldest
   /// row, so that they don't change.

@@ -43,17 +43,29 @@ bool ReceptionReader::note(bool good) {
   return good;
 }
 
-QVector<ReceptionSource> ReceptionReader::sourcesAfter(qint64 id) {
-  QVector<ReceptionSource> sources;
-  if (ReceptionDatabase* log = database()) {
-    QSqlQuery query = log->prepare(
-        QStringLiteral("SELECT id, radio, frequency, talkgroup, tag, bank, channel, tone FROM "
-                       "sources WHERE id > ? ORDER BY id"));
-    for (bool more = note(log->run(query, {id})) && query.next(); more; more = query.next()) {
-      sources.push_back(sourceAt(query, 0));
-    }
+qint64 ReceptionReader::bottom() {
+  return database()
+      ->value(QStringLiteral("SELECT started FROM receptions ORDER BY id LIMIT 1"))
+      .toLongLong();
+}
+
+NewSources ReceptionReader::sourcesSince(const SourceMark& mark) {
+  NewSources news;
+  ReceptionDatabase* log = database();
+  if (log == nullptr) {
+    return news;
   }
-  return sources;
+  news.mark = {bottom(), mark.last};
+  news.anew = news.mark.bottom != mark.bottom;
+  QSqlQuery query =
+      log->prepare(QStringLiteral("SELECT id, radio, frequency, talkgroup, tag, bank, channel, "
+                                  "tone FROM sources WHERE id > ? ORDER BY id"));
+  const qint64 after = news.anew ? 0 : mark.last;
+  for (bool more = note(log->run(query, {after})) && query.next(); more; more = query.next()) {
+    news.sources.push_back(sourceAt(query, 0));
+    news.mark.last = news.sources.back().id;
+  }
+  return news;
 }
 
 ReceptionCount ReceptionReader::begin(const ReceptionQuery& query) {
@@ -82,7 +94,7 @@ ReceptionCount ReceptionReader::beyond(const ReceptionCount& count) {
     return {};
   }
   ReceptionCount all;
-  all.bottom = log->value(QStringLiteral("SELECT min(id) FROM receptions")).toLongLong();
+  all.bottom = bottom();
   all.top = log->value(QStringLiteral("SELECT max(id) FROM receptions")).toLongLong();
   QVariantList bounds = values(all.top);
   bounds << count.top;

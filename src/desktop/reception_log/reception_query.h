@@ -55,8 +55,22 @@ struct ReceptionQuery {
 struct ReceptionCount {
   qint64 count = 0;
   qint64 top = 0;
-  /// The lowest row of the file. It changes when rows are deleted.
+  /// When the file's first row began. It changes when rows are deleted.
   qint64 bottom = 0;
+};
+
+/// How far a reader knows the sources of a log. Their numbers are used again after rows were
+/// deleted, so the mark also says which log it is: when its first row began.
+struct SourceMark {
+  qint64 bottom = 0;
+  qint64 last = 0;
+};
+/// The answer of a log to a mark.
+struct NewSources {
+  SourceMark mark;
+  /// Whether what was known before is out of date.
+  bool anew = false;
+  QVector<ReceptionSource> sources;
 };
 
 /// The airtime of a source.
@@ -90,8 +104,8 @@ class ReceptionReader {
   /// What went wrong last, if anything.
   [[nodiscard]] DatabaseState state() const { return state_; }
 
-  /// The sources that were added after the one with this id.
-  QVector<ReceptionSource> sourcesAfter(qint64 id);
+  /// Those that have come since `mark`, or all of them if the log isn't the same any more.
+  NewSources sourcesSince(const SourceMark& mark);
   /// Begins a query. The functions below are about the last query that was begun.
   ReceptionCount begin(const ReceptionQuery& query);
   /// The new count after rows have been added beyond `count.top`.
@@ -109,6 +123,7 @@ class ReceptionReader {
 
  private:
   ReceptionDatabase* database();
+  qint64 bottom();
   /// With `joined`, the rows are joined with the wanted sources, which give the order.
   [[nodiscard]] QString conditions(bool joined = true) const;
   QSqlQuery aggregate(const QString& columns, const char* index, const QString& group);
