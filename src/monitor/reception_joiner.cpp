@@ -8,9 +8,11 @@ namespace {
 
 /// On a trunked system a conversation may move from one frequency to another.
 bool isSame(const Heard& one, const Heard& other) {
-  const bool samePlace = one.bank == other.bank && one.channel == other.channel;
-  return one.talkgroup == other.talkgroup && samePlace &&
-         (!one.talkgroup.empty() || one.frequency == other.frequency);
+  // The bank isn't known while an answer of the radio can't be read.
+  const bool sameBank = one.bank == other.bank || one.bank == 0 || other.bank == 0;
+  return one.talkgroup == other.talkgroup && one.channel == other.channel &&
+         (one.talkgroup.empty() ? one.frequency == other.frequency && one.bank == other.bank
+                                : sameBank);
 }
 
 }  // namespace
@@ -36,6 +38,7 @@ std::optional<Reception> ReceptionJoiner::tick(const Heard* heard, std::int64_t 
   if (joined.tag.empty()) {
     joined.tag = heard->tag;
   }
+  joined.bank = joined.bank == 0 ? heard->bank : joined.bank;
   open_->seconds = static_cast<double>(std::max<std::int64_t>(now - open_->started, 0)) / 1000;
   lastHeard_ = now;
   return ended;

@@ -105,6 +105,18 @@ TEST(ReceptionJoiner, JoinsTicksToReceptions) {
   }
 }
 
+TEST(ReceptionJoiner, GoesOnWhileTheBankOfATalkgroupIsNotKnown) {
+  ReceptionJoiner joiner;
+  Heard heard = read("1616");
+  for (const int bank : {0, 2, 0, 2}) {
+    heard.bank = bank;
+    EXPECT_FALSE(joiner.tick(&heard, 1000, "BC895XLT")) << bank;
+  }
+  EXPECT_EQ(joiner.open()->heard.bank, 2);
+  heard.bank = 3;
+  EXPECT_TRUE(joiner.tick(&heard, 1000, "BC895XLT"));
+}
+
 TEST(ReceptionJoiner, EndsWhatIsOpenOnceThePollHasStopped) {
   ReceptionJoiner joiner;
   const Heard heard = read("155.1150");

@@ -114,6 +114,18 @@ TEST_F(ReceptionStore, ThinsInSlicesAndDropsUnusedSources) {
   EXPECT_EQ(ask("SELECT group_concat(tag) FROM sources"), "New");
 }
 
+TEST_F(ReceptionStore, LeavesTheRestOfTheThinningToTheNextStart) {
+  constexpr int kRows = 20'000;
+  log(1);
+  ASSERT_TRUE(ReceptionDatabase(file, ReceptionDatabase::Access::Write)
+                  .run(QStringLiteral("WITH RECURSIVE row(n) AS (SELECT 1 UNION ALL SELECT n + 1 "
+                                      "FROM row WHERE n < %1) INSERT INTO receptions (started, "
+                                      "seconds, source) SELECT n, 1, 1 FROM row")
+                           .arg(kRows)));
+  Running(*this).store.thin(kRows * 2);
+  EXPECT_GT(rows(), 0);
+}
+
 TEST_F(ReceptionStore, LosesNothingThatWasWrittenInAHundredKills) {
   int written = 0;
   for (int kill = 0; kill < 100; ++kill) {

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSqlError>
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <vector>
@@ -56,14 +57,17 @@ const std::vector<std::vector<const char*>>& schema() {
 
 /// Error numbers of SQLite.
 enum Code {
+  /// Qt's own: the file answers otherwise than it should.
+  kNone = 0,
+  /// A table is missing or has other columns.
+  kWrongStatement = 1,
   kBusy = 5,
   kLocked = 6,
-  kInputOutput = 10,
   kCorrupt = 11,
-  kDiskFull = 13,
-  kNoFile = 14,
+  /// Another program is just opening or changing the file.
+  kProtocol = 15,
+  kSchema = 17,
   kNotADatabase = 26,
-  kReadOnly = 8
 };
 
 DatabaseState stateOf(const QSqlError& error) {
@@ -71,18 +75,16 @@ DatabaseState stateOf(const QSqlError& error) {
   switch (error.nativeErrorCode().toInt() & 0xFF) {
     case kBusy:
     case kLocked:
+    case kProtocol:
+    case kSchema:
       return DatabaseState::Busy;
+    case kNone:
+    case kWrongStatement:
     case kCorrupt:
     case kNotADatabase:
       return DatabaseState::Damaged;
-    case kInputOutput:
-    case kDiskFull:
-    case kNoFile:
-    case kReadOnly:
-      return DatabaseState::Full;
     default:
-      // A table is missing or has other columns.
-      return DatabaseState::Damaged;
+      return DatabaseState::Full;
   }
 }
 
@@ -155,17 +157,21 @@ void ReceptionDatabase::upgrade(int from) {
     return;
   }
   from = value(QStringLiteral("PRAGMA user_version")).toInt();
-  for (auto step = static_cast<std::size_t>(from); step < schema().size(); ++step) {
-    for (const char* statement : schema()[step]) {
-      run(QLatin1String(statement));
-    }
-  }
-  run(QStringLiteral("PRAGMA user_version = %1").arg(kVersion));
-  if (state_ == DatabaseState::Good) {
-    run(QStringLiteral("COMMIT"));
-  } else {
+  // After a failure nothing else runs: SQLite may have rolled back by itself.
+  if (!(runSteps(from) && run(QStringLiteral("PRAGMA user_version = %1").arg(kVersion)) &&
+        run(QStringLiteral("COMMIT")))) {
     database_.exec(QStringLiteral("ROLLBACK"));
   }
+}
+
+bool ReceptionDatabase::runSteps(int from) {
+  for (auto step = static_cast<std::size_t>(from); step < schema().size(); ++step) {
+    const auto done = [this](const char* statement) { return run(QLatin1String(statement)); };
+    if (!std::ranges::all_of(schema()[step], done)) {
+      return false;
+    }
+  }
+  return true;
 }
 
 void ReceptionDatabase::note(const QSqlError& error) {
@@ -196,6 +202,16 @@ bool ReceptionDatabase::run(QSqlQuery& query, const QVariantList& values) {
 bool ReceptionDatabase::run(const QString& statement, const QVariantList& values) {
   QSqlQuery query = prepare(statement);
   return run(query, values);
+}
+
+bool ReceptionDatabase::next(QSqlQuery& query) {
+  if (query.next()) {
+    return true;
+  }
+  if (query.lastError().isValid()) {
+    note(query.lastError());
+  }
+  return false;
 }
 
 QVariant ReceptionDatabase::value(const QString& statement, const QVariantList& values) {

@@ -16,7 +16,7 @@ enum class DatabaseState {
   Damaged,  ///< not a database, or an inconsistent one
   Newer,    ///< written by a later version of the program
   Busy,     ///< another program is writing; worth another try
-  Full,     ///< the disk is full, or the file can't be written
+  Full,     ///< the disk or the memory is full, or the file can't be used
 };
 
 /// A connection to `receptions.db`. Only the thread that creates it may use it. The schema is in
@@ -38,6 +38,8 @@ class ReceptionDatabase : private platform::NonCopyable {
   /// Runs a statement with these values. False after an error; `state` then says which.
   bool run(QSqlQuery& query, const QVariantList& values = {});
   bool run(const QString& statement, const QVariantList& values = {});
+  /// Goes to the next row. False after the last one, and after an error.
+  bool next(QSqlQuery& query);
   /// The first value of the first row.
   QVariant value(const QString& statement, const QVariantList& values = {});
 
@@ -48,6 +50,7 @@ class ReceptionDatabase : private platform::NonCopyable {
   void open(const QString& file, Access access);
   void checkVersion(Access access);
   void upgrade(int from);
+  bool runSteps(int from);
   void note(const QSqlError& error);
 
   QString connection_;

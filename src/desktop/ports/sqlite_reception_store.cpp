@@ -114,7 +114,8 @@ void SqliteReceptionStore::work(Jobs& jobs) {
     if (attempt(jobs)) {
       tellChanged();
       if (moreToThin_) {
-        post([&](Jobs& next) { next.thinBefore = jobs.thinBefore; });
+        // What is left when the program ends is left to the next start.
+        post([&](Jobs& next) { next.thinBefore = next.end ? 0 : jobs.thinBefore; });
       }
       return;
     }
