@@ -123,19 +123,48 @@ TEST_F(Picture, ReachesFromTheFirstReceptionToTheEndOfTheLast) {
 }
 
 TEST_F(Picture, NamesTheBusiestOnceEach) {
-  const QHash<qint64, ReceptionSource> sources = {
-      {1, {1, "BC895XLT", 155115000, "", "", 1, 12, 0}},
-      {2, {2, "BC895XLT", 155115000, "", "Fire", 0, 0, 0}},
-      {3, {3, "BC245XLT", 851012500, "1616", "Patrol", 2, 1, 0}},
-      {4, {4, "BC245XLT", 852012500, "1616", "Patrol", 2, 1, 0}}};
-  const auto rows = busiest({{1, 3, 30}, {2, 2, 25}, {3, 1, 20}, {4, 1, 70}}, sources,
-                            [](const ReceptionSource& source) { return source.tag; });
+  SourceList sources([](const ReceptionSource&) { return QString(); });
+  sources.add({{},
+               true,
+               {{1, "BC895XLT", 155115000, "", "", 1, 12, 0},
+                {2, "BC895XLT", 155115000, "", "Fire", 0, 0, 0},
+                {3, "BC245XLT", 851012500, "1616", "Patrol", 2, 1, 0},
+                {4, "BC245XLT", 852012500, "1616", "Patrol", 2, 1, 0}}});
+  const auto rows = busiest({{1, 3, 30}, {2, 2, 25}, {3, 1, 20}, {4, 1, 70}}, sources);
   PictureData data{{kMarch, kMarch + kDay}, rows, {}};
   data.hours[17] = 90;
   EXPECT_EQ(inWords(data),
             "The busiest from 2026-03-01 00:00:00 to 2026-03-02 00:00:00:\n"
             "Patrol, 1616: 1:30 in 2 receptions.\nFire, 155.1150: 55 s in 5 receptions.\n"
             "The busiest hour of the day begins at 17:00.");
+}
+
+TEST_F(Picture, FindsSourcesByWordsAndInOrder) {
+  SourceList sources([](const ReceptionSource& source) {
+    return source.frequency == 155161600 ? QString("City works") : QString();
+  });
+  sources.add({{},
+               true,
+               {{1, "BC895XLT", 155161600, "", "", 1, 12, 0},
+                {2, "BC895XLT", 46012500, "", "Fire", 0, 0, 103.5},
+                {3, "BC245XLT", 851012500, "1616", "Patrol city", 2, 1, 0},
+                {4, "BC245XLT", 851012500, "848", "", 2, 9, 0},
+                {5, "BC245XLT", 0, "04-032", "", 8, 2, 0}}});
+  using Order = SourceList::Order;
+  struct Case {
+    const char* text;
+    const char* radio;
+    Order order;
+    QVector<qint64> ids;
+  };
+  for (const auto& [text, radio, order, ids] :
+       {Case{"", "", Order::Name, {5, 4, 3, 2, 1}}, Case{"", "", Order::Channel, {2, 3, 5, 4, 1}},
+        Case{"", "", Order::Tag, {4, 5, 1, 2, 3}}, Case{"1616", "", Order::Name, {3, 1}},
+        Case{"\"1616\"", "", Order::Name, {3}}, Case{"\"city works\"", "", Order::Name, {1}},
+        Case{"city PATROL", "", Order::Name, {3}}, Case{"103.5", "", Order::Name, {2}},
+        Case{"", "BC895XLT", Order::Name, {2, 1}}, Case{"\"", "", Order::Name, {}}}) {
+    EXPECT_EQ(sources.find(text, radio, order), ids) << text << radio;
+  }
 }
 
 TEST_F(Picture, WritesLengthsAndFrequencies) {

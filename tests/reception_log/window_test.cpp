@@ -7,6 +7,7 @@
 #include <QDesktopServices>
 #include <QFile>
 #include <QMenu>
+#include <QProgressDialog>
 #include <QTest>
 #include <QTextBrowser>
 
@@ -184,6 +185,11 @@ TEST_F(ReceptionLogWindow, TakesTagsFromThePlanAndTunesAndStores) {
   form.tune({"MD00", 999000000, "", "", 0, 0, 0, 0});
   EXPECT_TRUE(sent.empty());
   EXPECT_EQ(dialogs.beeps, 2);
+  // A tag that comes while the filter waits for it.
+  filter("lighthouse");
+  EXPECT_EQ(model().rowCount(), 0);
+  main.MSFlexGrid1.setTextMatrix(7, 7, "Lighthouse");
+  EXPECT_TRUE(loop.waitUntil([this] { return model().rowCount() == 10; }, QDeadlineTimer(20000)));
 }
 
 TEST_F(ReceptionLogWindow, FollowsTheLogWithoutMovingWhatIsRead) {
@@ -221,8 +227,8 @@ TEST_F(ReceptionLogWindow, ForgetsWhatItKnewOfALogThatIsCleared) {
       "20000, 5, 46012500, 'BC895XLT', 1 FROM row");
   filter("ranger");
   EXPECT_EQ(model().rowCount(), 1000);
-  EXPECT_EQ(model().tag(model().sources()[1]), "Ranger");
-  EXPECT_EQ(model().sources().size(), 1);
+  ASSERT_EQ(model().sources().all().size(), 1);
+  EXPECT_EQ(model().sources().tag(model().sources().all()[1]), "Ranger");
 }
 
 TEST_F(ReceptionLogWindow, LetsTheLastHourGoOnWithTheClock) {
@@ -274,6 +280,59 @@ TEST_F(ReceptionLogWindow, ShowsARecordingInItsFolder) {
     loop.waitUntil([&] { return !opened.files.isEmpty(); }, QDeadlineTimer(20000));
     EXPECT_EQ(opened.files, QStringList{folder.path()});
   }
+}
+
+TEST_F(ReceptionLogWindow, FetchesThePageThatIsSeenLast) {
+  open(kRows);
+  // The table itself wants nothing.
+  window->hide();
+  int seen = -1;
+  QObject::connect(&model(), &QAbstractItemModel::dataChanged,
+                   [&](const QModelIndex& from) { seen = from.row(); });
+  for (const int row : {10'000, 20'000, 30'000}) {
+    EXPECT_EQ(model().row(row), nullptr);
+  }
+  EXPECT_TRUE(
+      loop.waitUntil([&] { return seen > 29'000 && seen <= 30'000; }, QDeadlineTimer(20000)));
+}
+
+TEST_F(ReceptionLogWindow, StaysWhereItIsInAnyOrder) {
+  open(1000);
+  model().sort(ReceptionModel::Channel, Qt::AscendingOrder);
+  settle();
+  auto& table = find<ReceptionTable>("receptions");
+  table.scrollTo(model().index(500, 0), QAbstractItemView::PositionAtTop);
+  table.selectRow(510);
+  int resets = 0;
+  QObject::connect(&model(), &QAbstractItemModel::modelReset, [&] { ++resets; });
+  say("INSERT INTO receptions (started, seconds, frequency, radio, source) SELECT 1, 5, frequency, "
+      "radio, id FROM sources WHERE id = 50");
+  EXPECT_TRUE(loop.waitUntil([this] { return model().rowCount() == 1001; }, QDeadlineTimer(20000)));
+  EXPECT_EQ(resets, 0);
+  EXPECT_EQ(table.rowAt(0), 500);
+  EXPECT_TRUE(table.selectionModel()->isRowSelected(510));
+}
+
+TEST_F(ReceptionLogWindow, PlaysOnOneClickAndTunesOnTwo) {
+  open(1000);
+  say("UPDATE receptions SET recording = 'Harbour.wav' WHERE id = 1000");
+  window.reset();
+  open(0);
+  main.MSFlexGrid1.setTextMatrix(7, 1, QString(cell(0, ReceptionModel::Source)).toStdString());
+  auto& table = find<ReceptionTable>("receptions");
+  const auto middle = [&](int column) {
+    return table.visualRect(model().index(0, column)).center();
+  };
+  OpenedFiles opened;
+  const QPoint play = middle(ReceptionModel::Recording);
+  QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::ShiftModifier, play);
+  EXPECT_TRUE(opened.files.isEmpty());
+  QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::NoModifier, play);
+  QTest::mouseDClick(table.viewport(), Qt::LeftButton, Qt::NoModifier, play);
+  EXPECT_EQ(opened.files, QStringList{folder.filePath("Harbour.wav")});
+  EXPECT_TRUE(sent.empty());
+  QTest::mouseDClick(table.viewport(), Qt::LeftButton, Qt::NoModifier, middle(ReceptionModel::Tag));
+  EXPECT_EQ(sent, std::vector<std::string>{"MA007"});
 }
 
 TEST_F(ReceptionLogWindow, OpensWithoutALogAndReportsADamagedOne) {
@@ -344,18 +403,36 @@ TEST_F(ReceptionLogWindow, ExportsWhatTheFilterShows) {
 
 TEST_F(ReceptionLogWindow, LeavesNothingOfAnExportThatIsCancelled) {
   open(kRows);
-  const QString target = folder.filePath("out.csv");
-  {
-    CsvExport exporting(file, model().query(), {}, target);
-    while (exporting.progress() == 0 && !exporting.over()) {
-    }
-  }
+  window->exportTo(folder.filePath("out.csv"));
+  EXPECT_FALSE(find<QPushButton>("export").isEnabled());
+  emit find<QProgressDialog>("exporting").canceled();
+  EXPECT_TRUE(loop.waitUntil([this] { return find<QPushButton>("export").isEnabled(); },
+                             QDeadlineTimer(20000)));
   EXPECT_EQ(QDir(folder.path()).entryList({"*.csv", ".rec*"}, QDir::Files | QDir::Hidden),
             QStringList());
-  CsvExport failing(file, model().query(), {}, "/nonexistent/out.csv");
-  while (!failing.over()) {
+}
+
+TEST_F(ReceptionLogWindow, KeepsTheOldFileWhenAnExportFails) {
+  open(1000);
+  const QString target = folder.filePath("out.csv");
+  const auto write = [](const QString& path, const QByteArray& text) {
+    QFile written(path);
+    EXPECT_TRUE(written.open(QIODevice::WriteOnly));
+    written.write(text);
+  };
+  write(target, "precious");
+  const QString damaged = folder.filePath("damaged.db");
+  write(damaged, QByteArray(5000, 'x'));
+  for (const auto& [log, csv] :
+       {std::pair{damaged, target}, {file, QString("/nonexistent/a.csv")}}) {
+    CsvExport failing(log, model().query(), {}, csv);
+    while (!failing.over()) {
+    }
+    EXPECT_FALSE(failing.error().isEmpty()) << csv.toStdString();
   }
-  EXPECT_FALSE(failing.error().isEmpty());
+  QFile kept(target);
+  ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
+  EXPECT_EQ(kept.readAll(), "precious");
 }
 
 TEST_F(ReceptionLogWindow, AsksBeforeItClears) {

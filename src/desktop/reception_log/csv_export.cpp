@@ -3,7 +3,7 @@
 #include <unistd.h>
 
 #include <QFileInfo>
-#include <QTemporaryFile>
+#include <QUuid>
 #include <cstdio>
 
 #include "desktop/reception_log/reception_texts.h"
@@ -23,39 +23,42 @@ CsvExport::~CsvExport() {
 }
 
 void CsvExport::run(const ReceptionQuery& query) {
-  QTemporaryFile file(QFileInfo(file_).path() + QStringLiteral("/.receptions-XXXXXX"));
-  // The file gets the usual permissions, as the user's mask limits them.
-  const bool whole = file.open() && writeAll(file, query) && file.flush() &&
-                     ::fsync(file.handle()) == 0 && !cancelled_;
-  if (whole) {
-    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
-    if (std::rename(QFile::encodeName(file.fileName()).constData(),
-                    QFile::encodeName(file_).constData()) == 0) {
-      file.setAutoRemove(false);
-    } else {
-      error_ = QStringLiteral("The file could not be given its name.");
-    }
-  } else if (!cancelled_ && error_.isEmpty()) {
+  // Made with the usual permissions, as the user's mask limits them.
+  const QString name =
+      QStringLiteral("/.receptions-%1.part").arg(QUuid::createUuid().toString(QUuid::Id128));
+  QFile file(QFileInfo(file_).path() + name);
+  const bool whole = file.open(QIODevice::WriteOnly | QIODevice::NewOnly) &&
+                     writeAll(file, query) && file.flush() && ::fsync(file.handle()) == 0;
+  if (!whole && error_.isEmpty()) {
     error_ = file.errorString();
+  } else if (whole && !cancelled_ &&
+             std::rename(QFile::encodeName(file.fileName()).constData(),
+                         QFile::encodeName(file_).constData()) != 0) {
+    error_ = QStringLiteral("The file could not be given its name.");
+  }
+  if (cancelled_ || !error_.isEmpty()) {
+    file.remove();
   }
   over_ = true;
 }
 
+/// A log that isn't there is an empty one.
 bool CsvExport::writeAll(QFile& file, const ReceptionQuery& query) {
   ReceptionReader reader(log_);
   const ReceptionCount count = reader.begin(query);
   bool good = file.write(csvLine(csvHeader()).toUtf8()) > 0;
   qint64 written = 0;
-  const bool all = good && reader.forEach(count, [&](const ReceptionRow& row) {
+  reader.forEach(count, [&](const ReceptionRow& row) {
     const QString tag = tags_.value(row.source.id, row.source.tag);
     good = file.write(csvLine(csvFields(row, tag)).toUtf8()) > 0;
     progress_ = static_cast<int>(++written * 1000 / std::max<qint64>(count.count, 1));
     return good && !cancelled_;
   });
-  if (good && !all && !cancelled_ && reader.state() != DatabaseState::Missing) {
+  const DatabaseState state = reader.state();
+  if (good && state != DatabaseState::Good && state != DatabaseState::Missing) {
     error_ = QStringLiteral("The log could not be read.");
   }
-  return good && (all || count.count == 0);
+  return good && error_.isEmpty();
 }
 
 }  // namespace tarnvex::desktop

@@ -6,18 +6,16 @@
 
 namespace tarnvex::desktop {
 
-QVector<BusySource> busiest(const QVector<SourceAirtime>& airtimes,
-                            const QHash<qint64, ReceptionSource>& sources,
-                            const std::function<QString(const ReceptionSource&)>& tag) {
+QVector<BusySource> busiest(const QVector<SourceAirtime>& airtimes, const SourceList& sources) {
   QHash<QString, BusySource> joined;
   for (const SourceAirtime& airtime : airtimes) {
-    const ReceptionSource source = sources.value(airtime.source);
+    const ReceptionSource source = sources.all().value(airtime.source);
     BusySource& busy = joined[sourceText(source)];
     busy.source = sourceText(source);
     busy.count += airtime.count;
     busy.seconds += airtime.seconds;
     busy.ids.push_back(airtime.source);
-    if (const QString name = tag(source); !name.isEmpty()) {
+    if (const QString name = sources.tag(source); !name.isEmpty()) {
       busy.tag = name;
     }
   }

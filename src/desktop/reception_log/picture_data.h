@@ -3,7 +3,7 @@
 #include <array>
 
 #include "desktop/reception_log/picture_geometry.h"
-#include "desktop/reception_log/reception_query.h"
+#include "desktop/reception_log/source_list.h"
 
 namespace tarnvex::desktop {
 
@@ -24,10 +24,8 @@ struct PictureData {
   std::array<double, 24> hours{};
 };
 
-/// The busiest sources, by airtime. `tag` returns the tag to show for a source.
-QVector<BusySource> busiest(const QVector<SourceAirtime>& airtimes,
-                            const QHash<qint64, ReceptionSource>& sources,
-                            const std::function<QString(const ReceptionSource&)>& tag);
+/// The busiest sources, by airtime.
+QVector<BusySource> busiest(const QVector<SourceAirtime>& airtimes, const SourceList& sources);
 
 /// The period from the first reception to the end of the last, in whole minutes around both.
 TimeSpan periodOf(const QVector<AirtimeSlice>& slices);

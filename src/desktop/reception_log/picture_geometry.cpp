@@ -56,11 +56,15 @@ TimeSpan TimeSpan::moved(qint64 by, const TimeSpan& whole) const {
   return {start, start + length()};
 }
 
+double PictureGeometry::leastHeight(double line, int rows) {
+  return (3 * kMargin + kAxis + kHours + rows * kLowestRow) * line;
+}
+
 PictureGeometry::PictureGeometry(QSizeF size, double line, int rows, TimeSpan span)
     : line_(line), rows_(rows), span_(span), width_(size.width()) {
   const double margin = kMargin * line;
   const double top = margin + kAxis * line;
-  const double room = size.height() - top - kHours * line - 2 * margin;
+  const double room = size.height() - leastHeight(line, 0);
   rowHeight_ = std::clamp(room / std::max(rows, 1), kLowestRow * line, kHighestRow * line);
   const double left = margin + std::min(kNames * line, size.width() * 0.28);
   const double right = size.width() - margin - 2 * kFigures * line;

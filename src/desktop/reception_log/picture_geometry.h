@@ -37,6 +37,9 @@ class PictureGeometry {
   /// `line` is the height of a line of text, on which all other measures depend.
   PictureGeometry(QSizeF size, double line, int rows, TimeSpan span);
 
+  /// The least height in which everything has room.
+  static double leastHeight(double line, int rows);
+
   /// The area of the axis and of the rows' bars below it.
   [[nodiscard]] QRectF plot() const { return plot_; }
   [[nodiscard]] QRectF row(int row) const;

@@ -33,7 +33,9 @@ QSize PictureView::sizeHint() const {
 }
 
 QSize PictureView::minimumSizeHint() const {
-  return QSize(40, 24) * fontMetrics().height();
+  const int line = fontMetrics().height();
+  const int rows = static_cast<int>(data_.rows.size());
+  return {40 * line, static_cast<int>(std::ceil(PictureGeometry::leastHeight(line, rows)))};
 }
 
 PictureGeometry PictureView::geometryNow() const {
@@ -52,8 +54,7 @@ void PictureView::reload() {
     return [this, slices, airtimes = reader.airtimes()] {
       PictureData data;
       data.whole = periodOf(slices);
-      data.rows = busiest(airtimes, model_.sources(),
-                          [this](const ReceptionSource& source) { return model_.tag(source); });
+      data.rows = busiest(airtimes, model_.sources());
       data.hours = hoursOfDay(slices, kSlice);
       take(std::move(data));
     };
@@ -69,6 +70,7 @@ void PictureView::take(PictureData data) {
   bars_ = QVector<QVector<AirtimeBar>>(data_.rows.size());
   loading_ = false;
   loaded_ = true;
+  updateGeometry();
   setAccessibleDescription(inWords(data_));
   show(whole ? data_.whole : span_);
   if (std::exchange(reloadAgain_, false)) {

@@ -14,22 +14,22 @@ constexpr int kPagesThatChange = 2;
 
 }  // namespace
 
-ReceptionModel::ReceptionModel(QueryThread& thread, PlanTag planTag, QObject* parent)
-    : QAbstractTableModel(parent), thread_(thread), planTag_(std::move(planTag)) {
+ReceptionModel::ReceptionModel(QueryThread& thread, SourceList::PlanTag planTag, QObject* parent)
+    : QAbstractTableModel(parent), thread_(thread), sources_(std::move(planTag)) {
   soon_.setSingleShot(true);
   soon_.setInterval(kSoonMilliseconds);
-  connect(&soon_, &QTimer::timeout, this, [this] { askBeyond(); });
+  connect(&soon_, &QTimer::timeout, this, [this] { askAfterChange(); });
 }
 
 void ReceptionModel::setFilter(const ReceptionFilter& filter) {
   filter_ = filter;
-  ask();
+  ask(Question::New);
 }
 
 void ReceptionModel::sort(int column, Qt::SortOrder order) {
   column_ = static_cast<Column>(column);
   descending_ = order == Qt::DescendingOrder;
-  ask();
+  ask(Question::New);
 }
 
 void ReceptionModel::refresh() {
@@ -39,8 +39,9 @@ void ReceptionModel::refresh() {
 }
 
 void ReceptionModel::forgetTags() {
-  tags_.clear();
+  sources_.forgetTags();
   if (query_.someSources || column_ == Tag) {
+    otherTags_ = true;
     refresh();
   } else {
     emit dataChanged(index(0, Tag), index(rowCount() - 1, Tag));
@@ -48,36 +49,40 @@ void ReceptionModel::forgetTags() {
 }
 
 /// Asks for the sources first, since the query for the rows depends on them.
-void ReceptionModel::ask() {
+void ReceptionModel::ask(Question question) {
   const int asked = ++asked_;
-  thread_.ask([this, asked, mark = mark_](ReceptionReader& reader) -> QueryThread::Answer {
-    return [this, asked, news = reader.sourcesSince(mark)] {
-      addSources(news);
-      begin(asked);
+  thread_.ask([this, asked, question,
+               mark = sources_.mark()](ReceptionReader& reader) -> QueryThread::Answer {
+    return [this, asked, question, news = reader.sourcesSince(mark)] {
+      sources_.add(news);
+      begin(asked, question);
     };
   });
 }
 
-void ReceptionModel::begin(int asked) {
+void ReceptionModel::begin(int asked, Question question) {
   if (asked != asked_) {
     return;
   }
   updateQuery();
-  thread_.ask([this, asked, query = query_](ReceptionReader& reader) -> QueryThread::Answer {
-    const ReceptionCount count = reader.begin(query);
-    return [this, asked, count, rows = reader.rows(count, 0, kPageRows), state = reader.state()] {
-      state_ = state;
-      take(count, rows, asked);
-    };
-  });
+  thread_.ask(
+      [this, asked, question, query = query_](ReceptionReader& reader) -> QueryThread::Answer {
+        const ReceptionCount count = reader.begin(query);
+        const int wanted = question == Question::New ? kPageRows : 0;
+        return [this, asked, question, count, rows = reader.rows(count, 0, wanted),
+                state = reader.state()] {
+          if (asked == asked_) {
+            answered_ = asked;
+            fetching_ = false;
+            state_ = state;
+            question == Question::New ? take(count, rows) : takeAgain(count);
+            tellCounted();
+          }
+        };
+      });
 }
 
-void ReceptionModel::take(const ReceptionCount& count, QVector<ReceptionRow> first, int asked) {
-  if (asked != asked_) {
-    return;
-  }
-  answered_ = asked;
-  fetching_ = false;
+void ReceptionModel::take(const ReceptionCount& count, const QVector<ReceptionRow>& first) {
   beginResetModel();
   count_ = count;
   pages_.clear();
@@ -90,17 +95,34 @@ void ReceptionModel::take(const ReceptionCount& count, QVector<ReceptionRow> fir
     page.stale = true;
   }
   endResetModel();
-  if (onCounted) {
-    onCounted();
+}
+
+/// The same question as before. What is shown stays until its rows come again, and what is selected
+/// stays selected by its place.
+void ReceptionModel::takeAgain(const ReceptionCount& count) {
+  const bool fewer = count.bottom != count_.bottom || count.count < count_.count;
+  resize(count);
+  if (fewer) {
+    pages_.clear();
+  }
+  for (Page& page : pages_) {
+    page.stale = true;
+  }
+  if (rowCount() > 0) {
+    emit dataChanged(index(0, 0), index(rowCount() - 1, kColumns - 1));
   }
 }
 
-void ReceptionModel::askBeyond() {
+/// A question that isn't answered yet may have missed the change.
+void ReceptionModel::askAfterChange() {
   if (!counted()) {
-    return;
+    return refresh();
+  }
+  if (std::exchange(otherTags_, false)) {
+    return ask(Question::Again);
   }
   thread_.ask([this, asked = asked_, count = count_,
-               mark = mark_](ReceptionReader& reader) -> QueryThread::Answer {
+               mark = sources_.mark()](ReceptionReader& reader) -> QueryThread::Answer {
     return [this, asked, count = reader.beyond(count), news = reader.sourcesSince(mark)] {
       if (asked == asked_) {
         takeBeyond(count, news);
@@ -111,59 +133,46 @@ void ReceptionModel::askBeyond() {
 
 /// Unless new rows simply come at the top, everything is asked for again.
 void ReceptionModel::takeBeyond(const ReceptionCount& count, const NewSources& news) {
-  const bool unknown = addSources(news);
+  const bool unknown = sources_.add(news);
   const bool dropped = count.bottom != count_.bottom || count.top < count_.top;
   if (dropped || !growsAtTop() || query_.recordedOnly || (unknown && query_.someSources)) {
-    ask();
-    return;
+    return ask(Question::Again);
   }
-  adopt(count);
+  resize(count);
   for (auto page = pages_.begin(); page != pages_.end(); ++page) {
     page->stale = page->stale || page.key() + kPagesThatChange > count_.count / kPageRows;
   }
   if (rowCount() > 0) {
     emit dataChanged(index(0, 0), index(std::min(rowCount(), kPageRows) - 1, kColumns - 1));
   }
+  tellCounted();
+}
+
+void ReceptionModel::tellCounted() const {
   if (onCounted) {
     onCounted();
   }
 }
 
-void ReceptionModel::adopt(const ReceptionCount& count) {
+/// Rows come at the top or, in other orders, anywhere, and go at the end.
+void ReceptionModel::resize(const ReceptionCount& count) {
+  const auto before = static_cast<int>(count_.count);
   const auto added = static_cast<int>(count.count - count_.count);
-  if (added <= 0) {
+  if (added > 0) {
+    const int first = growsAtTop() ? 0 : before;
+    beginInsertRows({}, first, first + added - 1);
     count_ = count;
-    return;
+    endInsertRows();
+    if (growsAtTop() && onRowsAbove) {
+      onRowsAbove(added);
+    }
+  } else if (added < 0) {
+    beginRemoveRows({}, before + added, before - 1);
+    count_ = count;
+    endRemoveRows();
+  } else {
+    count_ = count;
   }
-  beginInsertRows({}, 0, added - 1);
-  count_ = count;
-  endInsertRows();
-  if (onRowsAbove) {
-    onRowsAbove(added);
-  }
-}
-
-bool ReceptionModel::addSources(const NewSources& news) {
-  mark_ = news.mark;
-  if (news.anew) {
-    sources_.clear();
-    tags_.clear();
-  }
-  for (const ReceptionSource& source : news.sources) {
-    sources_.insert(source.id, source);
-  }
-  return !news.sources.isEmpty();
-}
-
-bool ReceptionModel::matches(const ReceptionSource& source, const QStringList& words) const {
-  if (!filter_.radio.isEmpty() && source.radio != filter_.radio) {
-    return false;
-  }
-  const QString shown = QStringList{frequencyText(source.frequency), source.talkgroup, tag(source),
-                                    toneText(source.tone), source.radio}
-                            .join(QLatin1Char('\n'));
-  return std::ranges::all_of(
-      words, [&](const QString& word) { return shown.contains(word, Qt::CaseInsensitive); });
 }
 
 void ReceptionModel::updateQuery() {
@@ -172,49 +181,21 @@ void ReceptionModel::updateQuery() {
                                             {For, Order::Length},
                                             {Signal, Order::Signal},
                                             {Recording, Order::Recording}};
-  const QStringList words = filter_.text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+  static const QHash<int, SourceList::Order> kSourceOrders = {{Tag, SourceList::Order::Tag},
+                                                              {Bank, SourceList::Order::Bank},
+                                                              {Channel, SourceList::Order::Channel},
+                                                              {Tone, SourceList::Order::Tone}};
   query_ = {.from = filter_.from,
             .to = filter_.to,
             .recordedOnly = filter_.recordedOnly,
-            .someSources = !words.isEmpty() || !filter_.radio.isEmpty(),
+            .someSources = !filter_.text.trimmed().isEmpty() || !filter_.radio.isEmpty(),
             .sources = {},
             .order = kOrders.value(column_, Order::Source),
             .descending = descending_};
-  if (!query_.someSources && query_.order != Order::Source) {
-    return;
+  if (query_.someSources || query_.order == Order::Source) {
+    query_.sources = sources_.find(filter_.text, filter_.radio,
+                                   kSourceOrders.value(column_, SourceList::Order::Name));
   }
-  for (const ReceptionSource& source : std::as_const(sources_)) {
-    if (matches(source, words)) {
-      query_.sources.push_back(source.id);
-    }
-  }
-  sortSources(query_.sources);
-}
-
-void ReceptionModel::sortSources(QVector<qint64>& ids) const {
-  const auto key = [this](const ReceptionSource& source) {
-    const double number = column_ == Bank      ? source.bank
-                          : column_ == Channel ? source.channel
-                          : column_ == Tone    ? source.tone
-                          : column_ == Source && source.talkgroup.isEmpty()
-                              ? double(source.frequency)
-                              : 0;
-    const QString words = column_ == Tag ? tag(source).toLower() : source.talkgroup;
-    return std::tuple(number, words, source.id);
-  };
-  QHash<qint64, std::tuple<double, QString, qint64>> keys;
-  for (const qint64 id : ids) {
-    keys.insert(id, key(sources_[id]));
-  }
-  std::ranges::sort(ids, {}, [&](qint64 id) { return keys[id]; });
-}
-
-QString ReceptionModel::tag(const ReceptionSource& source) const {
-  if (!source.tag.isEmpty()) {
-    return source.tag;
-  }
-  const auto known = tags_.constFind(source.id);
-  return known != tags_.constEnd() ? *known : *tags_.insert(source.id, planTag_(source));
 }
 
 qint64 ReceptionModel::place(int row) const {
@@ -263,9 +244,16 @@ void ReceptionModel::takePage(int page, QVector<ReceptionRow> rows, int asked) {
     return;
   }
   fetching_ = false;
-  if (rows.isEmpty()) {
-    return;
+  if (!rows.isEmpty()) {
+    adopt(page, std::move(rows));
   }
+  // Another page may have been wanted meanwhile.
+  if (wantedPage_ >= 0 && counted()) {
+    askPage();
+  }
+}
+
+void ReceptionModel::adopt(int page, QVector<ReceptionRow> rows) {
   if (growsAtTop()) {
     std::ranges::reverse(rows);
   }
@@ -307,7 +295,7 @@ QString ReceptionModel::text(const ReceptionRow& row, int column) const {
     case Source:
       return sourceText(row.source);
     case Tag:
-      return tag(row.source);
+      return sources_.tag(row.source);
     case Bank:
       return bankText(row.source);
     case Channel:

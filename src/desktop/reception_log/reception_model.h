@@ -6,12 +6,13 @@
 #include <functional>
 
 #include "desktop/reception_log/query_thread.h"
+#include "desktop/reception_log/source_list.h"
 
 namespace tarnvex::desktop {
 
 /// What the user wants to see of the log.
 struct ReceptionFilter {
-  /// Each of its words must occur in the texts that the table shows for the source.
+  /// See `SourceList::find`.
   QString text;
   qint64 from = std::numeric_limits<qint64>::min();
   qint64 to = std::numeric_limits<qint64>::max();
@@ -21,16 +22,13 @@ struct ReceptionFilter {
 };
 
 /// The rows of the log for a table. It reads the log's file in a thread of its own and keeps only
-/// the pages around the visible rows; a row that hasn't arrived yet is blank for a moment. It has
-/// all sources of the log in memory, since they are few; the text filter and the orders by source
-/// use that list.
+/// the pages around the visible rows; a row that hasn't arrived yet is blank for a moment. The
+/// text filter and the orders by source work on the list of the sources.
 class ReceptionModel : public QAbstractTableModel {
  public:
   enum Column { Time, For, Source, Tag, Bank, Channel, Tone, Signal, Recording, kColumns };
-  /// The tag that the plan has for a source without one.
-  using PlanTag = std::function<QString(const ReceptionSource&)>;
 
-  ReceptionModel(QueryThread& thread, PlanTag planTag, QObject* parent = nullptr);
+  ReceptionModel(QueryThread& thread, SourceList::PlanTag planTag, QObject* parent = nullptr);
 
   void setFilter(const ReceptionFilter& filter);
   [[nodiscard]] const ReceptionFilter& filter() const { return filter_; }
@@ -38,6 +36,8 @@ class ReceptionModel : public QAbstractTableModel {
   void refresh();
   /// The plan's tags have changed.
   void forgetTags();
+  /// From here on the plan isn't asked any more.
+  void forgetPlan() { sources_.forgetPlan(); }
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
@@ -48,11 +48,9 @@ class ReceptionModel : public QAbstractTableModel {
 
   /// The row. Null if it hasn't arrived yet.
   [[nodiscard]] const ReceptionRow* row(int row) const;
-  /// The tag to show for a source.
-  [[nodiscard]] QString tag(const ReceptionSource& source) const;
   /// The query whose rows are shown.
   [[nodiscard]] const ReceptionQuery& query() const { return query_; }
-  [[nodiscard]] const QHash<qint64, ReceptionSource>& sources() const { return sources_; }
+  [[nodiscard]] const SourceList& sources() const { return sources_; }
   /// Whether the rows of the last filter have been counted.
   [[nodiscard]] bool counted() const { return answered_ == asked_; }
   [[nodiscard]] DatabaseState state() const { return state_; }
@@ -71,35 +69,34 @@ class ReceptionModel : public QAbstractTableModel {
     bool stale = false;
   };
 
-  void ask();
-  void begin(int asked);
-  void take(const ReceptionCount& count, QVector<ReceptionRow> first, int asked);
-  void adopt(const ReceptionCount& count);
-  void askBeyond();
+  /// A new question begins at the top of the table. The same one again keeps what is seen.
+  enum class Question { New, Again };
+  void ask(Question question);
+  void begin(int asked, Question question);
+  void take(const ReceptionCount& count, const QVector<ReceptionRow>& first);
+  void takeAgain(const ReceptionCount& count);
+  void askAfterChange();
   void takeBeyond(const ReceptionCount& count, const NewSources& news);
+  void resize(const ReceptionCount& count);
+  void tellCounted() const;
   void want(int row) const;
   void askPage() const;
   void takePage(int page, QVector<ReceptionRow> rows, int asked);
+  void adopt(int page, QVector<ReceptionRow> rows);
   void dropFarPages(int page);
   void updateQuery();
-  [[nodiscard]] bool matches(const ReceptionSource& source, const QStringList& words) const;
-  void sortSources(QVector<qint64>& ids) const;
-  bool addSources(const NewSources& news);
   [[nodiscard]] bool growsAtTop() const { return column_ == Time && descending_; }
   [[nodiscard]] qint64 place(int row) const;
   [[nodiscard]] QString text(const ReceptionRow& row, int column) const;
 
   QueryThread& thread_;
-  PlanTag planTag_;
+  SourceList sources_;
   ReceptionFilter filter_;
   Column column_ = Time;
   bool descending_ = true;
   ReceptionQuery query_;
   ReceptionCount count_;
   DatabaseState state_ = DatabaseState::Good;
-  QHash<qint64, ReceptionSource> sources_;
-  SourceMark mark_;
-  mutable QHash<qint64, QString> tags_;
   /// By the places of their rows. If new rows come at the top, places are counted from the oldest
   /// row, so that they don't change.
   QHash<int, Page> pages_;
@@ -109,6 +106,7 @@ class ReceptionModel : public QAbstractTableModel {
   /// older questions are dropped.
   int asked_ = 0;
   int answered_ = 0;
+  bool otherTags_ = false;
   QTimer soon_;
 };
 

@@ -16,6 +16,7 @@ constexpr const char* kRowColumns =
     "r.started, r.seconds, r.mode, r.bars, r.recording, r.source, r.radio, r.frequency, "
     "r.talkgroup, r.tag, r.bank, r.channel, r.tone";
 
+constexpr const char* kRecorded = " AND (r.recording <> '') = 1";
 /// The end of the reception that ends last.
 constexpr const char* kLastEnd = "max(r.started + CAST(r.seconds * 1000 AS INTEGER))";
 
@@ -126,7 +127,7 @@ QString ReceptionReader::table() const {
 QString ReceptionReader::conditions(bool joined) const {
   QString text = QStringLiteral("r.started >= ? AND r.started < ? AND r.id <= ?");
   if (query_.recordedOnly) {
-    text += QStringLiteral(" AND (r.recording <> '') = 1");
+    text += QLatin1String(kRecorded);
   }
   if (joined && query_.order == ReceptionQuery::Order::Source) {
     text += QStringLiteral(" AND r.source = w.source");
@@ -182,20 +183,19 @@ QVector<ReceptionRow> ReceptionReader::rows(const ReceptionCount& count, qint64 
   return rows;
 }
 
-bool ReceptionReader::forEach(const ReceptionCount& count,
+void ReceptionReader::forEach(const ReceptionCount& count,
                               const std::function<bool(const ReceptionRow&)>& take) {
   ReceptionDatabase* log = database();
   if (log == nullptr) {
-    return false;
+    return;
   }
   QSqlQuery query =
       log->prepare(QStringLiteral("SELECT %1 FROM %2 WHERE %3 ORDER BY %4")
                        .arg(QLatin1String(kRowColumns), table(), conditions(), order(false)));
-  bool going = note(log->run(query, values(count.top)));
-  while (going && query.next()) {
-    going = take(rowAt(query));
+  bool good = log->run(query, values(count.top));
+  while (good && log->next(query) && take(rowAt(query))) {
   }
-  return going;
+  note(log->state() == DatabaseState::Good);
 }
 
 QSqlQuery ReceptionReader::aggregate(const QString& columns, const char* index,
@@ -239,21 +239,22 @@ QVector<AirtimeSlice> ReceptionReader::airtimeBySlice(qint64 slice) {
 /// Begins earlier, since a reception that began before `from` may last beyond it.
 QVector<AirtimeBar> ReceptionReader::bars(const QVector<qint64>& sources, qint64 from, qint64 to,
                                           qint64 slice) {
-  constexpr qint64 kLongest = 6LL * 3600 * 1000;
   QVector<AirtimeBar> bars;
   ReceptionDatabase* log = database();
   if (log == nullptr) {
     return bars;
   }
+  const double longest =
+      log->value(QStringLiteral("SELECT max(seconds) FROM receptions")).toDouble();
+  const auto earliest = from - static_cast<qint64>(longest * 1000);
   QSqlQuery query = log->prepare(
-      QStringLiteral(
-          "SELECT min(r.started), %1, max(r.bars), count(*) FROM receptions r INDEXED BY "
-          "by_source WHERE r.source = ? AND r.started >= ? AND r.started < ? GROUP BY "
-          "r.started / %2")
-          .arg(QLatin1String(kLastEnd))
+      QStringLiteral("SELECT min(r.started), %1, max(r.bars), count(*) FROM receptions r INDEXED "
+                     "BY by_source WHERE r.source = ? AND r.started >= ? AND r.started < ?%2 GROUP "
+                     "BY r.started / %3")
+          .arg(QLatin1String(kLastEnd), QLatin1String(query_.recordedOnly ? kRecorded : ""))
           .arg(slice));
   for (const qint64 source : sources) {
-    const QVariantList bounds = {source, from - kLongest, to};
+    const QVariantList bounds = {source, earliest, to};
     for (bool more = note(log->run(query, bounds)) && query.next(); more; more = query.next()) {
       bars.push_back({source, query.value(0).toLongLong(), query.value(1).toLongLong(),
                       query.value(2).toInt(), query.value(3).toLongLong()});

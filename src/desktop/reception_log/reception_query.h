@@ -112,8 +112,8 @@ class ReceptionReader {
   ReceptionCount beyond(const ReceptionCount& count);
   /// `number` rows from place `first` on.
   QVector<ReceptionRow> rows(const ReceptionCount& count, qint64 first, int number);
-  /// Passes each row to `take` until it returns false.
-  bool forEach(const ReceptionCount& count, const std::function<bool(const ReceptionRow&)>& take);
+  /// Passes each row to `take` until it returns false. `state` says whether all could be read.
+  void forEach(const ReceptionCount& count, const std::function<bool(const ReceptionRow&)>& take);
 
   QVector<SourceAirtime> airtimes();
   /// In slices of `slice` milliseconds. Those in which nothing was heard are left out.

@@ -159,16 +159,24 @@ void ReceptionTable::withCurrent(const std::function<void(const ReceptionRow&)>&
 
 void ReceptionTable::mouseDoubleClickEvent(QMouseEvent* event) {
   QTableView::mouseDoubleClickEvent(event);
-  if (event->button() == Qt::LeftButton && indexAt(event->pos()).isValid()) {
+  const QModelIndex cell = indexAt(event->pos());
+  if (event->button() == Qt::LeftButton && cell.isValid() &&
+      cell.column() != ReceptionModel::Recording) {
     withCurrent(onTune);
   }
+}
+
+/// A press that selects several rows plays nothing.
+void ReceptionTable::mousePressEvent(QMouseEvent* event) {
+  QTableView::mousePressEvent(event);
+  plays_ = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier &&
+           indexAt(event->pos()).column() == ReceptionModel::Recording;
 }
 
 void ReceptionTable::mouseReleaseEvent(QMouseEvent* event) {
   QTableView::mouseReleaseEvent(event);
   const QModelIndex cell = indexAt(event->pos());
-  if (event->button() == Qt::LeftButton && cell.isValid() && cell == currentIndex() &&
-      cell.column() == ReceptionModel::Recording) {
+  if (std::exchange(plays_, false) && cell.isValid() && cell == currentIndex()) {
     withCurrent([this](const ReceptionRow& row) { play(row); });
   }
 }

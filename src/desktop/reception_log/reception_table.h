@@ -29,6 +29,7 @@ class ReceptionTable : public QTableView {
 
  protected:
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
@@ -46,6 +47,8 @@ class ReceptionTable : public QTableView {
   ReceptionModel& model_;
   /// The current row before the rows were asked for again.
   std::optional<ReceptionRow> kept_;
+  /// A press on a play button that isn't released yet.
+  bool plays_ = false;
   /// The folder of the recordings.
   QString recordings_;
 };

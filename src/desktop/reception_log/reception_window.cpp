@@ -4,6 +4,8 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QMessageBox>
+#include <QScreen>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include "desktop/ports/text.h"
@@ -15,6 +17,7 @@ namespace {
 /// The filter is applied after a pause of this length in the typing.
 constexpr int kTypingMilliseconds = 120;
 constexpr int kExportLookMilliseconds = 50;
+constexpr int kPicturePage = 1;
 constexpr int kSlideMilliseconds = 60'000;
 
 monitor::Heard heardOf(const ReceptionSource& source) {
@@ -58,13 +61,20 @@ ReceptionWindow::ReceptionWindow(shell::frmReceptionLog& form, platform::EventGa
   connectParts(form, gate);
   text_->setFocus();
   const QFontMetrics metrics(font());
-  resize(metrics.averageCharWidth() * 150, metrics.height() * 42);
+  const QSize wanted(metrics.averageCharWidth() * 150, metrics.height() * 42);
+  resize(wanted.boundedTo(screen()->availableSize() * 0.9));
   applyFilter();
 }
 
 ReceptionWindow::~ReceptionWindow() {
   exporting_.reset();
   thread_.reset();
+}
+
+/// The form goes before the window does.
+void ReceptionWindow::leaveScreen() {
+  model_->forgetPlan();
+  DialogWindow::leaveScreen();
 }
 
 void ReceptionWindow::makeParts(shell::frmReceptionLog& form) {
@@ -74,9 +84,14 @@ void ReceptionWindow::makeParts(shell::frmReceptionLog& form) {
   model_ = new ReceptionModel(*thread_, planTag, this);
   table_ = new ReceptionTable(*model_, QFileInfo(log_).path());
   picture_ = new PictureView(*thread_, *model_);
+  // A low window shows the picture in part.
+  auto* frame = new QScrollArea;
+  frame->setWidget(picture_);
+  frame->setWidgetResizable(true);
+  frame->setFrameShape(QFrame::NoFrame);
   pages_ = named(new QTabWidget, "pages");
   pages_->addTab(table_, tr("&Receptions"));
-  pages_->addTab(picture_, tr("&Picture"));
+  pages_->addTab(frame, tr("&Picture"));
 }
 
 QLayout* ReceptionWindow::makeFilter() {
@@ -224,7 +239,7 @@ void ReceptionWindow::showCount() {
 }
 
 void ReceptionWindow::showPicture() {
-  if (pages_->currentWidget() == picture_ && std::exchange(pictureStale_, false)) {
+  if (pages_->currentIndex() == kPicturePage && std::exchange(pictureStale_, false)) {
     picture_->reload();
   }
 }
@@ -235,7 +250,7 @@ void ReceptionWindow::goToRows(const BusySource& busy, const TimeSpan& span) {
     const QSignalBlocker second(period_);
     const QSignalBlocker third(from_);
     const QSignalBlocker fourth(to_);
-    text_->setText(busy.source);
+    text_->setText(QLatin1Char('"') + busy.source + QLatin1Char('"'));
     period_->setCurrentIndex(FromTo);
     from_->setVisible(true);
     // The boxes show whole minutes.
@@ -261,17 +276,19 @@ void ReceptionWindow::exportTo(const QString& file) {
     return;
   }
   QHash<qint64, QString> tags;
-  for (const ReceptionSource& source : model_->sources()) {
-    tags.insert(source.id, model_->tag(source));
+  for (const ReceptionSource& source : model_->sources().all()) {
+    tags.insert(source.id, model_->sources().tag(source));
   }
   exporting_ = std::make_unique<CsvExport>(log_, model_->query(), tags, file);
   progress_ = new QProgressDialog(tr("Exporting the receptions..."), tr("Cancel"), 0, 1000, this);
   progress_->setObjectName(QStringLiteral("exporting"));
   progress_->setWindowTitle(tr("Export Receptions"));
-  progress_->setWindowModality(Qt::WindowModal);
+  // A modal one would turn the event loop at each step.
+  progress_->setWindowModality(Qt::NonModal);
   progress_->setAutoReset(false);
   progress_->setMinimumDuration(500);
   connect(progress_, &QProgressDialog::canceled, this, [this] { exporting_->cancel(); });
+  export_->setEnabled(false);
   exportTimer_.start(kExportLookMilliseconds);
 }
 
@@ -284,6 +301,7 @@ void ReceptionWindow::followExport() {
   const QString error = exporting_->cancelled() ? QString() : exporting_->error();
   exporting_.reset();
   delete progress_;
+  export_->setEnabled(true);
   if (!error.isEmpty()) {
     auto* box = new QMessageBox(QMessageBox::Warning, tr("Export Receptions"),
                                 tr("The receptions could not be exported: %1").arg(error),

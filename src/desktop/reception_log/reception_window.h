@@ -20,6 +20,7 @@ class ReceptionWindow : public DialogWindow {
  public:
   ReceptionWindow(shell::frmReceptionLog& form, platform::EventGate& gate, QWidget* parent);
   ~ReceptionWindow() override;
+  void leaveScreen() override;
 
   [[nodiscard]] ReceptionModel& model() { return *model_; }
   [[nodiscard]] PictureView& picture() { return *picture_; }

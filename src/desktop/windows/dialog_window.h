@@ -24,7 +24,7 @@ class DialogWindow : public QDialog {
                std::function<void()> askToClose, QWidget* parent);
 
   [[nodiscard]] Binder& binder() { return binder_; }
-  void leaveScreen();
+  virtual void leaveScreen();
   void reject() override;
 
  private:

@@ -17,7 +17,7 @@ QString helpPageOf(const QString& dialog) {
       {"frmUploadtrs", "trunking.html"}, {"frmDownloadtrs", "trunking.html"},
       {"Form3", "trunking.html"},        {"Form5", "trunking.html"},
       {"Form7", "files.html"},           {"Form8", "files.html"},
-      {"frmLockouts", "searching.html"},
+      {"frmLockouts", "searching.html"}, {"frmReceptionLog", "receptions.html"},
   };
   return kPages.value(dialog, QStringLiteral("index.html"));
 }
