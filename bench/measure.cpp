@@ -26,6 +26,12 @@ double processorMilliseconds() {
   return milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
 }
 
+double threadMilliseconds() {
+  timespec time{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+  return static_cast<double>(time.tv_sec) * 1000 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
 double quantile(std::vector<double> values, double share) {
   if (values.empty() ||
       std::ranges::any_of(values, [](double value) { return std::isnan(value); })) {

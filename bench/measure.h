@@ -18,6 +18,8 @@ inline double millisecondsSince(Clock::time_point start) {
 
 /// Processor time of this process so far, in milliseconds.
 double processorMilliseconds();
+/// Processor time of the thread that asks.
+double threadMilliseconds();
 
 /// The value below which `share` of the values lie; 0.5 gives the median. `kNotTaken` if there are
 /// no values or one of them is `kNotTaken`.
