@@ -61,7 +61,7 @@ void benchTick(Table& table, const QString& folder) {
     const double with = run.ticks(count, true);
     ratios.push_back(with / run.ticks(count, false));
   }
-  table.atMost("log: a tick's processor time with it / without", quantile(ratios, 0.5), 1.01);
+  table.atMost("log: a tick's processor time with the log / without", quantile(ratios, 0.5), 1.01);
 }
 
 void benchInsert(Table& table, const QString& folder, platform::EventGate& gate) {
@@ -75,7 +75,7 @@ void benchInsert(Table& table, const QString& folder, platform::EventGate& gate)
     store.write(number, reception, true);
     store.finish();
   }
-  table.note("log: one reception into a million", millisecondsSince(start) / count, "ms");
+  table.note("log: writing one reception to a million", millisecondsSince(start) / count, "ms");
 }
 
 /// The window on the log.
@@ -149,11 +149,11 @@ void benchLog(Table& table) {
   OpenLog log(folder.path(), loop, gate);
   table.atMost("log: opening the window", log.opened, 200, "ms");
   table.atMost("log: filtering by a tag", log.filter(QStringLiteral("tag 42")), 200, "ms");
-  table.atMost("log: filtering by what isn't there", log.filter(QStringLiteral("nothing")), 200,
-               "ms");
+  table.atMost("log: filtering by a text that doesn't occur", log.filter(QStringLiteral("nothing")),
+               200, "ms");
   log.filter(QString());
   const auto frames = log.scroll(table.choose(600, 60));
-  table.atMost("log: a frame while scrolling, 99 of 100", quantile(frames, 0.99), 16.7, "ms");
+  table.atMost("log: a frame while scrolling, 99th percentile", quantile(frames, 0.99), 16.7, "ms");
 }
 
 }  // namespace tarnvex::bench

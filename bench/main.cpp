@@ -46,7 +46,7 @@ int run(Table& table, std::span<const std::string_view> wanted) {
     const int before = table.rows();
     part.run(table);
     if (table.rows() == before || rigFailed()) {
-      table.fail("the part \"" + std::string(part.name) + "\" can't be taken");
+      table.fail("part \"" + std::string(part.name) + "\" failed");
     }
   }
   return table.passed() ? 0 : 1;
@@ -65,7 +65,7 @@ int main(int argc, char** argv) {
   wanted = wanted.subspan(splash || quick ? 1 : 0);
   if (const auto unknown = std::ranges::find_if_not(wanted, bench::isPart);
       unknown != wanted.end()) {
-    std::fprintf(stderr, "no part of the benchmark: %s\n", unknown->data());
+    std::fprintf(stderr, "the benchmark has no part \"%s\"\n", unknown->data());
     return 2;
   }
   const QApplication application(argc, argv);

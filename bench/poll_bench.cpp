@@ -38,7 +38,7 @@ class PollRun {
   void report(Table& table, const std::string& model) const {
     const double line = lineTimePerTick(log_);
     table.note(model + " poll at 9600 baud: a tick", tick_, "ms");
-    table.note(model + " poll at 9600 baud: what the line needs for it", line, "ms");
+    table.note(model + " poll at 9600 baud: line time of a tick", line, "ms");
     table.atLeast(model + " poll at 9600 baud: ticks / what the line allows", line / tick_, 0.985);
     table.atMost(model + " processor share while polling", polling_, 5, "%");
     table.atMost(model + " processor share after the notice of silence", noticed_, 1, "%");

@@ -67,7 +67,7 @@ class TransferRun {
 
   static void report(Table& table, const std::string& what, const Stretch& stretch) {
     table.note(what, stretch.measured, "ms");
-    table.note(what + ": what the line needs", stretch.line, "ms");
+    table.note(what + ": line time", stretch.line, "ms");
     table.atLeast(what + " / what the line allows", stretch.line / stretch.measured, 0.98);
   }
 

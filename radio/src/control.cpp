@@ -50,7 +50,7 @@ std::string mode(Request& request) {
 std::string becomeModel(Request& request) {
   const auto model = modelNamed(first(request));
   if (!model) {
-    return refuse("bc895 or bc245");
+    return refuse("expected bc895 or bc245");
   }
   request.wire.radio().become(*model);
   return kDone;
@@ -59,7 +59,7 @@ std::string becomeModel(Request& request) {
 std::string tempo(Request& request) {
   const auto value = number(request, 0);
   if (!value || *value < 0 || *value > kMostTempo) {
-    return refuse("a number from 0 to 10000");
+    return refuse("expected a number from 0 to 10000");
   }
   request.wire.radio().setTempo(*value);
   return kDone;
@@ -71,7 +71,7 @@ std::string reception(Request& request) {
   const bool heard = channel && seconds && *seconds < 1e6 &&
                      request.wire.radio().receive(static_cast<int>(*channel),
                                                   static_cast<Millis>(*seconds * 1000));
-  return heard ? kDone : refuse("a stored channel and seconds");
+  return heard ? kDone : refuse("expected a stored channel and seconds");
 }
 
 std::string talk(Request& request) {
@@ -79,7 +79,7 @@ std::string talk(Request& request) {
   const bool heard =
       seconds && *seconds < 1e6 &&
       request.wire.radio().talk(first(request), static_cast<Millis>(*seconds * 1000));
-  return heard ? kDone : refuse("an ID of a trunked bank and seconds");
+  return heard ? kDone : refuse("expected an ID of a trunked bank and seconds");
 }
 
 std::string stray(Request& request) {
@@ -104,7 +104,7 @@ std::string replug(Request& request) {
 std::string baud(Request& request) {
   const auto value = number(request, 0);
   if (!value || *value < 0 || *value > 1e6) {
-    return refuse("a baud rate");
+    return refuse("expected a baud rate");
   }
   request.wire.line().setBaud(static_cast<int>(*value));
   return kDone;
@@ -113,7 +113,7 @@ std::string baud(Request& request) {
 std::string think(Request& request) {
   const auto value = number(request, 0);
   if (!value || *value < 0 || *value > 1e5) {
-    return refuse("milliseconds");
+    return refuse("expected milliseconds");
   }
   request.wire.line().setThink(Instant{static_cast<std::int64_t>(*value * 1e6)});
   return kDone;
@@ -168,7 +168,7 @@ std::string control(Wire& wire, std::string_view line, Instant now, bool& quit) 
   const std::string_view word = line.substr(0, blank);
   const std::string_view rest = blank == std::string_view::npos ? "" : line.substr(blank + 1);
   if (Faults::isFault(word)) {
-    return wire.line().faults().set(line) ? kDone : refuse("see help");
+    return wire.line().faults().set(line) ? kDone : refuse("invalid fault; see help");
   }
   Request request{wire, rest, {}, now, quit};
   std::istringstream words{std::string(rest)};
@@ -180,7 +180,7 @@ std::string control(Wire& wire, std::string_view line, Instant now, bool& quit) 
       return known.act(request);
     }
   }
-  return refuse("unknown word, see help");
+  return refuse("unknown word; see help");
 }
 
 }  // namespace tarnvex::radio

@@ -88,14 +88,14 @@ TEST_F(Bc245Ids, FollowIdsFromRoundToRound) {
   EXPECT_THAT(tags, ElementsAre("Detectives", "", "Buses", "", "Detectives"));
   EXPECT_THAT(form.hitLists.List2.items(),
               ElementsAre("5678" + kTime + "2 (Detectives)", " 00-153" + kTime + "2 (Buses)"))
-      << "what says that nobody is there is listed already, as what is shown";
+      << "a line without an ID lists nothing new";
   EXPECT_EQ(state.CurrentMode, "MD00");
   EXPECT_TRUE(form.Scantimer.enabled());
 }
 
 TEST_F(Bc245Ids, ListWhatTheDisplayShows) {
   stay("MD09", round("ID E", lookup("WI"), "MD09") + round("ID E", lookup(), "MD00"));
-  EXPECT_THAT(form.hitLists.List2.items(), ElementsAre()) << "what is no ID is no hit";
+  EXPECT_THAT(form.hitLists.List2.items(), ElementsAre()) << "a text that isn't an ID isn't a hit";
   // The bank is that of the last frequency in the plan.
   form.hitLists.List2.clear();
   stay("MD09", round("ID S 000007", lookup(), "MD09") +
@@ -124,7 +124,7 @@ TEST_F(Bc245Ids, TakeNoStrayLineForAMode) {
     rounds += round("", "", next);
   }
   stay("MD09", rounds);
-  EXPECT_EQ(form.panel.TrunkType.caption(), "E") << "of the last round's mode";
+  EXPECT_EQ(form.panel.TrunkType.caption(), "E") << "that of the last round's mode";
   EXPECT_EQ(form.panel.mode.caption() + state.CurrentMode, "MD01MD01");
 }
 
@@ -151,7 +151,7 @@ TEST_F(Bc245Ids, TakeALineThatComesBeforeItsAnswer) {
   EXPECT_EQ(form.hitLists.List2.count(), 2);
 }
 
-TEST_F(Bc245Ids, LetTheUserInWhileTheTickStays) {
+TEST_F(Bc245Ids, RunUserEventsWhileTheTickStays) {
   int events = 0;
   int nested = 0;
   loop.onTurn(2, [&] {
@@ -172,7 +172,7 @@ TEST_F(Bc245Ids, LetTheUserInWhileTheTickStays) {
   EXPECT_EQ(nested, 1) << "ticks never nest";
 }
 
-TEST_F(Bc245Ids, EndWithTheLine) {
+TEST_F(Bc245Ids, EndWhenThePortIsClosed) {
   poll("MD09", "IDN > IDN; DL > DLF; IDN");
   EXPECT_EQ(dialogs.takeBoxes().size(), 1U);
   EXPECT_FALSE(form.Scantimer.enabled()) << "the poll stays off until the user connects";

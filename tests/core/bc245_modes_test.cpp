@@ -120,11 +120,11 @@ TEST(Bc245Tick, ShowsTheOpeningsAnswers) {
   rig.state.UpperLimitEditing = true;
   rig.tick(test::script("SI > FER; LO > ; PR > x; DL > DL; LT > LT; MD > MD13"));
   EXPECT_EQ(rig.picture(), "TrunkType: M");
-  EXPECT_EQ(rig.state.ScannerName, "R") << "whatever is no BC895XLT is taken for this radio";
-  EXPECT_EQ(rig.state.FirmwareText, "1.24") << "no number, so it stays";
+  EXPECT_EQ(rig.state.ScannerName, "R") << "any answer but a BC895XLT's counts as this radio's";
+  EXPECT_EQ(rig.state.FirmwareText, "1.24") << "not a number, so it stays";
 }
 
-TEST(Bc245Tick, WorksTheLightByWhatTheDisplayShows) {
+TEST(Bc245Tick, SwitchesTheLightByWhatTheDisplayShows) {
   Bc245Rig rig;
   rig.form.receiver.Check2.onClick = nullptr;
   rig.form.receiver.Check2.setValue(true);
@@ -213,7 +213,7 @@ TEST(Bc245Tick, AlternatesBetweenIdAndFrequency) {
   EXPECT_EQ(shownBehind("005678", window), "5678");
   EXPECT_EQ(shownBehind("005678", window), "851.0125");
   EXPECT_EQ(shownBehind("005678", window), "5678");
-  EXPECT_EQ(shownBehind("005678", "WI"), "5678") << "no frequency to tell";
+  EXPECT_EQ(shownBehind("005678", "WI"), "5678") << "no frequency to show";
   EXPECT_EQ(shownBehind("000123", window), "123") << "another ID comes first";
   rig.form.receiver.Check5.setValue(false);
   EXPECT_EQ(shownBehind("000123", window), "123");

@@ -136,7 +136,7 @@ TEST(Controls, NotifyOfEachChangeOnce) {
   EXPECT_EQ(changes, 3);
 }
 
-TEST(Controls, NotifierForgetsWhoDisconnectsEvenMeanwhile) {
+TEST(Controls, NotifierForgetsDisconnectedCallbacksEvenDuringANotification) {
   Notifier<> notifier;
   std::string heard;
   Connection second;
@@ -162,7 +162,7 @@ TEST(Controls, TableRefusesWhatLiesOutside) {
   EXPECT_FALSE(table.setRow(3) || table.setCol(2) || table.setRow(-1));
   EXPECT_EQ(moves, 0);
   EXPECT_TRUE(table.setRow(2) && table.setRow(2));
-  EXPECT_EQ(moves, 1) << "a cursor that stays isn't told";
+  EXPECT_EQ(moves, 1) << "a cursor that stays notifies nobody";
   table.setText("x");
   EXPECT_EQ(table.textMatrix(2, 1), "x");
 }

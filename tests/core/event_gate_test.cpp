@@ -78,7 +78,7 @@ TEST_F(EventGateTest, NeverNestsATickButLetsOthersRunInIt) {
   EXPECT_EQ(course, "tick( key other ) ");
 }
 
-TEST_F(EventGateTest, KeepsNoTickForATimerThatIsDueInItsOwn) {
+TEST_F(EventGateTest, DropsATickThatIsDueDuringItsOwn) {
   poll.onTick = [&] {
     course += "tick ";
     gate.enterTimer(poll);
@@ -124,7 +124,7 @@ TEST_F(EventGateTest, SaysThatTheUserLeavesUntilThatHasRun) {
   EXPECT_EQ(course, "left ");
 }
 
-TEST_F(EventGateTest, ForgetsATimerThatGoes) {
+TEST_F(EventGateTest, ForgetsATimer) {
   gate.enter([&] {
     gate.enterTimer(poll);
     gate.forget(poll);
@@ -160,7 +160,7 @@ TEST_F(EventGateTest, EndsWithinATickAndLetsNothingInAnyMore) {
   gate.enterTimer(poll);
   gate.enter(says("late"));
   EXPECT_EQ(course, "unwound ");
-  EXPECT_TRUE(cleaned) << "retired windows still go";
+  EXPECT_TRUE(cleaned) << "retired windows are still destroyed";
 }
 
 }  // namespace

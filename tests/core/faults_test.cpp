@@ -161,7 +161,7 @@ TEST_F(FaultsTest, SurvivesThousandsOfTicksOnABadLine) {
       const std::size_t boxes = dialogs.boxes.size();
       tickOnce();
       ASSERT_FALSE(form.Scantimer.running());
-      ASSERT_LE(dialogs.boxes.size(), boxes + 1) << "one notice a loss";
+      ASSERT_LE(dialogs.boxes.size(), boxes + 1) << "one notice per loss";
       if (!form.Scantimer.enabled() || !form.MSComm1->portOpen()) {
         form.linkControls.Command3.userClick();
       }

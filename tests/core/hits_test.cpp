@@ -74,7 +74,7 @@ TEST_F(HitsTest, MatchAnywhereInALineAndInEveryLine) {
                           now + "1(Fire)"));
 }
 
-TEST_F(HitsTest, KeepTheCountWithinALineThatOtherwiseMisleads) {
+TEST_F(HitsTest, KeepTheCountInMisleadingLines) {
   for (const auto& [line, count] : {std::pair{"46.0125 - (then) Hits: 4(Lake)", "1"},
                                     {"46.0125 - Hits: 32767(Lake)", "32768"},
                                     {"46.0125 - Hits: 32768(Lake)", "1"},
@@ -117,7 +117,7 @@ TEST_F(HitsTest, AreEnteredOnceForEachId) {
               ElementsAre("001234 - 2031-05-06 07:08:09 (Patrol)", "12-345 - later "));
 }
 
-TEST_F(HitsTest, GoWithTheirClearButtons) {
+TEST_F(HitsTest, AreClearedByTheirButtons) {
   form.hitLists.List1.add("a");
   form.hitLists.List2.add("b");
   state.HitCounted = true;

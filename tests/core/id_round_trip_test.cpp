@@ -41,7 +41,7 @@ TEST(IdTransfer, BringsTheIdsBackFromBothRadios) {
     rig.memory.clear();
     addChannel();
     bc245 ? rig.run(rig.download, banks) : transfer.download();
-    EXPECT_EQ(rig.dialogs.boxes.size(), bc245 ? 2U : 0U) << "one bank doesn't trunk";
+    EXPECT_EQ(rig.dialogs.boxes.size(), bc245 ? 2U : 0U) << "one bank isn't trunked";
     for (int row = 1; row <= TalkgroupRecord::kRows; ++row) {
       const int bank = (row - 1) / 100;
       const bool travels = bc245 ? bank == 1 || bank == 7 : row > 100 && row <= 150;

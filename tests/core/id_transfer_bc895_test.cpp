@@ -134,7 +134,7 @@ TEST(IdTransfer895, HasTheRadioToItself) {
   EXPECT_EQ(rig.radio.log.size(), 30U);
   EXPECT_EQ(rig.dialogs.beeps, 2);
   transfer.download();
-  EXPECT_EQ(rig.dialogs.beeps, 2) << "the turn is given back";
+  EXPECT_EQ(rig.dialogs.beeps, 2) << "another transfer may run";
 }
 
 TEST(IdTransfer895, EndsAtTheNextSlotWhenTheUserLeaves) {

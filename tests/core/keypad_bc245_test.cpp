@@ -88,7 +88,7 @@ TEST_F(Bc245KeypadTest, LeavesNoAnswerForTheNextQuestion) {
   EXPECT_TRUE(panel.Att.visible());
 }
 
-TEST_F(Bc245KeypadTest, HeldLockoutGoesByTheMode) {
+TEST_F(Bc245KeypadTest, HoldingLockoutDependsOnTheMode) {
   const std::string showing = "02 03 04 05 07 08 09 10 11 12 15 16 17 18";
   for (int code = 0; code <= 20; ++code) {
     const std::string digits = (code < 10 ? "0" : "") + std::to_string(code);

@@ -68,7 +68,7 @@ TEST_F(Bc895KeypadTest, PressesEveryKey) {
   EXPECT_EQ(beeps(), 0);
 }
 
-TEST_F(Bc895KeypadTest, TheLockoutKeyGoesByTheMode) {
+TEST_F(Bc895KeypadTest, TheLockoutKeyDependsOnTheMode) {
   constexpr const char* kId = "ILR 12-345";
   const std::tuple<const char*, const char*, bool> cases[] = {
       {"MD00", "KEY06", false}, {"MD01", "KEY06", false}, {"MD02", "KEY06", true},
@@ -125,7 +125,7 @@ TEST_F(Bc895KeypadTest, EchoesWhatIsKeyed) {
     }
   }
   press("SCAN", kRight);
-  EXPECT_TRUE(state.EntryActive) << "a key that does nothing ends no entry";
+  EXPECT_TRUE(state.EntryActive) << "a key that does nothing doesn't end an entry";
   press("E ");
   press("7");
   EXPECT_EQ(panel.CTCSS.caption(), "7") << "a new entry begins afresh";

@@ -33,13 +33,13 @@ TEST_F(LimitBoxTest, SendsALimitWithinTheRadiosRange) {
     }
     EXPECT_FALSE(box.userKey('\r')) << "the key is swallowed";
     radio.expectSpent();
-    EXPECT_FALSE(editing) << "the poll has its box again";
+    EXPECT_FALSE(editing) << "the poll may write to the box again";
     EXPECT_EQ(dialogs.beeps, sent == nullptr ? 1 : 0);
     EXPECT_EQ(focused, sent == nullptr ? "" : lower ? "Ulimit" : "Command4");
   }
 }
 
-TEST_F(LimitBoxTest, HoldsThePollBackOnlyForKeysThatItTakes) {
+TEST_F(LimitBoxTest, BlocksThePollOnlyForKeysThatItAccepts) {
   for (const char key : std::string("0159.\b")) {
     state.LowerLimitEditing = false;
     EXPECT_TRUE(form.customSearch.LLimit.userKey(key)) << key;

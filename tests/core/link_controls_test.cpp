@@ -139,7 +139,7 @@ TEST_P(LinkControlsTest, BaudChangeIsKeptForAnyAnswerInTime) {
   EXPECT_TRUE(form->Scantimer.enabled());
   EXPECT_EQ(baud->text(), "4800");
   radio.expect({{"SI", "FER"}});
-  EXPECT_EQ(link.SendCommand("SI"), "FER") << "that answer is gone with the next exchange";
+  EXPECT_EQ(link.SendCommand("SI"), "FER") << "the next exchange discards that answer";
 }
 
 TEST_P(LinkControlsTest, BaudChangeIsTakenBackAfterSilence) {

@@ -67,7 +67,7 @@ std::vector<Exchange> numbered(const std::string& word, std::string_view mask,
   return all;
 }
 
-TEST_F(LockoutsTest, Bc895FrequenciesGoBackAsTheyCame) {
+TEST_F(LockoutsTest, Bc895FrequenciesAreRestoredAsTheyWereRead) {
   open(link::bc895Model(), "MD02", query("SS", "SS08510125\rSS 0290000\rSS00460125\r"));
   EXPECT_THAT(form->List1.items(), ElementsAre("851.0125", "29.0000", "46.0125"));
   form->List1.userSelect({true, false, true});
@@ -81,7 +81,7 @@ TEST_F(LockoutsTest, Bc895FrequenciesGoBackAsTheyCame) {
   EXPECT_EQ(done(), "KEY09; KEY07; KEY06H");
 }
 
-TEST_F(LockoutsTest, Bc895IdsGoBackByTheModeAtDone) {
+TEST_F(LockoutsTest, Bc895IdsAreRestoredByTheModeAtDone) {
   const std::tuple<const char*, const char*, const char*> cases[] = {
       {"MD07", "MD07", "KEY09"}, {"MD08", "MD08", "KEY09"}, {"MD09", "MD09", "KEY00"},
       {"MD10", "MD10", "KEY00"}, {"MD07", "MD11", "KEY00"}, {"MD09", "MD07", "KEY09"}};
@@ -130,7 +130,7 @@ TEST_F(LockoutsTest, Bc245ListsAreReadPlaceByPlace) {
   }
 }
 
-TEST_F(LockoutsTest, Bc245IdsGoBackByTheMode) {
+TEST_F(LockoutsTest, Bc245IdsAreRestoredByTheMode) {
   state.ModelKey = "BC245";
   for (int code = 2; code <= 20; ++code) {
     const std::string digits = platform::format(code, "00");

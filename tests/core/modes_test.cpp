@@ -107,7 +107,7 @@ TEST(Modes, Other) {
   }
 }
 
-TEST(Modes, SendNothingToTheDisplayWhileDigitsAreKeyed) {
+TEST(Modes, WriteNothingToTheDisplayWhileDigitsAreKeyed) {
   const std::string id = "IS > IS A; DL > DLF; IC > IC A1 005678; SG > S020 F08";
   test::expectEntries<Bc895Rig>({
       {"MD00", "CT > CTF; SB > SB A; PR > PRF; MA > NG", ""},
@@ -134,7 +134,7 @@ TEST(Modes, LeaveMarksForTheNextMode) {
     rig.poll(mode, "SQ > -");
   }
   EXPECT_EQ(rig.picture(), "Frequency: 155.1150, Alpha: Fire, Search, Wx, Auto, Sig: 2 / 000.0")
-      << "hold and trunk go, weather and auto stay";
+      << "hold and trunk are cleared, weather and auto stay";
   rig.poll("MD01", "CT > CTF; PR > PRF; MA > NG");
   EXPECT_EQ(rig.picture(), "Frequency: Scanning, Auto, Bank, Sig: 2 / 000.0");
 }

@@ -64,7 +64,8 @@ TEST(Opening, AskNoLimitThatTheUserEdits) {
   exchanges[5] = {"LL", "LL ERROR"};
   rig.form.customSearch.LLimit.setText("30.0000");
   rig.tick(exchanges);
-  EXPECT_EQ(rig.form.customSearch.LLimit.text(), "30.0000") << "what is no number leaves the box";
+  EXPECT_EQ(rig.form.customSearch.LLimit.text(), "30.0000")
+      << "a text that isn't a number leaves the box as it is";
 }
 
 TEST(Opening, KnowTheirOwnRadio) {
@@ -88,7 +89,7 @@ TEST(Opening, KnowTheirOwnRadio) {
   }
 }
 
-TEST(Opening, AsksOnceMoreBeforeItBelievesInAnotherRadio) {
+TEST(Opening, AsksOnceMoreBeforeItAcceptsAnotherRadio) {
   const char* strays[] = {"NG", "OK", "#", "ERR\rERR", "\xC5\xD2\xD2"};
   for (const std::string stray : strays) {
     for (const auto& [second, switched] :

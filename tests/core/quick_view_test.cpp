@@ -7,7 +7,7 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(QuickViewForm, TakesTheMainWindowsPlaceAndGivesItBack) {
+TEST(QuickViewForm, ReplacesTheMainWindowUntilItIsClosed) {
   test::Bc895Rig rig;
   rig.form.mnuQV();
   rig.form.mnuQV();
@@ -41,13 +41,13 @@ TEST(QuickViewForm, OpensWhereItWasLeftForEachRadioSeparately) {
   second.form.mnuQV();
   small = second.windows.quickView;
   EXPECT_EQ(small->window.caption(), "Quick View - BC245xlt");
-  EXPECT_EQ(small->place().x, 0) << "what doesn't parse is passed over";
+  EXPECT_EQ(small->place().x, 0) << "what can't be read is ignored";
   EXPECT_EQ(small->place().y, 300);
   second.form.panel.light(true);
   EXPECT_EQ(small->background().backColor(), second.form.panel.lighton.backColor());
 }
 
-TEST(QuickViewForm, GoesBeforeItsMainWindowDoes) {
+TEST(QuickViewForm, ClosesBeforeItsMainWindow) {
   test::Bc245Rig rig;
   rig.form.mnuQV();
   rig.windows.takeCalls();

@@ -49,7 +49,7 @@ void expectStates(const std::vector<State>& states) {
   }
 }
 
-TEST(Recording, GoesByWhatTheDisplayShows) {
+TEST(Recording, FollowsTheDisplay) {
   expectStates<test::Bc895Rig>({{"155.1150", "MD00", true},
                                 {"Searching", "MD02", true},
                                 {"888.8888", "MD00", true},

@@ -112,7 +112,7 @@ TEST_F(ScannerLinkTest, ReadsAReplyNoLongerThanItsSecondLimit) {
   EXPECT_EQ(send({"MD", std::vector<Piece>{{"MD0"}, {"0\r", 72500}}}), "MD");
   EXPECT_FALSE(state.LinkWaiting);
   expectReported(0);
-  EXPECT_EQ(send("SI > ERR"), "ERR") << "what came too late belongs to nobody";
+  EXPECT_EQ(send("SI > ERR"), "ERR") << "a late answer is discarded";
 }
 
 TEST_F(ScannerLinkTest, SkipsLinesThatBelongElsewhere) {
@@ -275,7 +275,7 @@ TEST_F(ScannerLinkTest, ProbesItsOwnPort) {
   radio.expect({{"SI", std::vector<Piece>{{"SI\r"}, {"ERR\r"}}}});
   EXPECT_EQ(link.ProbeCommand(*port, "SI"), "ERR");
   radio.expect({{"SI", std::vector<Piece>{{"x"}}}});
-  EXPECT_EQ(link.ProbeCommand(*port, "SI"), "") << "an answer without an end doesn't hold it";
+  EXPECT_EQ(link.ProbeCommand(*port, "SI"), "") << "an answer without an end doesn't block it";
   EXPECT_TRUE(port->portOpen());
   EXPECT_EQ(link.SendCommand("SI"), "") << "no main window yet";
   expectReported(0);

@@ -93,7 +93,7 @@ TEST_F(SearchListTest, SavesWithEachRadiosMask) {
   EXPECT_EQ(dialogs.prompts.back(), (Box{"Enter the name for this search:", "Tarnvex", 0}));
   save(bc895, "", "4x", "Last read");
   EXPECT_TRUE(file.ends_with("2,0,1300,\"Last read\"\r\n"))
-      << "no numbers: the record read last stands in for them; got " << file;
+      << "not numbers, so those of the last record are used; got " << file;
   save(bc895, "30", "40", "Say \"hi\"");
   EXPECT_TRUE(file.ends_with("3,30,40,\"Say \"hi\"\"\r\n")) << "a quote has no escape";
   const std::string before = file;
@@ -164,7 +164,7 @@ TEST_F(SearchListTest, MissingFileIsReportedByEveryOperation) {
               ElementsAre(kMissing, kMissing, kMissing,
                           Box{"Delete search: Police?", "Confirm Delete", 36}, kMissing));
   EXPECT_EQ(bc895.List3.count(), 3) << "the list stays";
-  EXPECT_EQ(store.files.count(kPath), 0U) << "and the file isn't made";
+  EXPECT_EQ(store.files.count(kPath), 0U) << "and the file isn't created";
 }
 
 TEST_F(SearchListTest, FindsTheFileInAnySpelling) {
@@ -193,7 +193,7 @@ TEST_F(SearchListTest, SkipsWhatItCannotRead) {
   remove(bc895, 1);
   EXPECT_THAT(bc895.List3.items(), ElementsAre("Police", "Air"));
   for (const char* name : {"No id", "No limit", "Too far"}) {
-    EXPECT_NE(file.find(name), std::string::npos) << "nobody has asked for it to go";
+    EXPECT_NE(file.find(name), std::string::npos) << "nobody has asked to delete it";
   }
   EXPECT_NE(file.find("\"0\",\"one\",\"2\""), std::string::npos) << "as it came";
 }

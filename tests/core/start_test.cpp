@@ -76,7 +76,7 @@ TEST_F(StartTest, SplashTriesItsPortAt9600WhateverIsStored) {
   EXPECT_EQ(radio.takeLog(), "open COM 1 at 9600,n,8,1; SI; close; open COM 1 at 4800,n,8,1");
 }
 
-TEST_F(StartTest, SplashTakesAPortThatWillNotOpenForSilence) {
+TEST_F(StartTest, SplashTreatsAPortThatWillNotOpenAsSilence) {
   settings.values[{"Options", "COM"}] = "nonsense";
   radio.refusals[1] = "No such device";
   start({});
@@ -182,7 +182,7 @@ TEST_F(StartTest, IgnoresInvalidPortsAndReportsARefusedOneIfItsOptionWasChosen) 
     }
     Form4 form(world.services, world.outside());
     form.load();
-    EXPECT_EQ(form.linkControls.Option1.value(), com != "2") << "chosen as the window is made";
+    EXPECT_EQ(form.linkControls.Option1.value(), com != "2") << "chosen when the window is created";
     EXPECT_TRUE(form.Scantimer.enabled());
     EXPECT_EQ(form.MSComm1->portOpen(), !refused);
     EXPECT_THAT(world.settings.saved, IsEmpty());
@@ -232,7 +232,7 @@ TEST_F(StartTest, EndsOnlyWithTheUsersConsent) {
   EXPECT_THAT(dialogs.takeBoxes(),
               ElementsAre(test::Box{"Exit Tarnvex?", "Confirm Exit", 36},
                           test::Box{"Save Changes to Scanlist File?", "Save Changes", 36}));
-  EXPECT_EQ(radio.takeLog(), "close") << "the radio hears nothing of it";
+  EXPECT_EQ(radio.takeLog(), "close") << "nothing is sent to the radio";
   EXPECT_THAT(windows.takeCalls(), ElementsAre("quit"));
   EXPECT_TRUE(gate.ended());
 }

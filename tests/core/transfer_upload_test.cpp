@@ -151,7 +151,7 @@ TEST(Upload, SelectsAllBanks) {
   EXPECT_EQ(rig.radio.log.size(), 300U * 5 + 1);
 }
 
-TEST(ResetScanner, ClearsTheRadioOnYesAlone) {
+TEST(ResetScanner, ClearsTheRadioOnlyAfterYes) {
   for (const auto answer : {platform::Answer::No, platform::Answer::Yes}) {
     TransferRig rig(Model::Bc895);
     rig.dialogs.answers = {answer};

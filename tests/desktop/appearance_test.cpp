@@ -171,7 +171,7 @@ TEST_F(Bc895Window, FindsRowsAndHidesEmptyOnes) {
   QTest::keyClick(&text, Qt::Key_Return);
   EXPECT_EQ(form.MSFlexGrid1.row(), 90);
   QTest::keyClick(&text, Qt::Key_F3);
-  EXPECT_EQ(form.MSFlexGrid1.row(), 5) << "round the end";
+  EXPECT_EQ(form.MSFlexGrid1.row(), 5) << "wraps around at the end";
   QTest::keyClick(&text, Qt::Key_F3, Qt::ShiftModifier);
   EXPECT_EQ(form.MSFlexGrid1.row(), 90);
   text.setText("no such");
@@ -181,7 +181,7 @@ TEST_F(Bc895Window, FindsRowsAndHidesEmptyOnes) {
   EXPECT_TRUE(table.isRowHidden(5));
   EXPECT_FALSE(table.isRowHidden(4)) << "channel 5";
   form.MSFlexGrid1.userMoveTo(91, 7);
-  EXPECT_FALSE(table.isRowHidden(90)) << "the cursor's row shows";
+  EXPECT_FALSE(table.isRowHidden(90)) << "the cursor's row is visible";
   form.MSFlexGrid1.setTextMatrix(6, 1, "151.0000");
   EXPECT_FALSE(table.isRowHidden(5)) << "no longer empty";
   QTest::keyClick(&text, Qt::Key_Escape);

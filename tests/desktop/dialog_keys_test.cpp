@@ -64,7 +64,7 @@ class DialogKeys : public WindowTest<Form> {
 using Bc895DialogKeys = DialogKeys<shell::Form4>;
 using Bc245DialogKeys = DialogKeys<shell::Form2>;
 
-TEST_F(Bc895DialogKeys, EnterPressesTheMainButtonAndEscapeLeaves) {
+TEST_F(Bc895DialogKeys, EnterPressesTheMainButtonAndEscapeCloses) {
   form.mnuUpload();
   expectKeys("frmUpload", "Command1", "Command2");
   form.mnuExport();
@@ -75,14 +75,14 @@ TEST_F(Bc895DialogKeys, EnterPressesTheMainButtonAndEscapeLeaves) {
   expectKeys("frmAbout", "Command1", "Command1");
 }
 
-TEST_F(Bc245DialogKeys, EnterPressesTheMainButtonAndEscapeLeaves) {
+TEST_F(Bc245DialogKeys, EnterPressesTheMainButtonAndEscapeCloses) {
   form.mnuCustom();
   expectKeys("Form5", "Command2", "Command1");
   form.mnuOwnloadTrunk();
   expectKeys("frmDownloadtrs", "Command1", "Command3");
 }
 
-TEST_F(Bc245DialogKeys, TheSystemTypeIsLeftByItsButtonOnly) {
+TEST_F(Bc245DialogKeys, TheSystemTypeIsClosedByItsButtonOnly) {
   trunking::Form3 type({form.panel.Channel, form.MSFlexGrid1, state, link, gate, dialogs});
   auto* dialog = desktop::makeSystemTypeDialog(type, gate, &window);
   dialog->show();

@@ -130,7 +130,7 @@ TEST_F(DialogsTest, KeepsTheCoreRunningDuringABoxAndEndsWithTheProgram) {
   EXPECT_EQ(shown(), nullptr) << "no box once the program has ended";
 }
 
-TEST_F(DialogsTest, TheHourglassIsSetAndTakenOnce) {
+TEST_F(DialogsTest, TheHourglassIsShownAndRemovedOnce) {
   for (int i = 0; i < 2; ++i) {
     dialogs.setBusyPointer(true);
   }

@@ -244,7 +244,7 @@ void Monkey::leave() {
         [this] { calmTicks_ = std::min(calmTicks_ + 1, kTicksOfCalm); });
   }
   if (patience_.hasExpired()) {
-    ADD_FAILURE() << "the program can't be left: " << stand().toStdString() << "\n" << trail();
+    ADD_FAILURE() << "the program can't be closed: " << stand().toStdString() << "\n" << trail();
     program_.gate.end();
     form()->MSComm1->close();
     program_.loop.leave();

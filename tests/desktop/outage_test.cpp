@@ -139,7 +139,7 @@ TEST(StartWithoutARadio, LeadsToTheOtherWindowAndConnectCorrectsIt) {
                rig.connectAgain();
              }},
             {"the right window", rig.bc895("Frequency: Scanning")}});
-  EXPECT_EQ(rig.silences, 0) << "a port that isn't there stays closed without a word";
+  EXPECT_EQ(rig.silences, 0) << "a missing port stays closed without a message";
 }
 
 }  // namespace

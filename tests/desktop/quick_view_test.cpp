@@ -73,7 +73,7 @@ TEST_P(QuickViewTest, ShowsTheSameInTheMainWindowsPlace) {
        }},
       {"closed by a click", [&] { return closed(); },
        [&] {
-         EXPECT_EQ(rig.radio.ask("mode"), "MD00") << "the key went to nobody";
+         EXPECT_EQ(rig.radio.ask("mode"), "MD00") << "the key doesn't reach the radio";
          choose();
        }},
       {"once more", [&] { return open(); }, [&] { small()->close(); }},
@@ -82,7 +82,7 @@ TEST_P(QuickViewTest, ShowsTheSameInTheMainWindowsPlace) {
   EXPECT_EQ(rig.program.settings.getSetting(GetParam() ? "BC245" : "BC895", "QVLeft", ""), "600");
 }
 
-TEST_P(QuickViewTest, GoesWithItsRadio) {
+TEST_P(QuickViewTest, ClosesWhenTheRadioIsExchanged) {
   rig.play({
       {"scanning", rig.panelShows("Frequency: Scanning"), [&] { choose(); }},
       {"the small window", [&] { return open(); },

@@ -131,7 +131,7 @@ TEST_F(Recorder, SaysWhyAFileCantBeMade) {
   }
   EXPECT_TRUE(QDir(folder.path()).isEmpty());
   start(this->directory());
-  EXPECT_EQ(stop(), "") << "the next one is none the worse";
+  EXPECT_EQ(stop(), "") << "the next recording isn't affected";
 }
 
 TEST_F(Recorder, KeepsWhatItHasWhenTheSoundEnds) {

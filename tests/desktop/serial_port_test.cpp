@@ -49,7 +49,7 @@ class SerialPortTest : public testing::Test {
   QObject context;
 };
 
-TEST_F(SerialPortTest, OpensTheDeviceOfItsSlotClearOfWhatWaited) {
+TEST_F(SerialPortTest, OpensTheDeviceOfItsSlotWithoutOldBytes) {
   line.send("stale\r");
   ASSERT_EQ(port.open(), std::nullopt);
   EXPECT_EQ(port.open(), "Port already open");
@@ -74,7 +74,7 @@ TEST_F(SerialPortTest, OpensTheDeviceOfItsSlotClearOfWhatWaited) {
   port.setSettings("4800,n,8,1");
   EXPECT_EQ(line.baud(), 4800);
   port.setSettings("nonsense");
-  EXPECT_EQ(line.baud(), 4800) << "a rate that is none leaves the line as it is";
+  EXPECT_EQ(line.baud(), 4800) << "an invalid rate leaves the line as it is";
 
   line.send("late\r");
   turnFor(20);
@@ -143,7 +143,7 @@ TEST_F(SerialPortTest, WaitsForBytesWithinABudgetOfSpins) {
   const double used = (72500 - budget.left) * 0.04;
   EXPECT_GE(used, 59.0);
   EXPECT_LE(used, static_cast<double>(clock.elapsed()) + 1);
-  EXPECT_FALSE(port.waitForInput(1, silence)) << "a budget that is used up waits no more";
+  EXPECT_FALSE(port.waitForInput(1, silence)) << "without a budget there is no wait";
 
   // The port is closed during the wait, as when the program ends.
   later(10, [&] { port.close(); });
@@ -177,7 +177,7 @@ class UnplugTest : public SerialPortTest, public testing::WithParamInterface<Pha
       case Phase::Idle:
         line.unplug();
         EXPECT_LT(turnsWithin(loop, 100), 100);
-        EXPECT_TRUE(port.portOpen()) << "to the core it stays open until it is closed";
+        EXPECT_TRUE(port.portOpen()) << "for the core it is open until it is closed";
         EXPECT_EQ(link.SendCommand("MD"), "");
         return;
       case Phase::FirstByte:

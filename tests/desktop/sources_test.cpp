@@ -44,7 +44,7 @@ TEST(Sources, TurnTheEventLoopInOnePlace) {
       EXPECT_FALSE(holds(text, turning)) << path;
     }
   });
-  EXPECT_TRUE(foundInPlace) << "the pattern finds what it is to find";
+  EXPECT_TRUE(foundInPlace) << "the pattern must find this";
 }
 
 }  // namespace

@@ -240,7 +240,7 @@ TEST(FrequencyFile, OnlyTheBc245AsksBeforeSavingOverAnotherFile) {
               ElementsAre(kOverwriteSave, kOverwriteSave, kOverwriteSave, kOverwriteSave));
 }
 
-TEST(FrequencyFile, YesToSavingChangesCountsAsSavedWhateverComesOfIt) {
+TEST(FrequencyFile, YesToSavingChangesCountsAsSavedEvenIfSavingFails) {
   FileFixture on;
   on.state.MemoryModified = true;
   on.dialogs.answers = {Answer::Yes};

@@ -130,7 +130,7 @@ TEST(Paste, KeepsOnePriorityAGroup) {
   EXPECT_EQ(Editing::rowOf(on.talkgroups, 4), "|ems||");
   const std::string before = on.bytes();
   on.paste(on.talkgroups, at(11, 1), two);
-  EXPECT_EQ(on.bytes(), before) << "a copy changes nothing where it came from";
+  EXPECT_EQ(on.bytes(), before) << "copying doesn't change the cells";
 }
 
 TEST(Delete, ClearsCellsByTheirColumns) {

@@ -113,7 +113,7 @@ class DiskFiles : public testing::Test {
   platform::SequentialFiles files{store};
 };
 
-TEST_F(DiskFiles, EveryFailingCallOfASaveLeavesOneWholeFile) {
+TEST_F(DiskFiles, EveryFailingCallOfASaveLeavesACompleteFile) {
   for (const OpenMode mode : {OpenMode::Output, OpenMode::Append}) {
     const std::string whole =
         (mode == OpenMode::Append ? "old\r\n" : "") + std::string("\"new\"\r\n");
@@ -148,7 +148,7 @@ TEST_F(DiskFiles, EveryFailingCallOfASaveLeavesOneWholeFile) {
   }
 }
 
-TEST_F(DiskFiles, AProcessKilledInASaveLeavesOneWholeFileAndNothingForGood) {
+TEST_F(DiskFiles, AProcessKilledInASaveLeavesACompleteFileAndNothingForGood) {
   const std::string old(40000, 'o');
   const std::string fresh(40000, 'n');
   calls.atMost = 1000;

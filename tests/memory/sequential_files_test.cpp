@@ -61,7 +61,7 @@ TEST(SequentialRead, SplitsFieldsAcrossLineEnds) {
   }
 }
 
-TEST(SequentialRead, TakesALongLineButNoEndlessOne) {
+TEST(SequentialRead, ReadsALongLineButNotAnEndlessOne) {
   const std::string megabyte(std::size_t{1} << 20, 'x');
   EXPECT_EQ(fieldsOf(megabyte + ",b", 65536), "[" + megabyte + "][b]");
   EXPECT_EQ(fieldsOf("\"" + std::string(std::size_t{17} << 20, '\0'), 65536), "!");

@@ -111,7 +111,7 @@ TEST(Scenes, ADayHasBusyAndQuietHoursAndFavourites) {
     levels.insert(channel == "C061" ? radio.exchange("SG").substr(0, 4) : "");
     last = channel;
   }
-  EXPECT_GT(heard[8], 250) << "of 500 looks in that hour";
+  EXPECT_GT(heard[8], 250) << "of 500 samples in that hour";
   EXPECT_GT(heard[8], 3 * heard[2]);
   EXPECT_GT(heard[2], 0);
   EXPECT_GT(visits["C001"], 5 * visits["C008"]);

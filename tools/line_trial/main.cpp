@@ -78,7 +78,7 @@ void followIds(Model model, bool hold, int baud, int seconds) {
   }
   const std::string name = std::string(radioName(model)) + (hold ? " ID hold " : " ID search ") +
                            std::to_string(baud) + ": ";
-  report(name + "exchanges of windows", window.exchanges(), 0);
+  report(name + "window exchanges", window.exchanges(), 0);
   report(name + "rounds until a mode change is seen", mostLate, 3);
   int wrong = 0;
   std::set<std::string> listed;
@@ -92,7 +92,7 @@ void followIds(Model model, bool hold, int baud, int seconds) {
     // Only IDs that were on the air for a few rounds count.
     lost += !hold && looks > 30 && !listed.contains(id) ? 1 : 0;
   }
-  report(name + "IDs heard and not found, of " + std::to_string(heard.size()), lost, 0);
+  report(name + "IDs on the air but not listed, of " + std::to_string(heard.size()), lost, 0);
 }
 
 constexpr const char* kFaults[] = {"extra echo before",
@@ -172,7 +172,7 @@ void strikeAll(Model model, bool quick) {
   }
   const std::string name =
       std::string(radioName(model)) + " " + std::to_string(count.cases) + " single faults: ";
-  report(name + "exchanges of windows", count.exchanged, 0);
+  report(name + "window exchanges", count.exchanged, 0);
   report(name + "out of step after two exchanges", count.outOfStep, 0);
   report(name + "most notices", count.notices, 1);
 }
@@ -191,7 +191,7 @@ void noise(Model model, int exchanges) {
     window.tick();
   }
   const std::string name = std::string(radioName(model)) + " 1 % noise: ";
-  report(name + "exchanges of windows", window.exchanges(), 0);
+  report(name + "window exchanges", window.exchanges(), 0);
   report(name + "most exchanges in a row without their answer", window.port().mostMissed, 3);
 }
 
