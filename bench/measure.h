@@ -18,7 +18,7 @@ inline double millisecondsSince(Clock::time_point start) {
 
 /// Processor time of this process so far, in milliseconds.
 double processorMilliseconds();
-/// Processor time of the thread that asks.
+/// Processor time of the calling thread so far, in milliseconds.
 double threadMilliseconds();
 
 /// The value below which `share` of the values lie; 0.5 gives the median. `kNotTaken` if there are

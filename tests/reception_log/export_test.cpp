@@ -1,4 +1,4 @@
-// Taking receptions out of the log.
+// Exporting and deleting receptions.
 #include <QDir>
 #include <QFile>
 #include <QProgressDialog>

@@ -1,4 +1,4 @@
-// What the user does with a row of the log.
+// The actions on a row of the log.
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -49,7 +49,7 @@ TEST_F(ReceptionLogWindow, TakesTagsFromThePlanAndTunesAndStores) {
   form.tune({"MD00", 999000000, "", "", 0, 0, 0, 0});
   EXPECT_TRUE(sent.empty());
   EXPECT_EQ(dialogs.beeps, 2);
-  // A tag that comes while the filter waits for it.
+  // The tag is added while the filter is waiting for it.
   filter("lighthouse");
   EXPECT_EQ(model().rowCount(), 0);
   main.MSFlexGrid1.setTextMatrix(7, 7, "Lighthouse");

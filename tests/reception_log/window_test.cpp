@@ -94,7 +94,7 @@ TEST_F(ReceptionLogWindow, ForgetsWhatItKnewOfALogThatIsCleared) {
   ReceptionDatabase log(file, ReceptionDatabase::Access::Write);
   ASSERT_TRUE(log.run("DELETE FROM receptions"));
   ASSERT_TRUE(log.run("DELETE FROM sources"));
-  // As many rows again, of a source that has another's number.
+  // The same number of rows, with a source that has another one's number.
   ASSERT_TRUE(
       log.run("INSERT INTO sources VALUES (1, 'BC895XLT', 46012500, '', 'Ranger', 0, 0, 0)"));
   say("WITH RECURSIVE row(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM row WHERE n < 1000) INSERT "
@@ -132,7 +132,7 @@ TEST_F(ReceptionLogWindow, LetsTheLastHourGoOnWithTheClock) {
 
 TEST_F(ReceptionLogWindow, FetchesThePageThatIsSeenLast) {
   open(kRows);
-  // The table itself wants nothing.
+  // The table itself asks for nothing.
   window->hide();
   int seen = -1;
   QObject::connect(&model(), &QAbstractItemModel::dataChanged,

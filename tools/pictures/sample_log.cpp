@@ -11,7 +11,7 @@ constexpr std::int64_t kMidnight = 1'773'446'400'000;
 constexpr double kMinute = 60'000;
 constexpr double kDay = 24 * 60 * kMinute;
 
-/// Something that is heard at random through the day.
+/// A source that is heard at random times of the day.
 struct Source {
   std::int64_t frequency;
   const char* talkgroup;
@@ -20,7 +20,7 @@ struct Source {
   int channel;
   double tone;
   int bars;
-  /// Between two receptions, on average, in the busiest hours.
+  /// The average time between two receptions in the busiest hours.
   double gapMinutes;
   double seconds;
 };

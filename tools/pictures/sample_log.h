@@ -4,8 +4,8 @@
 
 namespace tarnvex::pictures {
 
-/// Fills a log with a day of receptions, as the demo's plan would hear them on a BC895XLT. It is
-/// the same day each time.
+/// Fills a log with a day of receptions, as a BC895XLT with the demo's plan would hear them. It is
+/// always the same day.
 void writeSampleDay(monitor::ReceptionStore& store);
 
 }  // namespace tarnvex::pictures

@@ -57,14 +57,14 @@ const std::vector<std::vector<const char*>>& schema() {
 
 /// Error numbers of SQLite.
 enum Code {
-  /// Qt's own: the file answers otherwise than it should.
+  /// An error of Qt's own, after an unexpected answer from the file.
   kNone = 0,
   /// A table is missing or has other columns.
   kWrongStatement = 1,
   kBusy = 5,
   kLocked = 6,
   kCorrupt = 11,
-  /// Another program is just opening or changing the file.
+  /// Another program is opening or changing the file.
   kProtocol = 15,
   kSchema = 17,
   kNotADatabase = 26,

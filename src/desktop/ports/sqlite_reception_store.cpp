@@ -114,7 +114,7 @@ void SqliteReceptionStore::work(Jobs& jobs) {
     if (attempt(jobs)) {
       tellChanged();
       if (moreToThin_) {
-        // What is left when the program ends is left to the next start.
+        // If the program ends, the rest is left to the next start.
         post([&](Jobs& next) { next.thinBefore = next.end ? 0 : jobs.thinBefore; });
       }
       return;

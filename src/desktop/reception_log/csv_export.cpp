@@ -23,7 +23,7 @@ CsvExport::~CsvExport() {
 }
 
 void CsvExport::run(const ReceptionQuery& query) {
-  // Made with the usual permissions, as the user's mask limits them.
+  // The file gets the usual permissions, as the user's mask limits them.
   const QString name =
       QStringLiteral("/.receptions-%1.part").arg(QUuid::createUuid().toString(QUuid::Id128));
   QFile file(QFileInfo(file_).path() + name);
@@ -42,7 +42,7 @@ void CsvExport::run(const ReceptionQuery& query) {
   over_ = true;
 }
 
-/// A log that isn't there is an empty one.
+/// A missing log counts as empty.
 bool CsvExport::writeAll(QFile& file, const ReceptionQuery& query) {
   ReceptionReader reader(log_);
   const ReceptionCount count = reader.begin(query);

@@ -97,8 +97,8 @@ void ReceptionModel::take(const ReceptionCount& count, const QVector<ReceptionRo
   endResetModel();
 }
 
-/// The same question as before. What is shown stays until its rows come again, and what is selected
-/// stays selected by its place.
+/// Takes the answer to a question that was asked again. The rows on the screen stay until the new
+/// ones arrive, and the selected places stay selected.
 void ReceptionModel::takeAgain(const ReceptionCount& count) {
   const bool fewer = count.bottom != count_.bottom || count.count < count_.count;
   resize(count);
@@ -113,7 +113,7 @@ void ReceptionModel::takeAgain(const ReceptionCount& count) {
   }
 }
 
-/// A question that isn't answered yet may have missed the change.
+/// Asks anew if a question is still open, since its answer may not include the change.
 void ReceptionModel::askAfterChange() {
   if (!counted()) {
     return refresh();
@@ -154,7 +154,7 @@ void ReceptionModel::tellCounted() const {
   }
 }
 
-/// Rows come at the top or, in other orders, anywhere, and go at the end.
+/// Adds rows at the top if that is where they come, otherwise at the end. Removes rows at the end.
 void ReceptionModel::resize(const ReceptionCount& count) {
   const auto before = static_cast<int>(count_.count);
   const auto added = static_cast<int>(count.count - count_.count);
@@ -247,7 +247,7 @@ void ReceptionModel::takePage(int page, QVector<ReceptionRow> rows, int asked) {
   if (!rows.isEmpty()) {
     adopt(page, std::move(rows));
   }
-  // Another page may have been wanted meanwhile.
+  // Another page may be wanted by now.
   if (wantedPage_ >= 0 && counted()) {
     askPage();
   }

@@ -36,7 +36,7 @@ class ReceptionModel : public QAbstractTableModel {
   void refresh();
   /// The plan's tags have changed.
   void forgetTags();
-  /// From here on the plan isn't asked any more.
+  /// From now on the plan isn't asked for tags. Called before the main form is destroyed.
   void forgetPlan() { sources_.forgetPlan(); }
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -69,7 +69,7 @@ class ReceptionModel : public QAbstractTableModel {
     bool stale = false;
   };
 
-  /// A new question begins at the top of the table. The same one again keeps what is seen.
+  /// A new question shows the table from its top. The same one asked again keeps the visible rows.
   enum class Question { New, Again };
   void ask(Question question);
   void begin(int asked, Question question);

@@ -17,7 +17,7 @@ constexpr const char* kRowColumns =
     "r.talkgroup, r.tag, r.bank, r.channel, r.tone";
 
 constexpr const char* kRecorded = " AND (r.recording <> '') = 1";
-/// The end of the reception that ends last.
+/// The latest end of a reception.
 constexpr const char* kLastEnd = "max(r.started + CAST(r.seconds * 1000 AS INTEGER))";
 
 ReceptionRow rowAt(const QSqlQuery& query) {

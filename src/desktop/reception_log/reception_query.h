@@ -59,16 +59,16 @@ struct ReceptionCount {
   qint64 bottom = 0;
 };
 
-/// How far a reader knows the sources of a log. Their numbers are used again after rows were
-/// deleted, so the mark also says which log it is: when its first row began.
+/// How many of a log's sources a reader has. Numbers are used again after rows have been deleted,
+/// so the mark also identifies the log by the time when its first row began.
 struct SourceMark {
   qint64 bottom = 0;
   qint64 last = 0;
 };
-/// The answer of a log to a mark.
+/// The sources that a log has beyond a mark.
 struct NewSources {
   SourceMark mark;
-  /// Whether what was known before is out of date.
+  /// Whether the sources known so far are out of date.
   bool anew = false;
   QVector<ReceptionSource> sources;
 };
@@ -104,7 +104,7 @@ class ReceptionReader {
   /// What went wrong last, if anything.
   [[nodiscard]] DatabaseState state() const { return state_; }
 
-  /// Those that have come since `mark`, or all of them if the log isn't the same any more.
+  /// The sources that were added after `mark`, or all of them if the log isn't the same any more.
   NewSources sourcesSince(const SourceMark& mark);
   /// Begins a query. The functions below are about the last query that was begun.
   ReceptionCount begin(const ReceptionQuery& query);

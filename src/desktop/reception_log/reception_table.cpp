@@ -166,7 +166,7 @@ void ReceptionTable::mouseDoubleClickEvent(QMouseEvent* event) {
   }
 }
 
-/// A press that selects several rows plays nothing.
+/// A press with Ctrl or Shift selects rows and doesn't play a recording.
 void ReceptionTable::mousePressEvent(QMouseEvent* event) {
   QTableView::mousePressEvent(event);
   plays_ = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier &&

@@ -71,7 +71,7 @@ ReceptionWindow::~ReceptionWindow() {
   thread_.reset();
 }
 
-/// The form goes before the window does.
+/// The form is destroyed before the window.
 void ReceptionWindow::leaveScreen() {
   model_->forgetPlan();
   DialogWindow::leaveScreen();
@@ -84,7 +84,7 @@ void ReceptionWindow::makeParts(shell::frmReceptionLog& form) {
   model_ = new ReceptionModel(*thread_, planTag, this);
   table_ = new ReceptionTable(*model_, QFileInfo(log_).path());
   picture_ = new PictureView(*thread_, *model_);
-  // A low window shows the picture in part.
+  // If the window is too low, the picture can be scrolled.
   auto* frame = new QScrollArea;
   frame->setWidget(picture_);
   frame->setWidgetResizable(true);
@@ -283,7 +283,7 @@ void ReceptionWindow::exportTo(const QString& file) {
   progress_ = new QProgressDialog(tr("Exporting the receptions..."), tr("Cancel"), 0, 1000, this);
   progress_->setObjectName(QStringLiteral("exporting"));
   progress_->setWindowTitle(tr("Export Receptions"));
-  // A modal one would turn the event loop at each step.
+  // A modal progress dialog would turn the event loop at each step.
   progress_->setWindowModality(Qt::NonModal);
   progress_->setAutoReset(false);
   progress_->setMinimumDuration(500);

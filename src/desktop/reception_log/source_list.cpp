@@ -10,7 +10,7 @@ namespace {
 
 using Order = SourceList::Order;
 
-/// Words and quoted texts, these with their marks.
+/// Splits a text into words and quoted texts. The latter keep their quotation marks.
 QStringList wordsOf(const QString& text) {
   static const QRegularExpression kWord(QStringLiteral("\"[^\"]+\"|\\S+"));
   QStringList words;

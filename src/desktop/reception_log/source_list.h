@@ -7,35 +7,35 @@
 
 namespace tarnvex::desktop {
 
-/// Everything that a log has ever heard, each frequency or talkgroup once. There are few, so the
-/// list is whole and in memory: it knows the tags to show, what a text filter finds, and the orders
-/// by source.
+/// Every frequency and talkgroup in a log, each once. They are few, so all of them are in memory.
+/// The list has the tags to show, and does the text filter and the orders by source.
 class SourceList {
  public:
-  /// The tag that the plan has for a source without one.
+  /// Returns the plan's tag for a source without a tag of its own.
   using PlanTag = std::function<QString(const ReceptionSource&)>;
+  /// By what `find` sorts.
   enum class Order { Name, Tag, Bank, Channel, Tone };
 
   explicit SourceList(PlanTag planTag) : planTag_(std::move(planTag)) {}
 
-  /// False if nothing is new.
+  /// Adds sources. False if there is nothing new.
   bool add(const NewSources& news);
-  /// How far the list knows the log.
+  /// How much of the log the list has.
   [[nodiscard]] const SourceMark& mark() const { return mark_; }
   [[nodiscard]] const QHash<qint64, ReceptionSource>& all() const { return sources_; }
 
-  /// The tag to show.
+  /// The tag to show for a source.
   [[nodiscard]] QString tag(const ReceptionSource& source) const;
   /// The plan's tags have changed.
   void forgetTags() { tags_.clear(); }
-  /// From here on the plan isn't asked any more.
+  /// From now on the plan isn't asked for tags.
   void forgetPlan() {
     planTag_ = [](const ReceptionSource&) { return QString(); };
   }
 
-  /// The numbers of the sources of that radio, or of both if `radio` is empty, that `text` finds,
-  /// in an order. Each word must be in a text that the table shows of the source. What is in
-  /// quotation marks must be all of such a text.
+  /// The numbers of the sources that `text` finds, in the given order. If `radio` isn't empty, only
+  /// those of this radio. Each word must occur in one of the texts that the table shows for the
+  /// source. A text in quotation marks must equal one of them.
   [[nodiscard]] QVector<qint64> find(const QString& text, const QString& radio, Order order) const;
 
  private:
