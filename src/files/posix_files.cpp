@@ -97,8 +97,7 @@ class PosixSource : public platform::ByteSource {
 
 /// Where the content of a path goes.
 struct PosixFiles::Target {
-  /// With all links followed.
-  std::string path;
+  std::string path;  ///< with all links followed
   bool exists = false;
   struct stat status = {};
 };
