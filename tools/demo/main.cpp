@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "desktop/program.h"
+#include "sample_log/sample_log.h"
 
 /// Runs the program unattended for about twelve seconds, for machines without a display: prints the
 /// panel's elements as text whenever they change and writes pictures of the window to the given
@@ -27,6 +28,11 @@ constexpr int kPageMilliseconds = 900;
 class Demo {
  public:
   Demo(Program& program, const QString& folder) : program_(program), folder_(folder) {
+    // Twelve seconds make a short log, so yesterday is in it, too.
+    program_.receptionStore.clear();
+    tarnvex::tools::writeSampleDay(
+        program_.receptionStore,
+        QDate::currentDate().addDays(-1).startOfDay(Qt::UTC).toMSecsSinceEpoch());
     QObject::connect(&look_, &QTimer::timeout, [this] { printChanges(); });
     QObject::connect(&shoot_, &QTimer::timeout, [this] { takePicture(); });
     look_.start(kLookMilliseconds);

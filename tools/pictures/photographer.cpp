@@ -58,7 +58,7 @@ void Photographer::save(const Shot& shot) {
   QWidget* widget = shot.what();
   if (widget->isWindow() && widget != program_.windows.mainWindow()) {
     // As large as the screen allows.
-    widget->resize(widget->sizeHint());
+    widget->resize(shot.size.isValid() ? shot.size : widget->sizeHint());
   }
   QPixmap picture = widget->grab();
   if (widget->objectName() == QLatin1String("panel")) {

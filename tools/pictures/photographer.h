@@ -38,6 +38,8 @@ struct Shot {
   std::function<QWidget*()> what;
   /// If it isn't 0, only this much of the height is taken.
   int height = 0;
+  /// For a window that is large by itself.
+  QSize size{};
 };
 
 /// Takes the pictures of its list one after the other, and then ends the program. `main` creates

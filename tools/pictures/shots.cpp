@@ -1,7 +1,7 @@
 // The list of pictures, and what the user does for each.
 #include "link/scanner_commands.h"
 #include "pictures/photographer.h"
-#include "pictures/sample_log.h"
+#include "sample_log/sample_log.h"
 
 namespace tarnvex::pictures {
 
@@ -47,7 +47,9 @@ void Photographer::openLockouts() const {
 void Photographer::openSampleLog() const {
   program_.receptions.stop();
   program_.receptions.clear();
-  writeSampleDay(program_.receptionStore);
+  // 14 March 2026.
+  constexpr std::int64_t kMidnight = 1'773'446'400'000;
+  tools::writeSampleDay(program_.receptionStore, kMidnight);
   choose("mnuReceptions");
 }
 
@@ -66,6 +68,8 @@ void Photographer::closeAll() {
 }
 
 void Photographer::listShots() {
+  constexpr QSize kRows(732, 440);
+  constexpr QSize kPicture(720, 560);
   const auto tagged = [this](const char* tag) { return [this, tag] { return tagHolds(tag); }; };
   const auto panel = [this] { return find("panel"); };
   const auto nothing = [] {};
@@ -120,10 +124,10 @@ void Photographer::listShots() {
          closeAll();
          openSampleLog();
        },
-       [] { return logIsShown(); }, dialog("frmReceptionLog")},
+       [] { return logIsShown(); }, dialog("frmReceptionLog"), 0, kRows},
       {"reception-picture", "", isDesk,
        [] { window("frmReceptionLog")->findChild<QTabWidget*>("pages")->setCurrentIndex(1); },
-       [] { return logIsShown(); }, dialog("frmReceptionLog")},
+       [] { return logIsShown(); }, dialog("frmReceptionLog"), 0, kPicture},
       {"quick-view", "mode MD00\nreception 1 60", tagged("Fire"),
        [this] {
          closeAll();

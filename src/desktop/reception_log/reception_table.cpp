@@ -18,6 +18,8 @@ namespace tarnvex::desktop {
 namespace {
 
 constexpr int kBars = 4;
+/// Characters.
+constexpr int kLeastTag = 14;
 
 /// Paints four rising bars, the lit ones in a strong colour. Paints nothing if the signal isn't
 /// known.
@@ -88,6 +90,7 @@ ReceptionTable::ReceptionTable(ReceptionModel& model, QString recordings, QWidge
   horizontalHeader()->setSortIndicator(ReceptionModel::Time, Qt::DescendingOrder);
   setModel(&model_);
   connect(horizontalHeader(), &QHeaderView::sortIndicatorChanged, &model_, &ReceptionModel::sort);
+  connect(horizontalHeader(), &QHeaderView::sortIndicatorChanged, this, [this] { sizeColumns(); });
   horizontalHeader()->setSortIndicatorShown(true);
   horizontalHeader()->setSectionsClickable(true);
   // A user who has scrolled down goes on seeing the same rows.
@@ -133,12 +136,27 @@ void ReceptionTable::sizeColumns() {
                                          "000.0",
                                          "Signal",
                                          "Recording"};
+  const int padding = metrics.height() * 3 / 4;
   for (int column = 0; column < ReceptionModel::kColumns; ++column) {
-    const int heading = horizontalHeader()->sectionSizeHint(column);
+    const int heading = metrics.horizontalAdvance(
+        model_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
     const int text = metrics.horizontalAdvance(QLatin1String(kWidths.at(std::size_t(column))));
-    setColumnWidth(column, std::max(heading, text + metrics.height()));
+    const bool sorted = column == horizontalHeader()->sortIndicatorSection();
+    setColumnWidth(column, std::max(heading + (sorted ? metrics.height() : 0), text) + padding);
   }
-  horizontalHeader()->setSectionResizeMode(ReceptionModel::Tag, QHeaderView::Stretch);
+  fitTag();
+}
+
+/// The tag has the room that the others leave, and never too little to be read.
+void ReceptionTable::fitTag() {
+  const int others = horizontalHeader()->length() - columnWidth(ReceptionModel::Tag);
+  const int least = fontMetrics().averageCharWidth() * kLeastTag;
+  setColumnWidth(ReceptionModel::Tag, std::max(viewport()->width() - others, least));
+}
+
+void ReceptionTable::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  fitTag();
 }
 
 void ReceptionTable::changeEvent(QEvent* event) {

@@ -33,10 +33,12 @@ class ReceptionTable : public QTableView {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
   void sizeColumns();
+  void fitTag();
   void keepCurrent();
   void restoreCurrent();
   void copy() const;

@@ -1,13 +1,11 @@
-#include "pictures/sample_log.h"
+#include "sample_log/sample_log.h"
 
 #include <array>
 #include <random>
 
-namespace tarnvex::pictures {
+namespace tarnvex::tools {
 namespace {
 
-/// 14 March 2026, 00:00 UTC, in milliseconds.
-constexpr std::int64_t kMidnight = 1'773'446'400'000;
 constexpr double kMinute = 60'000;
 constexpr double kDay = 24 * 60 * kMinute;
 
@@ -45,9 +43,9 @@ constexpr std::array kSources = {
 constexpr std::array kBusy = {0.12, 0.08, 0.06, 0.06, 0.1, 0.22, 0.45, 0.8,  0.95, 0.85, 0.75, 0.8,
                               0.9,  0.8,  0.75, 0.85, 1.0, 0.95, 0.8,  0.65, 0.55, 0.45, 0.32, 0.2};
 
-monitor::Reception receptionOf(const Source& source, double time, double share) {
+monitor::Reception receptionOf(const Source& source, std::int64_t started, double share) {
   monitor::Reception reception;
-  reception.started = kMidnight + static_cast<std::int64_t>(time);
+  reception.started = started;
   reception.seconds = source.seconds * (0.3 + 1.4 * share);
   reception.heard = {"MD00",      source.frequency, source.talkgroup, source.tag,
                      source.bank, source.channel,   source.tone,      source.bars};
@@ -60,20 +58,22 @@ monitor::Reception receptionOf(const Source& source, double time, double share) 
 
 }  // namespace
 
-void writeSampleDay(monitor::ReceptionStore& store) {
+void writeSampleDay(monitor::ReceptionStore& store, std::int64_t midnight) {
   std::mt19937 random(7);
   const auto share = [&random] { return static_cast<double>(random()) / std::mt19937::max(); };
-  int number = 0;
+  // Below the numbers of the receptions that the program itself logs.
+  int number = -1;
   for (const Source& source : kSources) {
     double time = 0;
     while (time < kDay) {
       const auto hour = static_cast<std::size_t>(time / (60 * kMinute));
       time += source.gapMinutes * kMinute * (0.2 + 1.6 * share()) / kBusy.at(hour);
       if (time < kDay) {
-        store.write(number++, receptionOf(source, time, share()), true);
+        store.write(number--,
+                    receptionOf(source, midnight + static_cast<std::int64_t>(time), share()), true);
       }
     }
   }
 }
 
-}  // namespace tarnvex::pictures
+}  // namespace tarnvex::tools
