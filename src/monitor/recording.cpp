@@ -30,6 +30,24 @@ std::string recordingName(const std::string& tag, const std::string& frequency,
   return name;
 }
 
+Recording::Recording(RecordingOutside outside) : outside_(std::move(outside)) {
+  chkRecord.onClick = [this] { lookForSound(); };
+}
+
+void Recording::lookForSound() {
+  showMissing({});
+  if (chkRecord.value()) {
+    outside_.MMControl1.lookForSound([this](const std::string& what) {
+      outside_.gate.enter([this, what] { showMissing(chkRecord.value() ? what : ""); });
+    });
+  }
+}
+
+void Recording::showMissing(const std::string& what) {
+  missing.setCaption(what);
+  missing.setVisible(!what.empty());
+}
+
 void Recording::gate(bool active, const std::string& tag, const std::string& frequency) {
   if (!active) {
     if (outside_.state.Recording) {

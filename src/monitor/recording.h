@@ -35,7 +35,7 @@ struct RecordingOutside {
 /// message after the recording has stopped, and the box is unticked.
 class Recording {
  public:
-  explicit Recording(RecordingOutside outside) : outside_(std::move(outside)) {}
+  explicit Recording(RecordingOutside outside);
 
   /// Called once per tick with what the last tick left on the display. A running recording goes on
   /// to the end of its reception, even if the box is unticked meanwhile.
@@ -46,8 +46,13 @@ class Recording {
   platform::CheckBox chkRecord{"chkRecord", "Record Output to File"};
   /// "REC 1:05", visible while a file is being recorded.
   platform::Label light{"RecordingLight", "", false};
+  /// While the box is ticked: what is missing for a recording, such as "No sound server". It was
+  /// looked for when the box was ticked; a failure later has its message.
+  platform::Label missing{"RecordingMissing", "", false};
 
  private:
+  void lookForSound();
+  void showMissing(const std::string& what);
   void showLight();
   void start(const std::string& tag, const std::string& frequency);
   void stop();

@@ -35,6 +35,12 @@ class MediaControl : private NonCopyable {
   /// Name of the last file that was recorded, empty if there is none. Valid once the recording is
   /// closed.
   [[nodiscard]] virtual std::string savedFile() const = 0;
+
+  /// Hears what is missing for a recording, empty if nothing is.
+  using Told = std::function<void(const std::string& missing)>;
+  /// Looks whether there is a sound input, without waiting: `told` is called once from the event
+  /// loop, a moment later. A newer look, or the end of the control, drops an older one's answer.
+  virtual void lookForSound(Told told) = 0;
 };
 
 /// Makes the media control of a main window.

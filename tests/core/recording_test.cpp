@@ -108,6 +108,21 @@ TEST(Recording, ReportsAFailureOnceAndLetsThePollGoOn) {
   EXPECT_THAT(tickWith(rig, "155.1150", "MD00"), IsEmpty());
 }
 
+TEST(Recording, SaysWhatIsMissingWhileTheBoxIsTicked) {
+  test::Bc895Rig rig;
+  auto& recording = rig.form.recording;
+  recording.chkRecord.userClick();
+  ASSERT_EQ(rig.media.looks.size(), 1U);
+  EXPECT_FALSE(recording.missing.visible());
+  rig.media.looks[0]("No sound server");
+  EXPECT_TRUE(recording.missing.visible());
+  EXPECT_EQ(recording.missing.caption(), "No sound server");
+  recording.chkRecord.userClick();
+  EXPECT_FALSE(recording.missing.visible());
+  rig.media.looks[0]("No sound server");
+  EXPECT_FALSE(recording.missing.visible()) << "a late answer";
+}
+
 TEST(Recording, IsReleasedOnlyByTheWindowOfTheBc895xlt) {
   test::Bc895Rig first;
   first.form.unload();

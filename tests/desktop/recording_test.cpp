@@ -88,6 +88,28 @@ TEST(Recordings, AreReportedOnceIfThereIsNoSound) {
   EXPECT_TRUE(wavesIn(rig.folder).isEmpty());
 }
 
+TEST(Recordings, SayWhatIsMissing) {
+  desktop::QtEventLoop loop;
+  desktop::SoundRecorder recorder(loop);
+  const auto look = [&] {
+    std::optional<std::string> missing;
+    recorder.lookForSound([&](const std::string& what) { missing = what; });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return missing.has_value(); }, 10000));
+    return missing.value_or("no answer");
+  };
+  EXPECT_EQ(look(), "No sound server");
+  {
+    const SoundServer server(SoundServer::Sources::None);
+    EXPECT_EQ(look(), "No sound input");
+  }
+  const SoundServer server;
+  EXPECT_EQ(look(), "");
+  for (int hasty = 0; hasty < 20; ++hasty) {
+    recorder.lookForSound([](const std::string&) { ADD_FAILURE() << "an older look"; });
+  }
+  EXPECT_EQ(look(), "");
+}
+
 struct Recorder : testing::Test {
   void start(const std::string& directory, const std::string& name = "take.wav") {
     recorder.setFileName(directory, name);

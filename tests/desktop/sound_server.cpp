@@ -5,18 +5,20 @@
 
 namespace tarnvex::test {
 
-SoundServer::SoundServer() : before_(qgetenv("PULSE_SERVER")) {
+SoundServer::SoundServer(Sources sources) : before_(qgetenv("PULSE_SERVER")) {
   QFile script(folder_.filePath("script"));
   EXPECT_TRUE(script.open(QIODevice::WriteOnly));
-  script.write(
-      "load-module module-null-sink sink_name=quiet\n"
-      "load-module module-sine-source source_name=other frequency=1000\n"
-      "load-module module-sine-source source_name=wanted frequency=" +
-      QByteArray::number(kDefaultHertz) +
-      "\n"
-      "set-default-source wanted\n"
-      "load-module module-native-protocol-unix auth-anonymous=1 socket=" +
-      folder_.filePath("socket").toUtf8() + "\n");
+  if (sources == Sources::Two) {
+    script.write(
+        "load-module module-null-sink sink_name=quiet\n"
+        "load-module module-sine-source source_name=other frequency=1000\n"
+        "load-module module-sine-source source_name=wanted frequency=" +
+        QByteArray::number(kDefaultHertz) +
+        "\n"
+        "set-default-source wanted\n");
+  }
+  script.write("load-module module-native-protocol-unix auth-anonymous=1 socket=" +
+               folder_.filePath("socket").toUtf8() + "\n");
   script.close();
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   for (const char* name : {"HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME"}) {

@@ -16,7 +16,9 @@ class SoundServer : private platform::NonCopyable {
  public:
   static constexpr int kDefaultHertz = 440;
 
-  SoundServer();
+  enum class Sources { Two, None };
+
+  explicit SoundServer(Sources sources = Sources::Two);
   ~SoundServer();
 
   void kill();

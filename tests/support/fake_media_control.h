@@ -22,6 +22,8 @@ class FakeMediaControls : private platform::NonCopyable {
   std::string error;
   /// The name of the recorded file.
   std::string saved;
+  /// Who has asked whether there is any sound.
+  std::vector<platform::MediaControl::Told> looks;
 
  private:
   class Control : public platform::MediaControl {
@@ -36,6 +38,7 @@ class FakeMediaControls : private platform::NonCopyable {
     }
     [[nodiscard]] std::string errorMessage() const override { return owner_.error; }
     [[nodiscard]] std::string savedFile() const override { return owner_.saved; }
+    void lookForSound(Told told) override { owner_.looks.push_back(std::move(told)); }
 
    private:
     FakeMediaControls& owner_;

@@ -1,7 +1,5 @@
 #include "desktop/ports/sound_capture.h"
 
-#include <pulse/pulseaudio.h>
-
 #include <cstdint>
 #include <vector>
 
@@ -12,47 +10,25 @@ namespace {
 
 /// Sound arrives in pieces of this length. At most one of them is lost at the end.
 constexpr std::uint32_t kPieceBytes = WaveFile::kRate / 50 * sizeof(std::int16_t);
-constexpr const char* kId = "io.github.tarnvex.Tarnvex";
 constexpr auto kServerPatience = std::chrono::seconds(2);
-/// The longest sleep while there is nothing to do, in microseconds.
-constexpr int kSleep = 20'000;
 
 }  // namespace
 
 SoundCapture::SoundCapture(std::string directory, QString name)
-    : directory_(std::move(directory)),
-      name_(std::move(name)),
-      loop_(pa_mainloop_new()),
-      thread_([this] { run(); }) {}
+    : directory_(std::move(directory)), name_(std::move(name)), thread_([this] { run(); }) {}
 
 SoundCapture::~SoundCapture() {
   finish();
   thread_.join();
 }
 
-void SoundCapture::FreeLoop::operator()(pa_mainloop* loop) const {
-  pa_mainloop_free(loop);
-}
-
 void SoundCapture::finish() {
   finishing_ = true;
-  if (loop_) {
-    pa_mainloop_wakeup(loop_.get());
-  }
-}
-
-void SoundCapture::connectContext() {
-  // The desktop's sound settings show the program with these.
-  pa_proplist* properties = pa_proplist_new();
-  pa_proplist_sets(properties, PA_PROP_APPLICATION_ID, kId);
-  pa_proplist_sets(properties, PA_PROP_APPLICATION_ICON_NAME, kId);
-  context_ = pa_context_new_with_proplist(pa_mainloop_get_api(loop_.get()), "Tarnvex", properties);
-  pa_proplist_free(properties);
-  pa_context_connect(context_, nullptr, PA_CONTEXT_NOFLAGS, nullptr);
+  pulse_.wake();
 }
 
 void SoundCapture::run() {
-  if (loop_) {
+  if (pulse_.works()) {
     record();
   } else {
     fail(QStringLiteral("No sound can be recorded: the system has no handles left."));
@@ -61,10 +37,10 @@ void SoundCapture::run() {
 }
 
 void SoundCapture::record() {
-  connectContext();
+  pulse_.connect();
   State state = work();
   while (state != State::Over && !(finishing_ && isEnough(state))) {
-    turn();
+    pulse_.turn();
     state = work();
   }
   if (state == State::Going) {
@@ -78,8 +54,6 @@ void SoundCapture::record() {
     pa_stream_disconnect(stream_);
     pa_stream_unref(stream_);
   }
-  pa_context_disconnect(context_);
-  pa_context_unref(context_);
 }
 
 /// Whether a capture that should finish may end now. If the recording hasn't begun yet, it waits
@@ -88,18 +62,11 @@ bool SoundCapture::isEnough(State state) const {
   return state == State::Recording || std::chrono::steady_clock::now() - started_ > kServerPatience;
 }
 
-void SoundCapture::turn() {
-  pa_mainloop* loop = loop_.get();
-  if (pa_mainloop_prepare(loop, kSleep) >= 0 && pa_mainloop_poll(loop) >= 0) {
-    pa_mainloop_dispatch(loop);
-  }
-}
-
 SoundCapture::State SoundCapture::work() {
-  if (!PA_CONTEXT_IS_GOOD(pa_context_get_state(context_))) {
+  if (pulse_.failed()) {
     return fail(serverError());
   }
-  if (pa_context_get_state(context_) != PA_CONTEXT_READY) {
+  if (!pulse_.ready()) {
     return State::Going;
   }
   if (stream_ == nullptr) {
@@ -127,7 +94,7 @@ SoundCapture::State SoundCapture::connectStream() {
   constexpr auto kServersChoice = static_cast<std::uint32_t>(-1);
   const pa_buffer_attr pieces{kServersChoice, kServersChoice, kServersChoice, kServersChoice,
                               kPieceBytes};
-  stream_ = pa_stream_new(context_, "Reception", &format, nullptr);
+  stream_ = pa_stream_new(pulse_.get(), "Reception", &format, nullptr);
   // No device name means the user's default source.
   if (stream_ == nullptr ||
       pa_stream_connect_record(stream_, nullptr, &pieces, PA_STREAM_ADJUST_LATENCY) < 0) {
@@ -165,8 +132,7 @@ SoundCapture::State SoundCapture::fail(const QString& error) {
 }
 
 QString SoundCapture::serverError() const {
-  return QStringLiteral("No sound can be recorded: %1.")
-      .arg(QString::fromLocal8Bit(pa_strerror(pa_context_errno(context_))));
+  return QStringLiteral("No sound can be recorded: %1.").arg(pulse_.error());
 }
 
 }  // namespace tarnvex::desktop

@@ -7,11 +7,8 @@
 #include <string>
 #include <thread>
 
+#include "desktop/ports/pulse_context.h"
 #include "platform/non_copyable.h"
-
-struct pa_context;
-struct pa_mainloop;
-struct pa_stream;
 
 namespace tarnvex::desktop {
 
@@ -42,9 +39,7 @@ class SoundCapture : private platform::NonCopyable {
 
   void run();
   void record();
-  void connectContext();
   [[nodiscard]] bool isEnough(State state) const;
-  void turn();
   State work();
   State connectStream();
   State takeSound();
@@ -56,11 +51,7 @@ class SoundCapture : private platform::NonCopyable {
   QString error_;
   QString fileName_;
   std::chrono::steady_clock::time_point started_ = std::chrono::steady_clock::now();
-  struct FreeLoop {
-    void operator()(pa_mainloop* loop) const;
-  };
-  std::unique_ptr<pa_mainloop, FreeLoop> loop_;
-  pa_context* context_ = nullptr;
+  PulseContext pulse_;
   pa_stream* stream_ = nullptr;
   std::unique_ptr<WaveFile> file_;
   std::atomic<bool> finishing_ = false;

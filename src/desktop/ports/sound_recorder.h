@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "desktop/ports/sound_capture.h"
+#include "desktop/ports/sound_look.h"
 #include "platform/event_loop.h"
 #include "platform/media_control.h"
 
@@ -20,6 +21,7 @@ class SoundRecorder : public platform::MediaControl {
   void command(platform::MediaCommand command) override;
   [[nodiscard]] std::string errorMessage() const override { return error_; }
   [[nodiscard]] std::string savedFile() const override { return saved_; }
+  void lookForSound(Told told) override { look_ = std::make_unique<SoundLook>(std::move(told)); }
 
  private:
   void record();
@@ -34,6 +36,7 @@ class SoundRecorder : public platform::MediaControl {
   std::string saved_;
   bool open_ = false;
   std::optional<SoundCapture> capture_;
+  std::unique_ptr<SoundLook> look_;
 };
 
 }  // namespace tarnvex::desktop

@@ -156,20 +156,47 @@ QWidget* makeLinkFrame(link::LinkControls& controls, link::LinkState& state, Dev
   return frame;
 }
 
+namespace {
+
+/// The box, the way to its files, and what is missing for it: below, so that nothing moves when it
+/// shows.
+void addRecording(QVBoxLayout* column, shell::MainForm& form, Binder& binder) {
+  const QString path = QString::fromStdString(form.programDirectory());
+  auto* box = new QCheckBox;
+  binder.bind(box, form.recording.chkRecord);
+  box->setToolTip(
+      plainTip(QObject::tr("Records each reception to a file in the folder %1").arg(path)));
+  auto* folder = new QPushButton(QObject::tr("Show recordings"));
+  folder->setObjectName(QStringLiteral("showRecordings"));
+  folder->setToolTip(plainTip(QObject::tr("Opens the folder %1").arg(path)));
+  QObject::connect(folder, &QPushButton::clicked, folder,
+                   [path] { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); });
+  auto* missing = makeLabel();
+  missing->setObjectName(QString::fromStdString(form.recording.missing.name()));
+  missing->setWordWrap(true);
+  binder.keep(
+      form.recording.missing.changed.connect([box, missing, &model = form.recording.missing] {
+        missing->setText(
+            model.visible()
+                ? QObject::tr("%1: nothing will be recorded.").arg(toScreen(model.caption()))
+                : QString());
+        box->setAccessibleDescription(missing->text());
+      }));
+  column->addWidget(box);
+  column->addWidget(folder, 0, Qt::AlignLeft);
+  column->addWidget(missing);
+}
+
+}  // namespace
+
 QWidget* makeSwitchesFrame(shell::MainForm& form, Binder& binder, bool muteToo) {
   auto* frame = new QGroupBox(QObject::tr("Sound"));
   auto* column = new QVBoxLayout(frame);
-  std::vector<platform::CheckBox*> boxes = {&form.keyBeep.chkKeyBeep, &form.recording.chkRecord};
+  addCheckBoxes(column, {&form.keyBeep.chkKeyBeep}, binder);
   if (muteToo) {
-    boxes.insert(boxes.begin() + 1, &form.Check6);
+    addCheckBoxes(column, {&form.Check6}, binder);
   }
-  addCheckBoxes(column, boxes, binder);
-  auto* folder = named(new QPushButton(QObject::tr("Show recordings")), "showRecordings");
-  const QString path = QString::fromStdString(form.programDirectory());
-  folder->setToolTip(QObject::tr("Opens the folder %1").arg(path));
-  QObject::connect(folder, &QPushButton::clicked, folder,
-                   [path] { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); });
-  column->addWidget(folder, 0, Qt::AlignLeft);
+  addRecording(column, form, binder);
   column->addStretch();
   return frame;
 }
