@@ -4,6 +4,7 @@
 #include <QIcon>
 
 #include "desktop/report.h"
+#include "desktop/windows/outline_style.h"
 
 /// The pictures are in a library, and the linker only takes what is used. Qt requires this call to
 /// be outside any namespace.
@@ -19,6 +20,7 @@ Program::Program(const QString& settingsPath, const QString& programFolder,
       makePort(link::watchedPorts(otherPorts ? std::move(otherPorts) : machinePorts(), traffic)),
       directory(QFile::encodeName(programFolder).toStdString()) {
   initialiseResources();
+  installOutlines();
   settings.onFailure = [this](const std::string& description) {
     gate.enter([this, description] {
       dialogs.messageBox("The settings could not be saved: " + description +

@@ -12,12 +12,13 @@ void Photographer::act(const Shot& shot) {
   calm_ = QDeadlineTimer(kCalmMilliseconds);
   if (form() != nullptr && form()->Scantimer.enabled() && shot.ready()) {
     acted_ = true;
-    shot.act();
+    // Not from within the look: what opens a box waits in it, and a timer never fires within itself.
+    QTimer::singleShot(0, &look_, shot.act);
   }
 }
 
 void Photographer::look() {
-  if (done()) {
+  if (done() || !isRead()) {
     return;
   }
   const Shot& shot = shots_[at_];
@@ -52,6 +53,7 @@ bool Photographer::isSized() const {
 void Photographer::take(const Shot& shot) {
   if (shot.what) {
     save(shot);
+    startReader(shot);
   }
   acted_ = false;
   calm_.reset();
@@ -59,6 +61,26 @@ void Photographer::take(const Shot& shot) {
   if (++at_; done()) {
     leave();
   }
+}
+
+void Photographer::startReader(const Shot& shot) {
+  const QString reader = qEnvironmentVariable("TARNVEX_READER");
+  if (!reader.isEmpty()) {
+    reader_.setProcessChannelMode(QProcess::ForwardedChannels);
+    reader_.start(reader, {QString::number(QCoreApplication::applicationPid()),
+                           folder_ + '/' + shot.file + ".txt"});
+  }
+}
+
+bool Photographer::isRead() {
+  if (reader_.state() != QProcess::NotRunning) {
+    return false;
+  }
+  if (reader_.exitCode() != 0 || reader_.error() == QProcess::FailedToStart) {
+    leave();
+    return false;
+  }
+  return true;
 }
 
 void Photographer::save(const Shot& shot) {
@@ -83,6 +105,7 @@ void Photographer::save(const Shot& shot) {
 
 void Photographer::leave() {
   look_.stop();
+  closeAll();
   program_.gate.enter([this] {
     program_.state.MemoryModified = false;
     form()->unload();

@@ -4,9 +4,12 @@
 #include <QAction>
 #include <QApplication>
 #include <QBitmap>
+#include <QClipboard>
 #include <QDeadlineTimer>
 #include <QFile>
+#include <QLineEdit>
 #include <QListWidget>
+#include <QProcess>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTimer>
@@ -75,11 +78,20 @@ class Photographer {
   void add(std::initializer_list<Shot> shots) { shots_.insert(shots_.end(), shots); }
   void listWindows();
   void addPages(const QString& radio, const QByteArray& first);
-  void addDialog(const QString& radio, const char* action, const char* window);
+  /// A window that comes up by what the user does, or by the command of that name.
+  void addWindow(const QString& radio, const char* name, std::function<void()> act);
+  void addDialog(const QString& radio, const char* action, const char* name);
+  void addReturn(const char* main);
+  void addFindBar();
+  void addLockouts();
+  void addClipboard();
   void look();
   void act(const Shot& shot);
   void take(const Shot& shot);
   void save(const Shot& shot);
+  void startReader(const Shot& shot);
+  /// Whether the reader is still at the last window. Ends the program if it has found a fault.
+  [[nodiscard]] bool isRead();
   [[nodiscard]] bool isSized() const;
   void leave();
 
@@ -147,6 +159,8 @@ class Photographer {
   QSize whole_;
   QTimer look_;
   QDeadlineTimer patience_;
+  /// Reads each window on the accessibility bus, if TARNVEX_READER names one: READER PID FILE.
+  QProcess reader_;
   std::vector<Shot> shots_;
   std::size_t at_ = 0;
   bool acted_ = false;

@@ -104,44 +104,4 @@ void Photographer::listHandHeld() {
   });
 }
 
-void Photographer::addPages(const QString& radio, const QByteArray& first) {
-  const std::array pages = {"station", "trunked", "options", "hits"};
-  for (int tab = kStation; tab <= kHits; ++tab) {
-    const bool begins = tab == kStation;
-    shots_.push_back(
-        {radio + QLatin1Char('-') + QLatin1String(pages[static_cast<std::size_t>(tab)]),
-         begins ? first : QByteArray(),
-         [this, radio] { return isUpright() == (radio == QLatin1String("bc245")); },
-         [this, tab] { show(static_cast<Tab>(tab)); }, [] { return true; },
-         [this] { return program_.windows.mainWindow(); }});
-  }
-}
-
-void Photographer::addDialog(const QString& radio, const char* action, const char* name) {
-  shots_.push_back({radio + QLatin1Char('-') + QLatin1String(name), "", [] { return true; },
-                    [this, action] {
-                      closeAll();
-                      choose(action);
-                    },
-                    [name] { return window(name) != nullptr; }, [name] { return window(name); }});
-}
-
-void Photographer::listWindows() {
-  addPages("bc895", "scene quiet\nmode MD00\nreception 1 90");
-  for (const auto& [action, name] :
-       {std::pair{"mnuUpload", "frmUpload"}, std::pair{"mnuDownload", "frmDownload"},
-        std::pair{"mnuExport", "Form8"}, std::pair{"mnuAbout", "frmAbout"},
-        std::pair{"mnuContents", "help"}, std::pair{"mnuQV", "QuickView"}}) {
-    addDialog("bc895", action, name);
-  }
-  shots_.push_back({{}, "", kAlways, [] { closeAll(); }, stands("Form4"), nullptr});
-  addPages("bc245", "become bc245\nscene quiet\nmode MD00\nreception 61 90");
-  for (const auto& [action, name] :
-       {std::pair{"mnuCustom", "Form5"}, std::pair{"mnuOwnloadTrunk", "frmDownloadtrs"},
-        std::pair{"mnuUploadTrunk", "frmUploadtrs"}, std::pair{"mnuQV", "Form9"}}) {
-    addDialog("bc245", action, name);
-  }
-  shots_.push_back({{}, "", kAlways, [] { closeAll(); }, stands("Form2"), nullptr});
-}
-
 }  // namespace tarnvex::pictures

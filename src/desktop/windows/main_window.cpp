@@ -58,10 +58,10 @@ MainWindow::MainWindow(shell::Form4& form, platform::EventGate& gate, DeviceSlot
     : MainWindow(form, gate, std::move(report)) {
   // The wide desk set is above the pages.
   addPanel(form, bc895Layout(), QBoxLayout::TopToBottom);
-  addPages(makeOptionsPage({{makeLinkFrame(form.linkControls, form.linkState, devices, binder_)},
-                            {makeMultiscanFrame(form.multiscan, binder_)},
-                            {makeSwitchesFrame(form, binder_, true)},
-                            {makeSearchFrame(form.customSearch, binder_)}}));
+  addPages(makeOptionsPage(
+      {{makeLinkFrame(form.linkControls, form.linkState, devices, binder_)},
+       {makeMultiscanFrame(form.multiscan, binder_), makeSwitchesFrame(form, binder_, true)},
+       {makeSearchFrame(form.customSearch, binder_)}}));
   addProgress(form.idTransfer.progress);
   // At usual font sizes all pages fit without scrolling.
   const QFontMetrics metrics(font());

@@ -286,8 +286,9 @@ QWidget* makeOptionsPage(const QVector<QVector<QWidget*>>& columns) {
   auto* row = new QHBoxLayout(content);
   for (const auto& frames : columns) {
     auto* column = new QVBoxLayout;
+    // The last frame of a column takes what is left of its height.
     for (QWidget* frame : frames) {
-      column->addWidget(frame);
+      column->addWidget(frame, frame == frames.last() ? 1 : 0);
     }
     row->addLayout(column);
   }

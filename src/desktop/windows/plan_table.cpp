@@ -155,7 +155,10 @@ void PlanTable::contextMenuEvent(QContextMenuEvent* event) {
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
   menu->addActions(actions());
-  menu->popup(event->globalPos());
+  // Opened by the keyboard, it belongs to the current cell.
+  const bool byKeyboard = event->reason() == QContextMenuEvent::Keyboard;
+  const QPoint cell = visualRect(currentIndex()).bottomLeft();
+  menu->popup(byKeyboard ? viewport()->mapToGlobal(cell) : event->globalPos());
 }
 
 void PlanTable::beepUnless(bool done) {

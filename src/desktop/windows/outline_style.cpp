@@ -1,0 +1,151 @@
+#include "desktop/windows/outline_style.h"
+
+#include <QApplication>
+#include <QStyleOption>
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace tarnvex::desktop {
+namespace {
+
+/// What is wanted, with something over for what the style makes lighter. Ticks and rounds are
+/// drawn with softer edges.
+constexpr double kContrast = 3.6;
+constexpr double kIndicatorContrast = 4.6;
+/// A window has a handful of palettes.
+constexpr qsizetype kKept = 64;
+
+constexpr std::array kPrimitives = {QStyle::PE_Frame, QStyle::PE_FrameLineEdit,
+                                    QStyle::PE_PanelLineEdit, QStyle::PE_PanelButtonCommand,
+                                    QStyle::PE_PanelButtonTool};
+constexpr std::array kIndicators = {QStyle::PE_IndicatorCheckBox, QStyle::PE_IndicatorRadioButton,
+                                    QStyle::PE_IndicatorItemViewItemCheck};
+
+double luminance(const QColor& colour) {
+  const auto linear = [](double part) {
+    return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+         0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other) {
+  const auto [dark, bright] = std::minmax(luminance(one), luminance(other));
+  return (bright + 0.05) / (dark + 0.05);
+}
+
+QColor mix(const QColor& one, const QColor& other, double share) {
+  const auto part = [share](double from, double to) { return from + (to - from) * share; };
+  return QColor::fromRgbF(float(part(one.redF(), other.redF())),
+                          float(part(one.greenF(), other.greenF())),
+                          float(part(one.blueF(), other.blueF())));
+}
+
+/// What controls lie on: the style draws the pages of a tab widget lighter than the window.
+std::array<QColor, 3> groundsOf(const QPalette& palette) {
+  const QColor window = palette.color(QPalette::Active, QPalette::Window);
+  return {window, window.lighter(135), palette.color(QPalette::Active, QPalette::Base)};
+}
+
+/// The first colour on the way from `from` to the text's that is shown with enough contrast.
+template <class Shown>
+QColor onTheWay(const QColor& from, const QPalette& palette, double wanted, Shown shown) {
+  const auto grounds = groundsOf(palette);
+  const QColor ink = palette.color(QPalette::Active, QPalette::WindowText);
+  for (double share = 0; share < 1; share += 0.05) {
+    const QColor colour = mix(from, ink, share);
+    if (std::ranges::all_of(grounds, [&](const QColor& ground) {
+          return contrast(shown(colour), ground) >= wanted;
+        })) {
+      return colour;
+    }
+  }
+  return ink;
+}
+
+/// How the style makes an outline of the window's colour, and one with the focus of the highlight.
+QColor outlineOf(const QColor& window) {
+  return window.darker(140);
+}
+
+QColor focusedOutlineOf(const QColor& highlight) {
+  constexpr int kBrightest = 160;
+  QColor outline = highlight.darker(125);
+  if (outline.value() > kBrightest) {
+    outline.setHsl(outline.hue(), outline.saturation(), kBrightest);
+  }
+  return outline;
+}
+
+QPalette makeStrong(const QPalette& palette, double wanted) {
+  QPalette strong = palette;
+  for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+    strong.setColor(group, QPalette::Window,
+                    onTheWay(palette.color(group, QPalette::Window), palette, wanted, outlineOf));
+    strong.setColor(
+        group, QPalette::Highlight,
+        onTheWay(palette.color(group, QPalette::Highlight), palette, wanted, focusedOutlineOf));
+  }
+  return strong;
+}
+
+}  // namespace
+
+/// Lends a palette to an option while a control is drawn.
+class OutlineStyle::Lent {
+ public:
+  Lent(const QStyleOption* option, const QPalette& palette)
+      : option_(const_cast<QStyleOption*>(option)), before_(option->palette) {
+    option_->palette = palette;
+    option_->palette.setCurrentColorGroup(before_.currentColorGroup());
+  }
+  ~Lent() { option_->palette = before_; }
+  Q_DISABLE_COPY_MOVE(Lent)
+
+ private:
+  QStyleOption* option_;
+  QPalette before_;
+};
+
+OutlineStyle::OutlineStyle() : QProxyStyle(QStringLiteral("fusion")) {}
+
+QPalette OutlineStyle::strong(const QPalette& palette, bool indicator) const {
+  if (own_.contains(palette.cacheKey())) {
+    return palette;
+  }
+  if (own_.size() > kKept) {
+    strong_.clear();
+    own_.clear();
+  }
+  QPalette& made = strong_[{palette.cacheKey(), indicator}];
+  if (!own_.contains(made.cacheKey())) {
+    made = makeStrong(palette, indicator ? kIndicatorContrast : kContrast);
+    own_.insert(made.cacheKey());
+  }
+  return made;
+}
+
+void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                                 QPainter* painter, const QWidget* widget) const {
+  const bool indicator = std::ranges::find(kIndicators, element) != kIndicators.end();
+  const bool known = std::ranges::find(kPrimitives, element) != kPrimitives.end();
+  const Lent lent(option,
+                  indicator || known ? strong(option->palette, indicator) : option->palette);
+  QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void OutlineStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                      QPainter* painter, const QWidget* widget) const {
+  const bool known = control == CC_ComboBox || control == CC_SpinBox;
+  const Lent lent(option, known ? strong(option->palette, false) : option->palette);
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+void installOutlines() {
+  if (QApplication::style()->name() == QLatin1String("fusion")) {
+    QApplication::setStyle(new OutlineStyle);
+  }
+}
+
+}  // namespace tarnvex::desktop
