@@ -15,7 +15,7 @@ namespace {
 
 /// Enough of a device's name to distinguish it from others. The drop-down list shows the whole
 /// name.
-constexpr int kShownCharacters = 16;
+constexpr int kShownCharacters = 12;
 
 bool sameDevice(const QString& one, const QString& other) {
   const QString real = QFileInfo(one).canonicalFilePath();
