@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
+#include <utility>
 
 #include "link/scanner_commands.h"
+#include "link/scanner_replies.h"
 #include "platform/convert.h"
 
 namespace tarnvex::link {
@@ -13,16 +14,45 @@ namespace {
 constexpr std::string_view kKey = "KEY";
 constexpr std::string_view kIds = "ID";
 
-/// The first letters of the commands and of most answers.
-constexpr std::array<std::string_view, 36> kWords{
+/// The first letters of the commands and of most answers. A key is "KEY".
+constexpr std::array<std::string_view, 35> kWords{
     "AC", "AF", "AL", "AR", "AT", "BT", "CS", "CT", "DL", "FB", "FI", "IC",
     "ID", "IL", "IS", "LL", "LO", "LT", "LU", "MA", "MD", "MU", "PC", "PI",
-    "PM", "PR", "SB", "SG", "SI", "SQ", "SS", "TB", "TD", "TR", "WI", kKey};
+    "PM", "PR", "SB", "SG", "SI", "SQ", "SS", "TB", "TD", "TR", "WI"};
+
+/// What any command may be answered with.
+constexpr std::array<std::string_view, 4> kAnswerWords{"OK", reply::kError, reply::kNothing,
+                                                       reply::kFault};
+
+constexpr std::size_t kLetters = 26;
+
+constexpr bool isLetter(char character) {
+  return character >= 'A' && character <= 'Z';
+}
+
+constexpr std::size_t placeOf(std::string_view word) {
+  return static_cast<std::size_t>(word[0] - 'A') * kLetters +
+         static_cast<std::size_t>(word[1] - 'A');
+}
+
+/// Which pairs of letters are words. Every exchange looks here twice.
+constexpr auto kIsWord = [] {
+  std::array<bool, kLetters * kLetters> table{};
+  for (const std::string_view word : kWords) {
+    table[placeOf(word)] = true;
+  }
+  return table;
+}();
 
 std::string_view wordAt(std::string_view text) {
-  const auto* const word = std::ranges::find_if(
-      kWords, [text](std::string_view word) { return text.starts_with(word); });
-  return word == kWords.end() ? std::string_view() : *word;
+  if (text.size() < 2 || !isLetter(text[0]) || !isLetter(text[1])) {
+    return {};
+  }
+  const std::string_view pair = text.substr(0, 2);
+  if (kIsWord[placeOf(pair)]) {
+    return pair;
+  }
+  return text.starts_with(kKey) ? kKey : std::string_view();
 }
 
 /// The word of the command that a line answers or repeats. Empty if it can't be told.
@@ -41,8 +71,7 @@ std::string_view ownerOf(std::string_view line) {
   return wordAt(line);
 }
 
-bool takesAnything(std::string_view command) {
-  const std::string_view word = wordAt(command);
+bool takesAnything(std::string_view command, std::string_view word) {
   return word.empty() || word == kKey || command == command::kStreamIds;
 }
 
@@ -68,54 +97,83 @@ bool isQuestion(std::string_view command) {
   return isBareWord || asksForEntry || asksAboutPlace(command);
 }
 
-/// Calls `line` for each line of a text in which every line ends with a carriage return.
-void forEachLine(std::string_view text, const std::function<void(std::string_view)>& line) {
-  for (std::size_t end = text.find('\r'); end != std::string_view::npos; end = text.find('\r')) {
-    line(text.substr(0, end));
-    text.remove_prefix(end + 1);
+/// Removes the lines for which `unwanted` holds. Every line ends with a carriage return.
+template <class Unwanted>
+void eraseLines(std::string& text, Unwanted unwanted) {
+  std::size_t at = 0;
+  while (at < text.size()) {
+    const std::size_t size = text.find('\r', at) - at;
+    if (unwanted(std::string_view(text).substr(at, size))) {
+      text.erase(at, size + 1);
+    } else {
+      at += size + 1;
+    }
   }
+}
+
+/// Setting a switch is answered by its new state, and setting banks or limits by what is set.
+bool isAnsweredByItself(std::string_view command) {
+  constexpr std::array kSettings{command::kScanBanks, command::kTrunkScanBanks,
+                                 command::kLowerLimit, command::kUpperLimit};
+  return command.size() <= 3 ||
+         std::ranges::any_of(kSettings, [&](auto word) { return command.starts_with(word); });
 }
 
 }  // namespace
 
 Belonging belongingOf(std::string_view command, std::string_view line) {
   const std::string_view owner = ownerOf(line);
-  if (takesAnything(command) || owner.empty()) {
+  const std::string_view word = wordAt(command);
+  if (owner.empty() || takesAnything(command, word)) {
     return Belonging::Answer;
   }
   if (command == command::kStopIds) {
     // Every streamed line begins with the same letters as the answer to this command.
     return line.starts_with(command) ? Belonging::Answer : Belonging::Elsewhere;
   }
-  if (!sharesAnswers(wordAt(command), owner) || (isQuestion(command) && line == command)) {
+  if (!sharesAnswers(word, owner) || (line == command && isQuestion(command))) {
     return Belonging::Elsewhere;
   }
-  return asksAboutPlace(command) && owner == wordAt(command) && !line.starts_with(command)
+  return owner == word && !line.starts_with(command) && asksAboutPlace(command)
              ? Belonging::OtherPlace
              : Belonging::Answer;
 }
 
-bool isDoubtfulAnswer(std::string_view command, std::string_view line) {
-  const std::string_view owner = ownerOf(line);
-  return takesAnything(command) && !owner.empty() &&
-         (command != command::kStreamIds || owner != kIds);
+bool isOwnAnswer(std::string_view command, std::string_view line) {
+  return sharesAnswers(wordAt(command), ownerOf(line));
 }
 
-void ReplyReader::add(std::string_view bytes) {
-  buffer_ += bytes;
+bool isDoubtfulAnswer(std::string_view command, std::string_view line) {
+  const std::string_view owner = ownerOf(line);
+  return !owner.empty() && takesAnything(command, wordAt(command)) &&
+         (owner != kIds || command != command::kStreamIds);
+}
+
+std::string_view strangenessOf(std::string_view command, std::string_view line) {
+  if (line == command && !isAnsweredByItself(command)) {
+    return wordAt(command);
+  }
+  const bool isKnown = line.empty() || !ownerOf(line).empty() ||
+                       std::ranges::find(kAnswerWords, line) != kAnswerWords.end();
+  return isKnown ? std::string_view() : line;
+}
+
+void ReplyReader::add(std::string bytes) {
+  if (buffer_.empty()) {
+    buffer_ = std::move(bytes);
+  } else {
+    buffer_ += bytes;
+  }
   if (!complete()) {
     return;
   }
-  std::string kept;
-  forEachLine(buffer_, [&](std::string_view line) {
+  eraseLines(buffer_, [this](std::string_view line) {
     const Belonging belonging = belongingOf(command_, line);
-    if (belonging == Belonging::Answer) {
-      kept.append(line).push_back('\r');
-    } else if (belonging == Belonging::OtherPlace) {
+    if (belonging == Belonging::OtherPlace) {
       otherPlace_.assign(line).push_back('\r');
     }
+    return belonging != Belonging::Answer;
   });
-  buffer_ = std::move(kept);
 }
 
 std::string ReplyReader::take() {
@@ -132,14 +190,11 @@ std::string ReplyReader::take() {
   return std::move(buffer_);
 }
 
-std::string withoutStrayLines(std::string_view command, std::string_view lines) {
-  std::string kept;
-  forEachLine(lines, [&](std::string_view line) {
-    if (belongingOf(command, line) == Belonging::Answer) {
-      kept.append(line).push_back('\r');
-    }
+std::string withoutStrayLines(std::string_view command, std::string lines) {
+  eraseLines(lines, [command](std::string_view line) {
+    return belongingOf(command, line) != Belonging::Answer;
   });
-  return kept;
+  return lines;
 }
 
 }  // namespace tarnvex::link

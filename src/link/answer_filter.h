@@ -21,17 +21,25 @@ enum class Belonging {
 /// `line` is without its carriage return. Keys and "IDN" may be answered by anything.
 Belonging belongingOf(std::string_view command, std::string_view line);
 
+/// Whether a line has the form of an answer to that command, or of an answer with the same layout.
+bool isOwnAnswer(std::string_view command, std::string_view line);
+
 /// Whether a line that was accepted as the answer to a key or to "IDN" looks like something else.
 /// The real answer may then still be on its way.
 bool isDoubtfulAnswer(std::string_view command, std::string_view line);
 
+/// What is strange in an answer that was taken; empty if nothing is. A line of no known form may be
+/// noise before the answer, and the echo of a command that sets something looks like an answer. But
+/// either may be how this radio answers: then the next such answer is strange in the same way.
+std::string_view strangenessOf(std::string_view command, std::string_view line);
+
 /// Collects the answer to one command from the bytes that arrive, and drops lines that belong
-/// elsewhere. Used only by the exchange.
+/// elsewhere. Used only by the exchange. The command outlives it.
 class ReplyReader {
  public:
   explicit ReplyReader(std::string_view command) : command_(command) {}
 
-  void add(std::string_view bytes);
+  void add(std::string bytes);
   /// Whether the answer has arrived.
   [[nodiscard]] bool complete() const { return buffer_.ends_with('\r'); }
   /// The answer without its last character, whatever that is. If only lines that belong elsewhere
@@ -41,13 +49,13 @@ class ReplyReader {
   [[nodiscard]] bool leavesDoubt() const { return doubt_; }
 
  private:
-  std::string command_;
+  std::string_view command_;
   std::string buffer_;
   std::string otherPlace_;
   bool doubt_ = false;
 };
 
 /// The listing without the lines that don't belong to it. Every line ends with a carriage return.
-std::string withoutStrayLines(std::string_view command, std::string_view lines);
+std::string withoutStrayLines(std::string_view command, std::string lines);
 
 }  // namespace tarnvex::link

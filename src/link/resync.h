@@ -19,6 +19,10 @@ inline constexpr int kMostQuietSpins = 12500;
 /// once on a closed port or when the device is gone.
 void letFallQuiet(platform::SerialPort& port);
 
+/// The same before an exchange. A text without line ends has no time limit: the answer would come
+/// at its end. False if the user leaves meanwhile; the exchange is then of no use.
+bool waitUntilUsable(platform::SerialPort& port);
+
 /// Opens a port and waits until the line is quiet, since an answer to an earlier user of the port
 /// may be on its way. Returns the description of a failure to open, or nothing on success.
 std::optional<std::string> openQuietly(platform::SerialPort& port);

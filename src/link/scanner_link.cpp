@@ -20,6 +20,10 @@ std::string withoutLast(std::string text) {
   return text;
 }
 
+std::string_view firstLine(std::string_view reply) {
+  return reply.substr(0, reply.find('\r'));
+}
+
 /// Where a list ends, just after its closing line; a stray line may follow it. Nothing if the
 /// closing line hasn't come.
 std::optional<std::size_t> endOfList(const std::string& lines) {
@@ -82,6 +86,11 @@ std::optional<std::string> ScannerLink::readReply(platform::SerialPort& port,
   }
   std::string reply = reader.take();
   inDoubt_ = reader.leavesDoubt();
+  if (const auto strange = strangenessOf(command, firstLine(reply)); !strange.empty()) {
+    // The same twice is how this radio answers.
+    inDoubt_ = inDoubt_ || strange != strangeness_;
+    strangeness_ = strange;
+  }
   return reply;
 }
 
@@ -142,9 +151,10 @@ bool ScannerLink::send(const Line& line, std::string_view command, std::size_t w
   if (line.port == nullptr || reporting_) {
     return false;
   }
-  if (std::exchange(inDoubt_, false)) {
-    letFallQuiet(*line.port);
+  if (inDoubt_ && !waitUntilUsable(*line.port)) {
+    return false;
   }
+  inDoubt_ = false;
   line.port->discardInput();
   if (!line.port->portOpen()) {
     return false;

@@ -89,6 +89,8 @@ class ScannerLink {
   Line bc245_;
   bool reporting_ = false;
   bool inDoubt_ = false;
+  /// What was strange in the last answer in which something was.
+  std::string strangeness_;
   IdStream ids_{*this};
 };
 

@@ -48,6 +48,7 @@ class WatchedPort : public platform::SerialPort {
   std::string input() override;
   bool waitForInput(std::size_t atLeast, platform::Spins& budget) override;
   bool waitForInput(std::size_t atLeast) override;
+  [[nodiscard]] bool userLeaves() const override { return inner_->userLeaves(); }
 
  private:
   std::unique_ptr<platform::SerialPort> inner_;

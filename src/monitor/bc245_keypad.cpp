@@ -191,7 +191,7 @@ void Bc245Keypad::addToEntry(char character, std::string_view reply) {
 void Bc245Keypad::ToggleLetter(int digit) {
   const auto word = option8_.value() ? link::command::kScanBanks : link::command::kTrunkScanBanks;
   const char letter = link::bankLetter((digit + 9) % 10);
-  std::string list = link::bankList(actions_.send(word));
+  std::string list = link::bankList(actions_.insist(word));
   const std::size_t place = list.find(letter);
   if (place == std::string::npos) {
     list += letter;

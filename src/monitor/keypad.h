@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "link/insist.h"
 #include "link/scanner_link.h"
 #include "monitor/key_beep.h"
 #include "monitor/panel_state.h"
@@ -38,6 +39,8 @@ class KeyActions {
   [[nodiscard]] const std::string& mode() const { return panel_.mode.caption(); }
   void beep() { outside_.keyBeep.sound(); }
   std::string send(std::string_view command) { return outside_.link.SendCommand(command); }
+  /// The same with a question whose answer is sent back.
+  std::string insist(std::string_view question) { return link::insist(outside_.link, question); }
   /// Reads and ignores a line that may still be on its way.
   void skipReply() { outside_.link.ReadReply(); }
   void endEntry() { outside_.state.EntryActive = false; }

@@ -73,6 +73,8 @@ class SerialPort : private NonCopyable {
   /// The same without a limit. Also false when the user leaves (closes the window, presses Connect,
   /// picks a COM option), so that a wait can't keep the program from closing.
   virtual bool waitForInput(std::size_t atLeast) = 0;
+  /// Whether the user wants to leave, for waits that look again and again.
+  [[nodiscard]] virtual bool userLeaves() const { return false; }
 };
 
 /// Makes a serial port. Each window has its own.

@@ -33,8 +33,13 @@ void CustomSearch::choose() {
   }
   // Deliberate: asks even if there is no such record or no file. The radio then searches between
   // the limits that it already has.
-  if (outside_.dialogs.messageBox("Start searching now?", "Confirm Search",
-                                  platform::kYesNoQuestion) == platform::Answer::Yes) {
+  const auto answer = outside_.dialogs.messageBox("Start searching now?", "Confirm Search",
+                                                  platform::kYesNoQuestion);
+  if (outside_.state.ModelKey != model_.key) {
+    // The radios were exchanged meanwhile, and the question went with its window.
+    return;
+  }
+  if (answer == platform::Answer::Yes) {
     outside_.link.SendCommand(link::key::kSearch);
   } else if (model_.scansAfterNo) {
     outside_.link.SendCommand(link::key::kScan);

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "link/insist.h"
 #include "link/scanner_commands.h"
 #include "memory/plan_records.h"
 
@@ -35,7 +36,7 @@ Bc245IdTransfer::Bc245IdTransfer(Words words, MainWindow mainWindow,
                  outside) {}
 
 memory::BankDialog::Outcome Bc245IdTransfer::transferBanks(memory::Transfer& transfer) {
-  choice_ = outside_.link.SendCommand(link::command::kScanBanks);
+  choice_ = link::insist(outside_.link, link::command::kScanBanks);
   for (int bank = 0; bank < kBanks; ++bank) {
     const Outcome outcome = !List1.selected(bank)     ? Outcome::Done
                             : transfer.letOthersRun() ? transferBank(transfer, bank)
@@ -91,7 +92,7 @@ std::optional<bool> Bc245IdTransfer::startTrunking(memory::Transfer& transfer, i
     return std::nullopt;
   }
   link.SendCommand(link::key::kManual);
-  outside_.state.CurrentMode = link.SendCommand(link::command::kMode);
+  outside_.state.CurrentMode = link::insist(link, link::command::kMode);
   if (!transfer.keepPollStopped()) {
     return std::nullopt;
   }

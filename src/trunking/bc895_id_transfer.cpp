@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "link/insist.h"
 #include "link/scanner_commands.h"
 #include "memory/plan_lookup.h"
 #include "memory/plan_records.h"
@@ -19,7 +20,7 @@ constexpr int kSlots = 10;
 }  // namespace
 
 std::optional<int> TrunkBankResolver(link::ScannerLink& link, const platform::Table& MSFlexGrid1) {
-  const link::SignalReply signal(link.SendCommand(link::command::kSignal));
+  const link::SignalReply signal(link::insist(link, link::command::kSignal));
   const auto frequency = signal.tableFrequency();
   const auto row = frequency ? memory::findChannel(MSFlexGrid1, *frequency) : std::nullopt;
   return row ? std::optional(memory::bankOfChannel(*row)) : std::nullopt;

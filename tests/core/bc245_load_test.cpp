@@ -176,6 +176,20 @@ TEST_F(Bc245Speed, GoesRoundTheChosenBanks) {
   EXPECT_EQ(radio.takeLog(), "");
 }
 
+TEST_F(Bc245Speed, LeavesATransferAlone) {
+  bank(2).userClick();
+  form.speed.Option5.userClick();
+  radio.log.clear();
+  state.TransferRunning = true;
+  form.speed.Option6.userClick();
+  form.speed.Option5.userClick();
+  bank(5).userClick();
+  EXPECT_EQ(tick(), "");
+  EXPECT_EQ(form.panel.Frequency.caption(), "Scanning");
+  state.TransferRunning = false;
+  EXPECT_NE(tick(), "");
+}
+
 TEST_F(Bc245Speed, IsOffWithoutBanks) {
   form.speed.Option5.userClick();
   EXPECT_FALSE(form.speed.Option5.value()) << "nothing to scan yet";

@@ -154,12 +154,20 @@ TEST_F(ScannerLinkTest, WaitsForAQuietLineIfAnAnswerMayBeOnItsWay) {
       {"KEY00\r", {{"OK\r"}, {"ERR\r", 1500}}, true},
       {"IDN", {{"MD08\r"}, {"OK\r", 1500}}, true},
       {"MD", {{"MD0"}, {"8\r", 72600}}, true},
-      // No delay after correct answers.
+      {"KEY00", {{"#\r"}, {"OK\r", 1500}}, true},
+      {"LO", {{"?\r"}, {"LOF\r", 1500}}, true},
+      {"LO", {{"#\r"}, {"LOF\r", 1500}}, true},
+      {"IC A1 001234", {{"IC A1 001234\r"}, {"OK\r", 1500}}, true},
+      {"IC A2 001234", {{"IC A2 001234\r"}}, false},
+      {"KEY00", {{"#\r"}, {"OK\r", 1500}}, true},
+      // No delay after correct answers. The same strange answer twice is how this radio answers.
+      {"KEY01", {{"#\r"}}, false},
+      {"DLN", {{"DLN\r"}}, false},
+      {"LO", {{"#\r"}}, false},
       {"KEY00", {{"OK\r"}}, false},
       {"KEY00\r", {{"OK\rERR\r"}}, false},
       {"IDN", {{"ID S 001234\r"}}, false},
       {"MD", {{"LOF\r"}, {"MD08\r"}}, false},
-      {"LO", {{"#\r"}}, false},
   };
   for (const auto& [command, pieces, waits] : cases) {
     SCOPED_TRACE(command + pieces.front().bytes);
@@ -183,6 +191,25 @@ TEST_F(ScannerLinkTest, WaitsForAQuietLineIfAnAnswerMayBeOnItsWay) {
   };
   link.SendCommand("KEY00");
   EXPECT_NEAR(static_cast<double>(sent - before), kMostQuietSpins, 1000);
+}
+
+TEST_F(ScannerLinkTest, SendsNothingIntoATextWithoutLineEnds) {
+  constexpr int kGap = 1500;
+  std::vector<Piece> flood(200, Piece{"ABCDEFGH", kGap});
+  flood.push_back({"MD00\r"});
+  EXPECT_EQ(send({"MD", flood}).substr(0, 8), "ABCDEFGH");
+  EXPECT_LT(radio.spins, 2 * ScannerLink::kReadSpins);
+  EXPECT_EQ(send("SI > ERR"), "ERR") << "neither the rest of the text nor the answer at its end";
+  EXPECT_GT(radio.spins, 200 * kGap);
+  // Unless the user wants to leave.
+  connect();
+  radio.userLeaves = true;
+  send({"MD", flood});
+  const auto before = radio.spins;
+  EXPECT_EQ(link.SendCommand("SI"), "");
+  EXPECT_EQ(radio.takeLog(), "MD");
+  EXPECT_LT(radio.spins - before, 3 * kQuietSpins);
+  expectReported(0);
 }
 
 TEST_F(ScannerLinkTest, ReportsSilenceOnceAndThenReturnsAtOnce) {

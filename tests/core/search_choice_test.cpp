@@ -67,6 +67,12 @@ TEST(SearchChoice, SendsTheLimitsAndAsks) {
   choosesSearches<shell::Form2>("BC245", "");
 }
 
+TEST(SearchChoice, SendsNothingToARadioThatHasComeMeanwhile) {
+  Searches<shell::Form4> searches("BC895");
+  searches.dialogs.whileOpen = [&] { searches.state.ModelKey = "BC245"; };
+  EXPECT_EQ(searches.choose(1, Answer::No), "KEY00; MD; LL00200000; LU13000000");
+}
+
 TEST(SearchChoice, PopsUpOverASelectedSearch) {
   Searches<shell::Form4> searches("BC895");
   auto& form = searches.form;

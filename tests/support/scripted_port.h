@@ -276,6 +276,7 @@ class ScriptedPort : public platform::SerialPort {
     }
     return arrived;
   }
+  [[nodiscard]] bool userLeaves() const override { return radio_.userLeaves; }
 
  private:
   template <class Advance>

@@ -1,23 +1,30 @@
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <string>
 #include <string_view>
 
 #include "platform/serial_port.h"
 #include "radio/serial_line.h"
+#include "support/fake_loop.h"
 
 namespace tarnvex::trial {
 
-/// A simulated radio on a line with its speed and faults. It has a clock of its own, which moves
-/// only while somebody waits.
+/// A simulated radio on a line with its speed and faults. Its clock moves only while the program
+/// waits at the port or sleeps in the loop.
 struct TrialRadio {
   TrialRadio(radio::Model model, int baud, std::uint64_t seed)
-      : radio(model, seed), line(radio, {.baud = baud, .seed = seed}, now) {}
+      : radio(model, seed), line(radio, {.baud = baud, .seed = seed}, {}) {}
 
-  [[nodiscard]] radio::Millis milliseconds() const { return now.count() / 1'000'000; }
+  [[nodiscard]] radio::Instant now() const {
+    const std::int64_t slept = loop == nullptr ? 0 : loop->now();
+    return waited + std::chrono::milliseconds(slept);
+  }
+  [[nodiscard]] radio::Millis milliseconds() const { return now().count() / 1'000'000; }
 
-  radio::Instant now{};
+  radio::Instant waited{};
+  const test::FakeLoop* loop = nullptr;
   radio::Radio radio;
   radio::SerialLine line;
 };
@@ -42,6 +49,9 @@ class TrialPort : public platform::SerialPort {
   bool waitForInput(std::size_t atLeast, platform::Spins& budget) override;
   bool waitForInput(std::size_t atLeast) override;
 
+  /// The last exchanges as "MD > MD00; ...", oldest first.
+  [[nodiscard]] std::string lastExchanges() const;
+
   /// Called before each command with its number, from 1.
   std::function<void(int number, std::string_view command)> beforeCommand;
   int commands = 0;
@@ -61,7 +71,9 @@ class TrialPort : public platform::SerialPort {
   bool open_ = false;
   std::string waiting_;
   std::string read_;
+  std::string command_;
   std::string expected_;
+  std::deque<std::string> exchanges_;
 };
 
 }  // namespace tarnvex::trial

@@ -16,6 +16,7 @@ template <class Form>
 struct TrialWindow : private test::World {
   TrialWindow(radio::Model model, int baud, std::uint64_t seed)
       : line(model, baud, seed), form(onTrialLine(), outside()) {
+    line.loop = &loop;
     state.ModelKey = model == radio::Model::BC895XLT ? "BC895" : "BC245";
     dialogs.whileOpen = [this] { ++notices; };
   }
@@ -31,8 +32,8 @@ struct TrialWindow : private test::World {
   void load() { form.load(); }
   TrialPort& port() { return *port_; }
   int exchanges() const { return switches; }
-  void enter(const std::function<void()>& handler) { gate.enter(handler); }
   std::string mode() const { return state.CurrentMode; }
+  bool planChanged() const { return state.MemoryModified; }
 
   TrialRadio line;
   int notices = 0;

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "link/scanner_link.h"
+
+namespace tarnvex::link {
+
+/// Asks a question whose answer decides about more than the next picture of the panel: what is sent
+/// back to the radio, or whether a bank is transferred. A text that has no form of an answer is
+/// asked for once more, on a quiet line. Returns the last answer, whatever it is.
+std::string insist(ScannerLink& link, std::string_view question);
+
+}  // namespace tarnvex::link
