@@ -133,13 +133,14 @@ bool isKnown(const std::string& command, std::string_view kind) {
          !costsAnAnswer(kind);
 }
 
+constexpr Stray kStrays[] = {
+    {"ID S 005678", "before"}, {"ID S 005678", "joined"}, {"ID S 005678", "after"},
+    {"echo", "before"},        {"echo", "after"},         {"KEY13", "before"},
+    {"TB B E2-800", "joined"}, {"#", "before"},           {"#", "after"},
+    {"flood", "before"}};
+
 template <class Rig>
 void expectInStep(const std::string& opening, std::span<const Loop> loops) {
-  const Stray strays[] = {
-      {"ID S 005678", "before"}, {"ID S 005678", "joined"}, {"ID S 005678", "after"},
-      {"echo", "before"},        {"echo", "after"},         {"KEY13", "before"},
-      {"TB B E2-800", "joined"}, {"#", "before"},           {"#", "after"},
-      {"flood", "before"}};
   for (const Loop& loop : loops) {
     StrayRig<Rig> clean(opening, loop);
     const std::string log = clean.tickWith({"", ""}, 0);
@@ -147,7 +148,7 @@ void expectInStep(const std::string& opening, std::span<const Loop> loops) {
     const std::string hitLines = hits(clean);
     const auto commands = test::splitAt("; ", log);
     const std::string second = clean.tickWith({"", ""}, 0);
-    for (const Stray& stray : strays) {
+    for (const Stray& stray : kStrays) {
       for (std::size_t nth = 1; nth <= commands.size(); ++nth) {
         SCOPED_TRACE(std::string(loop.mode) + ": " + stray.kind + " " + stray.place +
                      " the reply " + std::to_string(nth) + " to " + commands[nth - 1]);
