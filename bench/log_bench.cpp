@@ -46,7 +46,7 @@ class TickRun {
             world_.settings,
             world_.clock,
             world_.link,
-            world_.files,
+            world_.store,
             world_.services.makeDialog,
             world_.backups,
             world_.services.makeMediaControl,

@@ -16,10 +16,13 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   test::FakeDialogs dialogs;
   platform::SharedState state;
   platform::Table channels("channels", 301, 8);
+  platform::Table talkgroups("talkgroups", 1001, 4);
+  platform::TabStrip tabs("tabs");
+  memory::ChannelMemory plan({channels, talkgroups, tabs}, state, dialogs, link::bc895Model(),
+                             [](const std::string&) {});
   store.files["given.apf"] = bytes.substr(std::min<std::size_t>(1, size));
   dialog.choices = {"given.apf"};
-  memory::Form7 form(
-      {files, dialog, dialogs, state, [&]() -> platform::Table& { return channels; }});
+  memory::Form7 form({files, dialog, plan});
   form.load();
   form.Command2.userClick();
   const int first = size == 0 ? 1 : 45 + static_cast<unsigned char>(bytes[0]);

@@ -50,7 +50,6 @@ class Program : private platform::NonCopyable {
   QtDialogs dialogs{gate};
   files::FileCalls fileCalls;
   files::PosixFiles fileStore{fileCalls};
-  platform::SequentialFiles files{fileStore};
   WallClock clock;
   files::BackupFolder backups{fileCalls, clock, directory};
   platform::SharedState state;
@@ -60,7 +59,7 @@ class Program : private platform::NonCopyable {
   TimerDriver receptionTimer{receptions.Timer1, gate};
   QtWindows windows{loop, gate, devices, settings, [this] { return report(); }};
   shell::Application application{
-      {state, gate, makePort, dialogs, settings, clock, link, files,
+      {state, gate, makePort, dialogs, settings, clock, link, fileStore,
        [this] { return std::make_unique<QtCommonDialog>(gate); }, backups,
        [this] { return std::make_unique<SoundRecorder>(loop); }, receptions, directory},
       windows};

@@ -126,9 +126,14 @@ std::string BackupFolder::folder() {
 }
 
 Failure BackupFolder::keep(const std::string& path, std::string_view content, std::string& kept) {
+  std::error_code error;
+  std::filesystem::create_directories(folder_, error);
+  if (error) {
+    return describe(error.value());
+  }
   std::string time = clock_.now();
   std::ranges::replace(time, ':', '-');
-  auto failure = create(folder() + "/" + stemOf(path) + " " + time, content, kept);
+  auto failure = create(folder_ + "/" + stemOf(path) + " " + time, content, kept);
   if (!failure) {
     thin();
   }

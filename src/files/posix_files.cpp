@@ -20,7 +20,6 @@ namespace tarnvex::files {
 using platform::Failure;
 
 namespace {
-
 constexpr int kMostLinks = 40;
 constexpr int kMostTemporaries = 100;
 constexpr std::size_t kBlock = std::size_t{64} << 10;
@@ -195,11 +194,9 @@ Failure PosixFiles::checkWritable(const std::string& path) {
   if (auto failure = findTarget(path, target)) {
     return failure;
   }
-  if ((target.exists && calls_.access(target.path.c_str(), W_OK) < 0) ||
-      calls_.access(folderName(target.path).c_str(), W_OK | X_OK) < 0) {
-    return describe(errno);
-  }
-  return std::nullopt;
+  const int result = target.exists ? calls_.access(target.path.c_str(), W_OK)
+                                   : calls_.access(folderName(target.path).c_str(), W_OK | X_OK);
+  return result < 0 ? Failure(describe(errno)) : std::nullopt;
 }
 
 Failure PosixFiles::replace(const std::string& path, std::string_view content) {
@@ -208,7 +205,9 @@ Failure PosixFiles::replace(const std::string& path, std::string_view content) {
     return failure;
   }
   removeStrays(folderName(target.path));
-  if (target.exists && target.status.st_nlink > 1) {
+  // A folder that takes no new file leaves only the file itself to be written.
+  if (target.exists && (target.status.st_nlink > 1 ||
+                        calls_.access(folderName(target.path).c_str(), W_OK | X_OK) < 0)) {
     return writeInPlace(target, content);
   }
   std::string temporary;

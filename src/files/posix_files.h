@@ -18,9 +18,9 @@ namespace tarnvex::files {
 /// that is killed just before the renaming, or on a file system without unnamed files, leaves its
 /// temporary file behind; a later save into the folder removes it.
 ///
-/// A file that has several names, or an owner or group that a new file can't be given, is written
-/// in place. A failure then puts the old bytes back, but a process that is killed in the middle
-/// leaves a mixture.
+/// A file that has several names, or an owner or group that a new file can't be given, or that is
+/// in a folder which takes no new file, is written in place. A failure then puts the old bytes
+/// back, but a process that is killed in the middle leaves a mixture.
 class PosixFiles : public platform::FileStore {
  public:
   explicit PosixFiles(FileCalls& calls) : calls_(calls) {}

@@ -2,13 +2,7 @@
 
 #include <utility>
 
-#include "platform/convert.h"
-
 namespace tarnvex::memory {
-
-std::string ApfRecord::listed() const {
-  return platform::format(at(Frequency), "0.0000") + " " + at(AlphaTag);
-}
 
 ApfForm::ApfForm(ApfPorts ports, std::string name, std::string caption, std::string label,
                  std::string action)
@@ -19,23 +13,23 @@ ApfForm::ApfForm(ApfPorts ports, std::string name, std::string caption, std::str
       ports_(std::move(ports)) {
   CommonDialog1.DialogTitle = "Select APF File";
   CommonDialog1.Filter = "APF Files (*.apf)|*.apf";
+  CommonDialog1.KeepCaption = "Keep";
   Text1.setText("1");
   Command3.setEnabled(false);
-  Text1.onKey = [this](char key) { return passes(key); };
+  Text1.allowOnly("0123456789");
+  Text1.onKey = [this](char key) {
+    constexpr char kBackspace = 8;
+    const bool passes = Text1.takes(std::string(1, key)) || key == kBackspace;
+    if (!passes) {
+      dialogs().beep();
+    }
+    return passes;
+  };
   Command2.onClick = [this] {
     List1.selectAll();
     List1.setListIndex(0);
   };
   Command4.onClick = [this] { closed.notify(); };
-}
-
-bool ApfForm::passes(char key) {
-  constexpr char kBackspace = 8;
-  const bool passes = platform::isDigit(key) || key == kBackspace;
-  if (!passes) {
-    ports_.dialogs.beep();
-  }
-  return passes;
 }
 
 }  // namespace tarnvex::memory

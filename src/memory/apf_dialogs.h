@@ -1,50 +1,25 @@
 #pragma once
 
-#include <array>
-#include <functional>
 #include <string>
 
+#include "memory/apf_file.h"
+#include "memory/channel_memory.h"
 #include "platform/common_dialog.h"
 #include "platform/controls.h"
-#include "platform/dialogs.h"
 #include "platform/non_copyable.h"
 #include "platform/notifier.h"
 #include "platform/sequential_files.h"
-#include "platform/shared_state.h"
-#include "platform/table.h"
 #include "platform/window.h"
 
 namespace tarnvex::memory {
-
-/// One record of an APF file, which holds a list of frequencies for exchange with other programs. A
-/// record has seven fields, each in double quotes. The enumerators index `fields`.
-struct ApfRecord {
-  enum Field : std::size_t {
-    Blank,      ///< a single blank
-    Channel,    ///< channel number
-    Frequency,  ///< MHz
-    Mode,       ///< "am " (with the blank) or "nfm"
-    Delay,      ///< "d" or " "; anything but one blank means on
-    Lockout,    ///< "l" or " "; anything but one blank means on
-    AlphaTag,
-    kFields
-  };
-  std::array<std::string, kFields> fields;
-
-  [[nodiscard]] const std::string& at(Field field) const { return fields[field]; }
-  /// The record as the dialogs show it, such as "118.1000 Tower".
-  [[nodiscard]] std::string listed() const;
-};
 
 /// What the two dialogs use. All of it must outlive them.
 struct ApfPorts {
   platform::SequentialFiles& files;
   /// The form's own file dialog.
   platform::CommonDialog& CommonDialog1;
-  platform::Dialogs& dialogs;
-  platform::SharedState& state;
-  /// Returns `MSFlexGrid1` of the connected radio's main window. Called for each use.
-  std::function<platform::Table&()> MSFlexGrid1;
+  /// The plan of the main window.
+  ChannelMemory& memory;
 };
 
 /// Base of import and export: the dialog's controls, the number box that accepts only digits,
@@ -78,16 +53,14 @@ class ApfForm : private platform::NonCopyable {
   ApfForm(ApfPorts ports, std::string name, std::string caption, std::string label,
           std::string action);
 
-  ApfPorts ports_;
+  [[nodiscard]] platform::Dialogs& dialogs() { return ports_.memory.dialogs(); }
 
- private:
-  /// Whether the number box takes the key. Beeps if not.
-  bool passes(char key);
+  ApfPorts ports_;
 };
 
 /// "Import APF File": lists the records of a file and writes the selected ones into the plan, row
-/// by row from the start channel, whatever channel numbers they have. Deliberate: records that
-/// would go beyond row 300 are dropped without a message.
+/// by row from the start channel, whatever channel numbers they have. The import is one step of
+/// undo. Deliberate: records that would go beyond row 300 are dropped without a message.
 class Form7 : public ApfForm {
  public:
   explicit Form7(ApfPorts ports);
@@ -98,7 +71,6 @@ class Form7 : public ApfForm {
   platform::Failure list();
   platform::Failure listRecords();
   void importNow();
-  void finish(const platform::Failure& failure);
   platform::Failure importSelected(int channel);
   void report(const std::string& description);
 };

@@ -65,7 +65,7 @@ Form8::Form8(ApfPorts ports)
 }
 
 void Form8::load() {
-  const platform::Table& grid = ports_.MSFlexGrid1();
+  const platform::Table& grid = ports_.memory.MSFlexGrid1();
   std::vector<std::string> lines;
   for (int row = 1; row < grid.rows(); ++row) {
     lines.push_back(grid.textMatrix(row, ChannelRecord::Number) + " " +
@@ -110,7 +110,7 @@ std::string Form8::listTarget() {
 }
 
 void Form8::exportNow() {
-  const platform::Table& grid = ports_.MSFlexGrid1();
+  const platform::Table& grid = ports_.memory.MSFlexGrid1();
   Exported record;
   record.number = platform::toInteger(Text1.text());
   ports_.files.open(kFile, CommonDialog1.FileName, OpenMode::Append);

@@ -79,23 +79,21 @@ void Form7::importNow() {
   int channel = 0;
   auto failure = toChannel(Text1.text(), channel);
   if (!failure && (channel < 1 || channel > ChannelRecord::kRows)) {
-    ports_.dialogs.messageBox("Invalid channel number selected.", "Invalid Entry",
-                              platform::kWarning);
+    dialogs().messageBox("Invalid channel number selected.", "Invalid Entry", platform::kWarning);
     return;
   }
-  finish(failure ? failure : importSelected(channel));
-}
-
-void Form7::finish(const Failure& failure) {
+  if (!failure) {
+    failure = importSelected(channel);
+  }
   if (failure) {
     report(*failure);
-  } else if (ports_.state.MemoryModified) {
+  } else if (ports_.memory.state().MemoryModified) {
     // Deliberate: this is the plan's flag, not a count of the imported records. So the dialog also
     // closes if the plan had changes before the import.
     closed.notify();
   } else {
-    ports_.dialogs.messageBox("No frequencies were selected.", "No Frequencies Selected",
-                              platform::kWarning);
+    dialogs().messageBox("No frequencies were selected.", "No Frequencies Selected",
+                         platform::kWarning);
   }
 }
 
@@ -103,14 +101,15 @@ Failure Form7::importSelected(int channel) {
   if (auto failure = ports_.files.open(kFile, CommonDialog1.FileName, OpenMode::Input)) {
     return failure;
   }
-  platform::Table& grid = ports_.MSFlexGrid1();
+  const auto step = ports_.memory.history().step("Import");
+  platform::Table& grid = ports_.memory.MSFlexGrid1();
   ApfRecord record;
   for (int i = 0; i < List1.count() && channel <= ChannelRecord::kRows; ++i) {
     if (auto failure = ports_.files.read(kFile, record.fields)) {
       return failure;
     }
     if (List1.selected(i)) {
-      ports_.state.MemoryModified = true;
+      ports_.memory.state().MemoryModified = true;
       store(grid, channel++, record);
     }
   }
@@ -118,10 +117,9 @@ Failure Form7::importSelected(int channel) {
 }
 
 void Form7::report(const std::string& description) {
-  ports_.dialogs.messageBox(
-      "The following error occurred while import this apf file: " + description +
-          ". This file may be corrupt, or not a standard APF file.",
-      "Import Error", platform::kWarning);
+  dialogs().messageBox("The following error occurred while import this apf file: " + description +
+                           ". This file may be corrupt, or not a standard APF file.",
+                       "Import Error", platform::kWarning);
   ports_.files.close(kFile);
 }
 

@@ -68,13 +68,14 @@ class BankDialog : private platform::NonCopyable {
   /// Runs after the banks, before the poll starts again.
   virtual void releaseRadio() {}
 
+  [[nodiscard]] int selectedBanks() const;
+
   static constexpr int kBanks = 10;
   TransferOutside outside_;
 
  private:
   void transfer();
   void disableControls();
-  [[nodiscard]] int selectedBanks() const;
 
   std::string status_;
   int stepsPerBank_;

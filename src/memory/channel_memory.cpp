@@ -190,7 +190,8 @@ void ChannelMemory::StoreHit(HitList list, std::string_view line) {
 
 void ChannelMemory::showCell(Table& table, int row, int col) {
   tabs_.setTab(&table == &grid1_ ? 0 : 1);
-  table.placeCursor(row, std::max(col, 1));
+  // Never into a column that the window doesn't show.
+  table.placeCursor(row, table.colWidth(col) == 0 ? 1 : std::max(col, 1));
   table.setFocus();
 }
 

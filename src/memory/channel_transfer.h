@@ -20,8 +20,9 @@ class ChannelTransfer : public BankDialog {
   /// Shows the channel on the panel and lets other handlers run. False if the program has ended.
   static bool showChannel(Transfer& transfer, int channel);
 
- private:
   Outcome transferBanks(Transfer& transfer) override;
+
+ private:
   bool transferBank(Transfer& transfer, int bank);
 };
 

@@ -13,6 +13,14 @@ frmDownload::frmDownload(MainWindow mainWindow, const TransferOutside& outside)
                        "Download Now", "Downloading..."},
                       std::move(mainWindow), outside) {}
 
+BankDialog::Outcome frmDownload::transferBanks(Transfer& transfer) {
+  const auto step = transfer.main.history.step("Download");
+  if (selectedBanks() > 0 && !transfer.keepPlan()) {
+    return Outcome::Ended;
+  }
+  return ChannelTransfer::transferBanks(transfer);
+}
+
 void frmDownload::prepareRadio(const TransferWindow& main) {
   // Deliberate: the same two codes for both radios, although they mean different modes. So a
   // BC245XLT leaves trunk programming here, but not its ID modes.

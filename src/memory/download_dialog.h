@@ -6,15 +6,16 @@
 namespace tarnvex::memory {
 
 /// "Download Conventional Data": reads the channels of the chosen banks from the radio into the
-/// plan, moving the table's cursor along. Tags stay with their channel numbers.
+/// plan, moving the table's cursor along. Tags stay with their channel numbers. The plan is kept as
+/// a backup first, and all banks are one step of undo.
 ///
 /// Deliberate: if the radio falls silent, the remaining rows lose everything except tone and tag.
-/// The plan counts as changed; users who don't save it still have the old rows in the file.
 class frmDownload : public ChannelTransfer {
  public:
   frmDownload(MainWindow mainWindow, const TransferOutside& outside);
 
  protected:
+  Outcome transferBanks(Transfer& transfer) override;
   void prepareRadio(const TransferWindow& main) override;
   void enterBank(const TransferWindow& main, bool selected) override;
   void transferChannel(Transfer& transfer, int bank, int channel) override;

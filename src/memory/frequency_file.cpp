@@ -16,12 +16,11 @@ using platform::Table;
 
 namespace {
 
-constexpr int kFile = 1;
-
 /// Reads the rows of a table. A row that can't be read completely isn't changed.
-Failure readTable(platform::SequentialFiles& files, Table& table, std::span<std::string> fields) {
+Failure readTable(platform::SequentialFiles& files, int number, Table& table,
+                  std::span<std::string> fields) {
   for (int row = 1; row < table.rows(); ++row) {
-    if (auto failure = files.read(kFile, fields)) {
+    if (auto failure = files.read(number, fields)) {
       return failure;
     }
     for (int col = 0; col < table.cols(); ++col) {
@@ -31,11 +30,11 @@ Failure readTable(platform::SequentialFiles& files, Table& table, std::span<std:
   return std::nullopt;
 }
 
-Failure readPlan(platform::SequentialFiles& files, ChannelMemory& memory) {
+Failure readPlan(platform::SequentialFiles& files, int number, ChannelMemory& memory) {
   std::array<std::string, ChannelRecord::kColumns> channel;
   std::array<std::string, TalkgroupRecord::kColumns> talkgroup;
-  auto failure = readTable(files, memory.MSFlexGrid1(), channel);
-  return failure ? failure : readTable(files, memory.MSFlexGrid2(), talkgroup);
+  auto failure = readTable(files, number, memory.MSFlexGrid1(), channel);
+  return failure ? failure : readTable(files, number, memory.MSFlexGrid2(), talkgroup);
 }
 
 void appendRows(std::string& text, const Table& table) {
@@ -47,14 +46,6 @@ void appendRows(std::string& text, const Table& table) {
     }
     platform::appendLine(text, fields);
   }
-}
-
-/// The plan in the form of its file.
-std::string planText(ChannelMemory& memory) {
-  std::string text;
-  appendRows(text, memory.MSFlexGrid1());
-  appendRows(text, memory.MSFlexGrid2());
-  return text;
 }
 
 std::size_t fingerprintOf(std::string_view content) {
@@ -74,22 +65,41 @@ FrequencyFile::FrequencyFile(ChannelMemory& memory, FrequencyFilePorts ports)
   }
   memory_.history().onFileChanged = [this](const std::string& path) {
     ports_.Dlg1.FileName = path;
-    showName(path);
+    // As the caption says it, the next start finds it.
+    adopt(path);
   };
 }
 
 Failure FrequencyFile::LoadPlanFromFile(const std::string& path) {
   auto failure = ports_.files.open(kFile, path, OpenMode::Input);
   if (!failure) {
-    failure = readPlan(ports_.files, memory_);
+    failure = readPlan(ports_.files, kFile, memory_);
   }
   return failure ? failure : ports_.files.close(kFile);
+}
+
+std::string FrequencyFile::planText() {
+  std::string text;
+  appendRows(text, memory_.MSFlexGrid1());
+  appendRows(text, memory_.MSFlexGrid2());
+  return text;
+}
+
+Failure FrequencyFile::load(const std::string& path) {
+  auto failure = LoadPlanFromFile(path);
+  if (failure) {
+    known_.erase(path);
+    unread_.insert(path);
+  } else {
+    noteFingerprint(path);
+  }
+  return failure;
 }
 
 Failure FrequencyFile::WritePlanToFile(const std::string& path) {
   auto failure = ports_.files.open(kFile, path, OpenMode::Output);
   if (!failure) {
-    failure = ports_.files.writeText(kFile, planText(memory_));
+    failure = ports_.files.writeText(kFile, planText());
   }
   if (!failure) {
     failure = ports_.files.flush(kFile);
@@ -99,9 +109,12 @@ Failure FrequencyFile::WritePlanToFile(const std::string& path) {
 
 Failure FrequencyFile::replace(const std::string& path) {
   std::string old;
-  if (ports_.files.exists(path) && !ports_.files.contentOf(path, old) && !old.empty() &&
-      old != planText(memory_)) {
-    keep(path, old);
+  if (ports_.files.exists(path)) {
+    if (auto failure = ports_.files.contentOf(path, old)) {
+      backupFailure_ = std::move(failure);
+    } else if (!old.empty() && old != planText()) {
+      keep(path, old);
+    }
   }
   auto failure = WritePlanToFile(path);
   if (!failure) {
@@ -118,7 +131,7 @@ void FrequencyFile::keep(const std::string& path, std::string_view content) {
 }
 
 void FrequencyFile::keepPlan() {
-  keep(memory_.history().file(), planText(memory_));
+  keep(memory_.history().file(), planText());
   tellBackupFailure();
 }
 
@@ -135,6 +148,7 @@ void FrequencyFile::tellBackupFailure() {
 void FrequencyFile::noteFingerprint(const std::string& path) {
   std::string content;
   known_.erase(path);
+  unread_.erase(path);
   if (!ports_.files.contentOf(path, content)) {
     known_[path] = fingerprintOf(content);
   }
@@ -154,151 +168,21 @@ bool FrequencyFile::mayReplace(const std::string& path) {
              "Confirm Overwrite", platform::kYesNoQuestion) == Answer::Yes;
 }
 
-void FrequencyFile::offerToSave() {
-  if (memory_.state().MemoryModified &&
-      ports_.dialogs.messageBox("Save Changes to Scanlist File?", "Save Changes",
-                                platform::kYesNoQuestion) == Answer::Yes) {
-    save(true);
-    memory_.state().MemoryModified = false;
-    memory_.history().saved();
-  }
+/// Asks before it replaces what the tables may hold nothing of. A save that will fail needs no
+/// question.
+bool FrequencyFile::mayReplaceUnread(const std::string& path) {
+  return !unread_.contains(path) || ports_.files.taken(kFile) || !ports_.files.exists(path) ||
+         ports_.dialogs.askToDestroy(
+             path + " could not be read whole when it was opened. Replace it by the tables?",
+             "Confirm Overwrite", platform::kYesNoQuestion) == Answer::Yes;
 }
 
-void FrequencyFile::prepareDialog(const char* title, const char* accept, const char* keep) {
-  platform::CommonDialog& dialog = ports_.Dlg1;
-  dialog.DialogTitle = title;
-  dialog.AcceptCaption = accept;
-  dialog.KeepCaption = keep;
-  dialog.DefaultExt = "tvf";
-  dialog.AsksBeforeReplacing = false;
-}
-
-/// The whole of it can be undone at once. Says what went wrong when it is over.
-template <class Work>
-void FrequencyFile::doInOneStep(const char* name, Work work) {
-  Failure failure;
-  {
-    const auto step = memory_.history().step(name);
-    failure = work();
-  }
-  if (failure) {
-    report(*failure);
-  }
-}
-
-void FrequencyFile::NewPlan() {
-  offerToSave();
-  prepareDialog("New Frequency File", "New", "Empty");
-  ports_.Dlg1.ShowOpen();
-  const std::string path = ports_.Dlg1.FileName;
-  if (path.empty() || !mayOverwrite(path, "File exists. Overwrite it?") || !mayReplace(path)) {
-    return;
-  }
-  doInOneStep("New", [&] {
-    memory_.clear();
-    Failure failure = replace(path);
-    if (!failure) {
-      adopt(path);
-    }
-    return failure;
-  });
-  tellBackupFailure();
-}
-
-bool FrequencyFile::mayOverwrite(const std::string& path, const std::string& question) {
-  return !ports_.files.exists(path) ||
-         ports_.dialogs.askToDestroy(question, "Confirm Overwrite", platform::kYesNoQuestion) ==
-             Answer::Yes;
-}
-
-void FrequencyFile::OpenPlan() {
-  // Deliberate: after No the plan still counts as changed, so closing the program asks again.
-  offerToSave();
-  prepareDialog("Open Frequency File", "Open", "Reload");
-  ports_.Dlg1.DefaultExt.clear();
-  ports_.Dlg1.ShowOpen();
-  const std::string path = ports_.Dlg1.FileName;
-  if (path.empty()) {
-    return;
-  }
-  doInOneStep("Open", [&] {
-    Failure failure = LoadPlanFromFile(path);
-    if (!failure) {
-      noteFingerprint(path);
-      adopt(path);
-      resetCursors();
-    }
-    return failure;
-  });
-}
-
-void FrequencyFile::OpenBackup() {
-  offerToSave();
-  platform::CommonDialog& dialog = ports_.backupDialog;
-  dialog.DialogTitle = "Open Backup";
-  dialog.AcceptCaption = "Open";
-  dialog.InitDir = ports_.backups.folder();
-  dialog.FileName.clear();
-  dialog.ShowOpen();
-  if (dialog.FileName.empty()) {
-    return;
-  }
-  doInOneStep("Open Backup", [&] {
-    Failure failure = LoadPlanFromFile(dialog.FileName);
-    memory_.state().MemoryModified = true;
-    if (!failure) {
-      resetCursors();
-    }
-    return failure;
-  });
-}
-
-void FrequencyFile::SavePlan() {
-  save(false);
-}
-
-void FrequencyFile::save(bool lastChance) {
-  const auto rescue = [&] { return lastChance ? keepUnsaved() : std::string(); };
-  if (!chooseSaveName() || !mayReplace(ports_.Dlg1.FileName)) {
-    rescue();
-    return;
-  }
-  const std::string path = ports_.Dlg1.FileName;
-  // Deliberate: set before writing. A plan counts as saved even if saving fails.
-  memory_.state().MemoryModified = false;
-  memory_.history().saved();
-  if (const auto failure = replace(path)) {
-    report(*failure + rescue());
-  } else {
-    adopt(path);
-  }
-  tellBackupFailure();
-}
-
-/// The plan is about to be replaced. Returns the words that tell the user where its backup is.
+/// For a plan that nobody will be asked about again. Returns the words that say where it is.
 std::string FrequencyFile::keepUnsaved() {
   std::string kept;
-  const auto failure = ports_.backups.keep(memory_.history().file(), planText(memory_), kept);
+  const auto failure = ports_.backups.keep(memory_.history().file(), planText(), kept);
   return failure ? "\n\nThe plan could not be kept as a backup either: " + *failure
                  : "\n\nThe plan is kept as a backup: " + kept;
-}
-
-bool FrequencyFile::chooseSaveName() {
-  platform::CommonDialog& dialog = ports_.Dlg1;
-  const std::string current = dialog.FileName;
-  const bool asks = memory_.model().asksBeforeReplacing;
-  prepareDialog("Save Frequency File", "Save", "Save to");
-  dialog.AsksBeforeReplacing = !asks;
-  bool settled = false;
-  while (!settled) {
-    dialog.ShowSave();
-    if (dialog.FileName.empty()) {
-      return false;
-    }
-    settled = !asks || dialog.FileName == current ||
-              mayOverwrite(dialog.FileName, "Overwrite existing file?");
-  }
-  return true;
 }
 
 void FrequencyFile::loadLastPlan() {
@@ -309,11 +193,7 @@ void FrequencyFile::loadLastPlan() {
   if (path.empty()) {
     return;
   }
-  // The previous main window may have left it open.
-  ports_.files.close(kFile);
-  if (!LoadPlanFromFile(path)) {
-    noteFingerprint(path);
-  }
+  load(path);
   // Unlike in the commands, the file is closed even if it can't be read.
   ports_.files.close(kFile);
   resetCursors();

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <map>
+#include <set>
 #include <string>
 
 #include "memory/channel_memory.h"
@@ -38,12 +39,13 @@ struct FrequencyFilePorts {
 /// are the texts of the cells from column 0 on, in double quotes. Lines end in CR LF. Both radios
 /// use the same format.
 ///
-/// Before a save changes a file, the old content is kept as a backup. If another program has
-/// changed the file since it was opened, the user is asked first.
+/// Before a save changes a file, the old content is kept as a backup. The user is asked first if
+/// another program has changed the file since it was opened, or if it could not be read to its end,
+/// since the tables then hold only a part of it, or nothing.
 ///
 /// Deliberate: if the user cancels a file dialog, the command goes on with the current file; it
 /// stops only if there is none yet. A failed command leaves file number 1 open, so later file
-/// commands of this window fail with "File already open". The next main window frees the number.
+/// commands of this window fail with "File already open". The next main window has its own numbers.
 class FrequencyFile {
  public:
   FrequencyFile(ChannelMemory& memory, FrequencyFilePorts ports);
@@ -66,8 +68,11 @@ class FrequencyFile {
   void keepPlan();
 
   /// Asks whether to save the plan if it has changes. After Yes it counts as saved, even if saving
-  /// failed; the plan is then kept as a backup. Also called when a main window closes.
-  void offerToSave();
+  /// failed; the plan is then kept as a backup.
+  void offerToSave() { offerToSave(SaveOccasion::BeforeReplacing); }
+  /// The same when the main window closes. What isn't saved then is kept as a backup, and the user
+  /// is told where, unless the answer was No.
+  void offerToSaveAtExit() { offerToSave(SaveOccasion::Exit); }
   /// Loads the last file when a main window opens. Shows no message if it can't be read.
   void loadLastPlan();
 
@@ -75,18 +80,28 @@ class FrequencyFile {
   /// A hash of a file's content when the plan was last read from it or written to it.
   using Fingerprint = std::size_t;
 
+  static constexpr int kFile = 1;
+
+  /// The plan in the form of its file.
+  [[nodiscard]] std::string planText();
   void prepareDialog(const char* title, const char* accept, const char* keep);
+  /// The commands' way to read a plan.
+  platform::Failure load(const std::string& path);
   bool chooseSaveName();
   /// A file that isn't there yet may be written; about another one the user is asked.
   bool mayOverwrite(const std::string& path, const std::string& question);
   template <class Work>
   void doInOneStep(const char* name, Work work);
   bool mayReplace(const std::string& path);
+  bool mayReplaceUnread(const std::string& path);
   /// Makes a backup of the file's content and then writes the plan to it.
   platform::Failure replace(const std::string& path);
   void keep(const std::string& path, std::string_view content);
   void tellBackupFailure();
-  void save(bool lastChance);
+  /// What a save is for, and so what becomes of a plan that isn't saved.
+  enum class SaveOccasion { Command, BeforeReplacing, Exit };
+  void offerToSave(SaveOccasion occasion);
+  void save(SaveOccasion occasion);
   std::string keepUnsaved();
   void noteFingerprint(const std::string& path);
   /// Shows the file's name in the caption and remembers it for the next start.
@@ -98,6 +113,8 @@ class FrequencyFile {
   ChannelMemory& memory_;
   FrequencyFilePorts ports_;
   std::map<std::string, Fingerprint> known_;
+  /// Files that could not be read to their end when they were last opened.
+  std::set<std::string> unread_;
   /// A failed backup that the user hasn't been told about yet.
   platform::Failure backupFailure_;
 };

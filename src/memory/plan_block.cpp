@@ -1,6 +1,7 @@
 #include "memory/plan_block.h"
 
 #include <optional>
+#include <utility>
 
 namespace tarnvex::memory {
 namespace {
@@ -40,19 +41,28 @@ std::string takeField(std::string_view text, std::size_t& position) {
   return field;
 }
 
+PlanBlock::Row takeRow(std::string_view text, std::size_t& position) {
+  PlanBlock::Row row;
+  row.fields.push_back(takeField(text, position));
+  while (position < text.size() && text[position] == '\t') {
+    std::string field = takeField(text, ++position);
+    if (row.fields.size() < PlanBlock::kMostFields) {
+      row.fields.push_back(std::move(field));
+    } else {
+      ++row.further;
+    }
+  }
+  return row;
+}
+
 }  // namespace
 
 PlanBlock parseBlock(std::string_view text, std::size_t most) {
   PlanBlock block;
-  std::vector<std::string> row;
   for (std::size_t position = 0; position < text.size();) {
-    row.clear();
-    row.push_back(takeField(text, position));
-    while (position < text.size() && text[position] == '\t') {
-      row.push_back(takeField(text, ++position));
-    }
+    PlanBlock::Row row = takeRow(text, position);
     if (block.rows.size() < most) {
-      block.rows.push_back(row);
+      block.rows.push_back(std::move(row));
     } else {
       ++block.further;
     }

@@ -11,7 +11,15 @@ namespace tarnvex::memory {
 /// fields, a line for each row. A field that holds a tab, a line end or begins with a double quote
 /// is in double quotes, and double quotes in it are doubled.
 struct PlanBlock {
-  std::vector<std::vector<std::string>> rows;
+  struct Row {
+    /// The first `kMostFields` at the most: no table has more columns.
+    std::vector<std::string> fields;
+    /// The number of fields in the text after these.
+    std::size_t further = 0;
+  };
+  static constexpr std::size_t kMostFields = 16;
+
+  std::vector<Row> rows;
   /// The number of rows in the text after these.
   std::size_t further = 0;
 };

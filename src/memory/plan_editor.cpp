@@ -26,6 +26,16 @@ std::vector<int> shownColumns(const Table& table, int left, int right) {
   return columns;
 }
 
+std::vector<int> shownRows(const CellRange& cells, int bottom) {
+  std::vector<int> rows;
+  for (int row = cells.top; row <= bottom; ++row) {
+    if (!cells.hides || !cells.hides(row)) {
+      rows.push_back(row);
+    }
+  }
+  return rows;
+}
+
 /// The field in a form that fits into a line of a message.
 std::string quoted(std::string_view field) {
   std::string shown(field.substr(0, kLongestTold));
@@ -78,16 +88,14 @@ PlanKind PlanEditor::kindOf(const Table& table) const {
 std::string PlanEditor::copy(const Table& table, const CellRange& cells) const {
   const auto columns = shownColumns(table, cells.left, cells.right);
   std::string text;
-  for (int row = cells.top; row <= cells.bottom; ++row) {
+  for (const int row : shownRows(cells, cells.bottom)) {
     for (const int col : columns) {
       if (col != columns.front()) {
         text += '\t';
       }
       appendField(text, table.textMatrix(row, col));
     }
-    if (row < cells.bottom) {
-      text += '\n';
-    }
+    text += '\n';
   }
   return text;
 }
@@ -95,7 +103,7 @@ std::string PlanEditor::copy(const Table& table, const CellRange& cells) const {
 void PlanEditor::clear(Table& table, const CellRange& cells, std::string_view name) {
   const auto step = memory_.history().step(name);
   bool changed = false;
-  for (int row = cells.top; row <= cells.bottom; ++row) {
+  for (const int row : shownRows(cells, cells.bottom)) {
     for (const int col : shownColumns(table, cells.left, cells.right)) {
       std::string cleared = clearedCell(kindOf(table), col);
       changed = changed || table.textMatrix(row, col) != cleared;
@@ -109,11 +117,11 @@ void PlanEditor::clear(Table& table, const CellRange& cells, std::string_view na
 
 std::optional<std::string> PlanEditor::paste(Table& table, const CellRange& cells,
                                              std::string_view text) {
-  const PlanBlock block = parseBlock(text, static_cast<std::size_t>(table.rows() - cells.top));
+  const PlanBlock block = parseBlock(text, shownRows(cells, table.rows() - 1).size());
   const auto step = memory_.history().step("Paste");
   Pasting pasting{table, kindOf(table), {}, 0, {}, {}, false};
-  if (block.rows.size() == 1 && block.rows.front().size() == 1 && block.further == 0) {
-    fill(pasting, cells, block.rows.front().front());
+  if (block.rows.size() == 1 && block.rows.front().fields.size() == 1 && block.further == 0) {
+    fill(pasting, cells, block.rows.front().fields.front());
   } else {
     pasteRows(pasting, cells, block);
   }
@@ -125,7 +133,7 @@ std::optional<std::string> PlanEditor::paste(Table& table, const CellRange& cell
 }
 
 void PlanEditor::fill(Pasting& pasting, const CellRange& cells, const std::string& field) {
-  for (int row = cells.top; row <= cells.bottom; ++row) {
+  for (const int row : shownRows(cells, cells.bottom)) {
     for (const int col : shownColumns(pasting.table, cells.left, cells.right)) {
       pasteField(pasting, row, col, field);
     }
@@ -139,17 +147,17 @@ void PlanEditor::pasteRows(Pasting& pasting, const CellRange& cells, const PlanB
     pasting.leaveOut(counted(block.further, "row") + " beyond row " +
                      std::to_string(table.rows() - 1));
   }
-  int row = cells.top;
-  for (const auto& fields : block.rows) {
+  const auto rows = shownRows(cells, table.rows() - 1);
+  auto place = rows.begin();
+  for (const auto& [fields, further] : block.rows) {
+    const int row = *place++;
     for (std::size_t i = 0; i < std::min(fields.size(), columns.size()); ++i) {
       pasteField(pasting, row, columns[i], fields[i]);
     }
-    if (fields.size() > columns.size()) {
+    if (const std::size_t all = fields.size() + further; all > columns.size()) {
       pasting.leaveOut("Row " + std::to_string(row) + ": " +
-                       counted(fields.size() - columns.size(), "field") +
-                       " beyond the last column");
+                       counted(all - columns.size(), "field") + " beyond the last column");
     }
-    ++row;
   }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,11 +17,13 @@ struct CellRange {
   int left;
   int bottom;
   int right;
+  /// Whether the window hides a row at the moment. Without it all rows are shown.
+  std::function<bool(int row)> hides = {};
 };
 
 /// The commands on many cells of the plan: copy, cut, paste, delete, undo and redo. For the window
 /// layer. Each takes effect at once and asks nothing, so it may be called while an exchange with
-/// the radio waits. Columns of width 0, which the window doesn't show, are skipped.
+/// the radio waits. Rows and columns that the window doesn't show are skipped.
 ///
 /// Values are written as they are: nothing is copied from the row above. Of the rules for typing
 /// only one applies: a group of talkgroups has at most one priority ID.

@@ -53,6 +53,11 @@ bool Transfer::keepPollStopped() {
   return true;
 }
 
+bool Transfer::keepPlan() {
+  main.keepPlan();
+  return keepPollStopped();
+}
+
 bool Transfer::end() {
   if (outside_.gate.ended()) {
     return false;

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
 #include "link/poll_hold.h"
 #include "link/radio_model.h"
 #include "link/scanner_link.h"
+#include "memory/plan_history.h"
 #include "platform/clock.h"
 #include "platform/controls.h"
 #include "platform/dialogs.h"
@@ -26,6 +28,9 @@ struct TransferWindow {
   platform::Label& Channel;
   const platform::Label& mode;
   platform::Timer& Scantimer;
+  PlanHistory& history;
+  /// Keeps the plan as a backup. May show a message.
+  std::function<void()> keepPlan;
 };
 
 /// What else a transfer uses. All of it outlives the transfer.
@@ -75,6 +80,8 @@ class Transfer : private platform::NonCopyable {
   /// Stops the poll again after other handlers have run, whatever they did. False if the program
   /// has ended.
   [[nodiscard]] bool keepPollStopped();
+  /// Keeps the plan as a backup before its rows are overwritten. False if the program has ended.
+  [[nodiscard]] bool keepPlan();
   /// Starts the poll. If the program has ended, does nothing and returns false.
   bool end();
 

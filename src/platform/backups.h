@@ -21,7 +21,7 @@ class Backups : private NonCopyable {
   virtual std::string folder() = 0;
 
   /// True at the first call only, so that the user sees one message about a failure.
-  [[nodiscard]] bool firstFailure() { return !std::exchange(failed_, true); }
+  [[nodiscard]] virtual bool firstFailure() { return !std::exchange(failed_, true); }
 
  private:
   bool failed_ = false;

@@ -34,7 +34,8 @@ class CommonDialog : private NonCopyable {
   std::string Filter;
   /// Blank for the system's default title.
   std::string DialogTitle;
-  /// The suffix that a typed name gets if it has none, without the dot. Blank for none.
+  /// The suffix of the name that is offered while `FileName` is blank, without the dot. Blank if no
+  /// name is offered.
   std::string DefaultExt;
   /// The folder to begin in while `FileName` is blank. Blank for the system's choice.
   std::string InitDir;
@@ -43,8 +44,15 @@ class CommonDialog : private NonCopyable {
   /// What Cancel does while there is a `FileName` to go on with, such as "Save to". It becomes the
   /// button's caption, with the file's name after it. Blank for the system's own.
   std::string KeepCaption;
-  /// Whether the dialog itself asks before it accepts an existing file other than `FileName`.
+  /// The file that the user may choose again without a question.
+  std::string OwnFile;
+  /// Whether the dialog itself asks before it gives an existing file other than `OwnFile`, also
+  /// where Cancel goes on with one.
   bool AsksBeforeReplacing = false;
+
+  /// Its window is gone: from here on it shows nothing and `FileName` is blank, also after a dialog
+  /// that is open now.
+  void withdraw() { withdrawn_ = true; }
 
  protected:
   /// Shows the system's dialog. Returns nothing if the user cancelled, and an empty name if the
@@ -54,10 +62,15 @@ class CommonDialog : private NonCopyable {
 
  private:
   void show(FileDialogKind kind) {
-    if (auto chosen = chooseFile(kind)) {
+    auto chosen = withdrawn_ ? std::nullopt : chooseFile(kind);
+    if (withdrawn_) {
+      FileName.clear();
+    } else if (chosen) {
       FileName = std::move(*chosen);
     }
   }
+
+  bool withdrawn_ = false;
 };
 
 /// Makes the file dialog of a window.

@@ -187,6 +187,17 @@ void TextBox::setText(std::string text) {
   changed.change(text_, std::move(text));
 }
 
+bool TextBox::takes(std::string_view text) const {
+  return allowed_.empty() || text.find_first_not_of(allowed_) == std::string_view::npos;
+}
+
+void TextBox::userEdit(std::string text) {
+  if (takes(text)) {
+    setText(std::move(text));
+    run(onEdit);
+  }
+}
+
 bool TextBox::userKey(char key) {
   return operable() && (!onKey || onKey(key));
 }

@@ -216,8 +216,13 @@ class TextBox : public Control {
 
   [[nodiscard]] const std::string& text() const { return text_; }
   void setText(std::string text);
-  /// The user's edit, after `userKey` has let the key through. The same text again notifies nobody.
-  void userEdit(std::string text) { setText(std::move(text)); }
+  /// Limits what the user can put into the box to these characters. Without a call, any will do.
+  void allowOnly(std::string_view characters) { allowed_ = characters; }
+  /// Whether the user may put this text into the box, whether by typing, pasting or dropping it.
+  [[nodiscard]] bool takes(std::string_view text) const;
+  /// The user's edit, after `userKey` has let the key through. Does nothing with a text that the
+  /// box doesn't take.
+  void userEdit(std::string text);
   /// A key typed by the user, as a character code. False if the handler swallowed it; the text then
   /// stays as it is.
   bool userKey(char key);
@@ -229,10 +234,13 @@ class TextBox : public Control {
   /// Returns whether the key may take effect in the text.
   std::function<bool(char key)> onKey;
   std::function<void()> onFocus;
+  /// Runs after each edit of the user.
+  std::function<void()> onEdit;
   Notifier<> selectAllRequested;
 
  private:
   std::string text_;
+  std::string_view allowed_;
 };
 
 /// The tab strip of a main window.

@@ -17,8 +17,6 @@ enum MessageFlags : int {
   kOkCancelWarning = 49,
   kYesNoWarning = 52,
   kInformation = 64,
-  /// As above, but Enter presses No.
-  kYesNoWarningNo = 308,
 };
 
 enum class Answer : int { Ok = 1, Cancel = 2, Yes = 6, No = 7 };

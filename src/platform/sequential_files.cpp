@@ -9,6 +9,7 @@ namespace tarnvex::platform {
 namespace {
 
 constexpr char kQuote = '"';
+constexpr const char* kShut = "The window is closed";
 /// Far more than any field of the program's files. Without the limit, a file of another kind,
 /// chosen by mistake, would fill the memory.
 constexpr std::size_t kLongestField = std::size_t{16} << 20;
@@ -200,6 +201,9 @@ SequentialFiles::OpenFile* SequentialFiles::find(int number) {
 
 Failure SequentialFiles::open(int number, const std::string& path, OpenMode mode,
                               NameCase nameCase) {
+  if (shut_) {
+    return kShut;
+  }
   if (find(number) != nullptr) {
     return "File already open";
   }
@@ -315,11 +319,16 @@ Failure SequentialFiles::commit(OpenFile& file) {
 
 Failure SequentialFiles::contentOf(const std::string& path, std::string& content) {
   content.clear();
-  return readWhole(store_, path, content);
+  return shut_ ? Failure(kShut) : readWhole(store_, path, content);
+}
+
+void SequentialFiles::shut() {
+  open_.clear();
+  shut_ = true;
 }
 
 bool SequentialFiles::exists(const std::string& path, NameCase nameCase) {
-  return store_.exists(nameCase == NameCase::Any ? store_.inAnyCase(path) : path);
+  return !shut_ && store_.exists(nameCase == NameCase::Any ? store_.inAnyCase(path) : path);
 }
 
 }  // namespace tarnvex::platform

@@ -70,8 +70,8 @@ enum class OpenMode { Input, Output, Append };
 /// How to look up a name in its folder.
 enum class NameCase { Exact, Any };
 
-/// The sequential files of the program, by file number. There is one object for the whole program:
-/// a number that one command leaves open is taken for all other commands.
+/// The sequential files of a main window, by file number. A number that one command leaves open is
+/// taken for all other commands of that window.
 ///
 /// A file is text made of fields, with commas and line ends between them. Each operation returns
 /// its failure as a description. On failure nothing changes except as noted.
@@ -111,6 +111,11 @@ class SequentialFiles : private NonCopyable {
   /// succeeds.
   Failure close(int number);
 
+  [[nodiscard]] bool taken(int number) const { return open_.contains(number); }
+  /// The window is gone: frees all numbers, writes nothing more, and refuses everything from now
+  /// on.
+  void shut();
+
   [[nodiscard]] bool exists(const std::string& path, NameCase nameCase = NameCase::Exact);
   /// The bytes of a file, which needs no number. Files of more than 64 MB are refused.
   Failure contentOf(const std::string& path, std::string& content);
@@ -124,6 +129,7 @@ class SequentialFiles : private NonCopyable {
 
   FileStore& store_;
   std::map<int, std::unique_ptr<OpenFile>> open_;
+  bool shut_ = false;
 };
 
 }  // namespace tarnvex::platform

@@ -35,13 +35,9 @@ void CustomSearch::choose() {
   // the limits that it already has.
   const auto answer = outside_.dialogs.messageBox("Start searching now?", "Confirm Search",
                                                   platform::kYesNoQuestion);
-  if (outside_.state.ModelKey != model_.key) {
-    // The radios were exchanged meanwhile, and the question went with its window.
-    return;
-  }
   if (answer == platform::Answer::Yes) {
     outside_.link.SendCommand(link::key::kSearch);
-  } else if (model_.scansAfterNo) {
+  } else if (answer == platform::Answer::No && model_.scansAfterNo) {
     outside_.link.SendCommand(link::key::kScan);
   }
 }

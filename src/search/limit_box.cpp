@@ -19,7 +19,9 @@ LimitBox::LimitBox(std::string name, bool& editing, std::string_view command,
       next_(next),
       link_(link),
       dialogs_(dialogs) {
+  allowOnly("0123456789.");
   onKey = [this](char typed) { return key(typed); };
+  onEdit = [this] { editing_ = true; };
   onFocus = [this] { selectAll(); };
 }
 
@@ -34,7 +36,7 @@ bool LimitBox::key(char key) {
     enter();
     return false;
   }
-  if (key == kBackspace || key == '.' || platform::isDigit(key)) {
+  if (key == kBackspace || takes(std::string(1, key))) {
     editing_ = true;
     return true;
   }

@@ -9,7 +9,7 @@
 
 namespace tarnvex::search {
 
-/// The box for the lower or upper search limit, in MHz. When it gets the focus, its whole text is
+/// The box for the lower or upper search limit, in MHz. When the user enters it, its whole text is
 /// selected. The poll refreshes it from the radio unless the user is editing it. Enter sends the
 /// limit and ends the editing.
 class LimitBox : public platform::TextBox {

@@ -10,8 +10,8 @@ namespace tarnvex::shell {
 
 Form2::Form2(const Services& services, MainFormOutside outside)
     : MainForm(services, std::move(outside), link::bc245Model()),
-      speed(panel, services.link, services.state, services.settings),
-      receiver(Check6, panel.Att, services.link, services.settings),
+      speed(panel, services_.link, services_.state, services_.settings),
+      receiver(Check6, panel.Att, services_.link, services_.settings),
       keypad_(panel, receiver.Option8, keypadOutside()),
       poll_(panel, pollOutside(), receiver, Scantimer, *MSComm1) {
   Scantimer.onTick = [this] { poll_.tick(); };

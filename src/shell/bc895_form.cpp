@@ -12,8 +12,8 @@ constexpr std::string_view kDefaultBackcolor = "8454143";
 
 Form4::Form4(const Services& services, MainFormOutside outside)
     : MainForm(services, std::move(outside), link::bc895Model()),
-      multiscan({panel, services.link, services.gate, services.state, services.settings,
-                 services.dialogs, services.clock}),
+      multiscan({panel, services_.link, services_.gate, services_.state, services_.settings,
+                 services_.dialogs, services_.clock}),
       idTransfer(transferWindow(), transferOutside()),
       keypad_(panel, keypadOutside(), [this] { requestUnload(); }),
       poll_(panel, pollOutside()) {

@@ -28,6 +28,9 @@ class DialogHost : private platform::NonCopyable {
   /// shown. Returns the new form, or null.
   template <class Form, class Make>
   Form* show(Make make, bool modal, const std::function<void(Form&)>& load = {}) {
+    if (leaving_) {
+      return nullptr;
+    }
     const auto standing = std::ranges::find(open_, std::type_index(typeid(Form)), &Open::kind);
     if (standing != open_.end()) {
       windows_.raiseDialog(standing->form.get());
@@ -58,13 +61,19 @@ class DialogHost : private platform::NonCopyable {
     windows_.closeDialog(&form);
   }
 
+  /// The main window is closing: its dialogs go, and none opens any more.
+  void leave() {
+    leaving_ = true;
+    closeAll();
+  }
+
+ private:
   void closeAll() {
     while (!open_.empty()) {
       close(open_.back().form.get());
     }
   }
 
- private:
   /// A dialog on the screen or being loaded.
   struct Open {
     std::type_index kind;
@@ -90,6 +99,7 @@ class DialogHost : private platform::NonCopyable {
   platform::EventGate& gate_;
   WindowLayer& windows_;
   std::vector<Open> open_;
+  bool leaving_ = false;
 };
 
 }  // namespace tarnvex::shell

@@ -14,7 +14,8 @@
 namespace tarnvex::shell {
 
 MainForm::MainForm(const Services& services, MainFormOutside outside, const link::RadioModel& model)
-    : window(std::string(model.mainWindow), memory::mainTitle({})),
+    : guard_(services),
+      window(std::string(model.mainWindow), memory::mainTitle({})),
       Dlg1(services.makeDialog()),
       backupDialog(services.makeDialog()),
       trunkBank(std::string(model.trunkBankBox), model.bankNames),
@@ -23,19 +24,19 @@ MainForm::MainForm(const Services& services, MainFormOutside outside, const link
       linkState(std::string(model.key) + "XLT", services.clock),
       MSComm1(std::make_unique<link::WatchedPort>(services.makePort(), linkState)),
       MMControl1(services.makeMediaControl()),
-      services_(services),
+      services_(guard_.services()),
       model_(model),
-      memory_({MSFlexGrid1, MSFlexGrid2, SSTab1}, services.state, services.dialogs, model,
+      memory_({MSFlexGrid1, MSFlexGrid2, SSTab1}, services.state, services_.dialogs, model,
               [&link = services.link](const std::string& command) { link.SendCommand(command); }),
-      frequencyFile_(memory_, {services.files, *Dlg1, services.dialogs, services.settings, window,
-                               services.backups, *backupDialog}),
+      frequencyFile_(memory_, {guard_.files(), *Dlg1, services_.dialogs, services.settings, window,
+                               services_.backups, *backupDialog}),
       linkControls(model, trunkBank,
-                   {*MSComm1, Scantimer, services.state, services.settings, services.dialogs}),
-      keyBeep(services.settings, services.dialogs),
-      recording({*MMControl1, services.state, services.gate, services.dialogs, services.clock,
+                   {*MSComm1, Scantimer, services.state, services.settings, services_.dialogs}),
+      keyBeep(services.settings, services_.dialogs),
+      recording({*MMControl1, services.state, services.gate, services_.dialogs, services.clock,
                  services.receptions, services.programDirectory}),
       Check6("Check6", "Speaker Mute", link::kMuteSwitch, services.link),
-      customSearch(model, {services.link, services.state, services.files, services.dialogs,
+      customSearch(model, {services.link, services.state, guard_.files(), services_.dialogs,
                            services.programDirectory,
                            [this](std::string mode) { front().mode.setCaption(std::move(mode)); }}),
       hitLists(memory_, services.link),
@@ -66,19 +67,36 @@ void MainForm::unload() {
   // From here on the window is closing: a request while the next question is open does nothing,
   // either.
   asking_ = true;
+  // What the user has asked for and what is open goes with the window.
+  services_.gate.dropUserEvents();
+  dialogHost_.leave();
   // A late click must not open the port again.
   linkControls.disable();
   closeQuickView();
   // The poll must not exchange the windows while the question is open.
   Scantimer.setEnabled(false);
-  frequencyFile_.offerToSave();
-  dialogHost_.closeAll();
+  frequencyFile_.offerToSaveAtExit();
+  leave();
   MSComm1->close();
   releaseSound();
   recording.leave();
   services_.receptions.stop();
   if (!services_.state.SwitchingScanners) {
     outside_.endProgram();
+  }
+}
+
+/// Handlers of this window may still be on the stack, each waiting in a dialog. From now on they
+/// can't ask, read or write anything.
+void MainForm::leave() {
+  guard_.leave();
+  Dlg1->withdraw();
+  backupDialog->withdraw();
+}
+
+void MainForm::onPlan(void (memory::FrequencyFile::*command)()) {
+  if (!asking_) {
+    (frequencyFile_.*command)();
   }
 }
 
@@ -93,9 +111,8 @@ void MainForm::showApf() {
       [this] {
         auto dialog = services_.makeDialog();
         platform::CommonDialog& shown = *dialog;
-        const std::shared_ptr<Kept> kept(new Kept{
-            std::move(dialog), Form({services_.files, shown, services_.dialogs, services_.state,
-                                     [this]() -> platform::Table& { return MSFlexGrid1; }})});
+        const std::shared_ptr<Kept> kept(
+            new Kept{std::move(dialog), Form({guard_.files(), shown, memory_})});
         return std::shared_ptr<Form>(kept, &kept->form);
       },
       model_.modalDialogs, [](Form& form) { form.load(); });
@@ -181,8 +198,15 @@ memory::TransferOutside MainForm::transferOutside() {
 }
 
 memory::TransferWindow MainForm::transferWindow() {
-  return {model_,          MSFlexGrid1,  MSFlexGrid2, front().Frequency,
-          front().Channel, front().mode, Scantimer};
+  return {model_,
+          MSFlexGrid1,
+          MSFlexGrid2,
+          front().Frequency,
+          front().Channel,
+          front().mode,
+          Scantimer,
+          memory_.history(),
+          [this] { frequencyFile_.keepPlan(); }};
 }
 
 monitor::PollOutside MainForm::pollOutside() {

@@ -26,6 +26,7 @@
 #include "shell/dialog_host.h"
 #include "shell/quick_view.h"
 #include "shell/services.h"
+#include "shell/window_guard.h"
 
 namespace tarnvex::shell {
 
@@ -44,6 +45,8 @@ struct MainFormOutside {
 /// After the construction comes `load`; then the poll runs until a `requestUnload` is accepted. The
 /// form is destroyed only when no function of the core is on the stack.
 class MainForm : private platform::NonCopyable {
+  WindowGuard guard_;
+
  public:
   MainForm(const Services& services, MainFormOutside outside, const link::RadioModel& model);
   virtual ~MainForm() = default;
@@ -58,10 +61,10 @@ class MainForm : private platform::NonCopyable {
   void unload();
 
   /// The File menu's commands on the plan.
-  void mnuNew() { frequencyFile_.NewPlan(); }
-  void mnuOpenConv() { frequencyFile_.OpenPlan(); }
-  void mnuSaveConv() { frequencyFile_.SavePlan(); }
-  void mnuOpenBackup() { frequencyFile_.OpenBackup(); }
+  void mnuNew() { onPlan(&memory::FrequencyFile::NewPlan); }
+  void mnuOpenConv() { onPlan(&memory::FrequencyFile::OpenPlan); }
+  void mnuSaveConv() { onPlan(&memory::FrequencyFile::SavePlan); }
+  void mnuOpenBackup() { onPlan(&memory::FrequencyFile::OpenBackup); }
   void mnuImport();
   void mnuExport();
   /// The Conventional menu's commands: transfers between plan and radio.
@@ -113,6 +116,7 @@ class MainForm : private platform::NonCopyable {
   std::unique_ptr<platform::MediaControl> MMControl1;
 
  protected:
+  /// Those of the window: see `WindowGuard`.
   Services services_;
   const link::RadioModel& model_;
   memory::ChannelMemory memory_;
@@ -156,6 +160,9 @@ class MainForm : private platform::NonCopyable {
   virtual void releaseSound() {}
 
  private:
+  /// A command of the File menu. One that comes while the window is closing is too late.
+  void onPlan(void (memory::FrequencyFile::*command)());
+  void leave();
   void setUpBankBoxes();
   template <class Form>
   void showApf();

@@ -26,7 +26,8 @@ struct Services {
   platform::SettingsStore& settings;
   const platform::Clock& clock;
   link::ScannerLink& link;
-  platform::SequentialFiles& files;
+  /// Each main window has its own file numbers over it.
+  platform::FileStore& files;
   platform::CommonDialogMaker makeDialog;
   platform::Backups& backups;
   platform::MediaControlMaker makeMediaControl;

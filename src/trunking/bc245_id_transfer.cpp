@@ -149,6 +149,14 @@ frmDownloadtrs::frmDownloadtrs(MainWindow mainWindow, const memory::TransferOuts
                        "Download Now", "Reading ID's"},
                       std::move(mainWindow), outside) {}
 
+memory::BankDialog::Outcome frmDownloadtrs::transferBanks(memory::Transfer& transfer) {
+  const auto step = transfer.main.history.step("Download");
+  if (selectedBanks() > 0 && !transfer.keepPlan()) {
+    return Outcome::Ended;
+  }
+  return Bc245IdTransfer::transferBanks(transfer);
+}
+
 /// Deliberate: asks for the group's priority ID at every slot, and never removes a mark from the
 /// plan. If the radio's priority ID has moved, the old mark stays.
 bool frmDownloadtrs::transferSlot(const memory::TransferWindow& main, int row, int group,

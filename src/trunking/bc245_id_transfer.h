@@ -18,9 +18,9 @@ class Bc245IdTransfer : public memory::BankDialog {
   virtual void enterBank() {}
   /// Transfers an ID. False if the user aborts.
   virtual bool transferSlot(const memory::TransferWindow& main, int row, int group, int slot) = 0;
+  Outcome transferBanks(memory::Transfer& transfer) override;
 
  private:
-  Outcome transferBanks(memory::Transfer& transfer) override;
   void releaseRadio() override;
   Outcome transferBank(memory::Transfer& transfer, int bank);
   Outcome transferSlots(memory::Transfer& transfer, int bank);
@@ -45,7 +45,8 @@ class frmUploadtrs : public Bc245IdTransfer {
   bool goesOnAfterRefusal(const std::string& id);
 };
 
-/// "Download Trunked Data". Stores an empty slot in the form in which the radio sends it.
+/// "Download Trunked Data". Stores an empty slot in the form in which the radio sends it. The plan
+/// is kept as a backup first, and all banks are one step of undo.
 class frmDownloadtrs : public Bc245IdTransfer {
  public:
   frmDownloadtrs(MainWindow mainWindow, const memory::TransferOutside& outside);
@@ -55,6 +56,7 @@ class frmDownloadtrs : public Bc245IdTransfer {
                             "Tarnvex should clear Alpha tags for ID's written to this bank."};
 
  protected:
+  Outcome transferBanks(memory::Transfer& transfer) override;
   void enterBank() override { outside_.state.MemoryModified = true; }
   bool transferSlot(const memory::TransferWindow& main, int row, int group, int slot) override;
 };

@@ -57,12 +57,16 @@ void Bc895IdTransfer::upload() {
 }
 
 void Bc895IdTransfer::download() {
+  const auto step = main_.history.step("Download");
   outside_.state.MemoryModified = true;
   Transfer transfer(main_, outside_);
   if (!mayBegin(transfer)) {
     return;
   }
   transfer.begin("Reading ID's");
+  if (!transfer.keepPlan()) {
+    return;
+  }
   transfer.showHourglass();
   transferBank(transfer, &Bc895IdTransfer::readId);
 }

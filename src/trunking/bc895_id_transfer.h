@@ -24,7 +24,8 @@ class Bc895IdTransfer {
 
   /// Types all 50 IDs. Nothing shows if the radio refuses one.
   void upload();
-  /// Reads all 50 IDs. The plan counts as changed even if the download is refused.
+  /// Reads all 50 IDs, as one step of undo and after a backup of the plan. The plan counts as
+  /// changed even if the download is refused.
   void download();
 
   /// The progress of the running transfer. The total is 0 if none is running.

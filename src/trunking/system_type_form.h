@@ -38,8 +38,6 @@ class Form3 : private platform::NonCopyable {
 
   /// Fills in the form and chooses the bank's present type.
   void load();
-  /// The user closed the window with its own close button. The bank keeps its type.
-  void userClose() { closed.notify(); }
 
   platform::Window window{"Form3", "Select Trunking System Type"};
   platform::Label Label1{"Label1",
@@ -54,7 +52,7 @@ class Form3 : private platform::NonCopyable {
   platform::ComboBox Combo2{"Combo2", {"0.0005 MHz", "0.0125 MHz"}};
   platform::Button Command1{"Command1", "Continue"};
 
-  /// The work is done, or the user closed the form.
+  /// The work is done.
   platform::Notifier<> closed;
 
  private:

@@ -23,7 +23,7 @@ TEST(DialogHost, ShowsADialogOnceAndOnlyWhenItIsLoaded) {
   EXPECT_THAT(world.windows.takeCalls(), ElementsAre("closeDialog"));
 
   // The main window closes while the form asks.
-  const std::function<void(frmAbout&)> leave = [&](frmAbout&) { host.closeAll(); };
+  const std::function<void(frmAbout&)> leave = [&](frmAbout&) { host.leave(); };
   EXPECT_EQ(host.show<frmAbout>(make, false, leave), nullptr);
   EXPECT_THAT(world.windows.takeCalls(), ElementsAre("closeDialog"));
 }

@@ -44,7 +44,8 @@ struct TransferRig {
 
   memory::TransferWindow window() {
     const auto& model = bc245 ? link::bc245Model() : link::bc895Model();
-    return {model, channels, talkgroups, Frequency, Channel, mode, Scantimer};
+    return {model, channels,  talkgroups,       Frequency,         Channel,
+            mode,  Scantimer, memory.history(), [this] { ++kept; }};
   }
   memory::TransferOutside outside() { return {state, link, gate, dialogs, clock}; }
 
@@ -108,6 +109,8 @@ struct TransferRig {
   platform::Timer Scantimer{25};
   int ticks = 0;
   int closings = 0;
+  /// Backups of the plan.
+  int kept = 0;
   platform::Connection closing;
   /// The replies to commands. All others are answered with "OK".
   std::map<std::string, std::string, std::less<>> replies;

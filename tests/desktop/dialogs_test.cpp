@@ -1,12 +1,15 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QInputDialog>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
 #include "desktop/ports/qt_dialogs.h"
 #include "desktop/ports/qt_event_loop.h"
+#include "desktop/ports/text.h"
 
 namespace tarnvex::test {
 namespace {
@@ -26,7 +29,9 @@ class DialogsTest : public testing::Test {
       }
     });
     user.start(1);
-    return dialogs.messageBox("Exit <b>Tarnvex</b>?", "Confirm Exit", flags);
+    const char* text = "Exit <b>Tarnvex</b>?";
+    return destroys ? dialogs.askToDestroy(text, "Confirm Exit", flags)
+                    : dialogs.messageBox(text, "Confirm Exit", flags);
   }
   static QMessageBox* shown() {
     for (QWidget* widget : QApplication::topLevelWidgets()) {
@@ -41,6 +46,7 @@ class DialogsTest : public testing::Test {
   desktop::QtEventLoop loop;
   platform::EventGate gate{loop};
   desktop::QtDialogs dialogs{gate};
+  bool destroys = false;
 };
 
 TEST_F(DialogsTest, ShowsTheWordsAndReturnsTheButton) {
@@ -84,6 +90,48 @@ TEST_F(DialogsTest, ShowsTheWordsAndReturnsTheButton) {
     EXPECT_EQ(ask(flags, [](QMessageBox& box) { box.close(); }), escaped);
     EXPECT_EQ(shown(), nullptr);
   }
+}
+
+TEST_F(DialogsTest, EnterAndEscapeNeverDestroy) {
+  for (const MessageFlags flags : {platform::kYesNoQuestion, platform::kYesNoWarning}) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+      const auto press = [key](QMessageBox& box) { QTest::keyClick(&box, key); };
+      destroys = true;
+      EXPECT_EQ(ask(flags, press), Answer::No);
+      destroys = false;
+      EXPECT_EQ(ask(flags, press), key == Qt::Key_Escape ? Answer::No : Answer::Yes);
+    }
+  }
+}
+
+TEST_F(DialogsTest, ShowsFileNamesAndTextsInTheirLetters) {
+  const std::pair<std::string, QString> cases[] = {
+      {"/home/j\xC3\xB6rg/Pl\xC3\xA4n[*].tvf",
+       QString::fromUtf8("/home/j\u00F6rg/Pl\u00E4n[*].tvf")},
+      {"Delete search: M\xFCnchen?", QString::fromUtf8("Delete search: M\u00FCnchen?")},
+  };
+  for (const auto& [text, shown] : cases) {
+    EXPECT_EQ(desktop::messageToScreen(text), shown);
+  }
+  EXPECT_EQ(desktop::titleToScreen("Tarnvex - [*].tvf"), "Tarnvex - [*][*].tvf");
+}
+
+TEST_F(DialogsTest, TheInputBoxTakesOnlyWhatTheFilesCanHold) {
+  QTimer user;
+  QObject::connect(&user, &QTimer::timeout, [&] {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      if (auto* box = qobject_cast<QInputDialog*>(widget); box != nullptr && box->isVisible()) {
+        user.stop();
+        auto* edit = box->findChild<QLineEdit*>();
+        edit->insert(QString::fromUtf8("M\u00FCnchen"));
+        edit->insert(QString::fromUtf8("\u4E2D"));
+        EXPECT_EQ(edit->text(), QString::fromUtf8("M\u00FCnchen"));
+        box->accept();
+      }
+    }
+  });
+  user.start(1);
+  EXPECT_EQ(dialogs.inputBox("Name", "Tarnvex"), "M\xFCnchen");
 }
 
 TEST_F(DialogsTest, SurvivesTheEndOfTheWindowBelow) {

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QListWidget>
 #include <QPaintEvent>
 #include <QTableView>
 #include <QTest>
@@ -101,6 +102,7 @@ TEST_F(Bc895Window, TypedKeysAreSeenWhileAnExchangeWaits) {
     // The cursor moves, too, and a close request stays outside the core until the exchange is over.
     QTest::keyClick(&table, Qt::Key_Down);
     EXPECT_EQ(form.MSFlexGrid1.row(), 3);
+    QTest::mousePress(table.viewport(), Qt::LeftButton, {}, cell.center());
     QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, cell.center());
     waited = true;
   };
@@ -151,7 +153,7 @@ TEST_F(CellsTest, ComeBackFromTheClipboardAsTheyWere) {
   trigger("mnuCopy");
   const QString text = QApplication::clipboard()->text();
   EXPECT_EQ(text.left(23), "\tX\t \tX\tone\n151.5\t \tX\t \t");
-  EXPECT_EQ(text.size(), 23 + static_cast<qsizetype>(tag.size()));
+  EXPECT_EQ(text.size(), 24 + static_cast<qsizetype>(tag.size()));
   EXPECT_LT(table.model()->index(3, 7).data().toString().size(), 1000);
   trigger("mnuPaste");
   EXPECT_EQ(rowOf(3) + rowOf(4), "|X| |X|X|67.0|one|151.5| |X| |X||" + tag + "|");
@@ -187,11 +189,27 @@ TEST_F(Bc895Window, AClickOnARowsLabelMeansTheRow) {
   EXPECT_EQ(table.currentIndex(), table.model()->index(6, 1));
   EXPECT_TRUE(table.selectionModel()->isSelected(table.currentIndex()));
   radio.log.clear();
+  QTest::mousePress(table.viewport(), Qt::LeftButton, {}, label);
   QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, label);
   EXPECT_EQ(radio.takeLog(), "MA007");
   QTest::keyClick(&table, Qt::Key_Left);
   loop.turn();
   EXPECT_EQ(table.currentIndex(), table.model()->index(6, 1));
+}
+
+TEST_F(Bc895Window, ADoubleClickOnAHitDoesNotTuneTheRadio) {
+  form.hitLists.List1.add("151.6250 hit");
+  form.MSFlexGrid1.setRow(3);
+  openTab(3);
+  auto& hits = find<QListWidget>("List1");
+  QTest::mouseClick(hits.viewport(), Qt::LeftButton, {},
+                    hits.visualItemRect(hits.item(0)).center());
+  auto& table = find<QTableView>("MSFlexGrid1");
+  EXPECT_TRUE(table.isVisible());
+  radio.log.clear();
+  QTest::mouseDClick(table.viewport(), Qt::LeftButton, {},
+                     table.visualRect(table.model()->index(4, 1)).center());
+  EXPECT_EQ(radio.takeLog(), "");
 }
 
 }  // namespace

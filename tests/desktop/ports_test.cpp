@@ -3,10 +3,12 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <set>
 
 #include "desktop/ports/device_slots.h"
 #include "desktop/ports/ini_settings.h"
 #include "desktop/ports/text.h"
+#include "support/failing_calls.h"
 #include "support/fake_settings.h"
 
 namespace tarnvex::test {
@@ -60,6 +62,40 @@ TEST(IniSettings, LosesOnlyTheValueThatItCannotWrite) {
   IniSettings settings(folder.filePath("Tarnvex/Tarnvex.conf"));
   settings.saveSetting("Options", "COM", "2");
   EXPECT_EQ(settings.getSetting("BC895", "Baudrate", "9600"), "9600");
+}
+
+TEST(IniSettings, AreWrittenWholeOrNotAtAll) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath("Tarnvex.conf");
+  const auto onDisk = [&] { return IniSettings(path).allText(); };
+  const QString before = "Options/COM=1\n";
+  std::set<std::string> kinds;
+  std::string failed = "none yet";
+  for (int n = 1; !failed.empty(); ++n) {
+    QFile::remove(path);
+    IniSettings(path).saveSetting("Options", "COM", "1");
+    FailingCalls calls;
+    calls.failAt = n;
+    IniSettings settings(path, calls);
+    int told = 0;
+    settings.onFailure = [&](const std::string&) { ++told; };
+    settings.saveSetting("BC895", "Baudrate", "4800");
+    failed = calls.failed;
+    kinds.insert(failed);
+    // Not every call that fails keeps the file from being saved.
+    const QString after = before + "BC895/Baudrate=4800\n";
+    EXPECT_TRUE(onDisk() == after || (onDisk() == before && told == 1)) << n << failed;
+    EXPECT_EQ(settings.getSetting("BC895", "Baudrate", ""), "4800") << "it counts all the same";
+    // Another program saves, and then this one again.
+    IniSettings(path).saveSetting("Options", "Keybeep", "0");
+    settings.saveSetting("BC895", "LastFreqFile", "a.tvf");
+    EXPECT_EQ(onDisk(),
+              "Options/COM=1\nOptions/Keybeep=0\nBC895/Baudrate=4800\n"
+              "BC895/LastFreqFile=a.tvf\n")
+        << n << failed;
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1) << n << failed;
+  }
+  EXPECT_TRUE(kinds.contains("read") && kinds.contains("write") && kinds.contains("rename"));
 }
 
 TEST(DeviceSlots, TakesTheNamedDeviceAndOtherwiseTheFoundOnes) {

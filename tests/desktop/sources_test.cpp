@@ -47,4 +47,21 @@ TEST(Sources, TurnTheEventLoopInOnePlace) {
   EXPECT_TRUE(foundInPlace) << "the pattern must find this";
 }
 
+/// So that no text from a file or the line is taken for markup.
+TEST(Sources, MakeLabelsAndTipsInOnePlace) {
+  const std::regex made(
+      R"re(new QLabel|: QLabel\(|setToolTip\((?!\s*(plainTip\(|(QObject::)?tr\((\s*"[^"]*")+\)\)))|)re"
+      R"re(QToolTip::showText\([^;]*arg\(|setHtml\(|setTextFormat\(Qt::(Rich|Auto)Text)re");
+  EXPECT_TRUE(holds("box->setToolTip(name);", made));
+  EXPECT_TRUE(holds("box->setToolTip(tr(\"Opens %1\").arg(path));", made));
+  EXPECT_FALSE(holds("box->setToolTip(tr(\"Opens\"\n  \" it\"));", made));
+  forEachSource([&](const std::string& path, const std::string& text) {
+    // The second makes a page of the manual, and the third one its own plain label.
+    if (path != "desktop/windows/plain_text.cpp" && path != "desktop/windows/help_window.cpp" &&
+        path != "desktop/windows/recording_light.cpp") {
+      EXPECT_FALSE(holds(text, made)) << path;
+    }
+  });
+}
+
 }  // namespace

@@ -1,8 +1,12 @@
 // The radio is exchanged while the program runs.
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <filesystem>
+#include <fstream>
+#include <map>
 
 #include "desktop/program_rig.h"
 
@@ -64,6 +68,66 @@ TEST(Switch, HappensOutOfAnIdLoopOnceTheModeIsLeft) {
        {"the other window", [&] { return rig.form() != nullptr && !rig.isBc895(); },
         [&] { rig.radio.say("become bc895"); }},
        {"home", [&] { return rig.isBc895() && rig.form()->Scantimer.enabled(); }}});
+}
+
+/// The files of the user in a folder, with their bytes. Settings and the log go on by themselves.
+std::map<QString, QByteArray> filesIn(const QString& folder) {
+  std::map<QString, QByteArray> found;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.toStdString())) {
+    const QString path = QString::fromStdString(entry.path().string());
+    if (entry.is_regular_file() && !path.contains("Tarnvex.conf") && !path.contains("receptions")) {
+      QFile file(path);
+      EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+      found[path] = file.readAll();
+    }
+  }
+  return found;
+}
+
+bool dialogIsOpen() {
+  return std::ranges::any_of(QApplication::topLevelWidgets(), [](QWidget* widget) {
+    return widget->isVisible() && qobject_cast<QDialog*>(widget) != nullptr;
+  });
+}
+
+TEST(Switch, WithdrawsWhateverIsOpenAndTouchesNoFile) {
+  ProgramRig rig;
+  for (const char* key : {"BC895", "BC245"}) {
+    const std::string path = rig.folder.filePath(QString(key) + ".tvf").toStdString();
+    std::ofstream(path) << "1,\"half a plan of the " << key;
+    rig.program.settings.saveSetting(key, "LastFreqFile", path);
+  }
+  const auto files = filesIn(rig.folder.path());
+  const std::vector<const char*> commands = {
+      "mnuNew",    "mnuOpenConv", "mnuSaveConv", "mnuOpenBackup", "mnuImport", "mnuExport",
+      "mnuUpload", "mnuDownload", "mnuReset",    "mnuReceptions", "mnuAbout",  nullptr};
+  const auto onOther = [&rig](bool bc895) {
+    return [&rig, bc895] {
+      return rig.form() != nullptr && rig.isBc895() == bc895 && rig.form()->Scantimer.enabled() &&
+             !rig.program.state.SwitchingScanners;
+    };
+  };
+  std::vector<Step> steps = {{"a BC895XLT", rig.bc895("Frequency: Scanning")}};
+  bool bc895 = true;
+  for (std::size_t i = 0; i < 2 * commands.size(); ++i) {
+    // Each command once on either radio.
+    const char* name = commands[(i + i / commands.size()) % commands.size()];
+    const std::string what = name == nullptr ? "closing" : name;
+    steps.push_back({what, rig.polled(), [&rig, name] {
+                       auto* window = rig.program.windows.mainWindow();
+                       name == nullptr ? void(window->close())
+                                       : window->findChild<QAction*>(name)->trigger();
+                     }});
+    steps.push_back({what + " has opened something", dialogIsOpen,
+                     [&rig, bc895] { rig.radio.say(bc895 ? "become bc245" : "become bc895"); }});
+    bc895 = !bc895;
+    steps.push_back({"the other radio after " + what, onOther(bc895), [&rig, &files, what] {
+                       EXPECT_FALSE(dialogIsOpen()) << what;
+                       EXPECT_EQ(mainWindows(), 1) << what;
+                       EXPECT_TRUE(filesIn(rig.folder.path()) == files) << what;
+                     }});
+  }
+  rig.play(steps);
 }
 
 }  // namespace

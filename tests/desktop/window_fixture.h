@@ -41,7 +41,6 @@ class Below {
   desktop::DeviceSlots devices{settings};
   files::FileCalls fileCalls;
   files::PosixFiles fileStore{fileCalls};
-  platform::SequentialFiles files{fileStore};
   FakeMediaControls media;
   desktop::WallClock clock;
   files::BackupFolder backups{fileCalls, clock, folder.path().toStdString()};
@@ -57,7 +56,7 @@ class Below {
                            settings,
                            clock,
                            link,
-                           files,
+                           fileStore,
                            [this] { return std::make_unique<desktop::QtCommonDialog>(gate); },
                            backups,
                            [this] { return media.create(); },

@@ -44,7 +44,7 @@ struct Editing : PlanFixture {
   memory::PlanEditor editor{plan};
 };
 
-constexpr CellRange at(int row, int col) {
+CellRange at(int row, int col) {
   return {row, col, row, col};
 }
 
@@ -144,6 +144,33 @@ TEST(Delete, ClearsCellsByTheirColumns) {
   on.editor.clear(on.talkgroups, {2, 1, 2, 3}, "Cut");
   EXPECT_EQ(Editing::rowOf(on.talkgroups, 2), "-----|||");
   EXPECT_EQ(on.editor.undoName(), "Cut");
+}
+
+TEST(Paste, PassesOverRowsThatTheWindowHides) {
+  Editing on;
+  for (int row = 1; row <= 6; ++row) {
+    on.channels.setTextMatrix(row, 7, std::to_string(row));
+  }
+  const auto hides = [](int row) { return row == 2 || row == 3; };
+  const auto tags = [&] {
+    std::string all;
+    for (int row = 1; row <= 6; ++row) {
+      all += on.channels.textMatrix(row, 7) + "|";
+    }
+    return all;
+  };
+  const CellRange cells{1, 7, 5, 7, hides};
+  const std::string copied = on.editor.copy(on.channels, cells);
+  EXPECT_EQ(copied, "1\n4\n5\n");
+  EXPECT_EQ(on.paste(on.channels, cells, copied), "");
+  EXPECT_EQ(tags(), "1|2|3|4|5|6|");
+  on.paste(on.channels, cells, "x");
+  EXPECT_EQ(tags(), "x|2|3|x|x|6|");
+  on.editor.clear(on.channels, cells, "Delete");
+  EXPECT_EQ(tags(), "|2|3|||6|");
+  on.paste(on.channels, cells, on.editor.copy(on.channels, {4, 7, 5, 7}));
+  EXPECT_EQ(tags(), "|2|3|||6|") << "a column of blanks keeps its length";
+  EXPECT_EQ(on.editor.copy(on.channels, {4, 7, 5, 7}), "\n\n");
 }
 
 TEST(History, TakesTypingInACellAsOneStep) {

@@ -1,5 +1,3 @@
-#include "files/posix_files.h"
-
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
@@ -7,111 +5,17 @@
 #include <unistd.h>
 
 #include <array>
-#include <cerrno>
-#include <csignal>
-#include <filesystem>
-#include <fstream>
 #include <set>
+
+#include "disk_fixture.h"
 
 namespace tarnvex::test {
 namespace {
 
-namespace fs = std::filesystem;
-using files::PosixFiles;
 using platform::OpenMode;
 using testing::ElementsAre;
 using testing::Eq;
 using testing::Optional;
-
-/// The machine's calls, of which the n-th one fails or kills the process. Counts the open files.
-class FailingCalls : public files::FileCalls {
-  using Calls = files::FileCalls;
-
- public:
-  int stat(const char* path, struct stat* status) override {
-    return fails("stat") ? -1 : Calls::stat(path, status);
-  }
-  int access(const char* path, int mode) override {
-    return fails("access") ? -1 : Calls::access(path, mode);
-  }
-  int open(const char* path, int flags, mode_t mode) override {
-    const int file = fails("open") ? -1 : FileCalls::open(path, flags, mode);
-    opened += file >= 0 ? 1 : 0;
-    return file;
-  }
-  int fstat(int file, struct stat* status) override {
-    return fails("fstat") ? -1 : Calls::fstat(file, status);
-  }
-  ssize_t read(int file, void* bytes, std::size_t size) override {
-    return fails("read") ? -1 : FileCalls::read(file, bytes, size);
-  }
-  ssize_t write(int file, const void* bytes, std::size_t size) override {
-    return fails("write") ? -1 : FileCalls::write(file, bytes, std::min(size, atMost));
-  }
-  int fchmod(int file, mode_t mode) override {
-    return fails("fchmod") ? -1 : Calls::fchmod(file, mode);
-  }
-  int fsync(int /*file*/) override { return fails("fsync") ? -1 : 0; }
-  int close(int file) override {
-    --opened;
-    FileCalls::close(file);
-    return fails("close") ? -1 : 0;
-  }
-  int rename(const char* from, const char* to) override {
-    return fails("rename") ? -1 : Calls::rename(from, to);
-  }
-
-  /// Calls left before the one that fails.
-  int failAt = 0;
-  int error = ENOSPC;
-  bool kills = false;
-  std::string failed;
-  int opened = 0;
-  std::size_t atMost = std::string::npos;
-
- private:
-  bool fails(const char* call) {
-    if (--failAt != 0) {
-      return false;
-    }
-    if (kills) {
-      std::raise(SIGKILL);
-    }
-    failed = call;
-    errno = error;
-    return true;
-  }
-};
-
-class DiskFiles : public testing::Test {
- protected:
-  DiskFiles() {
-    std::string name = (fs::temp_directory_path() / "tarnvex-files-XXXXXX").string();
-    folder = ::mkdtemp(name.data());
-  }
-  ~DiskFiles() override { fs::remove_all(folder); }
-
-  [[nodiscard]] std::string at(const std::string& name) const { return (folder / name).string(); }
-  static std::string contentOf(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-  }
-  static void put(const std::string& path, const std::string& content) {
-    std::ofstream(path, std::ios::binary) << content;
-  }
-  [[nodiscard]] std::set<std::string> names() const {
-    std::set<std::string> found;
-    for (const auto& entry : fs::directory_iterator(folder)) {
-      found.insert(entry.path().filename().string());
-    }
-    return found;
-  }
-
-  fs::path folder;
-  FailingCalls calls;
-  PosixFiles store{calls};
-  platform::SequentialFiles files{store};
-};
 
 TEST_F(DiskFiles, EveryFailingCallOfASaveLeavesACompleteFile) {
   for (const OpenMode mode : {OpenMode::Output, OpenMode::Append}) {
@@ -215,6 +119,49 @@ TEST_F(DiskFiles, FollowsLinksAndKeepsModes) {
   const mode_t mask = ::umask(0);
   ::umask(mask);
   EXPECT_EQ(fs::status(at("later")).permissions(), fs::perms{0666U & ~mask});
+}
+
+/// A file with two names, or one that a new file couldn't take the place of.
+TEST_F(DiskFiles, ASaveInPlaceKeepsTheFileAndOnFailureItsBytes) {
+  for (const bool linked : {true, false}) {
+    for (const char* content : {"new", "a longer text than before"}) {
+      const std::string old = "old content";
+      bool failed = true;
+      for (int n = 1; failed; ++n) {
+        put(at("plan.tvf"), old);
+        fs::remove(at("other"));
+        if (linked) {
+          fs::create_hard_link(at("plan.tvf"), at("other"));
+        }
+        calls.refuseOwner = !linked;
+        calls.foreignOwner = !linked;
+        struct stat before = {};
+        ::stat(at("plan.tvf").c_str(), &before);
+        calls.failed.clear();
+        calls.failAt = n;
+        const auto failure = store.replace(at("plan.tvf"), content);
+        calls.failAt = 0;
+        failed = !calls.failed.empty();
+        EXPECT_EQ(calls.opened, 0) << n;
+        struct stat after = {};
+        ::stat(at("plan.tvf").c_str(), &after);
+        EXPECT_EQ(after.st_ino, before.st_ino) << n << calls.failed;
+        EXPECT_EQ(contentOf(at("plan.tvf")), failure ? old : content) << n << calls.failed;
+        EXPECT_EQ(names().size(), linked ? 2U : 1U) << n << calls.failed;
+      }
+      EXPECT_EQ(contentOf(at(linked ? "other" : "plan.tvf")), content);
+    }
+  }
+}
+
+TEST_F(DiskFiles, AFileIsSavedInAFolderThatTakesNoNewOne) {
+  put(at("plan.tvf"), "old");
+  calls.refuseFolders = true;
+  EXPECT_FALSE(files.open(1, at("plan.tvf"), OpenMode::Output));
+  files.write(1, {"new"});
+  EXPECT_FALSE(files.close(1));
+  EXPECT_EQ(contentOf(at("plan.tvf")), "\"new\"\r\n");
+  EXPECT_THAT(files.open(1, at("fresh.tvf"), OpenMode::Output), Optional(Eq("Permission denied")));
 }
 
 TEST_F(DiskFiles, RefusesAtOnceWhatIsNotAFile) {

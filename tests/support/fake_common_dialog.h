@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -35,6 +36,8 @@ class FakeCommonDialog : public platform::CommonDialog {
 
   std::deque<std::optional<std::string>> choices;
   std::vector<ShownDialog> shown;
+  /// Runs while the dialog is open, after the user has chosen.
+  std::function<void()> whileOpen;
 
  protected:
   std::optional<std::string> chooseFile(platform::FileDialogKind kind) override {
@@ -45,6 +48,9 @@ class FakeCommonDialog : public platform::CommonDialog {
     }
     auto choice = choices.front();
     choices.pop_front();
+    if (whileOpen) {
+      whileOpen();
+    }
     return choice;
   }
 };

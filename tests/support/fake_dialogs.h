@@ -50,15 +50,29 @@ class FakeDialogs : public platform::Dialogs {
     boxes.push_back(box);
     const int buttons = static_cast<int>(flags) & 7;
     // Taken before the hook runs, since boxes that open meanwhile take the later answers.
-    const platform::Answer answer = buttons == 0 ? platform::Answer::Ok : nextAnswer(box, buttons);
+    const platform::Answer answer = buttons == 0   ? platform::Answer::Ok
+                                    : pressesEnter ? platform::Answer::Yes
+                                                   : nextAnswer(box, buttons);
     if (whileOpen) {
       whileOpen();
     }
     return answer;
   }
+  platform::Answer askToDestroy(const std::string& text, const std::string& title,
+                                platform::MessageFlags flags) override {
+    if (pressesEnter) {
+      boxes.push_back({text, title, flags});
+      return platform::Answer::No;
+    }
+    return messageBox(text, title, flags);
+  }
   std::string inputBox(const std::string& prompt, const std::string& title) override {
     prompts.push_back({prompt, title, 0});
-    return take(lines, std::string(), "unexpected input box: " + prompt);
+    std::string line = take(lines, std::string(), "unexpected input box: " + prompt);
+    if (whileOpen) {
+      whileOpen();
+    }
+    return line;
   }
   std::optional<platform::Colour> chooseColour(platform::Colour current) override {
     presetColours.push_back(current);
@@ -70,6 +84,8 @@ class FakeDialogs : public platform::Dialogs {
   /// The boxes shown since the last call.
   std::vector<Box> takeBoxes() { return std::exchange(boxes, {}); }
 
+  /// A user who answers every box with Enter, which means No where Yes would destroy something.
+  bool pressesEnter = false;
   std::deque<platform::Answer> answers;
   std::vector<Box> boxes;
   /// What the user types into input boxes (empty for Cancel), and the input boxes shown.

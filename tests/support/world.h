@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "memory/memory_store.h"
@@ -29,6 +30,7 @@ struct World {
   FakeDialogs dialogs;
   FakeSettings settings;
   MemoryStore store;
+  /// For what is tested without a window; each window has its own.
   platform::SequentialFiles files{store};
   FakeBackups backups;
   FakeMediaControls media;
@@ -44,8 +46,8 @@ struct World {
                            settings,
                            clock,
                            link,
-                           files,
-                           [] { return std::make_unique<FakeCommonDialog>(); },
+                           store,
+                           [this] { return makeDialog(); },
                            backups,
                            [this] { return media.create(); },
                            receptions,
@@ -55,6 +57,16 @@ struct World {
 
   /// The file of saved searches exists and is empty, so that windows load without a message.
   World() { store.files["/program/Searchlist.txt"] = ""; }
+
+  /// Called with each file dialog that a window gets.
+  std::function<void(FakeCommonDialog&)> onDialog;
+  std::unique_ptr<platform::CommonDialog> makeDialog() {
+    auto dialog = std::make_unique<FakeCommonDialog>();
+    if (onDialog) {
+      onDialog(*dialog);
+    }
+    return dialog;
+  }
 
   /// The surroundings of a window that is tested without an `Application`.
   shell::MainFormOutside outside() {

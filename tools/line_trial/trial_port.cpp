@@ -28,7 +28,7 @@ std::optional<std::string> TrialPort::open() {
 }
 
 void TrialPort::receive() {
-  waiting_ += radio_.line.fromRadio(radio_.now);
+  waiting_ += radio_.line.fromRadio(radio_.now());
 }
 
 std::size_t TrialPort::inBufferCount() {

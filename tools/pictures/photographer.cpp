@@ -12,7 +12,8 @@ void Photographer::act(const Shot& shot) {
   calm_ = QDeadlineTimer(kCalmMilliseconds);
   if (form() != nullptr && form()->Scantimer.enabled() && shot.ready()) {
     acted_ = true;
-    // Not from within the look: what opens a box waits in it, and a timer never fires within itself.
+    // Not from within the look: what opens a box waits in it, and a timer never fires within
+    // itself.
     QTimer::singleShot(0, &look_, shot.act);
   }
 }

@@ -3,6 +3,8 @@
 #include <QFileInfo>
 #include <QMessageBox>
 
+#include "desktop/ports/window_in_use.h"
+
 namespace tarnvex::desktop {
 
 PlanFileDialog::PlanFileDialog(QWidget* parent) : QFileDialog(parent) {
@@ -14,22 +16,24 @@ PlanFileDialog::PlanFileDialog(QWidget* parent) : QFileDialog(parent) {
   setFileMode(AnyFile);
 }
 
-void PlanFileDialog::askBeforeReplacing(const QString& current) {
+void PlanFileDialog::askBeforeReplacing(const QString& own, const QString& kept) {
   asks_ = true;
-  current_ = current;
-}
-
-QString PlanFileDialog::chosen() const {
-  const QString path = selectedFiles().value(0);
-  const QFileInfo file(path);
-  const bool lacksSuffix = !file.fileName().contains(QLatin1Char('.')) && !file.exists();
-  return suffix_.isEmpty() || !lacksSuffix ? path : path + QLatin1Char('.') + suffix_;
+  own_ = own;
+  kept_ = kept;
 }
 
 void PlanFileDialog::accept() {
-  const QFileInfo file(chosen());
-  if (!asks_ || !file.isFile() || file == QFileInfo(current_)) {
-    QFileDialog::accept();
+  askAbout(selectedFiles().value(0), [this] { QFileDialog::accept(); });
+}
+
+void PlanFileDialog::reject() {
+  askAbout(isWithdrawn(*this) ? QString() : kept_, [this] { QFileDialog::reject(); });
+}
+
+void PlanFileDialog::askAbout(const QString& path, const std::function<void()>& goOn) {
+  const QFileInfo file(path);
+  if (!asks_ || !file.isFile() || file == QFileInfo(own_)) {
+    goOn();
     return;
   }
   auto* question =
@@ -41,9 +45,9 @@ void PlanFileDialog::accept() {
   question->setTextFormat(Qt::PlainText);
   question->setDefaultButton(QMessageBox::No);
   question->setEscapeButton(QMessageBox::No);
-  connect(question, &QDialog::finished, this, [this](int answer) {
+  connect(question, &QDialog::finished, this, [goOn](int answer) {
     if (answer == QMessageBox::Yes) {
-      QFileDialog::accept();
+      goOn();
     }
   });
   question->open();

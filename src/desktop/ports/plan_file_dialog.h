@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFileDialog>
+#include <functional>
 
 namespace tarnvex::desktop {
 
@@ -11,20 +12,20 @@ class PlanFileDialog : public QFileDialog {
  public:
   explicit PlanFileDialog(QWidget* parent);
 
-  /// Asks before the user chooses an existing file other than `current`.
-  void askBeforeReplacing(const QString& current);
-  /// Adds this suffix, without its dot, to a typed name that has none and isn't that of an existing
-  /// file.
-  void setSuffix(const QString& suffix) { suffix_ = suffix; }
-  /// The chosen file, including its suffix.
-  [[nodiscard]] QString chosen() const;
+  /// Asks before an existing file other than `own` is chosen, and before Cancel goes on with one:
+  /// `kept` is the file that Cancel means, blank if there is none.
+  void askBeforeReplacing(const QString& own, const QString& kept);
 
   void accept() override;
+  void reject() override;
 
  private:
+  /// Calls `goOn` at once, or after a Yes if the file must be asked about.
+  void askAbout(const QString& path, const std::function<void()>& goOn);
+
   bool asks_ = false;
-  QString current_;
-  QString suffix_;
+  QString own_;
+  QString kept_;
 };
 
 }  // namespace tarnvex::desktop

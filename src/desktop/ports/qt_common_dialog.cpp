@@ -33,7 +33,6 @@ QString asCaption(QString text) {
 /// button says so.
 void QtCommonDialog::prepare(PlanFileDialog& dialog) const {
   dialog.setNameFilters(nameFilters(Filter));
-  dialog.setSuffix(toScreen(DefaultExt));
   if (!DialogTitle.empty()) {
     dialog.setWindowTitle(toScreen(DialogTitle));
   }
@@ -42,7 +41,7 @@ void QtCommonDialog::prepare(PlanFileDialog& dialog) const {
   }
   const QString current = QFile::decodeName(FileName.c_str());
   if (AsksBeforeReplacing) {
-    dialog.askBeforeReplacing(current);
+    dialog.askBeforeReplacing(QFile::decodeName(OwnFile.c_str()), current);
   }
   begin(dialog, current);
 }
@@ -76,7 +75,7 @@ std::optional<std::string> QtCommonDialog::chooseFile(platform::FileDialogKind k
   const bool accepted = runDialog(dialog, gate_) == QDialog::Accepted;
   // This must not count as Cancel, after which a save goes on under the present name.
   const bool stopped = gate_.ended() || dialog.isNull() || isWithdrawn(*dialog);
-  const QString chosen = accepted ? dialog->chosen() : QString();
+  const QString chosen = accepted ? dialog->selectedFiles().value(0) : QString();
   delete dialog.data();
   if (stopped) {
     return std::string();

@@ -5,6 +5,9 @@
 #include <QGridLayout>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
+#include <QToolTip>
+#include <QValidator>
 
 #include "desktop/ports/colour.h"
 #include "desktop/ports/run_dialog.h"
@@ -59,6 +62,27 @@ Answer answerOf(int button, int flags) {
   }
 }
 
+class CodePage : public QValidator {
+ public:
+  using QValidator::QValidator;
+  State validate(QString& text, int& /*cursor*/) const override {
+    bool dropped = false;
+    fromScreen(text, &dropped);
+    return dropped ? Invalid : Acceptable;
+  }
+};
+
+/// The edit takes only letters that the program's files can hold, and says so.
+void refuseForeignLetters(QLineEdit* edit) {
+  edit->setValidator(new CodePage(edit));
+  QObject::connect(edit, &QLineEdit::inputRejected, edit, [edit] {
+    QApplication::beep();
+    QToolTip::showText(edit->mapToGlobal(edit->rect().bottomLeft()),
+                       QObject::tr("The file can hold only the letters of western alphabets."),
+                       edit);
+  });
+}
+
 /// Makes the box wide enough for its title and the window's buttons. A short question would be
 /// narrower.
 void makeRoomForTitle(QMessageBox& box) {
@@ -87,11 +111,12 @@ Answer QtDialogs::ask(const std::string& text, const std::string& title,
     return answerOf(QMessageBox::NoButton, flags);
   }
   // If the window below closes while the box is open, it destroys the box.
-  const QPointer<QMessageBox> box = new QMessageBox(iconOf(flags), toScreen(title), toScreen(text),
-                                                    buttonsOf(flags), windowInUse());
+  const QPointer<QMessageBox> box =
+      new QMessageBox(iconOf(flags), messageToScreen(title), messageToScreen(text),
+                      buttonsOf(flags), windowInUse());
   box->setObjectName(QStringLiteral("messageBox"));
   box->setTextFormat(Qt::PlainText);
-  box->setDefaultButton(flags == platform::kYesNoWarningNo ? QMessageBox::No : preset);
+  box->setDefaultButton(preset);
   if (box->standardButtons().testFlag(QMessageBox::No)) {
     box->setEscapeButton(QMessageBox::No);
   }
@@ -113,19 +138,12 @@ std::string QtDialogs::inputBox(const std::string& prompt, const std::string& ti
     label->setTextFormat(Qt::PlainText);
   }
   box->resize(box->fontMetrics().averageCharWidth() * 48, box->sizeHint().height());
-  const bool accepted = runDialog(box, gate_) == QDialog::Accepted;
-  std::string line = accepted ? lineFrom(box->textValue()) : std::string();
-  delete box.data();
-  return line;
-}
-
-/// Beeps if the text has characters that the core's texts can't hold.
-std::string QtDialogs::lineFrom(const QString& text) {
-  bool dropped = false;
-  std::string line = fromScreen(text, &dropped);
-  if (dropped) {
-    beep();
+  for (QLineEdit* edit : box->findChildren<QLineEdit*>()) {
+    refuseForeignLetters(edit);
   }
+  const bool accepted = runDialog(box, gate_) == QDialog::Accepted;
+  const std::string line = accepted ? fromScreen(box->textValue()) : std::string();
+  delete box.data();
   return line;
 }
 

@@ -28,7 +28,6 @@ class QtDialogs : public platform::Dialogs {
   /// `preset` is the button that Enter presses. If it is none, the box chooses.
   platform::Answer ask(const std::string& text, const std::string& title,
                        platform::MessageFlags flags, QMessageBox::StandardButton preset);
-  std::string lineFrom(const QString& text);
 
   platform::EventGate& gate_;
   bool busy_ = false;

@@ -68,11 +68,15 @@ std::string fromScreen(const QString& text, char substitute) {
   return bytes;
 }
 
-QString titleToScreen(std::string_view text) {
+QString messageToScreen(std::string_view text) {
   const QByteArray bytes(text.data(), static_cast<qsizetype>(text.size()));
   QStringDecoder fileName(QStringDecoder::Utf8);
   const QString decoded = fileName(bytes);
   return fileName.hasError() ? toScreen(text) : decoded;
+}
+
+QString titleToScreen(std::string_view text) {
+  return messageToScreen(text).replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
 }
 
 }  // namespace tarnvex::desktop

@@ -18,8 +18,10 @@ std::string fromScreen(const QString& text, bool* dropped = nullptr);
 /// The same, with `substitute` instead of each dropped character.
 std::string fromScreen(const QString& text, char substitute);
 
-/// Converts a window's title, which may contain a file name: bytes as the file system has them,
-/// usually UTF-8.
+/// Converts a message or another text that may contain a file name: bytes as the file system has
+/// them, usually UTF-8. A text that is no UTF-8 is taken for core text.
+QString messageToScreen(std::string_view text);
+/// The same for a window's title, in which "[*]" has a meaning of its own.
 QString titleToScreen(std::string_view text);
 
 }  // namespace tarnvex::desktop

@@ -9,6 +9,7 @@
 
 #include "desktop/reception_log/picture_painter.h"
 #include "desktop/reception_log/reception_texts.h"
+#include "desktop/windows/plain_text.h"
 
 namespace tarnvex::desktop {
 namespace {
@@ -162,7 +163,7 @@ void PictureView::mouseMoveEvent(QMouseEvent* event) {
   hoverRow_ = geometry.rowAt(point.y());
   hoverHour_ = geometry.hourAt(point);
   setCursor(hoverRow_ >= 0 ? Qt::PointingHandCursor : Qt::ArrowCursor);
-  QToolTip::showText(event->globalPosition().toPoint(), textAt(point), this);
+  QToolTip::showText(event->globalPosition().toPoint(), plainTip(textAt(point)), this);
   update();
 }
 

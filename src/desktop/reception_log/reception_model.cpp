@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "desktop/reception_log/reception_texts.h"
+#include "desktop/windows/plain_text.h"
 
 namespace tarnvex::desktop {
 namespace {
@@ -325,10 +326,10 @@ QVariant ReceptionModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::AccessibleTextRole && index.column() == Signal) {
     return tr("%1 of 4 bars").arg(shown->bars);
   }
-  if (index.column() == Recording && role != Qt::DisplayRole) {
-    return shown->recording;
-  }
-  return text(*shown, index.column());
+  const QString all = index.column() == Recording && role != Qt::DisplayRole
+                          ? shown->recording
+                          : text(*shown, index.column());
+  return role == Qt::ToolTipRole ? plainTip(all) : all;
 }
 
 QVariant ReceptionModel::headerData(int section, Qt::Orientation orientation, int role) const {

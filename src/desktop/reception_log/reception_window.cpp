@@ -10,6 +10,7 @@
 
 #include "desktop/ports/text.h"
 #include "desktop/reception_log/reception_texts.h"
+#include "desktop/windows/plain_text.h"
 
 namespace tarnvex::desktop {
 namespace {
@@ -122,9 +123,9 @@ QLayout* ReceptionWindow::makeFooter(shell::frmReceptionLog& form) {
   binder().bind(keep, form.log().chkKeep);
   auto* keepFor = new QComboBox;
   binder().bind(keepFor, form.log().cboKeepFor);
-  auto* caption = new QLabel(tr("Keep &for:"));
+  auto* caption = makeLabel(tr("Keep &for:"));
   caption->setBuddy(keepFor);
-  counted_ = named(new QLabel, "counted");
+  counted_ = named(makeLabel(), "counted");
   export_ = named(new QPushButton(tr("&Export...")), "export");
   auto* clear = new QPushButton;
   binder().bind(clear, form.cmdClear);

@@ -1,85 +1,14 @@
 #include "desktop/windows/binder.h"
 
 #include <QAction>
-#include <QApplication>
-#include <QKeyEvent>
 #include <QPointer>
 
 #include "desktop/ports/text.h"
+#include "desktop/windows/calm_wheel.h"
+#include "desktop/windows/text_box.h"
 
 namespace tarnvex::desktop {
 namespace {
-
-/// Shows each typed key to the text box's model before it takes effect. Not Enter in a dialog,
-/// which presses the main button.
-class KeyFilter : public QObject {
- public:
-  KeyFilter(QLineEdit* widget, platform::TextBox& model, platform::EventGate& gate, bool isDialogs)
-      : QObject(widget), widget_(widget), model_(model), gate_(gate), isDialogs_(isDialogs) {
-    widget->installEventFilter(this);
-  }
-
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::FocusIn) {
-      gate_.enter([guard = QPointer<KeyFilter>(this)] {
-        if (guard) {
-          guard->model_.userFocus();
-        }
-      });
-    }
-    if (event->type() != QEvent::KeyPress || replaying_) {
-      return QObject::eventFilter(watched, event);
-    }
-    const auto* key = static_cast<QKeyEvent*>(event);
-    const bool command = (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
-    const std::string typed = fromScreen(key->text());
-    if (typed.size() != 1 || command || typed[0] == '\t' || key->key() == Qt::Key_Escape ||
-        key->key() == Qt::Key_Delete || (isDialogs_ && typed[0] == '\r')) {
-      return QObject::eventFilter(watched, event);
-    }
-    gate_.enter([guard = QPointer<KeyFilter>(this), character = typed[0], code = key->key(),
-                 text = key->text()] {
-      if (guard && guard->model_.userKey(character)) {
-        guard->replay(code, text);
-      }
-    });
-    return true;
-  }
-
- private:
-  void replay(int code, const QString& text) {
-    replaying_ = true;
-    QKeyEvent event(QEvent::KeyPress, code, Qt::NoModifier, text);
-    QApplication::sendEvent(widget_, &event);
-    replaying_ = false;
-  }
-
-  QLineEdit* widget_;
-  platform::TextBox& model_;
-  platform::EventGate& gate_;
-  bool isDialogs_;
-  bool replaying_ = false;
-};
-
-/// Makes the wheel scroll the page instead of choosing something in a box that doesn't have the
-/// focus.
-class CalmWheel : public QObject {
- public:
-  explicit CalmWheel(QWidget* widget) : QObject(widget) {
-    widget->setFocusPolicy(Qt::StrongFocus);
-    widget->installEventFilter(this);
-  }
-
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::Wheel && !static_cast<QWidget*>(watched)->hasFocus()) {
-      event->ignore();
-      return true;
-    }
-    return QObject::eventFilter(watched, event);
-  }
-};
 
 void showItems(QComboBox* widget, const platform::ComboBox& model) {
   QStringList items;
@@ -236,7 +165,7 @@ void Binder::bind(QComboBox* widget, platform::ComboBox& model) {
     widget->setCurrentIndex(model.listIndex());
   };
   follow(model.changed, show);
-  new CalmWheel(widget);
+  calmWheel(widget);
   QObject::connect(widget, &QComboBox::activated, widget, [this, widget, &model, show](int index) {
     act(
         Urgency::Normal, widget, [&model, index] { model.userChoose(index); }, show);
@@ -327,9 +256,7 @@ void Binder::bind(QLineEdit* widget, platform::TextBox& model) {
     }
   });
   keep(model.selectAllRequested.connect([widget] { widget->selectAll(); }));
-  new KeyFilter(widget, model, gate_, isDialogs());
-  QObject::connect(widget, &QLineEdit::textEdited, widget,
-                   [&model](const QString& text) { model.userEdit(fromScreen(text)); });
+  new TextBoxEditing(widget, model, gate_, isDialogs());
 }
 
 }  // namespace tarnvex::desktop

@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <algorithm>
 
+#include "desktop/windows/calm_wheel.h"
 #include "desktop/windows/plain_text.h"
 
 namespace tarnvex::desktop {
@@ -31,6 +32,7 @@ ComOption::ComOption(int slot, platform::OptionButton& model, DeviceSlots& devic
   box_->setAccessibleName(tr("Device of COM %1").arg(slot));
   box_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   box_->setMinimumContentsLength(kShownCharacters);
+  calmWheel(box_);
   connect(box_, &QComboBox::activated, this, [this](int index) { activate(index); });
   showDevices();
 }
@@ -105,7 +107,7 @@ void ComOption::openMenu(const QPoint& where) {
   menu->setAttribute(Qt::WA_DeleteOnClose);
   showDevices();
   for (qsizetype i = 1; i < shown_.size(); ++i) {
-    QAction* action = menu->addAction(shown_[i].title);
+    QAction* action = menu->addAction(withoutMnemonics(shown_[i].title));
     chooseOn(action, shown_[i].path);
     action->setCheckable(true);
     action->setChecked(sameDevice(shown_[i].path, devices_.device(slot_)));

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "desktop/windows/parts.h"
+#include "desktop/windows/plain_text.h"
 
 namespace tarnvex::desktop {
 
@@ -15,7 +16,7 @@ FindBar::FindBar(QTableView& table, std::vector<int> columns, QStringList emptyT
       columns_(std::move(columns)),
       emptyTexts_(std::move(emptyTexts)),
       text_(makeSearchLine("findText", tr("Find a tag, frequency, ID or tone"), tr("Find"))),
-      count_(named(new QLabel, "findCount")),
+      count_(named(makeLabel(), "findCount")),
       hideEmpty_(named(new QCheckBox(tr("Hide empty channels")), "hideEmpty")) {
   setObjectName(QStringLiteral("findBar"));
   text_->setMaximumWidth(text_->fontMetrics().averageCharWidth() * 40);
@@ -39,7 +40,7 @@ FindBar::FindBar(QTableView& table, std::vector<int> columns, QStringList emptyT
 QToolButton* FindBar::makeArrow(Qt::ArrowType arrow, const QString& spoken, Way way) {
   auto* button = new QToolButton;
   button->setArrowType(arrow);
-  button->setToolTip(spoken);
+  button->setToolTip(plainTip(spoken));
   button->setAccessibleName(spoken);
   connect(button, &QToolButton::clicked, this, [this, way] { find(way); });
   return button;

@@ -25,7 +25,7 @@ bool holdsAll(const QString& text, const QStringList& words) {
 }
 
 /// The width of the widest picture in the manual.
-constexpr int kPictureWidth = 702;
+constexpr int kPictureWidth = 732;
 
 }  // namespace
 

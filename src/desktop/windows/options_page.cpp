@@ -40,10 +40,12 @@ void addBankRow(QGridLayout* grid, int row, const QString& caption, monitor::Ban
 QLayout* makeBankSwitches(monitor::BankRotation& rotation, Binder& binder) {
   auto* on = binder.make<QRadioButton>(rotation.Option5);
   binder.follow(rotation.Option5.changed, [on, &model = rotation.Option5] {
-    on->setToolTip(model.enabled() ? QObject::tr("Steps the radio through the ticked banks.")
-                                   : QObject::tr("Steps the radio through the ticked banks. "
-                                                 "Tick one first."));
-    on->setAccessibleDescription(on->toolTip());
+    const QString why = model.enabled() ? QObject::tr("Steps the radio through the ticked banks.")
+                                        : QObject::tr(
+                                              "Steps the radio through the ticked banks. "
+                                              "Tick one first.");
+    on->setToolTip(plainTip(why));
+    on->setAccessibleDescription(why);
   });
   auto* row = new QHBoxLayout;
   row->addWidget(on);
@@ -113,7 +115,7 @@ QLabel* makeLinkState(link::LinkState& state, Binder& binder) {
   label->setMinimumHeight(label->fontMetrics().lineSpacing() * 2);
   binder.follow(state.changed, [label, &state] {
     label->setText(toScreen(state.text()));
-    label->setToolTip(label->text());
+    label->setToolTip(plainTip(label->text()));
     label->setAccessibleDescription(label->text());
   });
   return label;

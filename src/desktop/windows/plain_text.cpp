@@ -9,8 +9,12 @@ QLabel* makeLabel(const QString& text) {
   return label;
 }
 
-/// Qt guesses whether a tip's text is markup, so the tip always gets markup.
+/// Qt guesses whether a tip's text is markup. What it would take for markup becomes markup that
+/// shows it.
 QString plainTip(QString text) {
+  if (!Qt::mightBeRichText(text)) {
+    return text;
+  }
   text = text.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
   return QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text);
 }

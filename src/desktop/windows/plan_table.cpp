@@ -173,6 +173,7 @@ memory::CellRange PlanTable::selectedCells() const {
   for (const QItemSelectionRange& range : selection) {
     cells = {range.top() + 1, std::max(range.left(), 1), range.bottom() + 1, range.right()};
   }
+  cells.hides = [this](int row) { return isRowHidden(row - 1); };
   return cells;
 }
 
@@ -301,9 +302,21 @@ bool PlanTable::typeText(const QString& text) {
   return true;
 }
 
+void PlanTable::mousePressEvent(QMouseEvent* event) {
+  pressedRow_ = rowAt(event->pos().y());
+  pressedAt_ = event->timestamp();
+  QTableView::mousePressEvent(event);
+}
+
+/// Only if both clicks were on this row: the first one may have been on a list of hits, and the
+/// table has taken its place.
 void PlanTable::mouseDoubleClickEvent(QMouseEvent* event) {
   QTableView::mouseDoubleClickEvent(event);
-  gate_.enter([&table = table_] { table.userDoubleClick(); });
+  const auto between = event->timestamp() - pressedAt_;
+  if (rowAt(event->pos().y()) == pressedRow_ &&
+      std::cmp_less_equal(between, QApplication::doubleClickInterval())) {
+    gate_.enter([&table = table_] { table.userDoubleClick(); });
+  }
 }
 
 }  // namespace tarnvex::desktop

@@ -53,6 +53,7 @@ class PlanTable : public QTableView {
   void keyPressEvent(QKeyEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void changeEvent(QEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
 
@@ -78,6 +79,9 @@ class PlanTable : public QTableView {
   memory::PlanEditor& editor_;
   platform::EventGate& gate_;
   int stretched_;
+  /// Of the last press: the view's row, and when (milliseconds).
+  int pressedRow_ = -1;
+  quint64 pressedAt_ = 0;
   QAction* undo_ = nullptr;
   QAction* redo_ = nullptr;
   platform::Connection cursor_;

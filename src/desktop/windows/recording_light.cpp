@@ -13,6 +13,7 @@ constexpr QColor kRed{0xB3, 0x26, 0x1E};
 
 RecordingLight::RecordingLight(const platform::Label& model, QWidget* parent) : QLabel(parent) {
   setObjectName(QStringLiteral("recordingLight"));
+  setTextFormat(Qt::PlainText);
   setAutoFillBackground(true);
   QPalette colours = palette();
   colours.setColor(QPalette::Window, kRed);
