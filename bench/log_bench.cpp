@@ -18,15 +18,12 @@ namespace tarnvex::bench {
 namespace {
 
 /// A main form with a radio in the same process, on a line that takes no time.
-class TickRun : public platform::SerialPorts {
+class TickRun {
  public:
   explicit TickRun(const QString& folder) : store_(folder.toStdString(), world_.gate) {
     radio_.playScene("steady");
     form_->MSComm1->open();
     form_->Scantimer.setEnabled(true);
-  }
-  std::unique_ptr<platform::SerialPort> create() override {
-    return std::make_unique<test::RadioPort>(radio_);
   }
   /// Returns milliseconds of this thread's processor time.
   double ticks(int count, bool logged) {
@@ -41,15 +38,27 @@ class TickRun : public platform::SerialPorts {
   }
 
  private:
+  shell::Services onRadio() {
+    return {world_.state,
+            world_.gate,
+            [this] { return std::make_unique<test::RadioPort>(radio_); },
+            world_.dialogs,
+            world_.settings,
+            world_.clock,
+            world_.link,
+            world_.files,
+            world_.services.makeDialog,
+            world_.backups,
+            world_.services.makeMediaControl,
+            log_,
+            "/program"};
+  }
+
   radio::Radio radio_{radio::Model::BC895XLT, 1};
   test::World world_;
   desktop::SqliteReceptionStore store_;
   monitor::ReceptionLog log_{{store_, world_.state, world_.settings, world_.dialogs, world_.clock}};
-  shell::Services services_{
-      world_.state, world_.gate, *this,        world_.dialogs,       world_.settings,
-      world_.clock, world_.link, world_.files, world_.commonDialogs, world_.backups,
-      world_.media, log_,        "/program"};
-  std::unique_ptr<shell::Form4> form_ = std::make_unique<shell::Form4>(services_, world_.outside());
+  std::unique_ptr<shell::Form4> form_ = std::make_unique<shell::Form4>(onRadio(), world_.outside());
 };
 
 void benchTick(Table& table, const QString& folder) {

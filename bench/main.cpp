@@ -11,9 +11,6 @@
 
 namespace tarnvex::bench {
 
-/// Runs the program until its splash is painted, for a process of its own (start_bench.cpp).
-int showSplash();
-
 namespace {
 
 struct Part {

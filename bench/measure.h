@@ -76,4 +76,7 @@ void benchTransfer(Table& table);
 void benchStart(Table& table);
 void benchLog(Table& table);
 
+/// Runs the program until its splash is painted, for a process of its own (start_bench.cpp).
+int showSplash();
+
 }  // namespace tarnvex::bench

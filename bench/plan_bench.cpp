@@ -77,8 +77,7 @@ class ShownPlan {
   desktop::QtEventLoop loop_;
   platform::EventGate gate_{loop_};
   desktop::QtDialogs dialogs_{gate_};
-  desktop::QtCommonDialogs commonDialogs_{gate_};
-  std::unique_ptr<platform::CommonDialog> Dlg1_ = commonDialogs_.create();
+  desktop::QtCommonDialog Dlg1_{gate_};
   test::FakeSettings settings_;
   files::PosixFiles store_{calls};
   platform::SequentialFiles files_{store_};
@@ -91,7 +90,7 @@ class ShownPlan {
   platform::Table talkgroups_{"talkgroups", 1001, 4};
   memory::ChannelMemory memory_;
   memory::FrequencyFile file_{memory_,
-                              {files_, *Dlg1_, dialogs_, settings_, window_, backups_, *Dlg1_}};
+                              {files_, Dlg1_, dialogs_, settings_, window_, backups_, Dlg1_}};
   memory::PlanEditor editor_{memory_};
   desktop::PlanTable channelView_{channels_, editor_, gate_, memory::ChannelRecord::AlphaTag,
                                   nullptr};

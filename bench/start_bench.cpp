@@ -11,8 +11,6 @@
 
 namespace tarnvex::bench {
 
-int showSplash();
-
 namespace {
 
 /// Prints a line when the splash has been painted.

@@ -1,5 +1,5 @@
 #include "fuzz_target.h"
-#include "memory/apf_file.h"
+#include "memory/apf_dialogs.h"
 #include "memory/memory_store.h"
 #include "support/fake_common_dialog.h"
 #include "support/fake_dialogs.h"

@@ -51,8 +51,7 @@ void Air::advance(Millis now, double traffic) {
   std::erase_if(active_, [now](const Transmission& each) { return each.end <= now; });
 }
 
-void Air::start(Station& station, Millis now) {
-  const Source& source = station.source;
+Transmission Air::transmissionOf(const Source& source) {
   Transmission transmission;
   transmission.tone = source.tone;
   transmission.peak = source.peak;
@@ -66,6 +65,12 @@ void Air::start(Station& station, Millis now) {
     transmission.id = source.id;
     transmission.frequency = voices[(serial_ + 1) % voices.size()];
   }
+  return transmission;
+}
+
+void Air::start(Station& station, Millis now) {
+  const Source& source = station.source;
+  Transmission transmission = transmissionOf(source);
   const Millis length = vary(source.length);
   const auto late = static_cast<Millis>(trafficClock_ - station.nextAt);
   transmit(std::move(transmission), length, now - late);

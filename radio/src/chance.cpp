@@ -23,19 +23,13 @@ std::optional<Occasion> Occasion::parse(std::span<const std::string> words) {
     return std::nullopt;
   }
   Occasion occasion;
-  if (repeats) {
-    occasion.every_ = *number;
-  } else {
-    occasion.left_ = static_cast<std::int64_t>(*number);
-  }
+  occasion.every_ = repeats ? *number : 0;
+  occasion.left_ = repeats ? 0 : static_cast<std::int64_t>(*number);
   return occasion;
 }
 
 bool Occasion::strikes(Chance& chance) {
-  if (every_ > 0) {
-    return chance.fraction() * every_ < 1;
-  }
-  return left_ > 0 && left_-- > 0;
+  return every_ > 0 ? chance.fraction() * every_ < 1 : left_ > 0 && left_-- > 0;
 }
 
 }  // namespace tarnvex::radio

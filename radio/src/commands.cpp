@@ -24,11 +24,16 @@ std::vector<Command> join(std::initializer_list<std::span<const Command>> parts)
   return all;
 }
 
+/// Asks for the switch, or sets it.
+bool isAbout(const Switch& row, std::string_view line) {
+  const std::string_view rest = line.substr(std::min(row.word.size(), line.size()));
+  const bool sets = rest.size() == 1 && (rest[0] == row.on || rest[0] == row.off);
+  return line.starts_with(row.word) && (rest.empty() || sets);
+}
+
 std::string answerSwitch(State& state, const Switch& row, std::string_view rest) {
   bool& value = state.switches.*row.value;
-  if (!rest.empty()) {
-    value = rest[0] == row.on;
-  }
+  value = rest.empty() ? value : rest[0] == row.on;
   return std::string(row.word) + (value ? row.on : row.off);
 }
 
@@ -70,20 +75,13 @@ const std::vector<Command>& commandsOf(Model model) {
 std::string answer(State& state, std::string_view line) {
   const bool bc895 = state.model == Model::BC895XLT;
   for (const Switch& row : bc895 ? bc895Switches() : bc245Switches()) {
-    if (!line.starts_with(row.word)) {
-      continue;
-    }
-    const std::string_view rest = line.substr(row.word.size());
-    const bool sets = rest.size() == 1 && (rest[0] == row.on || rest[0] == row.off);
-    if (rest.empty() || sets) {
-      return answerSwitch(state, row, rest);
+    if (isAbout(row, line)) {
+      return answerSwitch(state, row, line.substr(row.word.size()));
     }
   }
   for (const Command& command : commandsOf(state.model)) {
-    if (!line.starts_with(command.pattern.substr(0, 2))) {
-      continue;  // a cheap check that excludes most of them
-    }
-    if (matches(command.pattern, line)) {
+    // The first letters are a cheap check that excludes most of them.
+    if (line.starts_with(command.pattern.substr(0, 2)) && matches(command.pattern, line)) {
       return command.answer(state, line);
     }
   }

@@ -51,18 +51,14 @@ std::string readSlot(State& state, Line line) {
 
 std::string writeSlot(State& state, Line line) {
   const Slot slot = slotAt(line, 3);
-  if (!followsIds(state.activity) || slot.group >= groupsOf(state.model)) {
-    return kError;
-  }
-  return storeId(state, slot, line.substr(6)) ? kOk : kError;
+  const bool taken = followsIds(state.activity) && slot.group < groupsOf(state.model) &&
+                     storeId(state, slot, line.substr(6));
+  return taken ? kOk : kError;
 }
 
 std::string prioritySlot(State& state, Line line) {
   const int slot = trunkBank(state).prioritySlot[line[3] - 'A'];
-  if (slot == 0) {
-    return kNothing;
-  }
-  return std::string(line) + static_cast<char>('0' + slot % 10);
+  return slot == 0 ? kNothing : std::string(line) + static_cast<char>('0' + slot % 10);
 }
 
 std::string setPrioritySlot(State& state, Line line) {

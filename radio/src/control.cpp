@@ -1,7 +1,9 @@
 #include "radio/control.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <iterator>
 #include <sstream>
 #include <system_error>
 #include <vector>
@@ -27,11 +29,14 @@ struct Request {
   bool& quit;
 };
 
+std::vector<std::string> wordsOf(std::string_view text) {
+  std::istringstream words{std::string(text)};
+  return {std::istream_iterator<std::string>(words), {}};
+}
+
 std::optional<double> number(const Request& request, std::size_t index) {
-  if (index >= request.arguments.size()) {
-    return std::nullopt;
-  }
-  const auto value = parseNumber(request.arguments[index]);
+  const bool there = index < request.arguments.size();
+  const auto value = there ? parseNumber(request.arguments[index]) : std::nullopt;
   return value && std::isfinite(*value) ? value : std::nullopt;
 }
 
@@ -136,7 +141,7 @@ std::string state(Request& request) {
 }
 
 std::string help(Request&) {
-  return std::string(controlHelp()) + kDone;
+  return std::string(kControlHelp) + kDone;
 }
 
 std::string quit(Request& request) {
@@ -170,17 +175,9 @@ std::string control(Wire& wire, std::string_view line, Instant now, bool& quit) 
   if (Faults::isFault(word)) {
     return wire.line().faults().set(line) ? kDone : refuse("invalid fault; see help");
   }
-  Request request{wire, rest, {}, now, quit};
-  std::istringstream words{std::string(rest)};
-  for (std::string each; words >> each;) {
-    request.arguments.push_back(each);
-  }
-  for (const Word& known : kWords) {
-    if (known.word == word) {
-      return known.act(request);
-    }
-  }
-  return refuse("unknown word; see help");
+  Request request{wire, rest, wordsOf(rest), now, quit};
+  const auto* const known = std::ranges::find(kWords, word, &Word::word);
+  return known == kWords.end() ? refuse("unknown word; see help") : known->act(request);
 }
 
 }  // namespace tarnvex::radio

@@ -44,6 +44,16 @@ std::string slotLine(char bank, char group, int slot) {
   return quoted({label, "-----", "", ""});
 }
 
+std::string slotLines(char bank) {
+  std::string text;
+  for (char group = 'A'; group <= 'J'; ++group) {
+    for (int slot = 1; slot <= kSlots; ++slot) {
+      text += slotLine(bank, group, slot);
+    }
+  }
+  return text;
+}
+
 }  // namespace
 
 std::string demoPlan() {
@@ -57,11 +67,7 @@ std::string demoPlan() {
     text += channelLine(number, memory.channels[number], tags[number]);
   }
   for (char bank = 'A'; bank <= 'J'; ++bank) {
-    for (char group = 'A'; group <= 'J'; ++group) {
-      for (int slot = 1; slot <= kSlots; ++slot) {
-        text += slotLine(bank, group, slot);
-      }
-    }
+    text += slotLines(bank);
   }
   return text;
 }

@@ -20,11 +20,8 @@ Frequency keyedFrequency(const std::string& text) {
 }
 
 bool isChannel(const std::string& text) {
-  if (text.empty() || text.find('.') != std::string::npos) {
-    return false;
-  }
   const long value = std::strtol(text.c_str(), nullptr, 10);
-  return value >= 1 && value <= kChannels;
+  return text.find('.') == std::string::npos && value >= 1 && value <= kChannels;
 }
 
 void goTo(State& state, int channel) {
@@ -59,12 +56,10 @@ std::string enterTrunked(State& state, const std::string& text) {
   }
   const int first = state.programBank * kBankSize + 1;
   for (int number = first; number < first + kBankSize; ++number) {
-    Channel& channel = state.memory.channels[number];
-    if (channel.frequency != 0) {
-      continue;
+    if (Channel& channel = state.memory.channels[number]; channel.frequency == 0) {
+      channel = {frequency, true, false, false, false, 0};
+      return kOk;
     }
-    channel = {frequency, true, false, false, false, 0};
-    return kOk;
   }
   return kError;
 }

@@ -61,6 +61,13 @@ std::string flood(std::size_t count, Chance& chance) {
   return bytes;
 }
 
+void delay(std::vector<OutgoingPart>& parts, Instant by) {
+  for (OutgoingPart& part : parts) {
+    part.delay += by;
+    part.timing = OutgoingPart::Timing::Apart;
+  }
+}
+
 }  // namespace
 
 std::optional<ExtraLine> ExtraLine::parse(Words words) {
@@ -94,15 +101,20 @@ std::size_t ExtraLine::take(Words words) {
   }
   const auto number = words.size() > 1 ? parseNumber(words[1]) : std::nullopt;
   if (word == "late") {
-    where_ = Where::Late;
-    lateness_ = milliseconds(static_cast<std::int64_t>(number.value_or(0)));
-    return number && *number >= 0 && *number < 1e9 ? 2 : 0;
+    return takeLate(number.value_or(-1));
   }
   if (word == "every" || parseNumber(word)) {
     when_.assign(words.begin(), words.begin() + (word == "every" && number ? 2 : 1));
     return when_.size();
   }
   return takeWhat(words, number);
+}
+
+std::size_t ExtraLine::takeLate(double ms) {
+  const bool fits = ms >= 0 && ms < 1e9;
+  where_ = Where::Late;
+  lateness_ = milliseconds(fits ? static_cast<std::int64_t>(ms) : 0);
+  return fits ? 2 : 0;
 }
 
 std::size_t ExtraLine::takeWhat(Words words, std::optional<double> number) {
@@ -155,35 +167,36 @@ std::vector<OutgoingPart> ExtraLine::shaped(std::string bytes) const {
   return how_ == How::Slow ? slowly(part) : std::vector{part};
 }
 
+ExtraLine::Place ExtraLine::choosePlace(Chance& chance) const {
+  if (where_ != Where::Anywhere) {
+    return {where_, lateness_};
+  }
+  const Where where = std::array{Where::Before, Where::After, Where::Late}[chance.below(3)];
+  return {where, milliseconds(5 + static_cast<std::int64_t>(chance.below(56)))};
+}
+
 void ExtraLine::join(std::vector<OutgoingPart>& parts, const Exchange& exchange,
                      std::string_view previous, Chance& chance) {
   if (!occasion_.strikes(chance)) {
     return;
   }
-  Where where = where_;
-  Instant lateness = lateness_;
-  if (where == Where::Anywhere) {
-    where = std::array{Where::Before, Where::After, Where::Late}[chance.below(3)];
-    lateness = milliseconds(5 + static_cast<std::int64_t>(chance.below(56)));
-  }
+  const Place place = choosePlace(chance);
   std::string bytes = content(exchange, previous, chance);
   if (bytes.empty()) {
     return;
   }
-  if (how_ == How::Joined && where != Where::Late && !parts.empty()) {
-    OutgoingPart& reply = where == Where::Before ? parts.front() : parts.back();
-    reply.bytes.insert(where == Where::Before ? 0 : reply.bytes.size(), bytes);
+  const bool before = place.where == Where::Before;
+  if (how_ == How::Joined && place.where != Where::Late && !parts.empty()) {
+    OutgoingPart& reply = before ? parts.front() : parts.back();
+    reply.bytes.insert(before ? 0 : reply.bytes.size(), bytes);
     reply.whole = true;
     return;
   }
   auto extra = shaped(std::move(bytes));
-  if (where == Where::Late) {
-    for (OutgoingPart& part : extra) {
-      part.delay += lateness;
-      part.timing = Timing::Apart;
-    }
+  if (place.where == Where::Late) {
+    delay(extra, place.lateness);
   }
-  parts.insert(where == Where::Before ? parts.begin() : parts.end(), extra.begin(), extra.end());
+  parts.insert(before ? parts.begin() : parts.end(), extra.begin(), extra.end());
 }
 
 }  // namespace tarnvex::radio

@@ -68,7 +68,7 @@ std::string keyLightHeld(State& state, Line) {
   return kOk;
 }
 
-constexpr std::array kCommon{
+constexpr std::array kCommonKeys{
     Command{"KEY00", keyScan},       Command{"KEY01", keyManual},
     Command{"KEY02 #", keyDigit},    Command{"KEY02 10", keyDigit},
     Command{"KEY03", keyPoint},      Command{"KEY04", keyEnter},
@@ -98,7 +98,7 @@ constexpr std::array kBc245{
 }  // namespace
 
 std::span<const Command> commonKeys() {
-  return kCommon;
+  return kCommonKeys;
 }
 std::span<const Command> bc895Keys() {
   return kBc895;

@@ -36,10 +36,7 @@ void LinePacer::send(std::string_view bytes, Instant from, bool whole) {
 }
 
 std::optional<Instant> LinePacer::nextDue() const {
-  if (pieces_.empty()) {
-    return std::nullopt;
-  }
-  return pieces_.front().due;
+  return pieces_.empty() ? std::nullopt : std::optional(pieces_.front().due);
 }
 
 std::string LinePacer::take(Instant now) {

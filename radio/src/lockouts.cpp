@@ -32,14 +32,11 @@ bool setLockedId(State& state, std::string_view text, bool on) {
     return false;
   }
   std::erase(locked, id);
-  if (!on) {
-    return true;
+  const bool fits = locked.size() < kLockedIdLimit;
+  if (on && fits) {
+    locked.push_back(id);
   }
-  if (locked.size() >= kLockedIdLimit) {
-    return false;
-  }
-  locked.push_back(id);
-  return true;
+  return !on || fits;
 }
 
 std::string listing(std::string_view word, const std::vector<std::string>& entries) {

@@ -47,7 +47,7 @@ int main(int argc, char** argv) {
   try {
     const Options options = parseOptions({argv + 1, argv + argc});
     if (options.help) {
-      std::fputs(std::string(usage()).c_str(), stdout);
+      std::fputs(std::string(kUsage).c_str(), stdout);
       return 0;
     }
     return options.writePlan.empty() ? run(options) : writePlan(options.writePlan);

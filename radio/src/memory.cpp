@@ -50,21 +50,9 @@ const std::array<std::string_view, kLastTone + 1> kTones{
     "186.2", "192.8", "203.5", "210.7", "218.1", "225.7", "233.6", "241.8", "250.3", ""};
 
 std::string_view wordOf(SystemType type) {
-  switch (type) {
-    case SystemType::Type1:
-      return "TYPE1";
-    case SystemType::Type2At800:
-      return "E2-800";
-    case SystemType::Type2At900:
-      return "E2-900";
-    case SystemType::Type2Uhf:
-      return "E2-UHF";
-    case SystemType::Type2Vhf:
-      return "E2-VHF";
-    case SystemType::Edacs:
-      return "EDACS";
-  }
-  return "";
+  constexpr std::array<std::string_view, 6> kWords = {"TYPE1",  "E2-800", "E2-900",
+                                                      "E2-UHF", "E2-VHF", "EDACS"};
+  return kWords.at(static_cast<std::size_t>(type) - 1);
 }
 
 int bankOf(int channel) {
@@ -126,10 +114,8 @@ std::string normalId(std::string_view text) {
 
 std::string digits(std::uint64_t value, int width) {
   std::string text = std::to_string(value);
-  if (text.size() < static_cast<std::size_t>(width)) {
-    text.insert(0, width - text.size(), '0');
-  }
-  return text;
+  const std::size_t missing = std::max<std::size_t>(width, text.size()) - text.size();
+  return std::string(missing, '0') + text;
 }
 
 }  // namespace tarnvex::radio

@@ -46,10 +46,8 @@ const Row& rowOf(Activity activity) {
 
 std::string_view modeCode(Model model, Activity activity, Family family) {
   const Row& row = rowOf(activity);
-  if (model == Model::BC895XLT) {
-    return row.bc895;
-  }
-  return family == Family::Edacs ? row.edacs : row.motorola;
+  const std::string_view bc245 = family == Family::Edacs ? row.edacs : row.motorola;
+  return model == Model::BC895XLT ? row.bc895 : bc245;
 }
 
 std::optional<std::pair<Activity, Family>> activityOf(Model model, std::string_view code) {

@@ -10,33 +10,32 @@
 namespace tarnvex::radio {
 namespace {
 
+void demand(bool met, const std::string& otherwise) {
+  if (!met) {
+    throw std::invalid_argument(otherwise);
+  }
+}
+
 double numberIn(std::string_view name, const std::string& text, double least, double most) {
   const auto value = parseNumber(text);
-  if (!value || *value < least || *value > most) {
-    throw std::invalid_argument(std::string(name) + ": not a valid number: " + text);
-  }
+  demand(value && *value >= least && *value <= most,
+         std::string(name) + ": not a valid number: " + text);
   return *value;
 }
 
 void setModel(Options& options, const std::string& text) {
   const auto model = modelNamed(text);
-  if (!model) {
-    throw std::invalid_argument("--model: must be bc895 or bc245, not " + text);
-  }
+  demand(model.has_value(), "--model: must be bc895 or bc245, not " + text);
   options.model = *model;
 }
 
 void setScene(Options& options, const std::string& text) {
-  if (sceneNamed(text) == nullptr) {
-    throw std::invalid_argument("--scene: no such scene: " + text);
-  }
+  demand(sceneNamed(text) != nullptr, "--scene: no such scene: " + text);
   options.scene = text;
 }
 
 void addFault(Options& options, const std::string& text) {
-  if (!Faults().set(text)) {
-    throw std::invalid_argument("not a fault: " + text);
-  }
+  demand(Faults().set(text), "not a fault: " + text);
   options.faults.push_back(text);
 }
 
@@ -107,28 +106,27 @@ Options parseOptions(const std::vector<std::string>& arguments) {
   return options;
 }
 
-std::string_view usage() {
-  return "Usage: tarnvex-radio [OPTION]...\n"
-         "A simulated radio on a pseudo terminal. Prints \"ready PATH\" when it can be opened.\n"
-         "\n"
-         "  --model bc895|bc245  the radio (bc895)\n"
-         "  --scene NAME         what is on the air: quiet, city, busy, day, steady, tour (city)\n"
-         "  --mode MDxx          the mode to start in (MD00)\n"
-         "  --tempo X            speed of the scene (1); for \"day\" only that of its clock: 1440\n"
-         "                       makes the day last a minute; transmissions keep their length\n"
-         "  --seed N             another random course of the scene and the faults (1)\n"
-         "  --link PATH          keep a symbolic link to the terminal there\n"
-         "  --baud N             line speed; 0 for no pacing (9600)\n"
-         "  --any-baud           answer whatever baud rate the terminal is set to\n"
-         "  --think-ms X         time from a command to its reply (3; 0 if unpaced)\n"
-         "  --stream N           while the program has asked for ID lines, send one at any moment\n"
-         "                       of one exchange in N, even between command and reply\n"
-         "  --fault LINE         start with this fault, such as \"noise 1\" or\n"
-         "                       \"extra echo every 5\"; can be given several times; \"help\" of\n"
-         "                       --control lists the faults\n"
-         "  --log FILE           log every line; - for standard error\n"
-         "  --control            take control lines from standard input; \"help\" lists them\n"
-         "  --write-plan FILE    write a plan that matches the radio's memory and end\n";
-}
+const std::string_view kUsage =
+    "Usage: tarnvex-radio [OPTION]...\n"
+    "A simulated radio on a pseudo terminal. Prints \"ready PATH\" when it can be opened.\n"
+    "\n"
+    "  --model bc895|bc245  the radio (bc895)\n"
+    "  --scene NAME         what is on the air: quiet, city, busy, day, steady, tour (city)\n"
+    "  --mode MDxx          the mode to start in (MD00)\n"
+    "  --tempo X            speed of the scene (1); for \"day\" only that of its clock: 1440\n"
+    "                       makes the day last a minute; transmissions keep their length\n"
+    "  --seed N             another random course of the scene and the faults (1)\n"
+    "  --link PATH          keep a symbolic link to the terminal there\n"
+    "  --baud N             line speed; 0 for no pacing (9600)\n"
+    "  --any-baud           answer whatever baud rate the terminal is set to\n"
+    "  --think-ms X         time from a command to its reply (3; 0 if unpaced)\n"
+    "  --stream N           while the program has asked for ID lines, send one at any moment\n"
+    "                       of one exchange in N, even between command and reply\n"
+    "  --fault LINE         start with this fault, such as \"noise 1\" or\n"
+    "                       \"extra echo every 5\"; can be given several times; \"help\" of\n"
+    "                       --control lists the faults\n"
+    "  --log FILE           log every line; - for standard error\n"
+    "  --control            take control lines from standard input; \"help\" lists them\n"
+    "  --write-plan FILE    write a plan that matches the radio's memory and end\n";
 
 }  // namespace tarnvex::radio

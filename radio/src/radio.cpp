@@ -48,10 +48,8 @@ void Radio::live(Millis ms) {
 
 std::optional<int> Radio::hour() const {
   constexpr double kHour = 3600000;
-  if (scene_->hours.empty()) {
-    return std::nullopt;
-  }
-  return static_cast<int>(std::fmod(kFirstHour + day_ / kHour, 24));
+  const auto now = static_cast<int>(std::fmod(kFirstHour + day_ / kHour, 24));
+  return scene_->hours.empty() ? std::nullopt : std::optional(now);
 }
 
 double Radio::traffic() const {
@@ -98,11 +96,10 @@ void Radio::takeStep(const Step& step) {
 }
 
 void Radio::stream() {
-  if (!streamsLines(state_) || clock_ < lineDue_) {
-    return;
+  if (streamsLines(state_) && clock_ >= lineDue_) {
+    lines_.push_back(streamedLine(state_));
+    lineDue_ = clock_ + kStreamPeriod;
   }
-  lines_.push_back(streamedLine(state_));
-  lineDue_ = clock_ + kStreamPeriod;
 }
 
 std::vector<std::string> Radio::unsolicited() {
@@ -110,10 +107,8 @@ std::vector<std::string> Radio::unsolicited() {
 }
 
 std::optional<Millis> Radio::nextLineIn() const {
-  if (!streamsLines(state_)) {
-    return std::nullopt;
-  }
-  return std::max<Millis>(0, lineDue_ - clock_);
+  return streamsLines(state_) ? std::optional(std::max<Millis>(0, lineDue_ - clock_))
+                              : std::nullopt;
 }
 
 bool Radio::playScene(std::string_view name) {

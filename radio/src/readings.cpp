@@ -24,10 +24,9 @@ Frequency displayedFrequency(const State& state) {
 }
 
 int activeChannel(const State& state) {
-  if (state.activity == Activity::Manual || state.activity == Activity::ToneEntry) {
-    return state.channel;
-  }
-  return state.activity == Activity::Scan && state.stop ? state.channel : 0;
+  const bool chosen = state.activity == Activity::Manual || state.activity == Activity::ToneEntry;
+  const bool stopped = state.activity == Activity::Scan && state.stop;
+  return chosen || stopped ? state.channel : 0;
 }
 
 std::string activeId(const State& state) {

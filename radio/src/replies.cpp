@@ -65,11 +65,9 @@ std::string trunkTypeReply(const State& state) {
 }
 
 std::string streamingReply(const State& state) {
-  if (state.model != Model::BC895XLT || state.activity != Activity::IdSearch) {
-    return "IDN";
-  }
+  const bool answers = state.model == Model::BC895XLT && state.activity == Activity::IdSearch;
   const std::string id = activeId(state);
-  return id.empty() ? "IDN E" : "IDN S   " + id;
+  return !answers ? "IDN" : id.empty() ? "IDN E" : "IDN S   " + id;
 }
 
 std::string streamedLine(const State& state) {
@@ -78,11 +76,9 @@ std::string streamedLine(const State& state) {
 }
 
 bool streamsLines(const State& state) {
-  if (!state.streaming) {
-    return false;
-  }
-  return state.activity == Activity::IdHold ||
-         (state.model == Model::BC245XLT && state.activity == Activity::IdSearch);
+  const bool follows = state.activity == Activity::IdHold ||
+                       (state.model == Model::BC245XLT && state.activity == Activity::IdSearch);
+  return state.streaming && follows;
 }
 
 }  // namespace tarnvex::radio

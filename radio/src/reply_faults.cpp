@@ -9,21 +9,21 @@ namespace tarnvex::radio {
 namespace {
 
 /// In the order of ReplyFaults::Kind.
-struct Row {
+struct FaultWord {
   std::string_view word;
   bool hasAmount = false;
   std::optional<std::int64_t> usualAmount{};
   std::int64_t leastAmount = 0;
 };
 constexpr std::int64_t kMostAmount = 1000000;
-constexpr std::array kRows{Row{"wrong-length", true, -3, -kMostAmount},
-                           Row{"garble"},
-                           Row{"8bit"},
-                           Row{"cut", true},
-                           Row{"delay", true},
-                           Row{"join"},
-                           Row{"split"},
-                           Row{"slow"}};
+constexpr std::array kFaultWords{FaultWord{"wrong-length", true, -3, -kMostAmount},
+                                 FaultWord{"garble"},
+                                 FaultWord{"8bit"},
+                                 FaultWord{"cut", true},
+                                 FaultWord{"delay", true},
+                                 FaultWord{"join"},
+                                 FaultWord{"split"},
+                                 FaultWord{"slow"}};
 
 void changeLength(std::string& reply, std::int64_t by) {
   if (by > 0) {
@@ -41,7 +41,7 @@ void garble(std::string& reply) {
 }
 
 /// Takes the amount from the front of the words, or uses the default. Nothing if it isn't valid.
-std::optional<std::int64_t> takeAmount(const Row& row, std::span<const std::string>& words) {
+std::optional<std::int64_t> takeAmount(const FaultWord& row, std::span<const std::string>& words) {
   if (!row.hasAmount) {
     return 0;
   }
@@ -54,15 +54,22 @@ std::optional<std::int64_t> takeAmount(const Row& row, std::span<const std::stri
   return fits ? std::optional(static_cast<std::int64_t>(*number)) : std::nullopt;
 }
 
+std::vector<OutgoingPart> inHalves(const OutgoingPart& part) {
+  constexpr std::chrono::milliseconds kPause{50};
+  const std::size_t half = part.bytes.size() / 2;
+  return {{part.bytes.substr(0, half), part.delay, true},
+          {part.bytes.substr(half), part.delay + kPause, true}};
+}
+
 }  // namespace
 
 bool ReplyFaults::isFault(std::string_view word) {
-  return std::ranges::find(kRows, word, &Row::word) != kRows.end();
+  return std::ranges::find(kFaultWords, word, &FaultWord::word) != kFaultWords.end();
 }
 
 bool ReplyFaults::set(std::span<const std::string> words) {
-  const auto* const row = std::ranges::find(kRows, words[0], &Row::word);
-  if (row == kRows.end()) {
+  const auto* const row = std::ranges::find(kFaultWords, words[0], &FaultWord::word);
+  if (row == kFaultWords.end()) {
     return false;
   }
   words = words.subspan(1);
@@ -71,7 +78,7 @@ bool ReplyFaults::set(std::span<const std::string> words) {
   if (!amount || !occasion) {
     return false;
   }
-  faults_[row - kRows.begin()] = {*amount, *occasion};
+  faults_[row - kFaultWords.begin()] = {*amount, *occasion};
   return true;
 }
 
@@ -105,13 +112,7 @@ std::vector<OutgoingPart> ReplyFaults::apply(std::string reply, Chance& chance) 
   if (strike(kSlow, chance)) {
     return slowly(part);
   }
-  if (!split) {
-    return {part};
-  }
-  constexpr std::chrono::milliseconds kPause{50};
-  const std::size_t half = part.bytes.size() / 2;
-  return {{part.bytes.substr(0, half), part.delay, true},
-          {part.bytes.substr(half), part.delay + kPause, true}};
+  return split ? inHalves(part) : std::vector{part};
 }
 
 }  // namespace tarnvex::radio

@@ -7,6 +7,12 @@
 namespace tarnvex::radio {
 namespace {
 
+/// A reply as it is without faults.
+bool isPlain(const std::vector<OutgoingPart>& parts) {
+  return parts.size() == 1 && parts[0].delay.count() == 0 && !parts[0].whole &&
+         parts[0].timing == OutgoingPart::Timing::Reply;
+}
+
 Instant thinkOf(const LineOptions& options) {
   const Instant usual = options.baud > 0 ? std::chrono::milliseconds(3) : Instant{0};
   return options.think.value_or(usual);
@@ -75,9 +81,7 @@ void SerialLine::answer(Instant arrived, Burst& burst) {
   std::string reply = radio_.exchange(input_) + '\r';
   const auto parts = faults_.apply(
       {input_, std::move(reply), streamedLine(radio_.state()), radio_.state().streaming});
-  const bool plain = parts.size() == 1 && parts[0].delay.count() == 0 && !parts[0].whole &&
-                     parts[0].timing == OutgoingPart::Timing::Reply;
-  if (plain) {
+  if (isPlain(parts)) {
     burst.text += parts[0].bytes;
     return;
   }

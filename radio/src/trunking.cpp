@@ -66,9 +66,7 @@ std::string keyTrunk(State& state, std::string_view) {
 }
 
 std::string keyTrunkHeld(State& state, std::string_view) {
-  if (!programsTrunk(state.activity)) {
-    state.resume = state.activity;
-  }
+  state.resume = programsTrunk(state.activity) ? state.resume : state.activity;
   state.programBank = -1;
   enter(state, Activity::SelectBank);
   return kOk;
@@ -99,9 +97,7 @@ void chooseProgramBank(State& state, int bank) {
 }
 
 void programTrunk(State& state, int bank) {
-  if (!programsTrunk(state.activity)) {
-    state.resume = state.activity;
-  }
+  state.resume = programsTrunk(state.activity) ? state.resume : state.activity;
   state.programBank = bank;
   enter(state, Activity::ProgramTrunk);
 }

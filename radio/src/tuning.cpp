@@ -129,10 +129,8 @@ void stopOn(State& state, const Transmission& transmission) {
     state.searchAt = transmission.frequency;
   }
   if (followsIds(state.activity) && state.activity != Activity::IdHold) {
-    const auto slot = slotOf(trunkBank(state), transmission.id, groupsOf(state.model));
-    if (slot) {
-      state.slot = *slot;
-    }
+    state.slot =
+        slotOf(trunkBank(state), transmission.id, groupsOf(state.model)).value_or(state.slot);
   }
 }
 
@@ -149,10 +147,8 @@ bool callsOn(const State& state, const Transmission& each, int number) {
 // Priority takes over only if a scan has stopped on a channel without priority. Looks only at the
 // ten priority channels, since this runs with every command.
 const Transmission* priorityCall(const State& state, const Air& air) {
-  if (!state.switches.priority || state.activity != Activity::Scan || !state.stop) {
-    return nullptr;
-  }
-  if (isPriority(state, state.channel)) {
+  if (!state.switches.priority || state.activity != Activity::Scan || !state.stop ||
+      isPriority(state, state.channel)) {
     return nullptr;
   }
   for (const Transmission& each : air.active()) {
@@ -204,6 +200,12 @@ void sweep(State& state) {
   state.searchAt = state.lower + state.step * (state.now / kStepTime % steps);
 }
 
+void goOn(State& state) {
+  state.stop.reset();
+  state.open = false;
+  sweep(state);
+}
+
 }  // namespace
 
 void tune(State& state, const Air& air) {
@@ -224,9 +226,7 @@ void tune(State& state, const Air& air) {
   if (next != air.active().end()) {
     stopOn(state, *next);
   } else if (!dwelling) {
-    state.stop.reset();
-    state.open = false;
-    sweep(state);
+    goOn(state);
   }
 }
 
@@ -245,9 +245,7 @@ void holdId(State& state) {
 }
 
 void passOn(State& state) {
-  if (state.stop) {
-    state.passed = state.stop->serial;
-  }
+  state.passed = state.stop ? state.stop->serial : state.passed;
   state.stop.reset();
   state.open = false;
 }

@@ -22,10 +22,7 @@ bool Wire::hears() const {
 }
 
 void Wire::readable(Instant now) {
-  if (!terminal_) {
-    return;
-  }
-  const std::string bytes = terminal_->read();
+  const std::string bytes = terminal_ ? terminal_->read() : std::string();
   if (bytes.empty()) {
     return;
   }

@@ -14,9 +14,9 @@ static void initialiseResources() {
 namespace tarnvex::desktop {
 
 Program::Program(const QString& settingsPath, const QString& programFolder,
-                 platform::SerialPorts* otherPorts)
+                 platform::SerialPortMaker otherPorts)
     : settings(settingsPath),
-      portsInUse(otherPorts != nullptr ? *otherPorts : ports, traffic),
+      makePort(link::watchedPorts(otherPorts ? std::move(otherPorts) : machinePorts(), traffic)),
       directory(QFile::encodeName(programFolder).toStdString()) {
   initialiseResources();
   settings.onFailure = [this](const std::string& description) {
@@ -27,6 +27,10 @@ Program::Program(const QString& settingsPath, const QString& programFolder,
     });
   };
   QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/tarnvex.svg")));
+}
+
+platform::SerialPortMaker Program::machinePorts() {
+  return [this] { return std::make_unique<QtSerialPort>(loop, gate, devices); };
 }
 
 int Program::run() {

@@ -26,11 +26,11 @@ namespace tarnvex::desktop {
 /// one. It needs a QApplication.
 class Program : private platform::NonCopyable {
  public:
-  /// `programFolder` is where the program keeps its files. `otherPorts`, if given, are used instead
-  /// of the machine's.
+  /// `programFolder` is where the program keeps its files. `otherPorts`, if given, makes the
+  /// serial ports in place of the machine's.
   explicit Program(const QString& settingsPath = IniSettings::defaultPath(),
                    const QString& programFolder = programDirectory(),
-                   platform::SerialPorts* otherPorts = nullptr);
+                   platform::SerialPortMaker otherPorts = {});
 
   ~Program() { windows.removeAll(); }
 
@@ -43,15 +43,13 @@ class Program : private platform::NonCopyable {
   platform::EventGate gate{loop};
   IniSettings settings;
   DeviceSlots devices{settings};
-  QtSerialPorts ports{loop, gate, devices};
   link::TrafficLog traffic;
-  link::WatchedPorts portsInUse;
+  /// Makes the windows' ports, with what passes there written to `traffic`.
+  const platform::SerialPortMaker makePort;
   const std::string directory;
   QtDialogs dialogs{gate};
-  QtCommonDialogs commonDialogs{gate};
   files::FileCalls fileCalls;
   files::PosixFiles fileStore{fileCalls};
-  SoundRecorders recorders{loop};
   platform::SequentialFiles files{fileStore};
   WallClock clock;
   files::BackupFolder backups{fileCalls, clock, directory};
@@ -61,9 +59,14 @@ class Program : private platform::NonCopyable {
   monitor::ReceptionLog receptions{{receptionStore, state, settings, dialogs, clock}};
   TimerDriver receptionTimer{receptions.Timer1, gate};
   QtWindows windows{loop, gate, devices, settings, [this] { return report(); }};
-  shell::Application application{{state, gate, portsInUse, dialogs, settings, clock, link, files,
-                                  commonDialogs, backups, recorders, receptions, directory},
-                                 windows};
+  shell::Application application{
+      {state, gate, makePort, dialogs, settings, clock, link, files,
+       [this] { return std::make_unique<QtCommonDialog>(gate); }, backups,
+       [this] { return std::make_unique<SoundRecorder>(loop); }, receptions, directory},
+      windows};
+
+ private:
+  [[nodiscard]] platform::SerialPortMaker machinePorts();
 };
 
 }  // namespace tarnvex::desktop

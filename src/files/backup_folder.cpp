@@ -12,6 +12,7 @@
 #include <tuple>
 
 #include "files/writing.h"
+#include "platform/convert.h"
 
 namespace tarnvex::files {
 
@@ -53,7 +54,7 @@ bool isTime(std::string_view text) {
   constexpr std::string_view kPicture = "0000-00-00 00-00-00";
   return text.size() == kPicture.size() &&
          std::ranges::equal(text, kPicture, [](char found, char wanted) {
-           return wanted == '0' ? found >= '0' && found <= '9' : found == wanted;
+           return wanted == '0' ? platform::isDigit(found) : found == wanted;
          });
 }
 

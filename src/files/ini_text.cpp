@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cstdint>
 
+#include "platform/convert.h"
+
 namespace tarnvex::files {
 namespace {
 
@@ -14,19 +16,12 @@ constexpr std::string_view kEscaped = "\"\\\a\b\f\n\r\t\v";
 constexpr std::string_view kEscapes = "\"\\abfnrtv";
 
 bool isHexDigit(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
+  return platform::isDigit(c) || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
 }
 
 bool isPlain(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' ||
+  return platform::isDigit(c) || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' ||
          c == '-' || c == '.';
-}
-
-std::string_view trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  return first == std::string_view::npos
-             ? std::string_view()
-             : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
 /// The name of a section or value as it is spelled in the file.
@@ -142,12 +137,12 @@ Found find(std::string_view text, const std::string& section, const std::string&
   bool inside = false;
   for (std::size_t at = 0; at < text.size();) {
     const std::size_t end = std::min(text.find('\n', at), text.size());
-    const std::string_view line = trimmed(text.substr(at, end - at));
+    const std::string_view line = platform::trimmed(text.substr(at, end - at), kBlanks);
     if (line.starts_with('[')) {
       inside = line == '[' + section + ']';
       found.section = found.section || inside;
     }
-    const bool hit = inside && trimmed(line.substr(0, line.find('='))) == name &&
+    const bool hit = inside && platform::trimmed(line.substr(0, line.find('=')), kBlanks) == name &&
                      line.find('=') != std::string_view::npos;
     if (hit) {
       found = {at, end, true, true};
@@ -168,7 +163,7 @@ std::optional<std::string> iniValue(std::string_view text, std::string_view sect
     return std::nullopt;
   }
   const std::string_view line = text.substr(found.begin, found.end - found.begin);
-  const std::string_view value = trimmed(line.substr(line.find('=') + 1));
+  const std::string_view value = platform::trimmed(line.substr(line.find('=') + 1), kBlanks);
   return value == "@Invalid()" ? std::nullopt : std::optional(unescaped(value));
 }
 

@@ -31,10 +31,9 @@ constexpr std::chrono::minutes kStrayAge{1};
 
 /// Why something can't be used as a file. Nothing if it can.
 Failure refusal(const struct stat& status) {
-  if (S_ISREG(status.st_mode)) {
-    return std::nullopt;
-  }
-  return S_ISDIR(status.st_mode) ? "This is a folder, not a file" : "This is a device, not a file";
+  return S_ISREG(status.st_mode)   ? Failure()
+         : S_ISDIR(status.st_mode) ? "This is a folder, not a file"
+                                   : "This is a device, not a file";
 }
 
 /// Whether the system calls would cut the name short.
@@ -159,36 +158,36 @@ Failure PosixFiles::openForReading(const std::string& path,
 }
 
 /// Follows links by hand, since the last one may lead to a file that doesn't exist yet.
+Failure PosixFiles::followLinks(std::string& path) {
+  std::array<char, PATH_MAX> link = {};
+  ssize_t length = calls_.readlink(path.c_str(), link.data(), link.size());
+  for (int links = 0; length >= 0; ++links) {
+    if (links == kMostLinks) {
+      return describe(ELOOP);
+    }
+    const std::string next(link.data(), static_cast<std::size_t>(length));
+    path = next.starts_with('/') ? next : folderPart(path) + next;
+    length = calls_.readlink(path.c_str(), link.data(), link.size());
+  }
+  return errno == EINVAL || errno == ENOENT ? Failure() : describe(errno);
+}
+
 Failure PosixFiles::findTarget(const std::string& path, Target& target) {
   if (misread(path)) {
     return describe(EINVAL);
   }
   target.path = path;
-  std::array<char, PATH_MAX> link = {};
-  ssize_t length = 0;
-  for (int links = 0; length >= 0; ++links) {
-    length = calls_.readlink(target.path.c_str(), link.data(), link.size());
-    if (length >= 0) {
-      if (links == kMostLinks) {
-        return describe(ELOOP);
-      }
-      const std::string next(link.data(), static_cast<std::size_t>(length));
-      target.path = next.starts_with('/') ? next : folderPart(target.path) + next;
-    }
-  }
-  if (errno != EINVAL && errno != ENOENT) {
-    return describe(errno);
+  if (auto failure = followLinks(target.path)) {
+    return failure;
   }
   target.exists = calls_.stat(target.path.c_str(), &target.status) == 0;
   if (target.exists) {
     return refusal(target.status);
   }
-  if (errno != ENOENT) {
-    return describe(errno);
-  }
   struct stat folder = {};
-  return calls_.stat(folderName(target.path).c_str(), &folder) < 0 ? Failure(describe(ENOTDIR))
-                                                                   : std::nullopt;
+  return errno != ENOENT                                             ? describe(errno)
+         : calls_.stat(folderName(target.path).c_str(), &folder) < 0 ? describe(ENOTDIR)
+                                                                     : Failure();
 }
 
 Failure PosixFiles::checkWritable(const std::string& path) {

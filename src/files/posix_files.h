@@ -35,6 +35,7 @@ class PosixFiles : public platform::FileStore {
  private:
   struct Target;
 
+  platform::Failure followLinks(std::string& path);
   platform::Failure findTarget(const std::string& path, Target& target);
   void removeStrays(const std::string& folder);
   platform::Failure writeInPlace(const Target& target, std::string_view content);

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "link/scanner_commands.h"
+#include "platform/convert.h"
 
 namespace tarnvex::link {
 namespace {
@@ -18,10 +19,6 @@ constexpr std::array<std::string_view, 36> kWords{
     "ID", "IL", "IS", "LL", "LO", "LT", "LU", "MA", "MD", "MU", "PC", "PI",
     "PM", "PR", "SB", "SG", "SI", "SQ", "SS", "TB", "TD", "TR", "WI", kKey};
 
-bool isDigit(char character) {
-  return character >= '0' && character <= '9';
-}
-
 std::string_view wordAt(std::string_view text) {
   const auto* const word = std::ranges::find_if(
       kWords, [text](std::string_view word) { return text.starts_with(word); });
@@ -33,7 +30,7 @@ std::string_view ownerOf(std::string_view line) {
   if (line == "+" || line == "-") {
     return command::kSquelch;
   }
-  if (line.size() > 1 && isDigit(line[1])) {
+  if (line.size() > 1 && platform::isDigit(line[1])) {
     if (line[0] == 'S') {
       return command::kSignal;
     }

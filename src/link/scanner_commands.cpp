@@ -8,15 +8,12 @@ namespace tarnvex::link {
 namespace {
 
 using platform::format;
+using platform::isDigit;
 using platform::mid;
 using platform::toInteger;
 using platform::toReal;
 
 constexpr int kChannels = 300;
-
-bool isDigit(char character) {
-  return character >= '0' && character <= '9';
-}
 
 /// The wire's unit is 100 Hz.
 constexpr double kUnitsPerMegahertz = 10000;

@@ -57,4 +57,10 @@ bool WatchedPort::waitForInput(std::size_t atLeast) {
   return came;
 }
 
+platform::SerialPortMaker watchedPorts(platform::SerialPortMaker inner, PortWatcher& watcher) {
+  return [inner = std::move(inner), &watcher] {
+    return std::make_unique<WatchedPort>(inner(), watcher);
+  };
+}
+
 }  // namespace tarnvex::link

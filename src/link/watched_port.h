@@ -54,18 +54,8 @@ class WatchedPort : public platform::SerialPort {
   PortWatcher& watcher_;
 };
 
-/// Makes ports that all report to one watcher. Both arguments outlive it.
-class WatchedPorts : public platform::SerialPorts {
- public:
-  WatchedPorts(platform::SerialPorts& inner, PortWatcher& watcher)
-      : inner_(inner), watcher_(watcher) {}
-  std::unique_ptr<platform::SerialPort> create() override {
-    return std::make_unique<WatchedPort>(inner_.create(), watcher_);
-  }
-
- private:
-  platform::SerialPorts& inner_;
-  PortWatcher& watcher_;
-};
+/// Wraps the ports that `inner` makes so that they all report to one watcher. The watcher outlives
+/// them.
+platform::SerialPortMaker watchedPorts(platform::SerialPortMaker inner, PortWatcher& watcher);
 
 }  // namespace tarnvex::link

@@ -1,6 +1,6 @@
 #include <limits>
 
-#include "memory/apf_file.h"
+#include "memory/apf_dialogs.h"
 #include "memory/plan_records.h"
 #include "platform/convert.h"
 
@@ -48,6 +48,11 @@ void chooseMode(Exported& record) {
   } else if (record.mode.empty()) {
     record.mode = "nfm";
   }
+}
+
+void write(platform::SequentialFiles& files, int file, const Exported& record) {
+  files.write(file, {" ", record.number ? std::to_string(*record.number) : std::string(),
+                     record.frequency, record.mode, record.delay, record.lockout, record.tag});
 }
 
 }  // namespace
@@ -115,9 +120,7 @@ void Form8::exportNow() {
     }
     take(grid, i + 1, record);
     chooseMode(record);
-    ports_.files.write(kFile,
-                       {" ", record.number ? std::to_string(*record.number) : std::string(),
-                        record.frequency, record.mode, record.delay, record.lockout, record.tag});
+    write(ports_.files, kFile, record);
     record.number = record.number.value_or(0) + 1;
   }
   ports_.files.close(kFile);

@@ -1,4 +1,4 @@
-#include "memory/apf_file.h"
+#include "memory/apf_dialogs.h"
 #include "memory/plan_records.h"
 #include "platform/convert.h"
 
@@ -83,9 +83,10 @@ void Form7::importNow() {
                               platform::kWarning);
     return;
   }
-  if (!failure) {
-    failure = importSelected(channel);
-  }
+  finish(failure ? failure : importSelected(channel));
+}
+
+void Form7::finish(const Failure& failure) {
   if (failure) {
     report(*failure);
   } else if (ports_.state.MemoryModified) {

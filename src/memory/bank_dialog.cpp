@@ -47,9 +47,8 @@ void BankDialog::transfer() {
 }
 
 void BankDialog::disableControls() {
-  for (platform::Control* control :
-       {static_cast<platform::Control*>(&List1), static_cast<platform::Control*>(&Command1),
-        static_cast<platform::Control*>(&Command2), static_cast<platform::Control*>(&Command3)}) {
+  using Controls = std::initializer_list<platform::Control*>;
+  for (platform::Control* control : Controls{&List1, &Command1, &Command2, &Command3}) {
     control->setEnabled(false);
   }
   if (platform::CheckBox* box = option()) {

@@ -19,13 +19,6 @@ constexpr std::size_t kLongestId = 10;
 /// Far longer than any real tag.
 constexpr std::size_t kLongestTag = 1000;
 
-std::string_view trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  return first == std::string_view::npos
-             ? std::string_view()
-             : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
 /// Reads digits with a point or a comma before the decimals. A sign or an exponent isn't allowed.
 std::optional<double> toDecimal(std::string_view field) {
   std::string number(field);
@@ -86,7 +79,7 @@ std::string clearedCell(PlanKind kind, int col) {
 }
 
 Cell cellText(PlanKind kind, int col, std::string_view field, std::size_t tagLimit) {
-  const std::string_view value = trimmed(field);
+  const std::string_view value = platform::trimmed(field, kBlanks);
   if (value.empty()) {
     return clearedCell(kind, col);
   }

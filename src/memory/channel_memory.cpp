@@ -21,19 +21,8 @@ static_assert(TalkgroupRecord::kColumns ==
 
 constexpr char kFirstBank = 'A';
 
-/// Where a hit list stores its hits.
-struct HitPlace {
-  Table& table;
-  int tab;
-  /// The word for the hit in the message.
-  const char* what;
-  bool occupied;
-  /// The last row up to which the cursor advances after a hit.
-  int lastRow;
-};
-
 /// Whether the current row may be overwritten. Asks the user if the row is in use.
-bool mayStore(const HitPlace& place, platform::Dialogs& dialogs) {
+bool mayStore(const ChannelMemory::HitPlace& place, platform::Dialogs& dialogs) {
   if (place.table.row() < 1) {
     dialogs.messageBox(
         std::string("You must select an open cell to store this ") + place.what + ".",
@@ -44,6 +33,22 @@ bool mayStore(const HitPlace& place, platform::Dialogs& dialogs) {
          dialogs.askToDestroy(
              place.table.textMatrix(place.table.row(), 1) + " will be overwritten! Continue?",
              "Confirm Overwrite", platform::kYesNoQuestion) == Answer::Yes;
+}
+
+template <class Headings, class Widths>
+void layOutColumns(Table& table, const Headings& headings, const Widths& widths) {
+  for (int col = 0; col < table.cols(); ++col) {
+    const auto at = static_cast<std::size_t>(col);
+    table.setTextMatrix(0, col, std::string(headings.at(at)));
+    table.setColWidth(col, widths.at(at));
+  }
+}
+
+/// "Bank A: C4", counted from 0.
+std::string slotName(int slot) {
+  const auto bank = static_cast<char>(kFirstBank + slot / 100);
+  const auto group = static_cast<char>(kFirstBank + slot / 10 % 10);
+  return std::string("Bank ") + bank + ": " + group + std::to_string(slot % 10 + 1);
 }
 
 }  // namespace
@@ -80,23 +85,10 @@ ChannelMemory::~ChannelMemory() {
 
 void ChannelMemory::layOut() {
   constexpr std::array<int, TalkgroupRecord::kColumns> kTalkgroupWidths = {1500, 1500, 3000, 500};
-  for (int col = 0; col < ChannelRecord::kColumns; ++col) {
-    const auto at = static_cast<std::size_t>(col);
-    grid1_.setTextMatrix(0, col, std::string(model_.channelHeadings[at]));
-    grid1_.setColWidth(col, model_.channelWidths[at]);
-  }
-  for (int col = 0; col < TalkgroupRecord::kColumns; ++col) {
-    const auto at = static_cast<std::size_t>(col);
-    grid2_.setTextMatrix(0, col, std::string(model_.talkgroupHeadings[at]));
-    grid2_.setColWidth(col, kTalkgroupWidths[at]);
-  }
+  layOutColumns(grid1_, model_.channelHeadings, model_.channelWidths);
+  layOutColumns(grid2_, model_.talkgroupHeadings, kTalkgroupWidths);
   for (int row = 1; row <= TalkgroupRecord::kRows; ++row) {
-    const int slot = row - 1;
-    const auto bank = static_cast<char>(kFirstBank + slot / 100);
-    const auto group = static_cast<char>(kFirstBank + slot / 10 % 10);
-    grid2_.setTextMatrix(
-        row, TalkgroupRecord::Slot,
-        std::string("Bank ") + bank + ": " + group + std::to_string(slot % 10 + 1));
+    grid2_.setTextMatrix(row, TalkgroupRecord::Slot, slotName(row - 1));
   }
   for (int row = 1; row <= ChannelRecord::kRows; ++row) {
     grid1_.setTextMatrix(row, ChannelRecord::Number, std::to_string(row));
@@ -154,29 +146,38 @@ void ChannelMemory::JumpToBank(Table& table, int bank, int group) {
   table.scrollToTop(target);
 }
 
-void ChannelMemory::StoreHit(HitList list, std::string_view line) {
+void ChannelMemory::storeFrequency(int row, std::string_view line) {
+  grid1_.setTextMatrix(row, ChannelRecord::Frequency, platform::mid(line, 1, 8));
+  for (int col = ChannelRecord::Trunk; col <= ChannelRecord::Line; ++col) {
+    grid1_.setTextMatrix(row, col, " ");
+  }
+  grid1_.setTextMatrix(row, ChannelRecord::Ctcss, "");
+  grid1_.setTextMatrix(row, ChannelRecord::AlphaTag, "");
+}
+
+ChannelMemory::HitPlace ChannelMemory::placeOf(HitList list) {
   const bool frequency = list == HitList::Frequencies;
   Table& table = frequency ? grid1_ : grid2_;
-  tabs_.setTab(frequency ? 0 : 1);
   const std::string& cell = table.textMatrix(table.row(), 1);
-  const bool occupied =
-      !cell.empty() && (frequency ? cell != "0.0000" : cell.find("--") == std::string::npos);
+  const bool blank = frequency ? cell == "0.0000" : cell.find("--") != std::string::npos;
   // Deliberate: the cursor doesn't advance in the lower half of the talkgroup table, on either
   // radio.
-  const HitPlace place{table, frequency ? 0 : 1, frequency ? "Frequency" : "Talkgroup", occupied,
-                       frequency ? ChannelRecord::kRows : 500};
+  return {table, frequency ? "Frequency" : "Talkgroup", !cell.empty() && !blank,
+          frequency ? ChannelRecord::kRows : 500};
+}
+
+void ChannelMemory::StoreHit(HitList list, std::string_view line) {
+  const bool frequency = list == HitList::Frequencies;
+  tabs_.setTab(frequency ? 0 : 1);
+  const HitPlace place = placeOf(list);
+  Table& table = place.table;
   if (!mayStore(place, dialogs_)) {
     return;
   }
   const auto step = history_.step("Stored Hit");
   const int row = table.row();
   if (frequency) {
-    table.setTextMatrix(row, ChannelRecord::Frequency, platform::mid(line, 1, 8));
-    for (int col = ChannelRecord::Trunk; col <= ChannelRecord::Line; ++col) {
-      table.setTextMatrix(row, col, " ");
-    }
-    table.setTextMatrix(row, ChannelRecord::Ctcss, "");
-    table.setTextMatrix(row, ChannelRecord::AlphaTag, "");
+    storeFrequency(row, line);
   } else {
     table.setTextMatrix(row, TalkgroupRecord::Id, platform::mid(line, model_.hitIdStart, 6));
     table.setTextMatrix(row, TalkgroupRecord::AlphaTag, "");

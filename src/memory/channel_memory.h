@@ -59,6 +59,16 @@ class ChannelMemory : private platform::NonCopyable {
   /// in use. Deliberate: the plan isn't marked as changed, so closing the program doesn't offer to
   /// save the hit.
   void StoreHit(HitList list, std::string_view line);
+
+  /// Where a hit list stores its hits.
+  struct HitPlace {
+    platform::Table& table;
+    /// The word for the hit in the message.
+    const char* what;
+    bool occupied;
+    /// The last row up to which the cursor advances after a hit.
+    int lastRow;
+  };
   /// Brings a table to the front and puts the cursor on a cell. Nothing is normalised.
   void showCell(platform::Table& table, int row, int col);
   /// Empties the plan. Column 0 and the cursors stay as they are.
@@ -72,12 +82,15 @@ class ChannelMemory : private platform::NonCopyable {
   [[nodiscard]] const link::RadioModel& model() const { return model_; }
 
  private:
+  HitPlace placeOf(HitList list);
+  void storeFrequency(int row, std::string_view line);
   bool isFlag(const platform::Table& table) const;
   bool channelKey(char key);
   bool talkgroupKey(char key);
   void enterKey(platform::Table& table, int lastColumn, int lastRow);
   bool numberKey(platform::Table& table, char key, std::string_view accepted);
   bool tagKey(platform::Table& table, char key);
+  void flagKey(char key);
   void priorityKey(char key);
   void inheritFromRowAbove();
   void makePriority();

@@ -13,6 +13,7 @@ constexpr int kBankSize = bankRow(1) - bankRow(0);
 /// "A (1 to 30)" to "J (271 to 300)", with letters for both radios.
 std::vector<std::string> letteredBanks(int count) {
   std::vector<std::string> banks;
+  banks.reserve(static_cast<std::size_t>(count));
   for (int bank = 0; bank < count; ++bank) {
     banks.push_back(std::string(1, link::bankLetter(bank)) + " (" + bankRange(bank) + ")");
   }

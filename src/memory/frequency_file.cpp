@@ -173,35 +173,42 @@ void FrequencyFile::prepareDialog(const char* title, const char* accept, const c
   dialog.AsksBeforeReplacing = false;
 }
 
+/// The whole of it can be undone at once. Says what went wrong when it is over.
+template <class Work>
+void FrequencyFile::doInOneStep(const char* name, Work work) {
+  Failure failure;
+  {
+    const auto step = memory_.history().step(name);
+    failure = work();
+  }
+  if (failure) {
+    report(*failure);
+  }
+}
+
 void FrequencyFile::NewPlan() {
   offerToSave();
   prepareDialog("New Frequency File", "New", "Empty");
   ports_.Dlg1.ShowOpen();
   const std::string path = ports_.Dlg1.FileName;
-  if (path.empty()) {
+  if (path.empty() || !mayOverwrite(path, "File exists. Overwrite it?") || !mayReplace(path)) {
     return;
   }
-  if (ports_.files.exists(path) &&
-      ports_.dialogs.askToDestroy("File exists. Overwrite it?", "Confirm Overwrite",
-                                  platform::kYesNoQuestion) != Answer::Yes) {
-    return;
-  }
-  if (!mayReplace(path)) {
-    return;
-  }
-  Failure failure;
-  {
-    const auto step = memory_.history().step("New");
+  doInOneStep("New", [&] {
     memory_.clear();
-    failure = replace(path);
+    Failure failure = replace(path);
     if (!failure) {
       adopt(path);
     }
-  }
-  if (failure) {
-    report(*failure);
-  }
+    return failure;
+  });
   tellBackupFailure();
+}
+
+bool FrequencyFile::mayOverwrite(const std::string& path, const std::string& question) {
+  return !ports_.files.exists(path) ||
+         ports_.dialogs.askToDestroy(question, "Confirm Overwrite", platform::kYesNoQuestion) ==
+             Answer::Yes;
 }
 
 void FrequencyFile::OpenPlan() {
@@ -214,19 +221,15 @@ void FrequencyFile::OpenPlan() {
   if (path.empty()) {
     return;
   }
-  Failure failure;
-  {
-    const auto step = memory_.history().step("Open");
-    failure = LoadPlanFromFile(path);
+  doInOneStep("Open", [&] {
+    Failure failure = LoadPlanFromFile(path);
     if (!failure) {
       noteFingerprint(path);
       adopt(path);
       resetCursors();
     }
-  }
-  if (failure) {
-    report(*failure);
-  }
+    return failure;
+  });
 }
 
 void FrequencyFile::OpenBackup() {
@@ -240,18 +243,14 @@ void FrequencyFile::OpenBackup() {
   if (dialog.FileName.empty()) {
     return;
   }
-  Failure failure;
-  {
-    const auto step = memory_.history().step("Open Backup");
-    failure = LoadPlanFromFile(dialog.FileName);
+  doInOneStep("Open Backup", [&] {
+    Failure failure = LoadPlanFromFile(dialog.FileName);
     memory_.state().MemoryModified = true;
     if (!failure) {
       resetCursors();
     }
-  }
-  if (failure) {
-    report(*failure);
-  }
+    return failure;
+  });
 }
 
 void FrequencyFile::SavePlan() {
@@ -296,9 +295,8 @@ bool FrequencyFile::chooseSaveName() {
     if (dialog.FileName.empty()) {
       return false;
     }
-    settled = !asks || dialog.FileName == current || !ports_.files.exists(dialog.FileName) ||
-              ports_.dialogs.askToDestroy("Overwrite existing file?", "Confirm Overwrite",
-                                          platform::kYesNoQuestion) == Answer::Yes;
+    settled = !asks || dialog.FileName == current ||
+              mayOverwrite(dialog.FileName, "Overwrite existing file?");
   }
   return true;
 }

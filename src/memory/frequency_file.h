@@ -77,6 +77,10 @@ class FrequencyFile {
 
   void prepareDialog(const char* title, const char* accept, const char* keep);
   bool chooseSaveName();
+  /// A file that isn't there yet may be written; about another one the user is asked.
+  bool mayOverwrite(const std::string& path, const std::string& question);
+  template <class Work>
+  void doInOneStep(const char* name, Work work);
   bool mayReplace(const std::string& path);
   /// Makes a backup of the file's content and then writes the plan to it.
   platform::Failure replace(const std::string& path);

@@ -9,7 +9,7 @@ namespace {
 
 constexpr char kBackspace = 8;
 constexpr char kEnter = 13;
-constexpr char kQuote = '"';
+constexpr char kQuoteKey = '"';
 
 void deleteLast(Table& table) {
   std::string text = table.text();
@@ -22,7 +22,7 @@ void deleteLast(Table& table) {
 }  // namespace
 
 bool ChannelMemory::GridKey(Table& table, char key) {
-  if (key == kQuote) {
+  if (key == kQuoteKey) {
     return true;  // the frequency file can't hold it
   }
   const auto act = [&] { return &table == &grid1_ ? channelKey(key) : talkgroupKey(key); };
@@ -47,28 +47,23 @@ bool ChannelMemory::channelKey(char key) {
     enterKey(grid1_, ChannelRecord::AlphaTag, ChannelRecord::kRows);
     return false;
   }
-  switch (grid1_.col()) {
-    case ChannelRecord::Frequency:
-      if (numberKey(grid1_, key, "0123456789.")) {
-        inheritFromRowAbove();
-      }
-      return false;
-    case ChannelRecord::Ctcss:
-      numberKey(grid1_, key, "0123456789.");
-      return false;
-    case ChannelRecord::AlphaTag:
-      return tagKey(grid1_, key);
-    case ChannelRecord::Trunk:
-    case ChannelRecord::Delay:
-    case ChannelRecord::Lockout:
-    case ChannelRecord::Line:
-      // Deliberate: setting a flag isn't an edit and doesn't mark the plan as changed.
-      if (key == 'X' || key == 'x' || key == ' ') {
-        grid1_.setText(key == ' ' ? " " : "X");
-      }
-      return false;
-    default:
-      return false;
+  if (grid1_.col() == ChannelRecord::AlphaTag) {
+    return tagKey(grid1_, key);
+  }
+  if (isFlag(grid1_)) {
+    flagKey(key);
+  } else if (grid1_.col() == ChannelRecord::Ctcss) {
+    numberKey(grid1_, key, "0123456789.");
+  } else if (grid1_.col() == ChannelRecord::Frequency && numberKey(grid1_, key, "0123456789.")) {
+    inheritFromRowAbove();
+  }
+  return false;
+}
+
+/// Deliberate: setting a flag isn't an edit and doesn't mark the plan as changed.
+void ChannelMemory::flagKey(char key) {
+  if (key == 'X' || key == 'x' || key == ' ') {
+    grid1_.setText(key == ' ' ? " " : "X");
   }
 }
 
@@ -82,18 +77,15 @@ bool ChannelMemory::talkgroupKey(char key) {
              model_.enterLastRow);
     return false;
   }
-  switch (grid2_.col()) {
-    case TalkgroupRecord::Id:
-      numberKey(grid2_, key, "0123456789-");
-      return false;
-    case TalkgroupRecord::AlphaTag:
-      return tagKey(grid2_, key);
-    case TalkgroupRecord::Priority:
-      priorityKey(key);
-      return false;
-    default:
-      return false;
+  if (grid2_.col() == TalkgroupRecord::AlphaTag) {
+    return tagKey(grid2_, key);
   }
+  if (grid2_.col() == TalkgroupRecord::Id) {
+    numberKey(grid2_, key, "0123456789-");
+  } else if (isFlag(grid2_)) {
+    priorityKey(key);
+  }
+  return false;
 }
 
 void ChannelMemory::enterKey(Table& table, int lastColumn, int lastRow) {
@@ -118,11 +110,7 @@ bool ChannelMemory::numberKey(Table& table, char key, std::string_view accepted)
   if (accepted.find(key) == std::string_view::npos) {
     return false;
   }
-  if (state_.CellEditActive) {
-    table.append(key);
-  } else {
-    table.setText(std::string(1, key));
-  }
+  table.setText((state_.CellEditActive ? table.text() : std::string()) + key);
   state_.CellEditActive = true;
   return true;
 }

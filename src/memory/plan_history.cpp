@@ -124,7 +124,9 @@ void PlanHistory::end() {
 
 void PlanHistory::take(std::size_t index, int row, int col) {
   Watched& watched = tables_[index];
-  const auto cell = static_cast<std::size_t>(row * watched.table->cols() + col);
+  const auto cell =
+      static_cast<std::size_t>(row) * static_cast<std::size_t>(watched.table->cols()) +
+      static_cast<std::size_t>(col);
   std::string& before = watched.cells[cell];
   const std::string& after = watched.table->textMatrix(row, col);
   if (before == after) {
@@ -192,6 +194,21 @@ std::string PlanHistory::redoName() const {
   return undone_.empty() || depth_ > 0 ? std::string() : undone_.back().name;
 }
 
+template <class Records>
+PlanHistory::Record PlanHistory::taken(Records& from) {
+  Record record = std::move(from.back());
+  from.pop_back();
+  return record;
+}
+
+/// Where the cursor belongs after the step.
+template <class Records>
+PlanHistory::Place PlanHistory::keep(Records& to, Record record) {
+  visited_.reset();
+  to.push_back(std::move(record));
+  return to.back().place;
+}
+
 std::optional<PlanHistory::Place> PlanHistory::undo() {
   if (done_.empty() || depth_ > 0) {
     return std::nullopt;
@@ -201,15 +218,11 @@ std::optional<PlanHistory::Place> PlanHistory::undo() {
   } else {
     dropDrift();
   }
-  Record record = std::move(done_.back());
-  done_.pop_back();
+  Record record = taken(done_);
   backward(record.changes);
   record.modifiedAfter = std::exchange(state_.MemoryModified, record.modifiedBefore);
   adoptFile(record.fileAfter, record.fileBefore);
-  visited_.reset();
-  const Place place = record.place;
-  undone_.push_back(std::move(record));
-  return place;
+  return keep(undone_, std::move(record));
 }
 
 std::optional<PlanHistory::Place> PlanHistory::redo() {
@@ -217,15 +230,11 @@ std::optional<PlanHistory::Place> PlanHistory::redo() {
     return std::nullopt;
   }
   dropDrift();
-  Record record = std::move(undone_.back());
-  undone_.pop_back();
+  Record record = taken(undone_);
   forward(record.changes);
   record.modifiedBefore = std::exchange(state_.MemoryModified, record.modifiedAfter);
   adoptFile(record.fileBefore, record.fileAfter);
-  visited_.reset();
-  const Place place = record.place;
-  done_.push_back(std::move(record));
-  return place;
+  return keep(done_, std::move(record));
 }
 
 /// Only a step that changed the name restores it. A plan that has been saved under another name
@@ -233,9 +242,7 @@ std::optional<PlanHistory::Place> PlanHistory::redo() {
 void PlanHistory::adoptFile(const std::string& from, const std::string& to) {
   if (from != to) {
     file_ = to;
-    if (onFileChanged) {
-      onFileChanged(to);
-    }
+    platform::run(onFileChanged, to);
   }
 }
 

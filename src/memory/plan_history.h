@@ -102,6 +102,10 @@ class PlanHistory {
   void backward(const std::string& changes);
   void write(std::uint32_t cell, std::string text);
   [[nodiscard]] const std::string& read(std::uint32_t cell) const;
+  template <class Records>
+  static Record taken(Records& from);
+  template <class Records>
+  Place keep(Records& to, Record record);
   void adoptFile(const std::string& from, const std::string& to);
   void forgetOldest();
 

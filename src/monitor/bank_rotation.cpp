@@ -7,7 +7,7 @@
 namespace tarnvex::monitor {
 
 BankRotation::BankRotation(Outside outside, std::string_view section, int banks, int interval,
-                           std::function<void()> step, std::function<void()> bankClicked)
+                           std::function<void()> step, const std::function<void()>& bankClicked)
     : timer(interval), outside_(outside) {
   platform::groupOptions({&Option5, &Option6});
   platform::passKeysOn({&Option5, &Option6});

@@ -40,7 +40,7 @@ class BankRotation : private platform::NonCopyable {
   /// `section` is the settings section of the boxes. `step` runs at each tick while the display
   /// shows "Scanning", and `bankClicked` after a change of a box has been stored.
   BankRotation(Outside outside, std::string_view section, int banks, int interval,
-               std::function<void()> step, std::function<void()> bankClicked);
+               std::function<void()> step, const std::function<void()>& bankClicked);
   ~BankRotation() = default;
 
   [[nodiscard]] PanelBase& panel() { return outside_.panel; }

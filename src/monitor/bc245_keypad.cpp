@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "link/scanner_commands.h"
+#include "platform/convert.h"
 
 namespace tarnvex::monitor {
 namespace {
@@ -204,7 +205,7 @@ void Bc245Keypad::type(char character) {
   if (actions_.typeKey(character)) {
     return;
   }
-  if (character >= '0' && character <= '9') {
+  if (platform::isDigit(character)) {
     typeDigit(character - '0');
   } else if (character == '.') {
     typePoint();

@@ -1,6 +1,6 @@
 #include "monitor/bc245_poll.h"
 
-#include "platform/convert.h"
+#include "link/identity.h"
 #include "trunking/system_type.h"
 
 namespace tarnvex::monitor {
@@ -33,7 +33,7 @@ void Bc245Poll::tick() {
   }
   const link::IdentityReply identity = askIdentity();
   if (identity.isError()) {
-    handOver("BC895", "BC895XLT");
+    handOver("BC895");
     return;
   }
   takeIdentity(identity);
@@ -54,14 +54,8 @@ void Bc245Poll::tick() {
 /// they were.
 void Bc245Poll::takeIdentity(const link::IdentityReply& identity) {
   state().SwitchingScanners = false;
-  if (!identity.isKnown()) {
-    return;
-  }
-  state().ScannerName = identity.polledModel();
-  state().ModelKey = "BC245";
-  state().SerialNumberText = identity.polledSerialNumber();
-  if (const auto firmware = platform::toReal(identity.firmware())) {
-    state().FirmwareText = platform::shortest(*firmware / 100);
+  if (identity.isKnown()) {
+    link::adoptPolledBc245(state(), identity);
   }
 }
 
@@ -160,6 +154,10 @@ void Bc245Poll::search(std::string_view code) {
     state().HitCounted = false;
     return;
   }
+  showSearched(open);
+}
+
+void Bc245Poll::showSearched(bool open) {
   const link::SignalReply reception(ask(command::kReception));
   if (open) {
     hearing_.frequency(reception, 0);

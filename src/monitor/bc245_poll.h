@@ -47,6 +47,7 @@ class Bc245Poll : public PollCycle {
 
   void conventional(bool scanning);
   void search(std::string_view code);
+  void showSearched(bool open);
   void program();
   void selectBank();
 

@@ -13,15 +13,7 @@ namespace tarnvex::monitor {
 namespace command = link::command;
 namespace reply = link::reply;
 
-namespace {
-
-std::string trimmed(const std::string& text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  return first == std::string::npos ? ""
-                                    : text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
-}  // namespace
+namespace {}  // namespace
 
 void Bc245Poll::trunked(bool scanning) {
   panel_.Search.setVisible(false);
@@ -183,7 +175,7 @@ void Bc245Poll::takeId(const link::IdLine& line, bool held, IdStay& stay) {
     stay.shown = stay.id.empty() ? stay.shown : trunking::shownId(stay.id);
     showFrequency(stay.shown);
   }
-  stay.id = trimmed(stay.id);
+  stay.id = std::string(platform::trimmed(stay.id));
   const Reception reception = askReception();
   platform::assign(stay.bank, reception.bank);
   showTag(askTalkgroupTag(stay.id, reception.bank));

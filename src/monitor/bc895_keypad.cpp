@@ -127,10 +127,9 @@ void Bc895Keypad::keyDigit(int digit) {
 }
 
 Bc895Keypad::Point Bc895Keypad::point() {
-  if (actions_.mode() == mode::kToneEntry) {
-    return {panel_.CTCSS, '.'};
-  }
-  return {panel_.Frequency, contains(kDashModes, actions_.mode()) ? '-' : '.'};
+  const std::string& mode = actions_.mode();
+  return mode == mode::kToneEntry ? Point{panel_.CTCSS, '.'}
+                                  : Point{panel_.Frequency, contains(kDashModes, mode) ? '-' : '.'};
 }
 
 void Bc895Keypad::keyPoint() {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "link/identity.h"
 #include "link/tone_table.h"
 #include "memory/frequency_file.h"
 #include "memory/plan_lookup.h"
@@ -52,7 +53,7 @@ Bc895Poll::Bc895Poll(PanelState& panel, PollOutside outside)
 
 void Bc895Poll::tick() {
   if (otherModelAnswers()) {
-    handOver("BC245", "BC245XLT");
+    handOver("BC245");
     return;
   }
   mirrorMute(ask(command::kMute));
@@ -72,10 +73,7 @@ bool Bc895Poll::otherModelAnswers() {
   if (askIdentity().namesModel()) {
     return true;
   }
-  state().ModelKey = "BC895";
-  state().ScannerName = "BC895XLT";
-  state().SerialNumberText = "N/A";
-  state().FirmwareText = "N/A";
+  link::adoptBc895(state());
   state().SwitchingScanners = false;
   return false;
 }
@@ -205,16 +203,21 @@ void Bc895Poll::conventional(const std::string& mode) {
   panel_.Priority.setVisible(asksOn(command::kPriority, reply::kPriorityOn));
   const link::ChannelReply channel(ask(command::kActiveChannel));
   if (channel.isNothing()) {
-    showNothingActive();
-    for (auto* label : {&panel_.Delay, &panel_.MHZ, &panel_.Trunk}) {
-      label->setVisible(false);
-    }
-    panel_.CTCSS.setVisible(entersTone(mode));
-    return;
+    showNoChannel(mode);
+  } else if (showActiveChannel(channel, !scanning)) {
+    showChannel(channel, mode);
   }
-  if (!showActiveChannel(channel, !scanning)) {
-    return;
+}
+
+void Bc895Poll::showNoChannel(const std::string& mode) {
+  showNothingActive();
+  for (auto* label : {&panel_.Delay, &panel_.MHZ, &panel_.Trunk}) {
+    label->setVisible(false);
   }
+  panel_.CTCSS.setVisible(entersTone(mode));
+}
+
+void Bc895Poll::showChannel(const link::ChannelReply& channel, const std::string& mode) {
   panel_.MHZ.setVisible(true);
   panel_.Delay.setVisible(channel.delay());
   if (entersTone(mode)) {
@@ -223,7 +226,7 @@ void Bc895Poll::conventional(const std::string& mode) {
     showTone(channel);
   }
   // In manual mode the radio always names its channel. The meter shows whether it is heard.
-  if (scanning || bars_ > 0) {
+  if (mode == mode895::kScan || bars_ > 0) {
     hearing_.channel(channel, panel_.CtcssStat.visible(), bars_);
   }
 }

@@ -30,6 +30,8 @@ class Bc895Poll : public PollCycle {
   bool searchFinds(const link::SignalReply& signal);
 
   void conventional(const std::string& mode);
+  void showNoChannel(const std::string& mode);
+  void showChannel(const link::ChannelReply& channel, const std::string& mode);
   bool entersTone(const std::string& mode);
   void showTone(const link::ChannelReply& channel);
 

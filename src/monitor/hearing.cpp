@@ -8,23 +8,12 @@
 #include "trunking/talkgroup_id.h"
 
 namespace tarnvex::monitor {
-namespace {
-
-std::string trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  return first == std::string_view::npos
-             ? std::string()
-             : std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
-}
-
-}  // namespace
+namespace {}  // namespace
 
 std::optional<std::int64_t> hertzOf(std::string_view shown) {
-  if (!link::readsAsFrequency(shown)) {
-    return std::nullopt;
-  }
   const double hertz = platform::toReal(shown).value_or(0) * 1e6;
-  return hertz > 0 ? std::optional(std::llround(hertz)) : std::nullopt;
+  return link::readsAsFrequency(shown) && hertz > 0 ? std::optional(std::llround(hertz))
+                                                    : std::nullopt;
 }
 
 bool namesTalkgroup(std::string_view text) {
@@ -70,7 +59,7 @@ void Hearing::frequency(const link::SignalReply& reply, int bars) {
 
 void Hearing::talkgroup(const std::string& id, std::optional<int> bank,
                         const std::optional<std::string>& frequency, int bars) {
-  const std::string text = trimmed(id);
+  const std::string text(platform::trimmed(id));
   if (!namesTalkgroup(text)) {
     return;
   }

@@ -24,9 +24,9 @@ std::optional<int> countOf(const std::string& line) {
 
 /// Whether a text is an ID as shown: digits, dashes and blanks, and at least one digit.
 bool isShownId(std::string_view text) {
-  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-  return std::ranges::any_of(text, isDigit) &&
-         std::ranges::all_of(text, [&](char c) { return isDigit(c) || c == '-' || c == ' '; });
+  return std::ranges::any_of(text, platform::isDigit) && std::ranges::all_of(text, [](char c) {
+           return platform::isDigit(c) || c == '-' || c == ' ';
+         });
 }
 
 bool addUnlessListed(platform::ListBox& hits, const std::string& id, const std::string& rest) {
@@ -53,20 +53,20 @@ bool captureFrequency(platform::ListBox& hits, const std::string& frequency, con
   if (!link::readsAsFrequency(frequency)) {
     return false;
   }
+  const auto line = [&](int count) {
+    return frequency + " - " + clock.now() + " " + std::string(kCountMark) + std::to_string(count) +
+           tagPart(tag);
+  };
   bool found = false;
   for (int i = 0; i < hits.count(); ++i) {
-    if (hits.item(i).find(frequency) == std::string::npos) {
-      continue;
-    }
-    found = true;
-    const int count = countOf(hits.item(i)).value_or(0) + 1;
-    if (!state.HitCounted) {
-      hits.replace(i, frequency + " - " + clock.now() + " " + std::string(kCountMark) +
-                          std::to_string(count) + tagPart(tag));
+    const bool same = hits.item(i).find(frequency) != std::string::npos;
+    found = found || same;
+    if (same && !state.HitCounted) {
+      hits.replace(i, line(countOf(hits.item(i)).value_or(0) + 1));
     }
   }
   if (!found) {
-    hits.add(frequency + " - " + clock.now() + " " + std::string(kCountMark) + "1" + tagPart(tag));
+    hits.add(line(1));
   }
   state.HitCounted = true;
   return found;

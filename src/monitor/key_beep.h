@@ -13,6 +13,9 @@ class KeyBeep {
                    true),
         dialogs_(dialogs) {}
 
+  /// A step of the main window's load.
+  void load() { chkKeyBeep.load(); }
+
   void sound() {
     if (chkKeyBeep.value()) {
       dialogs_.beep();

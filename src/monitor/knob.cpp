@@ -36,12 +36,8 @@ bool Knob::moveMark(int mark, int direction) {
   }
   const auto to = static_cast<std::size_t>((mark + direction + PanelState::kKnobMarks) %
                                            PanelState::kKnobMarks);
-  const auto move = [from, to](auto& marks) {
-    marks[from].setVisible(false);
-    marks[to].setVisible(true);
-  };
-  move(panel_.KnobMark);
-  move(panel_.KnobShadow);
+  panel_.KnobMark[from].setVisible(false);
+  panel_.KnobMark[to].setVisible(true);
   return true;
 }
 

@@ -23,41 +23,55 @@ PanelState::PanelState() {
   }
   for (std::size_t mark = 1; mark < KnobMark.size(); ++mark) {
     KnobMark[mark].setVisible(false);
-    KnobShadow[mark].setVisible(false);
   }
 }
 
-std::vector<std::string> describe(const PanelBase& panel) {
-  std::vector<std::string> lines;
+namespace {
+
+/// What is on in the arrays of a panel: the banks' letters and digits, and the signal's bars.
+struct ArraysOn {
   std::string digits;
   std::string banks;
   int bars = 0;
-  for (const platform::Label* label : panel.elements()) {
-    const std::string& name = label->name();
-    if (!label->visible()) {
-      continue;
-    }
-    if (name.starts_with("Bankltr")) {
-      banks += " " + label->caption();
-    } else if (name.starts_with("Bank(")) {
-      digits += " " + label->caption();
-    } else if (name.starts_with("Sig")) {
+
+  /// False if the element is in no array.
+  bool take(const platform::Label& label) {
+    if (label.name().starts_with("Bankltr")) {
+      banks += " " + label.caption();
+    } else if (label.name().starts_with("Bank(")) {
+      digits += " " + label.caption();
+    } else if (label.name().starts_with("Sig")) {
       ++bars;
-    } else if (name.starts_with("Knob")) {
-      lines.push_back("Knob: " + name.substr(5, name.size() - 6));
-    } else if (!label->caption().empty()) {
-      lines.push_back(name + ": " + label->caption());
+    } else {
+      return false;
+    }
+    return true;
+  }
+};
+
+/// Empty if the element shows nothing.
+std::string lineOf(const platform::Label& label) {
+  const std::string& name = label.name();
+  if (name.starts_with("Knob")) {
+    return "Knob: " + name.substr(5, name.size() - 6);
+  }
+  return label.caption().empty() ? "" : name + ": " + label.caption();
+}
+
+}  // namespace
+
+std::vector<std::string> describe(const PanelBase& panel) {
+  std::vector<std::string> lines;
+  ArraysOn arrays;
+  for (const platform::Label* label : panel.elements()) {
+    if (label->visible() && !arrays.take(*label)) {
+      lines.push_back(lineOf(*label));
     }
   }
-  if (!digits.empty()) {
-    lines.push_back("Bank:" + digits);
-  }
-  if (!banks.empty()) {
-    lines.push_back("Bankltr:" + banks);
-  }
-  if (bars > 0) {
-    lines.push_back("Sig: " + std::to_string(bars));
-  }
+  lines.push_back(arrays.digits.empty() ? "" : "Bank:" + arrays.digits);
+  lines.push_back(arrays.banks.empty() ? "" : "Bankltr:" + arrays.banks);
+  lines.push_back(arrays.bars == 0 ? "" : "Sig: " + std::to_string(arrays.bars));
+  std::erase(lines, "");
   return lines;
 }
 

@@ -76,12 +76,10 @@ struct PanelState : PanelBase {
   PanelElement STEP{"STEP", drawn_, "12.5KHz", false};
   /// The display's background, in its stored colour.
   platform::Label Label1{"Label1"};
-  /// The knob's 13 marks and their shadows. Exactly one mark and its shadow are visible.
+  /// The knob's 13 marks. Exactly one is visible.
   static constexpr int kKnobMarks = 13;
   std::array<PanelElement, kKnobMarks> KnobMark =
       platform::controlArray<PanelElement, kKnobMarks>("Knob", drawn_);
-  std::array<platform::Label, kKnobMarks> KnobShadow =
-      platform::controlArray<platform::Label, kKnobMarks>("KnobShadow");
 };
 
 /// A panel's elements as text, with a line for each one that shows something, such as "Frequency:

@@ -1,5 +1,6 @@
 #include "monitor/poll_cycle.h"
 
+#include "link/identity.h"
 #include "memory/plan_lookup.h"
 #include "monitor/hit_capture.h"
 #include "platform/convert.h"
@@ -13,9 +14,8 @@ PollCycle::PollCycle(PanelBase& front, PollOutside outside)
       hearing_(outside_.receptions, outside_.state, front, outside_.MSFlexGrid1),
       front_(front) {}
 
-void PollCycle::handOver(const std::string& modelKey, const std::string& scannerName) {
-  state().ModelKey = modelKey;
-  state().ScannerName = scannerName;
+void PollCycle::handOver(const std::string& modelKey) {
+  link::adoptOtherModel(state(), modelKey);
   outside_.switchScanner();
 }
 

@@ -72,8 +72,9 @@ class PollCycle : private platform::NonCopyable {
   /// Asks the radio who it is. If the answer is unknown, or contradicts an earlier one, asks once
   /// more on a quiet line, so that a stray line doesn't exchange the windows.
   link::IdentityReply askIdentity();
-  /// Switches to the main window of the model that has answered. The tick must end after it.
-  void handOver(const std::string& modelKey, const std::string& scannerName);
+  /// Switches to the main window of the other model, which has answered. The tick must end after
+  /// it.
+  void handOver(const std::string& modelKey);
   /// Called once per tick with whether the display shows a reception.
   void gateRecording(bool active);
   /// Asks for the mode. If the answer isn't a mode, the next exchange waits for a quiet line.

@@ -8,7 +8,7 @@
 namespace tarnvex::monitor {
 namespace {
 
-constexpr std::string_view kSection = "BC245";
+constexpr std::string_view kBc245Section = "BC245";
 constexpr std::string_view kValue = "TrunkedView";
 constexpr std::string_view kTrue = "True";
 constexpr std::string_view kFalse = "False";
@@ -46,7 +46,7 @@ ReceiverOptions::ReceiverOptions(SwitchBox& mute, platform::Label& att, link::Sc
 }
 
 void ReceiverOptions::loadView() {
-  if (const auto activeBanks = toBoolean(settings_.getSetting(kSection, kValue, kTrue))) {
+  if (const auto activeBanks = toBoolean(settings_.getSetting(kBc245Section, kValue, kTrue))) {
     Option8.setValue(*activeBanks);
   }
   if (!Option8.value()) {
@@ -70,7 +70,7 @@ void ReceiverOptions::readSwitches() {
 }
 
 void ReceiverOptions::saveView(bool activeBanks) {
-  settings_.saveSetting(kSection, kValue, activeBanks ? kTrue : kFalse);
+  settings_.saveSetting(kBc245Section, kValue, activeBanks ? kTrue : kFalse);
 }
 
 }  // namespace tarnvex::monitor

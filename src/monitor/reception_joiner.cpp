@@ -33,15 +33,19 @@ std::optional<Reception> ReceptionJoiner::tick(const Heard* heard, std::int64_t 
     open_->heard = *heard;
     open_->radio = radio;
   }
+  goOn(*heard, now);
+  return ended;
+}
+
+void ReceptionJoiner::goOn(const Heard& heard, std::int64_t now) {
   Heard& joined = open_->heard;
-  joined.bars = std::max(joined.bars, heard->bars);
+  joined.bars = std::max(joined.bars, heard.bars);
   if (joined.tag.empty()) {
-    joined.tag = heard->tag;
+    joined.tag = heard.tag;
   }
-  joined.bank = joined.bank == 0 ? heard->bank : joined.bank;
+  joined.bank = joined.bank == 0 ? heard.bank : joined.bank;
   open_->seconds = static_cast<double>(std::max<std::int64_t>(now - open_->started, 0)) / 1000;
   lastHeard_ = now;
-  return ended;
 }
 
 std::optional<Reception> ReceptionJoiner::endIfStill(std::int64_t now) {

@@ -32,6 +32,9 @@ class ReceptionJoiner {
   [[nodiscard]] const std::optional<Reception>& open() const { return open_; }
 
  private:
+  /// What is open is still heard.
+  void goOn(const Heard& heard, std::int64_t now);
+
   std::optional<Reception> open_;
   std::int64_t lastHeard_ = 0;
   std::int64_t lastTick_ = 0;

@@ -7,7 +7,7 @@
 namespace tarnvex::monitor {
 namespace {
 
-constexpr const char* kSection = "ReceptionLog";
+constexpr const char* kLogSection = "ReceptionLog";
 constexpr const char* kKeep = "Keep";
 constexpr const char* kKeepDays = "KeepDays";
 /// How many days the lines of `cboKeepFor` keep. 0 means for ever.
@@ -19,14 +19,7 @@ constexpr std::int64_t kDay = 24LL * 60 * 60 * 1000;
 
 ReceptionLog::ReceptionLog(ReceptionLogOutside outside) : outside_(outside) {
   loadSettings();
-  chkKeep.onClick = [this] {
-    outside_.settings.saveSetting(kSection, kKeep, chkKeep.value() ? "1" : "0");
-    stop();
-  };
-  cboKeepFor.onClick = [this] {
-    const auto line = static_cast<std::size_t>(cboKeepFor.listIndex());
-    outside_.settings.saveSetting(kSection, kKeepDays, std::to_string(kDays.at(line)));
-  };
+  storeSettings();
   outside_.store.onTrouble = [&dialogs = outside_.dialogs](const std::string& words) {
     dialogs.messageBox(words, "Reception Log", platform::kWarning);
   };
@@ -35,10 +28,22 @@ ReceptionLog::ReceptionLog(ReceptionLogOutside outside) : outside_(outside) {
   thin();
 }
 
+/// From now on, as the user changes them.
+void ReceptionLog::storeSettings() {
+  chkKeep.onClick = [this] {
+    outside_.settings.saveSetting(kLogSection, kKeep, chkKeep.value() ? "1" : "0");
+    stop();
+  };
+  cboKeepFor.onClick = [this] {
+    const auto line = static_cast<std::size_t>(cboKeepFor.listIndex());
+    outside_.settings.saveSetting(kLogSection, kKeepDays, std::to_string(kDays.at(line)));
+  };
+}
+
 void ReceptionLog::loadSettings() {
-  chkKeep.setValue(outside_.settings.getSetting(kSection, kKeep, "1") != "0");
+  chkKeep.setValue(outside_.settings.getSetting(kLogSection, kKeep, "1") != "0");
   const auto days = platform::toInteger(
-      outside_.settings.getSetting(kSection, kKeepDays, std::to_string(kDefaultDays)));
+      outside_.settings.getSetting(kLogSection, kKeepDays, std::to_string(kDefaultDays)));
   for (std::size_t line = 0; line < kDays.size(); ++line) {
     if (kDays.at(line) == days.value_or(kDefaultDays)) {
       cboKeepFor.setListIndex(static_cast<int>(line));

@@ -60,6 +60,7 @@ class ReceptionLog : public ReceptionListener {
   };
 
   void loadSettings();
+  void storeSettings();
   void thin();
   void finish(std::optional<Reception> ended);
 

@@ -29,6 +29,10 @@ void SpeedEnhancement::step() {
   } while (!ticked(cursor()));
   send(link::command::scanBanks(std::string(1, link::bankLetter(cursor()))));
   send(link::key::kScan);
+  reenterTrunking();
+}
+
+void SpeedEnhancement::reenterTrunking() {
   const std::string& mode = panel().mode.caption();
   if (mode == link::mode245::kTrunkScan || mode == link::mode245::kTrunkScanEdacs) {
     // Leave the trunked system and enter it again, which takes the radio to that of the new bank.

@@ -15,6 +15,7 @@ class SpeedEnhancement : public BankRotation {
 
  private:
   void step();
+  void reenterTrunking();
 };
 
 }  // namespace tarnvex::monitor

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -59,12 +60,7 @@ class CommonDialog : private NonCopyable {
   }
 };
 
-/// Creates the file dialogs of the windows.
-class CommonDialogs : private NonCopyable {
- public:
-  virtual ~CommonDialogs() = default;
-
-  virtual std::unique_ptr<CommonDialog> create() = 0;
-};
+/// Makes the file dialog of a window.
+using CommonDialogMaker = std::function<std::unique_ptr<CommonDialog>()>;
 
 }  // namespace tarnvex::platform

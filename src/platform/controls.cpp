@@ -3,28 +3,13 @@
 #include <iterator>
 
 namespace tarnvex::platform {
-namespace {
-
-void run(const std::function<void()>& handler) {
-  if (handler) {
-    handler();
-  }
-}
-
-}  // namespace
 
 void Control::setVisible(bool visible) {
-  if (visible_ != visible) {
-    visible_ = visible;
-    changed.notify();
-  }
+  changed.change(visible_, visible);
 }
 
 void Control::setEnabled(bool enabled) {
-  if (enabled_ != enabled) {
-    enabled_ = enabled;
-    changed.notify();
-  }
+  changed.change(enabled_, enabled);
 }
 
 Label::Label(std::string name, std::string caption, bool visible)
@@ -33,17 +18,11 @@ Label::Label(std::string name, std::string caption, bool visible)
 }
 
 void Label::setCaption(std::string caption) {
-  if (caption_ != caption) {
-    caption_ = std::move(caption);
-    changed.notify();
-  }
+  changed.change(caption_, std::move(caption));
 }
 
 void Label::setBackColor(Colour colour) {
-  if (backColor_ != colour) {
-    backColor_ = colour;
-    changed.notify();
-  }
+  changed.change(backColor_, colour);
 }
 
 void Button::userClick() {
@@ -56,9 +35,7 @@ CheckBox::CheckBox(std::string name, std::string caption, bool value)
     : Control(std::move(name)), caption_(std::move(caption)), value_(value) {}
 
 void CheckBox::setValue(bool value) {
-  if (value_ != value) {
-    value_ = value;
-    changed.notify();
+  if (changed.change(value_, value)) {
     run(onClick);
   }
 }
@@ -94,15 +71,11 @@ void OptionButton::userClick() {
 
 void OptionButton::choose() {
   for (OptionButton* option : group_) {
-    const bool chosen = option == this;
-    if (option->value_ != chosen) {
-      option->value_ = chosen;
-      option->changed.notify();
-    }
+    option->changed.change(option->value_, option == this);
   }
 }
 
-void groupOptions(std::vector<OptionButton*> options) {
+void groupOptions(const std::vector<OptionButton*>& options) {
   for (OptionButton* option : options) {
     option->group_ = options;
   }
@@ -171,9 +144,8 @@ void ListBox::clear() {
 }
 
 void ListBox::setListIndex(int index) {
-  if (index >= -1 && index < count() && index != listIndex_) {
-    listIndex_ = index;
-    changed.notify();
+  if (index >= -1 && index < count()) {
+    changed.change(listIndex_, index);
   }
 }
 
@@ -212,10 +184,7 @@ void ListBox::userRightPress() {
 }
 
 void TextBox::setText(std::string text) {
-  if (text_ != text) {
-    text_ = std::move(text);
-    changed.notify();
-  }
+  changed.change(text_, std::move(text));
 }
 
 bool TextBox::userKey(char key) {
@@ -229,24 +198,15 @@ void TextBox::userFocus() {
 }
 
 void TabStrip::setTab(int tab) {
-  if (tab_ != tab) {
-    tab_ = tab;
-    changed.notify();
-  }
+  changed.change(tab_, tab);
 }
 
 void Timer::setEnabled(bool enabled) {
-  if (enabled_ != enabled) {
-    enabled_ = enabled;
-    changed.notify();
-  }
+  changed.change(enabled_, enabled);
 }
 
 void Timer::setInterval(int milliseconds) {
-  if (interval_ != milliseconds) {
-    interval_ = milliseconds;
-    changed.notify();
-  }
+  changed.change(interval_, milliseconds);
 }
 
 void Timer::fire() {

@@ -139,7 +139,7 @@ class OptionButton : public Control {
   std::function<void()> onClick;
 
  private:
-  friend void groupOptions(std::vector<OptionButton*> options);
+  friend void groupOptions(const std::vector<OptionButton*>& options);
   void choose();
 
   std::string caption_;
@@ -148,7 +148,7 @@ class OptionButton : public Control {
 };
 
 /// Makes the options one group. All of them must be destroyed together.
-void groupOptions(std::vector<OptionButton*> options);
+void groupOptions(const std::vector<OptionButton*>& options);
 
 /// A drop-down list without free text. Its list index is -1 while nothing is chosen.
 class ComboBox : public Control {

@@ -40,6 +40,18 @@ Decimal toDecimal(double magnitude) {
   return decimal;
 }
 
+/// Adds one to the last of the digits. False if there was no digit to take the carry.
+bool countUp(std::string& digits) {
+  for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
+    if (*digit != '9') {
+      ++*digit;
+      return true;
+    }
+    *digit = '0';
+  }
+  return false;
+}
+
 /// Cuts the fraction to `places` digits, rounding half away from zero.
 void roundTo(Decimal& decimal, std::size_t places) {
   if (decimal.fraction.size() <= places) {
@@ -50,33 +62,27 @@ void roundTo(Decimal& decimal, std::size_t places) {
   if (!up) {
     return;
   }
-  for (std::string* part : {&decimal.fraction, &decimal.whole}) {
-    for (auto digit = part->rbegin(); digit != part->rend(); ++digit) {
-      if (*digit != '9') {
-        ++*digit;
-        return;
-      }
-      *digit = '0';
-    }
+  if (!countUp(decimal.fraction) && !countUp(decimal.whole)) {
+    decimal.whole.insert(0, 1, '1');
   }
-  decimal.whole.insert(0, 1, '1');
 }
 
-std::string_view trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) {
-    return {};
-  }
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+/// How many digits the mask asks for and the part hasn't.
+std::size_t missingZeros(std::string_view part, std::string_view mask) {
+  const auto asked = static_cast<std::size_t>(std::ranges::count(mask, '0'));
+  return std::max(asked, part.size()) - part.size();
 }
 
 }  // namespace
 
+std::string_view trimmed(std::string_view text, std::string_view blanks) {
+  const std::size_t first = std::min(text.find_first_not_of(blanks), text.size());
+  return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
+}
+
 std::string mid(std::string_view text, std::size_t start, std::size_t length) {
-  if (start < 1 || start > text.size()) {
-    return {};
-  }
-  return std::string(text.substr(start - 1, length));
+  const bool within = start >= 1 && start <= text.size();
+  return within ? std::string(text.substr(start - 1, length)) : std::string();
 }
 
 std::string mid(std::string_view text, std::size_t start) {
@@ -129,15 +135,8 @@ std::string format(double value, std::string_view mask) {
       point == std::string_view::npos ? std::string_view() : mask.substr(point + 1);
   Decimal decimal = toDecimal(std::fabs(value));
   roundTo(decimal, fractionMask.size());
-  const auto zeros = [](std::string_view part) {
-    return static_cast<std::size_t>(std::count(part.begin(), part.end(), '0'));
-  };
-  if (decimal.whole.size() < zeros(wholeMask)) {
-    decimal.whole.insert(0, zeros(wholeMask) - decimal.whole.size(), '0');
-  }
-  if (decimal.fraction.size() < zeros(fractionMask)) {
-    decimal.fraction.append(zeros(fractionMask) - decimal.fraction.size(), '0');
-  }
+  decimal.whole.insert(0, missingZeros(decimal.whole, wholeMask), '0');
+  decimal.fraction.append(missingZeros(decimal.fraction, fractionMask), '0');
   const bool negative =
       value < 0 && (decimal.whole + decimal.fraction).find_first_not_of('0') != std::string::npos;
   std::string text = (negative ? "-" : "") + decimal.whole;

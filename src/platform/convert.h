@@ -18,6 +18,13 @@ std::string mid(std::string_view text, std::size_t start, std::size_t length);
 /// The characters from position `start`, counted from 1, to the end.
 std::string mid(std::string_view text, std::size_t start);
 
+/// The text without these characters at its ends.
+std::string_view trimmed(std::string_view text, std::string_view blanks = " ");
+
+[[nodiscard]] constexpr bool isDigit(char character) {
+  return character >= '0' && character <= '9';
+}
+
 /// Text as a real number. Leading and trailing blanks, a sign, a decimal point and an exponent are
 /// allowed, nothing else.
 std::optional<double> toReal(std::string_view text);

@@ -13,11 +13,10 @@ constexpr int kLookMilliseconds = 20;
 }  // namespace
 
 void EventGate::enter(Handler handler) {
-  if (ended_) {
-    return;
+  if (!ended_) {
+    events_.push_back(std::move(handler));
+    drainIfIdle();
   }
-  events_.push_back(std::move(handler));
-  drainIfIdle();
 }
 
 void EventGate::enterLeaving(Handler handler) {
@@ -51,11 +50,10 @@ void EventGate::dropUserEvents() {
 }
 
 void EventGate::yield() {
-  if (ended_) {
-    return;
+  if (!ended_) {
+    loop_.turn();
+    runQueued();
   }
-  loop_.turn();
-  runQueued();
 }
 
 void EventGate::waitUntil(const std::function<bool()>& done) {

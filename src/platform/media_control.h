@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -36,12 +37,7 @@ class MediaControl : private NonCopyable {
   [[nodiscard]] virtual std::string savedFile() const = 0;
 };
 
-/// Creates the media control of a main window.
-class MediaControls : private NonCopyable {
- public:
-  virtual ~MediaControls() = default;
-
-  virtual std::unique_ptr<MediaControl> create() = 0;
-};
+/// Makes the media control of a main window.
+using MediaControlMaker = std::function<std::unique_ptr<MediaControl>()>;
 
 }  // namespace tarnvex::platform

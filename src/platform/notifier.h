@@ -7,6 +7,14 @@
 
 namespace tarnvex::platform {
 
+/// Runs a handler, if there is one.
+template <class Handler, class... Args>
+void run(const Handler& handler, Args&&... args) {
+  if (handler) {
+    handler(std::forward<Args>(args)...);
+  }
+}
+
 /// Keeps a callback registered with a Notifier as long as it lives. Movable, and empty by default.
 class Connection {
  public:
@@ -30,6 +38,23 @@ class Notifier {
     std::erase_if(entries_, [](const auto& held) { return held.expired(); });
     entries_.push_back(entry);
     return Connection(entry);
+  }
+
+  /// Calls back at once, and then after each change.
+  [[nodiscard]] Connection follow(Callback callback) const requires(sizeof...(Args) == 0) {
+    callback();
+    return connect(std::move(callback));
+  }
+
+  /// Gives what is observed a new value and tells about it. False if it has that value already.
+  template <class Value>
+  bool change(Value& property, Value value) const requires(sizeof...(Args) == 0) {
+    if (property == value) {
+      return false;
+    }
+    property = std::move(value);
+    notify();
+    return true;
   }
 
   void notify(Args... args) const {

@@ -287,7 +287,7 @@ Failure SequentialFiles::close(int number) {
   if (file == nullptr) {
     return std::nullopt;
   }
-  const Failure failure = commit(*file);
+  Failure failure = commit(*file);
   open_.erase(number);
   return failure;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -74,12 +75,7 @@ class SerialPort : private NonCopyable {
   virtual bool waitForInput(std::size_t atLeast) = 0;
 };
 
-/// Creates the serial ports of the windows. Each window has its own.
-class SerialPorts : private NonCopyable {
- public:
-  virtual ~SerialPorts() = default;
-
-  virtual std::unique_ptr<SerialPort> create() = 0;
-};
+/// Makes a serial port. Each window has its own.
+using SerialPortMaker = std::function<std::unique_ptr<SerialPort>()>;
 
 }  // namespace tarnvex::platform

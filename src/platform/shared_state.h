@@ -9,7 +9,7 @@ namespace tarnvex::platform {
 struct SharedState {
   /// "BC895" or "BC245": picks the main window and the settings section.
   std::string ModelKey = "BC895";
-  /// The texts of the about box.
+  /// The texts of the about box. link/identity.h sets them and `ModelKey`.
   std::string ScannerName;
   std::string SerialNumberText;
   std::string FirmwareText;

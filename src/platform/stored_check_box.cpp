@@ -15,9 +15,7 @@ StoredCheckBox::StoredCheckBox(std::string name, std::string caption, Setting se
     : CheckBox(std::move(name), std::move(caption), value), setting_(std::move(setting)) {
   onClick = [this] {
     setting_.store.saveSetting(setting_.section, setting_.key, stored(this->value()));
-    if (onStored) {
-      onStored();
-    }
+    run(onStored);
   };
 }
 

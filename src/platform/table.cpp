@@ -10,19 +10,11 @@ Table::Table(std::string name, int rows, int columns)
       widths_(static_cast<std::size_t>(columns), kDesignWidth) {}
 
 bool Table::setRow(int row) {
-  if (!holds(row, col_)) {
-    return false;
-  }
-  moveTo(row, col_);
-  return true;
+  return moveTo(row, col_);
 }
 
 bool Table::setCol(int col) {
-  if (!holds(row_, col)) {
-    return false;
-  }
-  moveTo(row_, col);
-  return true;
+  return moveTo(row_, col);
 }
 
 void Table::placeCursor(int row, int col) {
@@ -31,28 +23,29 @@ void Table::placeCursor(int row, int col) {
   cursorMoved.notify();
 }
 
-void Table::moveTo(int row, int col) {
-  if (row == row_ && col == col_) {
-    return;
+bool Table::moveTo(int row, int col) {
+  if (!holds(row, col)) {
+    return false;
   }
-  row_ = row;
-  col_ = col;
-  if (onCursorChanged) {
-    onCursorChanged();
+  if (row != row_ || col != col_) {
+    row_ = row;
+    col_ = col;
+    run(onCursorChanged);
+    cursorMoved.notify();
   }
-  cursorMoved.notify();
+  return true;
 }
 
 const std::string& Table::textMatrix(int row, int col) const {
   static const std::string kNothing;
-  return holds(row, col) ? cells_[static_cast<std::size_t>(row * columns_ + col)] : kNothing;
+  return holds(row, col) ? cells_[place(row, col)] : kNothing;
 }
 
 bool Table::setTextMatrix(int row, int col, std::string text) {
   if (!holds(row, col)) {
     return false;
   }
-  std::string& cell = cells_[static_cast<std::size_t>(row * columns_ + col)];
+  std::string& cell = cells_[place(row, col)];
   if (cell != text) {
     cell = std::move(text);
     cellChanged.notify(row, col);
@@ -61,7 +54,7 @@ bool Table::setTextMatrix(int row, int col, std::string text) {
 }
 
 void Table::append(char character) {
-  cells_[static_cast<std::size_t>(row_ * columns_ + col_)] += character;
+  cells_[place(row_, col_)] += character;
   cellChanged.notify(row_, col_);
 }
 
@@ -70,9 +63,8 @@ int Table::colWidth(int col) const {
 }
 
 void Table::setColWidth(int col, int twips) {
-  if (holds(0, col) && colWidth(col) != twips) {
-    widths_[static_cast<std::size_t>(col)] = twips;
-    changed.notify();
+  if (holds(0, col)) {
+    changed.change(widths_[static_cast<std::size_t>(col)], twips);
   }
 }
 

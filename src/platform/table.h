@@ -63,7 +63,12 @@ class Table : public Control {
   [[nodiscard]] bool holds(int row, int col) const {
     return row >= 0 && row < rows_ && col >= 0 && col < columns_;
   }
-  void moveTo(int row, int col);
+  [[nodiscard]] std::size_t place(int row, int col) const {
+    return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) +
+           static_cast<std::size_t>(col);
+  }
+  /// False if there is no such cell.
+  bool moveTo(int row, int col);
 
   int rows_;
   int columns_;

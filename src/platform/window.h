@@ -14,12 +14,7 @@ class Window {
 
   [[nodiscard]] const std::string& name() const { return name_; }
   [[nodiscard]] const std::string& caption() const { return caption_; }
-  void setCaption(std::string caption) {
-    if (caption_ != caption) {
-      caption_ = std::move(caption);
-      changed.notify();
-    }
-  }
+  void setCaption(std::string caption) { changed.change(caption_, std::move(caption)); }
   [[nodiscard]] bool minimised() const { return minimised_; }
   /// Called by the window layer.
   void setMinimised(bool minimised) { minimised_ = minimised; }

@@ -14,13 +14,14 @@ namespace tarnvex::search {
 /// The popup menu of `List3`. The window layer shows it on `shown` and runs an item's `onClick`
 /// through the event gate; `mnuSLSearch` is its default item.
 struct SearchlistMenu {
-  /// An entry: its caption and what it does.
+  /// An entry: its name, its caption and what it does.
   struct Item {
+    std::string name;
     std::string caption;
     std::function<void()> onClick;
   };
-  Item mnuSLSearch{"&Search", {}};
-  Item mnuSLDelete{"&Delete Search", {}};
+  Item mnuSLSearch{"mnuSLSearch", "&Search", {}};
+  Item mnuSLDelete{"mnuSLDelete", "&Delete Search", {}};
   platform::Notifier<> shown;
 };
 

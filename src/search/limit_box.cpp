@@ -34,7 +34,7 @@ bool LimitBox::key(char key) {
     enter();
     return false;
   }
-  if (key == kBackspace || key == '.' || (key >= '0' && key <= '9')) {
+  if (key == kBackspace || key == '.' || platform::isDigit(key)) {
     editing_ = true;
     return true;
   }

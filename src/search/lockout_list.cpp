@@ -18,17 +18,15 @@ using Entry = std::optional<std::string>;
 
 Entry frequencyEntry(const std::string& text) {
   const auto megahertz = link::skippedFrequency(text);
-  if (!megahertz) {
-    return std::nullopt;
-  }
-  return *megahertz > 0 ? platform::format(*megahertz, "0.0000") : "";
+  const std::string shown = megahertz.value_or(0) > 0 ? platform::format(*megahertz, "0.0000") : "";
+  return megahertz ? Entry(shown) : std::nullopt;
 }
 
 Entry idEntry(const std::string& text) {
-  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-  const bool isId = std::ranges::any_of(text, isDigit) && std::ranges::all_of(text, [&](char c) {
-                      return isDigit(c) || c == '-' || c == ' ' || c == link::kWireDash;
-                    });
+  const bool isId =
+      std::ranges::any_of(text, platform::isDigit) && std::ranges::all_of(text, [](char c) {
+        return platform::isDigit(c) || c == '-' || c == ' ' || c == link::kWireDash;
+      });
   return isId ? std::optional(text) : std::nullopt;
 }
 

@@ -29,7 +29,7 @@ Form2::~Form2() {
 void Form2::load() {
   customSearch.load();
   receiver.loadView();
-  keyBeep.chkKeyBeep.load();
+  keyBeep.load();
   speed.loadBanks();
   frequencyFile_.loadLastPlan();
   memory_.layOut();

@@ -31,7 +31,7 @@ Form4::~Form4() {
 
 void Form4::load() {
   customSearch.load();
-  keyBeep.chkKeyBeep.load();
+  keyBeep.load();
   multiscan.loadBanks();
   loadColour();
   frequencyFile_.loadLastPlan();

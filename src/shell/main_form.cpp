@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "link/scanner_commands.h"
-#include "memory/apf_file.h"
+#include "memory/apf_dialogs.h"
 #include "memory/download_dialog.h"
 #include "memory/scanner_reset.h"
 #include "memory/upload_dialog.h"
@@ -15,14 +15,14 @@ namespace tarnvex::shell {
 
 MainForm::MainForm(const Services& services, MainFormOutside outside, const link::RadioModel& model)
     : window(std::string(model.mainWindow), memory::mainTitle({})),
-      Dlg1(services.commonDialogs.create()),
-      backupDialog(services.commonDialogs.create()),
+      Dlg1(services.makeDialog()),
+      backupDialog(services.makeDialog()),
       trunkBank(std::string(model.trunkBankBox), model.bankNames),
       Combo2("Combo2", model.bankNames),
       Combo3("Combo3", model.bankNames),
       linkState(std::string(model.key) + "XLT", services.clock),
-      MSComm1(std::make_unique<link::WatchedPort>(services.ports.create(), linkState)),
-      MMControl1(services.mediaControls.create()),
+      MSComm1(std::make_unique<link::WatchedPort>(services.makePort(), linkState)),
+      MMControl1(services.makeMediaControl()),
       services_(services),
       model_(model),
       memory_({MSFlexGrid1, MSFlexGrid2, SSTab1}, services.state, services.dialogs, model,
@@ -91,7 +91,7 @@ void MainForm::showApf() {
   };
   dialogHost_.show<Form>(
       [this] {
-        auto dialog = services_.commonDialogs.create();
+        auto dialog = services_.makeDialog();
         platform::CommonDialog& shown = *dialog;
         const std::shared_ptr<Kept> kept(new Kept{
             std::move(dialog), Form({services_.files, shown, services_.dialogs, services_.state,

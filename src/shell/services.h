@@ -21,15 +21,15 @@ namespace tarnvex::shell {
 struct Services {
   platform::SharedState& state;
   platform::EventGate& gate;
-  platform::SerialPorts& ports;
+  platform::SerialPortMaker makePort;
   platform::Dialogs& dialogs;
   platform::SettingsStore& settings;
   const platform::Clock& clock;
   link::ScannerLink& link;
   platform::SequentialFiles& files;
-  platform::CommonDialogs& commonDialogs;
+  platform::CommonDialogMaker makeDialog;
   platform::Backups& backups;
-  platform::MediaControls& mediaControls;
+  platform::MediaControlMaker makeMediaControl;
   monitor::ReceptionLog& receptions;
   /// The folder of the program's own files, without a slash at its end.
   std::string programDirectory;

@@ -1,12 +1,12 @@
 #include "shell/splash_form.h"
 
-#include "link/scanner_commands.h"
+#include "link/identity.h"
 #include "platform/convert.h"
 
 namespace tarnvex::shell {
 
 Form1::Form1(const Services& services, std::function<void()> identified)
-    : services_(services), identified_(std::move(identified)), MSComm1_(services.ports.create()) {
+    : services_(services), identified_(std::move(identified)), MSComm1_(services.makePort()) {
   Timer1.onTick = [this] { identify(); };
   Timer1.setEnabled(true);
 }
@@ -23,31 +23,14 @@ void Form1::identify() {
   if (!link::IdentityReply(reply).isKnown()) {
     reply = probe();
   }
-  if (link::IdentityReply(reply).isError()) {
-    takeBc895();
+  if (const link::IdentityReply identity(reply); identity.isError()) {
+    link::adoptBc895(services_.state);
   } else {
-    takeBc245(reply);
+    link::adoptBc245(services_.state, identity);
   }
   MSComm1_->close();
   Timer1.setEnabled(false);
   identified_();
-}
-
-void Form1::takeBc895() {
-  services_.state.ScannerName = "BC895XLT";
-  services_.state.ModelKey = "BC895";
-  services_.state.SerialNumberText = "N/A";
-  services_.state.FirmwareText = "N/A";
-}
-
-void Form1::takeBc245(const std::string& reply) {
-  const link::IdentityReply identity(reply);
-  services_.state.ScannerName = identity.model();
-  services_.state.ModelKey = "BC245";
-  services_.state.SerialNumberText = identity.serialNumber();
-  if (const auto firmware = platform::toReal(identity.firmware())) {
-    services_.state.FirmwareText = platform::shortest(*firmware / 100);
-  }
 }
 
 }  // namespace tarnvex::shell

@@ -19,8 +19,6 @@ class Form1 {
 
  private:
   void identify();
-  void takeBc895();
-  void takeBc245(const std::string& reply);
 
   Services services_;
   std::function<void()> identified_;

@@ -37,13 +37,9 @@ Bc245IdTransfer::Bc245IdTransfer(Words words, MainWindow mainWindow,
 memory::BankDialog::Outcome Bc245IdTransfer::transferBanks(memory::Transfer& transfer) {
   choice_ = outside_.link.SendCommand(link::command::kScanBanks);
   for (int bank = 0; bank < kBanks; ++bank) {
-    if (!List1.selected(bank)) {
-      continue;
-    }
-    if (!transfer.letOthersRun()) {
-      return Outcome::Ended;
-    }
-    const Outcome outcome = transferBank(transfer, bank);
+    const Outcome outcome = !List1.selected(bank)     ? Outcome::Done
+                            : transfer.letOthersRun() ? transferBank(transfer, bank)
+                                                      : Outcome::Ended;
     if (outcome != Outcome::Done) {
       return outcome;
     }

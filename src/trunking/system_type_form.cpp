@@ -68,9 +68,8 @@ void Form3::chooseType() {
 }
 
 void Form3::showTuning(bool shown) {
-  for (platform::Control* control :
-       {static_cast<platform::Control*>(&BFLabel), static_cast<platform::Control*>(&BFText),
-        static_cast<platform::Control*>(&OSLabel), static_cast<platform::Control*>(&Combo2)}) {
+  using Controls = std::initializer_list<platform::Control*>;
+  for (platform::Control* control : Controls{&BFLabel, &BFText, &OSLabel, &Combo2}) {
     control->setVisible(shown);
   }
 }

@@ -83,9 +83,7 @@ std::vector<std::string> linesOf(const TrafficLog& log) {
 TEST(TrafficLog, KeepsTheLastLinesOfBothWays) {
   TrafficLog log;
   test::ScriptedRadio radio;
-  test::ScriptedPorts inner(radio);
-  WatchedPorts ports(inner, log);
-  const auto port = ports.create();
+  const auto port = watchedPorts(test::scriptedPorts(radio), log)();
   radio.expect({{"SI", std::vector<Piece>{{"BC2"}, {"45 1\x07\rMD"}, {"00\r"}}}});
   radio.expect(script("SG"));
   const auto wait = [&] {

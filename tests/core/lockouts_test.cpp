@@ -13,7 +13,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 struct LockoutsTest : testing::Test, test::World {
-  std::unique_ptr<platform::SerialPort> port = ports.create();
+  std::unique_ptr<platform::SerialPort> port = makePort();
   platform::Timer poll{25};
   platform::Label mode{"mode"};
   std::unique_ptr<frmLockouts> form;
@@ -147,17 +147,16 @@ TEST_F(LockoutsTest, Bc245IdsAreRestoredByTheMode) {
   }
 }
 
-TEST_F(LockoutsTest, AsksAgainForWhatCannotBeReadAndNeverWritesBackAPart) {
-  const std::string help = frmLockouts(link::bc895Model(), mode, link).Label1.caption();
+struct TornList {
+  const char* mode;
+  bool small;
+  std::vector<Exchange> exchanges;
+  std::vector<std::string> shown;
+  bool whole;
+};
+std::vector<TornList> tornLists() {
   const std::string good = "SS08510125\rSS00460125\r";
-  struct Case {
-    const char* mode;
-    bool small;
-    std::vector<Exchange> exchanges;
-    std::vector<std::string> shown;
-    bool whole;
-  };
-  const Case cases[] = {
+  return {
       {"MD02",
        false,
        query("SS", "SS085#0125\rSS00460125\r") + query("SS", good),
@@ -185,7 +184,11 @@ TEST_F(LockoutsTest, AsksAgainForWhatCannotBeReadAndNeverWritesBackAPart) {
        {" 000042"},
        false},
   };
-  for (const auto& [inMode, small, exchanges, shown, whole] : cases) {
+}
+
+TEST_F(LockoutsTest, AsksAgainForWhatCannotBeReadAndNeverWritesBackAPart) {
+  const std::string help = frmLockouts(link::bc895Model(), mode, link).Label1.caption();
+  for (const auto& [inMode, small, exchanges, shown, whole] : tornLists()) {
     SCOPED_TRACE(exchanges[0].command + exchanges[0].reply());
     state.ModelKey = small ? "BC245" : "BC895";
     std::string whileReading;

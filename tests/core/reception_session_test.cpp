@@ -53,16 +53,10 @@ class Session : public test::World {
   }
 
  private:
-  class Ports : public platform::SerialPorts {
-   public:
-    explicit Ports(radio::Radio& radio) : radio_(radio) {}
-    std::unique_ptr<platform::SerialPort> create() override {
-      return std::make_unique<test::RadioPort>(radio_);
-    }
-
-   private:
-    radio::Radio& radio_;
-  };
+  shell::Services onRadio() {
+    services.makePort = [this] { return std::make_unique<test::RadioPort>(radio_); };
+    return services;
+  }
 
   void begin(const Step& step) {
     switch (step.what) {
@@ -94,10 +88,7 @@ class Session : public test::World {
   }
 
   radio::Radio radio_;
-  Ports simulated_{radio_};
-  shell::Services onRadio_{state, gate,          simulated_, dialogs, settings,   clock,     link,
-                           files, commonDialogs, backups,    media,   receptions, "/program"};
-  Form form_{onRadio_, outside()};
+  Form form_{onRadio(), outside()};
 };
 
 /// The tower for a while; two dispatches in such quick succession that they count as one, and a

@@ -19,7 +19,7 @@ const Box kSilence{
 
 /// A link with the open port of a main window, whose poll is running.
 struct ScannerLinkTest : testing::Test, test::World {
-  std::unique_ptr<platform::SerialPort> port = ports.create();
+  std::unique_ptr<platform::SerialPort> port = makePort();
   platform::Timer poll{25};
 
   ScannerLinkTest() {
@@ -282,7 +282,7 @@ TEST_F(ScannerLinkTest, ProbesItsOwnPort) {
 }
 
 TEST_F(ScannerLinkTest, TalksToTheWindowThatTheModelKeyPicks) {
-  const auto other = ports.create();
+  const auto other = makePort();
   platform::Timer otherPoll{25};
   link.attachBc245({other.get(), &otherPoll});
   state.ModelKey = "BC245";

@@ -102,12 +102,14 @@ TEST_F(Bc895Window, ShowsAndPassesOnEveryChoice) {
   }
 }
 
-TEST_F(Bc895Window, ConnectsAndKeepsHitListsAndLimits) {
+TEST_F(Bc895Window, ConnectsAnew) {
   form.MSComm1->close();
   form.Scantimer.setEnabled(false);
   find<QPushButton>("Command3").click();
   EXPECT_TRUE(form.MSComm1->portOpen() && form.Scantimer.enabled());
+}
 
+TEST_F(Bc895Window, ShowsItsHitsAndStoresThoseThatAreClicked) {
   openTab(3);
   for (const auto& [model, clear] : {std::pair{&form.hitLists.List1, &form.hitLists.Command1},
                                      std::pair{&form.hitLists.List2, &form.hitLists.Command2}}) {
@@ -139,7 +141,9 @@ TEST_F(Bc895Window, ConnectsAndKeepsHitListsAndLimits) {
   form.hitLists.List1.clear();
   form.hitLists.List1.add("155.1150 one");
   EXPECT_TRUE(hits.selectedItems().isEmpty());
+}
 
+TEST_F(Bc895Window, SendsATypedLimit) {
   openTab(2);
   auto& limit = find<QLineEdit>("LLimit");
   form.customSearch.LLimit.setText("29.0");

@@ -78,61 +78,72 @@ class MenusOf : public WindowTest<Form> {
     return seen.join("; ");
   }
 
+  static QStringList expected(const QStringList& trunked, const QString& quickView) {
+    const QString banks = "[A (1 to 30) ... J (271 to 300)] | ";
+    return QStringList{
+               "&File",
+               "&New Frequency File... -> file: New Frequency File",
+               "&Open Frequency File... -> file: Open Frequency File",
+               "&Save Frequency File... -> file: Save Frequency File",
+               "Open &Backup... -> file: Open Backup",
+               "&Import from APF... -> file: Select APF File; Form7: Import APF File | Open APF "
+               "File"
+               " | Select All | Import Now | Cancel | Start Import at channel:",
+               "&Export To APF... -> Form8: Export APF File | [1 0.0000- ... 300 0.0000-] | Open "
+               "APF "
+               "File"
+               " | Select All | Export Now | Cancel | Start Export from Channel:",
+               "E&xit -> box: Exit Tarnvex?",
+               "&Conventional",
+               "&Upload To Scanner... -> frmUpload: Upload Conventional Data"
+               " | Select Bank(s) to Upload | " +
+                   banks + "Upload Now | Select All | Cancel",
+               "&Download From Scanner... -> frmDownload: Download Conventional Data"
+               " | Select Bank(s) to Download | " +
+                   banks + "Download Now | Select All | Cancel",
+               "&Reset Scanner -> box: WARNING: ALL CHANNELS OF YOUR SCANNER WILL BE CLEARED!!! "
+               "Continue?",
+               "&Trunked"} +
+           trunked +
+           QStringList{"&View",
+                       "&Quickview Window -> " + quickView,
+                       "&Reception Log -> frmReceptionLog: Reception Log | [All of 5]"
+                       " | [Both radios of 3] | Only with &recording | Keep a log of receptions"
+                       " | Keep &for: | [1 year of 3] | &Export... | Clear...",
+                       "&Help",
+                       "Help on This &Page -> ",
+                       "&Contents -> help: Tarnvex Help",
+                       "&Search -> help: Tarnvex Help",
+                       "Copy &Report -> ",
+                       "&About... -> frmAbout: About Tarnvex | Tarnvex | Version: 1.00"
+                       " | Computer Control Software for Uniden Bearcat Trunking Scanners"
+                       " | Scanner:  | Serial No.  | Firmware Ver.  | OK"};
+  }
+
+  /// The entries of a menu and what they open. Questions are answered with No.
+  QStringList entriesOf(QMenu* menu) {
+    QStringList entries;
+    for (QAction* entry : menu->actions()) {
+      if (entry->isSeparator()) {
+        continue;
+      }
+      this->dialogs.answers.clear();
+      if (entry->text() == "E&xit" || entry->text() == "&Reset Scanner") {
+        this->dialogs.answers = {platform::Answer::No};
+      }
+      entries << entry->text() + " -> " + open([entry] { entry->trigger(); });
+    }
+    return entries;
+  }
+
   void expectMenus(const QStringList& trunked, const QString& quickView,
                    const std::string& lockouts) {
-    const QString banks = "[A (1 to 30) ... J (271 to 300)] | ";
-    const QStringList expected =
-        QStringList{
-            "&File",
-            "&New Frequency File... -> file: New Frequency File",
-            "&Open Frequency File... -> file: Open Frequency File",
-            "&Save Frequency File... -> file: Save Frequency File",
-            "Open &Backup... -> file: Open Backup",
-            "&Import from APF... -> file: Select APF File; Form7: Import APF File | Open APF File"
-            " | Select All | Import Now | Cancel | Start Import at channel:",
-            "&Export To APF... -> Form8: Export APF File | [1 0.0000- ... 300 0.0000-] | Open APF "
-            "File"
-            " | Select All | Export Now | Cancel | Start Export from Channel:",
-            "E&xit -> box: Exit Tarnvex?",
-            "&Conventional",
-            "&Upload To Scanner... -> frmUpload: Upload Conventional Data"
-            " | Select Bank(s) to Upload | " +
-                banks + "Upload Now | Select All | Cancel",
-            "&Download From Scanner... -> frmDownload: Download Conventional Data"
-            " | Select Bank(s) to Download | " +
-                banks + "Download Now | Select All | Cancel",
-            "&Reset Scanner -> box: WARNING: ALL CHANNELS OF YOUR SCANNER WILL BE CLEARED!!! "
-            "Continue?",
-            "&Trunked"} +
-        trunked +
-        QStringList{"&View",
-                    "&Quickview Window -> " + quickView,
-                    "&Reception Log -> frmReceptionLog: Reception Log | [All of 5]"
-                    " | [Both radios of 3] | Only with &recording | Keep a log of receptions"
-                    " | Keep &for: | [1 year of 3] | &Export... | Clear...",
-                    "&Help",
-                    "Help on This &Page -> ",
-                    "&Contents -> help: Tarnvex Help",
-                    "&Search -> help: Tarnvex Help",
-                    "Copy &Report -> ",
-                    "&About... -> frmAbout: About Tarnvex | Tarnvex | Version: 1.00"
-                    " | Computer Control Software for Uniden Bearcat Trunking Scanners"
-                    " | Scanner:  | Serial No.  | Firmware Ver.  | OK"};
     QStringList found;
     for (QAction* menu : this->window.menuBar()->actions()) {
-      found << menu->text();
-      for (QAction* entry : menu->menu()->actions()) {
-        if (entry->isSeparator()) {
-          continue;
-        }
-        this->dialogs.answers.clear();
-        if (entry->text() == "E&xit" || entry->text() == "&Reset Scanner") {
-          this->dialogs.answers = {platform::Answer::No};
-        }
-        found << entry->text() + " -> " + open([entry] { entry->trigger(); });
-      }
+      found << menu->text() << entriesOf(menu->menu());
     }
-    EXPECT_EQ(found.join('\n').toStdString(), expected.join('\n').toStdString());
+    EXPECT_EQ(found.join('\n').toStdString(),
+              expected(trunked, quickView).join('\n').toStdString());
     const auto holdLockout = [this] {
       QTest::keyClick(this->template find<QTabWidget>("SSTab1").tabBar(), 'L');
     };

@@ -51,8 +51,7 @@ void Monkey::play(int events) {
   EXPECT_EQ(calmTicks_, kTicksOfCalm);
 }
 
-std::string Monkey::trail() {
-  const std::scoped_lock lock(trailLock_);
+std::string Monkey::trail() const {
   std::string text = "mode " + program_.state.CurrentMode + ", done last:\n";
   for (const auto& line : trail_) {
     text += "  " + line + "\n";
@@ -61,7 +60,6 @@ std::string Monkey::trail() {
 }
 
 void Monkey::note(const QString& what) {
-  const std::scoped_lock lock(trailLock_);
   trail_.push_back(std::to_string(left_) + " " + what.toStdString());
   if (trail_.size() > kTrail) {
     trail_.pop_front();
@@ -76,7 +74,6 @@ void Monkey::timerEvent(QTimerEvent* event) {
   if (form() == nullptr) {
     return;
   }
-  ++beats;
   if (left_ > 0) {
     --left_;
     act();

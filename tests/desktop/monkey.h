@@ -4,9 +4,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
-#include <atomic>
 #include <deque>
-#include <mutex>
 #include <random>
 #include <string>
 
@@ -31,9 +29,7 @@ class Monkey : public QObject {
   /// Runs the program with this many events, and to its end.
   void play(int events);
   /// Its last actions, for the text of a failure.
-  [[nodiscard]] std::string trail();
-  /// Counts the events, so that others can see whether the program is alive.
-  std::atomic<int> beats = 0;
+  [[nodiscard]] std::string trail() const;
 
  protected:
   void timerEvent(QTimerEvent* event) override;
@@ -87,7 +83,6 @@ class Monkey : public QObject {
   /// Ticks of the poll since the random events ended. -1 before that.
   int calmTicks_ = -1;
   QDeadlineTimer patience_;
-  std::mutex trailLock_;
   std::deque<std::string> trail_;
 };
 

@@ -7,8 +7,6 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QPalette>
-#include <condition_variable>
-#include <thread>
 
 #include "platform/non_copyable.h"
 
@@ -16,7 +14,6 @@ namespace tarnvex::test {
 namespace {
 
 constexpr int kEvents = 7000;
-constexpr std::chrono::seconds kStill{25};
 
 /// For the time of a test: the user's folders, the working directory and Qt's messages.
 class Surroundings : private platform::NonCopyable {
@@ -65,34 +62,6 @@ class Surroundings : private platform::NonCopyable {
   QtMessageHandler handler_ = nullptr;
 };
 
-/// If a run hangs, prints its last actions and ends the test program.
-class Watchdog {
- public:
-  Watchdog(Monkey& monkey, unsigned seed)
-      : thread_([this, &monkey, seed](const std::stop_token& stop) { watch(stop, monkey, seed); }) {
-  }
-
- private:
-  void watch(const std::stop_token& stop, Monkey& monkey, unsigned seed) {
-    std::unique_lock lock(mutex_);
-    for (int seen = -1; !stop.stop_requested();) {
-      changed_.wait_for(lock, stop, kStill, [] { return false; });
-      if (stop.stop_requested()) {
-        return;
-      }
-      if (const int beats = monkey.beats; beats != std::exchange(seen, beats)) {
-        continue;
-      }
-      std::fprintf(stderr, "seed %u: the program hangs\n%s", seed, monkey.trail().c_str());
-      std::abort();
-    }
-  }
-
-  std::mutex mutex_;
-  std::condition_variable_any changed_;
-  std::jthread thread_;
-};
-
 QStringList filesIn(const QString& folder) {
   QStringList found;
   for (QDirIterator files(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
@@ -121,13 +90,11 @@ TEST_P(MonkeyTest, NeitherBreaksNorStopsTheProgram) {
   const Surroundings surroundings(home.path());
   {
     NoisyLine line(seed % 2 == 0 ? radio::Model::BC245XLT : radio::Model::BC895XLT, seed);
-    desktop::Program program(own.filePath("Tarnvex.conf"), own.path(), &line);
+    desktop::Program program(own.filePath("Tarnvex.conf"), own.path(),
+                             [&line] { return line.create(); });
     Monkey monkey(program, line, own.path(), seed);
     Surroundings::trail = [&] { return monkey.trail(); };
-    {
-      const Watchdog watchdog(monkey, seed);
-      monkey.play(events);
-    }
+    monkey.play(events);
     EXPECT_FALSE(program.gate.busy());
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
     Surroundings::trail = {};

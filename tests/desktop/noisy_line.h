@@ -11,11 +11,11 @@ namespace tarnvex::test {
 
 /// A simulated radio in the same process, on a line that can fail and be unplugged. Its time moves
 /// only with exchanges and waits, so a silent radio costs the test no real time.
-class NoisyLine : public platform::SerialPorts {
+class NoisyLine : private platform::NonCopyable {
  public:
   explicit NoisyLine(radio::Model model, std::uint64_t seed)
       : radio(model, seed), line(radio, {.baud = 0, .seed = seed}, {}) {}
-  std::unique_ptr<platform::SerialPort> create() override;
+  std::unique_ptr<platform::SerialPort> create();
 
   /// To be set before the first wait: what a wait for bytes calls so that the window stays
   /// responsive, and whether the user wants to end the wait.

@@ -123,42 +123,46 @@ TEST_F(Bc895Window, TypedKeysAreSeenWhileAnExchangeWaits) {
   EXPECT_EQ(form.MSFlexGrid1.textMatrix(5, 7), "\xFC");
 }
 
-TEST_F(Bc245Window, CopiesAndPastesCells) {
-  auto& table = find<QTableView>("MSFlexGrid1");
-  auto* copy = table.findChild<QAction*>("mnuCopy");
-  auto* paste = table.findChild<QAction*>("mnuPaste");
-  const auto rowOf = [&](int row) {
+/// Cells of the channel table, and its clipboard.
+struct CellsTest : Bc245Window {
+  QTableView& table = find<QTableView>("MSFlexGrid1");
+
+  void trigger(const char* action) { table.findChild<QAction*>(action)->trigger(); }
+  void setRow(int row, const std::vector<std::string>& texts) {
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+      form.MSFlexGrid1.setTextMatrix(row, static_cast<int>(i) + 1, texts[i]);
+    }
+  }
+  std::string rowOf(int row) {
     std::string cells;
     for (int col = 1; col < 8; ++col) {
       cells += form.MSFlexGrid1.textMatrix(row, col) + "|";
     }
     return cells;
-  };
-  const std::string tag(1'000'000, 't');
-  const char* const rows[2][7] = {{"", "X", " ", "X", "X", "67.0", "one"},
-                                  {"151.5", " ", "X", " ", "X", "", nullptr}};
-  for (int row = 0; row < 2; ++row) {
-    for (int col = 0; col < 7; ++col) {
-      const char* text = rows[row][col];
-      form.MSFlexGrid1.setTextMatrix(row + 3, col + 1, text == nullptr ? tag : text);
-    }
   }
+};
+
+TEST_F(CellsTest, ComeBackFromTheClipboardAsTheyWere) {
+  const std::string tag(1'000'000, 't');
+  setRow(3, {"", "X", " ", "X", "X", "67.0", "one"});
+  setRow(4, {"151.5", " ", "X", " ", "X", "", tag});
   table.selectionModel()->select({table.model()->index(2, 1), table.model()->index(3, 7)},
                                  QItemSelectionModel::ClearAndSelect);
-  copy->trigger();
+  trigger("mnuCopy");
   const QString text = QApplication::clipboard()->text();
   EXPECT_EQ(text.left(23), "\tX\t \tX\tone\n151.5\t \tX\t \t");
   EXPECT_EQ(text.size(), 23 + static_cast<qsizetype>(tag.size()));
   EXPECT_LT(table.model()->index(3, 7).data().toString().size(), 1000);
-
-  // What was copied can be pasted unchanged, and the message says what can't be pasted.
-  paste->trigger();
+  trigger("mnuPaste");
   EXPECT_EQ(rowOf(3) + rowOf(4), "|X| |X|X|67.0|one|151.5| |X| |X||" + tag + "|");
   EXPECT_TRUE(dialogs.takeBoxes().empty());
+}
+
+TEST_F(CellsTest, TakeWhatFitsOfAPasteAndSayWhatDoesNot) {
   QApplication::clipboard()->setText(QStringLiteral("151,5\tX\t \tX\ta\u4E2D\r\n852\tq\tx\t\tb"));
   table.setCurrentIndex(table.model()->index(9, 1));
   form.MSFlexGrid1.setTextMatrix(10, 5, "X");
-  paste->trigger();
+  trigger("mnuPaste");
   EXPECT_EQ(rowOf(10), "151.5000|X| |X|X|||");
   EXPECT_EQ(rowOf(11), "852.0000||X||||b|") << "into the columns that are shown";
   EXPECT_EQ(dialogs.takeBoxes(),

@@ -34,13 +34,11 @@ class Below {
 
   QTemporaryDir folder;
   ScriptedRadio radio;
-  ScriptedPorts ports{radio};
   FakeSettings settings;
   FakeDialogs dialogs;
   desktop::QtEventLoop loop;
   platform::EventGate gate{loop};
   desktop::DeviceSlots devices{settings};
-  desktop::QtCommonDialogs commonDialogs{gate};
   files::FileCalls fileCalls;
   files::PosixFiles fileStore{fileCalls};
   platform::SequentialFiles files{fileStore};
@@ -54,15 +52,15 @@ class Below {
   bool ended = false;
   shell::Services services{state,
                            gate,
-                           ports,
+                           scriptedPorts(radio),
                            dialogs,
                            settings,
                            clock,
                            link,
                            files,
-                           commonDialogs,
+                           [this] { return std::make_unique<desktop::QtCommonDialog>(gate); },
                            backups,
-                           media,
+                           [this] { return media.create(); },
                            receptions,
                            folder.path().toStdString()};
   desktop::QtWindows windows{loop, gate, devices, settings};

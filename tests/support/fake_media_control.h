@@ -11,11 +11,9 @@ namespace tarnvex::test {
 
 /// Media controls that only log their calls, all into one list: "file /program/…", "Open", "Record"
 /// and so on.
-class FakeMediaControls : public platform::MediaControls {
+class FakeMediaControls : private platform::NonCopyable {
  public:
-  std::unique_ptr<platform::MediaControl> create() override {
-    return std::make_unique<Control>(*this);
-  }
+  std::unique_ptr<platform::MediaControl> create() { return std::make_unique<Control>(*this); }
 
   std::vector<std::string> takeLog() { return std::exchange(log, {}); }
 

@@ -298,15 +298,8 @@ class ScriptedPort : public platform::SerialPort {
 };
 
 /// All ports that windows ask for are on the same line.
-class ScriptedPorts : public platform::SerialPorts {
- public:
-  explicit ScriptedPorts(ScriptedRadio& radio) : radio_(radio) {}
-  std::unique_ptr<platform::SerialPort> create() override {
-    return std::make_unique<ScriptedPort>(radio_);
-  }
-
- private:
-  ScriptedRadio& radio_;
-};
+inline platform::SerialPortMaker scriptedPorts(ScriptedRadio& radio) {
+  return [&radio] { return std::make_unique<ScriptedPort>(radio); };
+}
 
 }  // namespace tarnvex::test

@@ -20,14 +20,6 @@
 
 namespace tarnvex::test {
 
-/// Gives every window a fake file dialog of its own.
-class FakeCommonDialogs : public platform::CommonDialogs {
- public:
-  std::unique_ptr<platform::CommonDialog> create() override {
-    return std::make_unique<FakeCommonDialog>();
-  }
-};
-
 /// Everything that the program's windows work with, as fakes. It must outlive a test's windows.
 struct World {
   FakeLoop loop;
@@ -38,16 +30,26 @@ struct World {
   FakeSettings settings;
   MemoryStore store;
   platform::SequentialFiles files{store};
-  FakeCommonDialogs commonDialogs;
   FakeBackups backups;
   FakeMediaControls media;
   ScriptedRadio radio;
-  ScriptedPorts ports{radio};
+  platform::SerialPortMaker makePort = scriptedPorts(radio);
   link::ScannerLink link{state, dialogs};
   FakeReceptionStore receptionStore;
   monitor::ReceptionLog receptions{{receptionStore, state, settings, dialogs, clock}};
-  shell::Services services{state, gate,          ports,   dialogs, settings,   clock,     link,
-                           files, commonDialogs, backups, media,   receptions, "/program"};
+  shell::Services services{state,
+                           gate,
+                           makePort,
+                           dialogs,
+                           settings,
+                           clock,
+                           link,
+                           files,
+                           [] { return std::make_unique<FakeCommonDialog>(); },
+                           backups,
+                           [this] { return media.create(); },
+                           receptions,
+                           "/program"};
   RecordingWindows windows;
   int switches = 0;
 

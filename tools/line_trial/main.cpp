@@ -41,59 +41,87 @@ std::string normal(std::string id) {
 /// Minutes in an ID mode, which is left for a moment now and then. One command in three has a
 /// streamed line before its reply.
 template <class Form>
-void followIds(Model model, bool hold, int baud, int seconds) {
-  TrialWindow<Form> window(model, baud, 7);
-  auto& radio = window.line.radio;
-  radio.playScene("busy");
-  const bool bc895 = model == Model::BC895XLT;
-  const std::string idMode = bc895 ? (hold ? "MD08" : "MD07") : (hold ? "MD10" : "MD09");
-  std::map<std::string, int> heard;
-  int late = 0;
-  int mostLate = 0;
-  radio::Millis nextChange = 5000;
-  bool follows = true;
-  window.form.panel.Frequency.setCaption("Scanning");
-  window.line.radio.setMode(idMode);
-  window.port().beforeCommand = [&](int /*number*/, std::string_view command) {
+class IdTrial {
+ public:
+  IdTrial(Model model, bool hold, int baud)
+      : window_(model, baud, 7),
+        hold_(hold),
+        name_(std::string(radioName(model)) + (hold ? " ID hold " : " ID search ") +
+              std::to_string(baud) + ": "),
+        idMode_(model == Model::BC895XLT ? (hold ? "MD08" : "MD07") : (hold ? "MD10" : "MD09")) {
+    radio().playScene("busy");
+    window_.form.panel.Frequency.setCaption("Scanning");
+    radio().setMode(idMode_);
+    window_.port().beforeCommand = [this](int /*number*/, std::string_view command) {
+      watch(command);
+    };
+  }
+
+  void play(int seconds) {
+    window_.form.MSComm1->open();
+    window_.form.Scantimer.setEnabled(true);
+    window_.line.line.faults().set("extra stream before every 3");
+    while (window_.line.milliseconds() < seconds * 1000LL) {
+      window_.tick();
+      window_.line.now += std::chrono::milliseconds(1);
+    }
+    report(name_ + "window exchanges", window_.exchanges(), 0);
+    report(name_ + "rounds until a mode change is seen", mostLate_, 3);
+    reportHits();
+  }
+
+ private:
+  radio::Radio& radio() { return window_.line.radio; }
+
+  void watch(std::string_view command) {
     if (command == "MD") {
-      late = (window.mode() == idMode) == follows ? 0 : late + 1;
-      mostLate = std::max(mostLate, late);
-      if (window.line.milliseconds() >= nextChange) {
-        follows = !follows;
-        nextChange = window.line.milliseconds() + (follows ? 15000 : 2000);
-        radio.setMode(follows ? idMode : "MD00");
-        late = 0;
-      }
+      late_ = (window_.mode() == idMode_) == follows_ ? 0 : late_ + 1;
+      mostLate_ = std::max(mostLate_, late_);
+      changeMode();
     }
-    if (const std::string line = streamedLine(radio.state()); follows && line.starts_with("ID S")) {
-      ++heard[normal(line.substr(5))];
+    const std::string line = streamedLine(radio().state());
+    if (follows_ && line.starts_with("ID S")) {
+      ++heard_[normal(line.substr(5))];
     }
-  };
-  window.form.MSComm1->open();
-  window.form.Scantimer.setEnabled(true);
-  window.line.line.faults().set("extra stream before every 3");
-  while (window.line.milliseconds() < seconds * 1000LL) {
-    window.tick();
-    window.line.now += std::chrono::milliseconds(1);
   }
-  const std::string name = std::string(radioName(model)) + (hold ? " ID hold " : " ID search ") +
-                           std::to_string(baud) + ": ";
-  report(name + "window exchanges", window.exchanges(), 0);
-  report(name + "rounds until a mode change is seen", mostLate, 3);
-  int wrong = 0;
-  std::set<std::string> listed;
-  for (const std::string& hit : window.form.hitLists.List2.items()) {
-    listed.insert(normal(hit));
-    wrong += heard.contains(normal(hit)) ? 0 : 1;
+
+  void changeMode() {
+    if (window_.line.milliseconds() >= nextChange_) {
+      follows_ = !follows_;
+      nextChange_ = window_.line.milliseconds() + (follows_ ? 15000 : 2000);
+      radio().setMode(follows_ ? idMode_ : "MD00");
+      late_ = 0;
+    }
   }
-  report(name + "wrong hits", wrong, 0);
-  int lost = 0;
-  for (const auto& [id, looks] : heard) {
-    // Only IDs that were on the air for a few rounds count.
-    lost += !hold && looks > 30 && !listed.contains(id) ? 1 : 0;
+
+  void reportHits() {
+    int wrong = 0;
+    std::set<std::string> listed;
+    for (const std::string& hit : window_.form.hitLists.List2.items()) {
+      listed.insert(normal(hit));
+      wrong += heard_.contains(normal(hit)) ? 0 : 1;
+    }
+    report(name_ + "wrong hits", wrong, 0);
+    int lost = 0;
+    for (const auto& [id, looks] : heard_) {
+      // Only IDs that were on the air for a few rounds count.
+      lost += !hold_ && looks > 30 && !listed.contains(id) ? 1 : 0;
+    }
+    report(name_ + "IDs on the air but not listed, of " + std::to_string(heard_.size()), lost, 0);
   }
-  report(name + "IDs on the air but not listed, of " + std::to_string(heard.size()), lost, 0);
-}
+
+  TrialWindow<Form> window_;
+  bool hold_;
+  std::string name_;
+  std::string idMode_;
+  /// How often each ID was on the line.
+  std::map<std::string, int> heard_;
+  /// Rounds in which the program hasn't seen the change of mode yet.
+  int late_ = 0;
+  int mostLate_ = 0;
+  radio::Millis nextChange_ = 5000;
+  bool follows_ = true;
+};
 
 constexpr const char* kFaults[] = {"extra echo before",
                                    "extra noise before",
@@ -118,39 +146,51 @@ struct FaultCount {
   int notices = 0;
 };
 
-/// Loads a window and runs some ticks in one mode, with one fault at the n-th exchange. False if
-/// there are fewer than n exchanges.
-template <class Form>
-bool strike(Model model, const std::string& mode, const char* fault, int nth, FaultCount& count) {
-  TrialWindow<Form> window(model, 9600, 3);
-  window.line.radio.playScene("steady");
-  window.line.radio.setMode(mode);
-  int modes = 0;
+/// What is seen from the fault on.
+struct Strike {
+  /// Exchanges since the fault, -1 before it.
   int since = -1;
-  int struck = 0;
-  window.port().beforeCommand = [&](int number, std::string_view command) {
+  int outOfStep = 0;
+};
+
+/// Sets the fault before the n-th exchange, and leaves the mode after a while.
+template <class Form>
+void prepareStrike(TrialWindow<Form>& window, const char* fault, int nth, Strike& strike) {
+  window.port().beforeCommand = [&window, &strike, fault, nth, modes = 0](
+                                    int number, std::string_view command) mutable {
     modes += command == "MD" ? 1 : 0;
     if (modes == 4) {
       window.line.radio.setMode("MD00");
     }
-    since = number == nth ? 0 : since < 0 ? -1 : since + 1;
+    strike.since = number == nth ? 0 : strike.since < 0 ? -1 : strike.since + 1;
     if (number == nth) {
       window.line.line.faults().set(fault);
     }
-    struck += since > 3 && window.port().missed > 0 ? 1 : 0;
+    strike.outOfStep += strike.since > 3 && window.port().missed > 0 ? 1 : 0;
   };
+}
+
+/// Loads a window and runs some ticks in one mode, with one fault at the n-th exchange. False if
+/// there are fewer than n exchanges.
+template <class Form>
+bool strikeAt(Model model, const std::string& mode, const char* fault, int nth, FaultCount& count) {
+  TrialWindow<Form> window(model, 9600, 3);
+  window.line.radio.playScene("steady");
+  window.line.radio.setMode(mode);
+  Strike strike;
+  prepareStrike(window, fault, nth, strike);
   window.load();
   for (int tick = 0; tick < 5; ++tick) {
     window.tick();
   }
-  if (since < 0) {
+  if (strike.since < 0) {
     return false;
   }
   ++count.cases;
   count.exchanged += window.exchanges() > 0 ? 1 : 0;
-  count.outOfStep += struck > 0 ? 1 : 0;
+  count.outOfStep += strike.outOfStep > 0 ? 1 : 0;
   count.notices = std::max(count.notices, window.notices);
-  if (struck > 0 || window.exchanges() > 0) {
+  if (strike.outOfStep > 0 || window.exchanges() > 0) {
     std::printf("  %s %s: %s at exchange %d\n", radioName(model), mode.c_str(), fault, nth);
   }
   return true;
@@ -166,7 +206,7 @@ void strikeAll(Model model, bool quick) {
       continue;
     }
     for (const char* fault : kFaults) {
-      for (int nth = 1; strike<Form>(model, mode, fault, nth, count); nth += quick ? 9 : 1) {
+      for (int nth = 1; strikeAt<Form>(model, mode, fault, nth, count); nth += quick ? 9 : 1) {
       }
     }
   }
@@ -208,8 +248,8 @@ int main(int argc, char** argv) {
   }
   for (const int baud : {4800, 9600}) {
     for (const bool hold : {false, true}) {
-      trial::followIds<shell::Form4>(Model::BC895XLT, hold, baud, quick ? 60 : 600);
-      trial::followIds<shell::Form2>(Model::BC245XLT, hold, baud, quick ? 60 : 600);
+      trial::IdTrial<shell::Form4>(Model::BC895XLT, hold, baud).play(quick ? 60 : 600);
+      trial::IdTrial<shell::Form2>(Model::BC245XLT, hold, baud).play(quick ? 60 : 600);
     }
   }
   trial::strikeAll<shell::Form4>(Model::BC895XLT, quick);

@@ -13,19 +13,21 @@ constexpr radio::Instant kPatience = std::chrono::seconds(5);
 }  // namespace
 
 std::optional<std::string> TrialPort::open() {
-  if (std::exchange(open_, true)) {
-    return "Port already open";
-  }
-  return std::nullopt;
+  const bool before = std::exchange(open_, true);
+  return before ? std::optional<std::string>("Port already open") : std::nullopt;
+}
+
+void TrialPort::receive() {
+  waiting_ += radio_.line.fromRadio(radio_.now);
 }
 
 std::size_t TrialPort::inBufferCount() {
-  waiting_ += radio_.line.fromRadio(radio_.now);
+  receive();
   return open_ ? waiting_.size() : 0;
 }
 
 void TrialPort::discardInput() {
-  inBufferCount();
+  receive();
   waiting_.clear();
 }
 
@@ -48,7 +50,7 @@ void TrialPort::judgeLastExchange() {
 }
 
 std::string TrialPort::input() {
-  inBufferCount();
+  receive();
   read_ += waiting_;
   return std::exchange(waiting_, {});
 }

@@ -52,6 +52,7 @@ class TrialPort : public platform::SerialPort {
 
  private:
   bool waitUntil(std::size_t atLeast, radio::Instant deadline);
+  void receive();
   void judgeLastExchange();
 
   TrialRadio& radio_;

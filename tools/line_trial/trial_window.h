@@ -14,20 +14,8 @@ namespace tarnvex::trial {
 /// A main window's form with its poll on a trial line. Nothing is drawn.
 template <class Form>
 struct TrialWindow : private test::World {
-  /// Creates ports on the trial line and remembers the last one.
-  struct Ports : platform::SerialPorts {
-    explicit Ports(TrialRadio& radio) : radio(radio) {}
-    std::unique_ptr<platform::SerialPort> create() override {
-      auto made = std::make_unique<TrialPort>(radio);
-      last = made.get();
-      return made;
-    }
-    TrialRadio& radio;
-    TrialPort* last = nullptr;
-  };
-
   TrialWindow(radio::Model model, int baud, std::uint64_t seed)
-      : line(model, baud, seed), trialPorts(line), form(trialServices(), outside()) {
+      : line(model, baud, seed), form(onTrialLine(), outside()) {
     state.ModelKey = model == radio::Model::BC895XLT ? "BC895" : "BC245";
     dialogs.whileOpen = [this] { ++notices; };
   }
@@ -41,21 +29,28 @@ struct TrialWindow : private test::World {
     dialogs.boxes.clear();
   }
   void load() { form.load(); }
-  TrialPort& port() { return *trialPorts.last; }
+  TrialPort& port() { return *port_; }
   int exchanges() const { return switches; }
   void enter(const std::function<void()>& handler) { gate.enter(handler); }
   std::string mode() const { return state.CurrentMode; }
 
   TrialRadio line;
-  Ports trialPorts;
   int notices = 0;
-  Form form;
 
  private:
-  shell::Services trialServices() {
-    return {state, gate,          trialPorts, dialogs, settings,   clock,     link,
-            files, commonDialogs, backups,    media,   receptions, "/program"};
+  shell::Services onTrialLine() {
+    services.makePort = [this] {
+      auto made = std::make_unique<TrialPort>(line);
+      port_ = made.get();
+      return made;
+    };
+    return services;
   }
+
+  TrialPort* port_ = nullptr;
+
+ public:
+  Form form;
 };
 
 }  // namespace tarnvex::trial

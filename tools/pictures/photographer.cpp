@@ -1,6 +1,20 @@
 #include "pictures/photographer.h"
 
+#include "link/scanner_commands.h"
+#include "pictures/sample_log.h"
+
 namespace tarnvex::pictures {
+
+void Photographer::act(const Shot& shot) {
+  if (!shot.radio.isEmpty() && !calm_) {
+    radio_.write(shot.radio + '\n');
+  }
+  calm_ = QDeadlineTimer(kCalmMilliseconds);
+  if (form() != nullptr && form()->Scantimer.enabled() && shot.ready()) {
+    acted_ = true;
+    shot.act();
+  }
+}
 
 void Photographer::look() {
   if (done()) {
@@ -13,14 +27,7 @@ void Photographer::look() {
     return;
   }
   if (!acted_) {
-    if (!shot.radio.isEmpty() && !calm_) {
-      radio_.write(shot.radio + '\n');
-    }
-    calm_ = QDeadlineTimer(kCalmMilliseconds);
-    if (form() != nullptr && form()->Scantimer.enabled() && shot.ready()) {
-      acted_ = true;
-      shot.act();
-    }
+    act(shot);
     return;
   }
   if (!shot.shown() || !isSized()) {
@@ -80,6 +87,66 @@ void Photographer::leave() {
     program_.state.MemoryModified = false;
     form()->unload();
   });
+}
+
+QWidget* Photographer::window(const QString& name) {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == name && window->isVisible()) {
+      return window;
+    }
+  }
+  return nullptr;
+}
+
+void Photographer::tickBanks() const {
+  for (int bank = 0; bank < 4; ++bank) {
+    find<QAbstractButton>(qPrintable(QStringLiteral("MSBank(%1)").arg(bank)))->click();
+  }
+}
+
+/// Only the widget changes, for the picture: nothing is recorded here.
+void Photographer::showTicked(const char* name) const {
+  auto* box = find<QAbstractButton>(name);
+  const QSignalBlocker silence(box);
+  box->setChecked(true);
+}
+
+QWidget* Photographer::withBanks(QWidget* dialog) {
+  auto* banks = dialog->findChild<QListWidget*>("List1");
+  banks->item(0)->setSelected(true);
+  banks->item(2)->setSelected(true);
+  return dialog;
+}
+
+void Photographer::openLockouts() const {
+  program_.gate.enter([this] {
+    for (const double skipped : {151.625, 154.57, 158.745}) {
+      program_.link.SendCommand(tarnvex::link::command::skipFrequency(skipped));
+    }
+    form()->typeKey('L');
+  });
+}
+
+/// The radio is quiet, so nothing is added to the sample.
+void Photographer::openSampleLog() const {
+  program_.receptions.stop();
+  program_.receptions.clear();
+  writeSampleDay(program_.receptionStore);
+  choose("mnuReceptions");
+}
+
+bool Photographer::logIsShown() {
+  const QWidget* log = window("frmReceptionLog");
+  const auto* rows = log == nullptr ? nullptr : log->findChild<QTableView*>("receptions");
+  return rows != nullptr && rows->model()->rowCount() > 100;
+}
+
+void Photographer::closeAll() {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && dynamic_cast<tarnvex::desktop::MainWindow*>(window) == nullptr) {
+      window->close();
+    }
+  }
 }
 
 }  // namespace tarnvex::pictures

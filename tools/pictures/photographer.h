@@ -62,13 +62,20 @@ class Photographer {
   }
 
   [[nodiscard]] bool done() const { return at_ == shots_.size(); }
+  /// The window with that name, if it is shown.
+  static QWidget* window(const QString& name);
 
  private:
   void listShots();
+  void listDesk();
+  void listHits();
+  void listHandHeld();
+  void add(std::initializer_list<Shot> shots) { shots_.insert(shots_.end(), shots); }
   void listWindows();
   void addPages(const QString& radio, const QByteArray& first);
   void addDialog(const QString& radio, const char* action, const char* window);
   void look();
+  void act(const Shot& shot);
   void take(const Shot& shot);
   void save(const Shot& shot);
   [[nodiscard]] bool isSized() const;
@@ -83,9 +90,24 @@ class Photographer {
                                           : nullptr;
     return panel != nullptr && panel->caption().find(text) != std::string::npos;
   }
-  static QWidget* window(const QString& name);
   [[nodiscard]] bool isUpright() const {
     return dynamic_cast<tarnvex::shell::Form2*>(form()) != nullptr;
+  }
+  /// Conditions, deeds and places for the list of shots.
+  [[nodiscard]] std::function<bool()> onDesk() const {
+    return [this] { return dynamic_cast<tarnvex::shell::Form4*>(form()) != nullptr; };
+  }
+  [[nodiscard]] std::function<bool()> tagged(const char* tag) const {
+    return [this, tag] { return tagHolds(tag); };
+  }
+  [[nodiscard]] std::function<void()> page(Tab tab) const {
+    return [this, tab] { show(tab); };
+  }
+  [[nodiscard]] std::function<QWidget*()> whole(const char* name) const {
+    return [this, name] { return find(name); };
+  }
+  [[nodiscard]] std::function<QWidget*()> frame(const char* control) const {
+    return [this, control] { return frameOf(control); };
   }
   /// The next functions do what a user does.
   void show(Tab tab) const {

@@ -1,101 +1,45 @@
 // The list of pictures, and what the user does for each.
-#include "link/scanner_commands.h"
 #include "pictures/photographer.h"
-#include "pictures/sample_log.h"
 
 namespace tarnvex::pictures {
 
-QWidget* Photographer::window(const QString& name) {
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->objectName() == name && window->isVisible()) {
-      return window;
-    }
-  }
-  return nullptr;
+namespace {
+
+constexpr auto kNothing = [] {};
+constexpr auto kAlways = [] { return true; };
+
+auto stands(const char* name) {
+  return [name] { return Photographer::window(name) != nullptr; };
 }
 
-void Photographer::tickBanks() const {
-  for (int bank = 0; bank < 4; ++bank) {
-    find<QAbstractButton>(qPrintable(QStringLiteral("MSBank(%1)").arg(bank)))->click();
-  }
+auto dialog(const char* name) {
+  return [name] { return Photographer::window(name); };
 }
 
-/// Only the widget changes, for the picture: nothing is recorded here.
-void Photographer::showTicked(const char* name) const {
-  auto* box = find<QAbstractButton>(name);
-  const QSignalBlocker silence(box);
-  box->setChecked(true);
-}
-
-QWidget* Photographer::withBanks(QWidget* dialog) {
-  auto* banks = dialog->findChild<QListWidget*>("List1");
-  banks->item(0)->setSelected(true);
-  banks->item(2)->setSelected(true);
-  return dialog;
-}
-
-void Photographer::openLockouts() const {
-  program_.gate.enter([this] {
-    for (const double skipped : {151.625, 154.57, 158.745}) {
-      program_.link.SendCommand(tarnvex::link::command::skipFrequency(skipped));
-    }
-    form()->typeKey('L');
-  });
-}
-
-/// The radio is quiet, so nothing is added to the sample.
-void Photographer::openSampleLog() const {
-  program_.receptions.stop();
-  program_.receptions.clear();
-  writeSampleDay(program_.receptionStore);
-  choose("mnuReceptions");
-}
-
-bool Photographer::logIsShown() {
-  const QWidget* log = window("frmReceptionLog");
-  const auto* rows = log == nullptr ? nullptr : log->findChild<QTableView*>("receptions");
-  return rows != nullptr && rows->model()->rowCount() > 100;
-}
-
-void Photographer::closeAll() {
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->isVisible() && dynamic_cast<tarnvex::desktop::MainWindow*>(window) == nullptr) {
-      window->close();
-    }
-  }
-}
+}  // namespace
 
 void Photographer::listShots() {
-  const auto tagged = [this](const char* tag) { return [this, tag] { return tagHolds(tag); }; };
-  const auto panel = [this] { return find("panel"); };
-  const auto nothing = [] {};
-  const auto always = [] { return true; };
-  const auto isDesk = [this] { return dynamic_cast<tarnvex::shell::Form4*>(form()) != nullptr; };
-  const auto isHand = [this] { return isUpright(); };
-  const auto stands = [](const char* name) { return [name] { return window(name) != nullptr; }; };
-  const auto dialog = [](const char* name) { return [name] { return window(name); }; };
-  const auto frame = [this](const char* control) {
-    return [this, control] { return frameOf(control); };
-  };
-  const auto hits = [this](int count) {
-    return [this, count] { return form()->hitLists.List1.count() >= count; };
-  };
-  const auto tabs = [this] { return find("SSTab1"); };
-  const auto page = [this](Tab tab) { return [this, tab] { show(tab); }; };
-  shots_ = {
+  listDesk();
+  listHits();
+  listHandHeld();
+}
+
+void Photographer::listDesk() {
+  const auto isDesk = onDesk();
+  add({
       {"bc895-panel", "scene quiet\nmode MD00\nreception 1 60", tagged("Fire"), page(kOptions),
-       always, panel},
-      {"com-ports", "", isDesk, nothing, always, frame("Option1")},
-      {"multiscan", "", isDesk, [this] { tickBanks(); }, always, frame("Option5")},
-      {"recording", "", isDesk, [this] { showTicked("chkRecord"); }, always, frame("chkRecord")},
-      {"custom-search", "", isDesk, nothing, always, frame("LLimit")},
-      {"station-program", "", isDesk, page(kStation), always, tabs, kTableHeight},
+       kAlways, whole("panel")},
+      {"com-ports", "", isDesk, kNothing, kAlways, frame("Option1")},
+      {"multiscan", "", isDesk, [this] { tickBanks(); }, kAlways, frame("Option5")},
+      {"recording", "", isDesk, [this] { showTicked("chkRecord"); }, kAlways, frame("chkRecord")},
+      {"custom-search", "", isDesk, kNothing, kAlways, frame("LLimit")},
+      {"station-program", "", isDesk, page(kStation), kAlways, whole("SSTab1"), kTableHeight},
       {"trunked-data", "", isDesk,
        [this] {
          show(kTrunked);
          form()->trunkBank.userChoose(1);
        },
-       always, tabs, kTableHeight},
+       kAlways, whole("SSTab1"), kTableHeight},
       {"upload", "", isDesk, [this] { choose("mnuUpload"); }, stands("frmUpload"),
        [] { return withBanks(window("frmUpload")); }},
       {"", "scene quiet\nmode MD02", isDesk,
@@ -103,15 +47,25 @@ void Photographer::listShots() {
          closeAll();
          show(kHits);
        },
-       always, nullptr},
-      {"", "reception 1 1", isDesk, nothing, hits(1), nullptr},
-      {"", "reception 121 5", isDesk, nothing, hits(2), nullptr},
-      {"", "reception 94 5", isDesk, nothing, hits(3), nullptr},
-      {"", "reception 1 5", isDesk, nothing,
+       kAlways, nullptr},
+  });
+}
+
+/// Receptions that fill the hit lists, and what there is to see then.
+void Photographer::listHits() {
+  const auto isDesk = onDesk();
+  const auto hits = [this](int count) {
+    return [this, count] { return form()->hitLists.List1.count() >= count; };
+  };
+  add({
+      {"", "reception 1 1", isDesk, kNothing, hits(1), nullptr},
+      {"", "reception 121 5", isDesk, kNothing, hits(2), nullptr},
+      {"", "reception 94 5", isDesk, kNothing, hits(3), nullptr},
+      {"", "reception 1 5", isDesk, kNothing,
        [this] { return form()->hitLists.List1.item(0).find("Hits: 2") != std::string::npos; },
        nullptr},
-      {"search-results", "scene city\nmode MD07", isDesk, nothing,
-       [this] { return form()->hitLists.List2.count() > 3; }, tabs, kTableHeight},
+      {"search-results", "scene city\nmode MD07", isDesk, kNothing,
+       [this] { return form()->hitLists.List2.count() > 3; }, whole("SSTab1"), kTableHeight},
       {"lockouts", "scene quiet\ntempo 1\nmode MD02",
        [this] { return program_.state.CurrentMode == "MD02"; }, [this] { openLockouts(); },
        stands("frmLockouts"), dialog("frmLockouts")},
@@ -130,10 +84,16 @@ void Photographer::listShots() {
          choose("mnuQV");
        },
        stands("QuickView"), dialog("QuickView")},
+  });
+}
+
+void Photographer::listHandHeld() {
+  const auto isHand = [this] { return isUpright(); };
+  add({
       {"bc245-panel", "become bc245\nscene quiet\nmode MD00\nreception 61 90", tagged("Airport"),
-       page(kOptions), always, panel},
-      {"bc245-options", "", isHand, nothing, always, frame("Check1"), 285},
-      {"speed-enhancement", "", isHand, [this] { tickBanks(); }, always, frame("Option5"), 100},
+       page(kOptions), kAlways, whole("panel")},
+      {"bc245-options", "", isHand, kNothing, kAlways, frame("Check1"), 285},
+      {"speed-enhancement", "", isHand, [this] { tickBanks(); }, kAlways, frame("Option5"), 100},
       {"fleet-map", "", isHand, [this] { choose("mnuCustom"); }, stands("Form5"), dialog("Form5")},
       {"download-ids", "", isHand,
        [this] {
@@ -141,7 +101,7 @@ void Photographer::listShots() {
          choose("mnuOwnloadTrunk");
        },
        stands("frmDownloadtrs"), [] { return withBanks(window("frmDownloadtrs")); }},
-  };
+  });
 }
 
 void Photographer::addPages(const QString& radio, const QByteArray& first) {
@@ -174,24 +134,14 @@ void Photographer::listWindows() {
         std::pair{"mnuContents", "help"}, std::pair{"mnuQV", "QuickView"}}) {
     addDialog("bc895", action, name);
   }
-  shots_.push_back({{},
-                    "",
-                    [] { return true; },
-                    [] { closeAll(); },
-                    [] { return window("Form4") != nullptr; },
-                    nullptr});
+  shots_.push_back({{}, "", kAlways, [] { closeAll(); }, stands("Form4"), nullptr});
   addPages("bc245", "become bc245\nscene quiet\nmode MD00\nreception 61 90");
   for (const auto& [action, name] :
        {std::pair{"mnuCustom", "Form5"}, std::pair{"mnuOwnloadTrunk", "frmDownloadtrs"},
         std::pair{"mnuUploadTrunk", "frmUploadtrs"}, std::pair{"mnuQV", "Form9"}}) {
     addDialog("bc245", action, name);
   }
-  shots_.push_back({{},
-                    "",
-                    [] { return true; },
-                    [] { closeAll(); },
-                    [] { return window("Form2") != nullptr; },
-                    nullptr});
+  shots_.push_back({{}, "", kAlways, [] { closeAll(); }, stands("Form2"), nullptr});
 }
 
 }  // namespace tarnvex::pictures

@@ -65,6 +65,7 @@ class Air {
     Source source;
     double nextAt;  ///< on the clock of the traffic
   };
+  Transmission transmissionOf(const Source& source);
   void start(Station& station, Millis now);
   Millis vary(Millis length);
 

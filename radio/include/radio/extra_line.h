@@ -50,7 +50,14 @@ class ExtraLine {
             Chance& chance);
 
  private:
+  struct Place {
+    Where where;
+    Instant lateness;
+  };
+  /// Where this one goes, by chance if it may go anywhere.
+  Place choosePlace(Chance& chance) const;
   std::size_t take(std::span<const std::string> words);
+  std::size_t takeLate(double ms);
   std::size_t takeWhat(std::span<const std::string> words, std::optional<double> number);
   [[nodiscard]] std::string content(const Exchange& exchange, std::string_view previous,
                                     Chance& chance) const;

@@ -27,7 +27,8 @@ struct Options {
 /// Throws std::invalid_argument with a text for the user.
 Options parseOptions(const std::vector<std::string>& arguments);
 
-std::string_view usage();
+/// The text of --help.
+extern const std::string_view kUsage;
 
 /// The number, whole or decimal. Nothing for any other text.
 std::optional<double> parseNumber(std::string_view text);

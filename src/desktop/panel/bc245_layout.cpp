@@ -76,14 +76,6 @@ QVector<PanelKey> keys() {
   return keys;
 }
 
-struct WordPlace {
-  const char* name;
-  const char* word;
-  double x;
-  double y;
-  double width;
-};
-
 constexpr double kWordsTop = kGlass.y() + 7;
 constexpr double kWordsMiddle = kGlass.y() + 87;
 constexpr double kWordsLow = kGlass.y() + 106;
@@ -103,11 +95,6 @@ constexpr std::array kWords{
     WordPlace{"Keylock", "KEYLOCK", kLineEnd - 46, kWordsLow, 46},
 };
 
-void addWord(QVector<DisplayElement>& elements, const QString& name, const QString& word,
-             const QRectF& rect, Qt::Alignment align) {
-  elements.append({name, ElementKind::Word, rect, word, align, QString()});
-}
-
 void addTexts(QVector<DisplayElement>& elements) {
   const Qt::Alignment left = Qt::AlignLeft | Qt::AlignVCenter;
   const Qt::Alignment right = Qt::AlignRight | Qt::AlignVCenter;
@@ -125,13 +112,11 @@ void addTexts(QVector<DisplayElement>& elements) {
                    QStringLiteral("system")});
 }
 
-void addWords(QVector<DisplayElement>& elements) {
-  for (const WordPlace& place : kWords) {
-    const bool atEnd = place.x + place.width > kLineEnd - 1;
-    addWord(elements, QString::fromLatin1(place.name), QString::fromLatin1(place.word),
-            QRectF(place.x, place.y, place.width, 11),
-            (atEnd ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-  }
+DisplayElement silentWord(const QString& name, const QString& word, const QRectF& rect,
+                          Qt::Alignment align) {
+  DisplayElement element{name, ElementKind::Word, rect, word, align, QString()};
+  element.silent = true;
+  return element;
 }
 
 /// The row of banks. When the display is read aloud, the marks name their banks and the digits
@@ -142,15 +127,13 @@ void addBanks(QVector<DisplayElement>& elements) {
   for (int i = 0; i < 10; ++i) {
     const QString digit = QString::number(i + 1);
     const QRectF rect(first + i * step + 1, kBanksTop, step - 2, 11);
-    addWord(elements, QStringLiteral("Bank(%1)").arg(i), digit, rect, Qt::AlignCenter);
-    elements.last().silent = true;
+    elements.append(silentWord(QStringLiteral("Bank(%1)").arg(i), digit, rect, Qt::AlignCenter));
     elements.append({QStringLiteral("Bankltr(%1)").arg(i), ElementKind::Mark,
                      QRectF(rect.x() + 1, rect.bottom() + 1.5, rect.width() - 2, 3), QString(),
                      Qt::AlignCenter, digit});
   }
-  addWord(elements, QStringLiteral("Bank(10)"), QStringLiteral("BANK"),
-          QRectF(kLine, kBanksTop, 28, 11), Qt::AlignLeft | Qt::AlignVCenter);
-  elements.last().silent = true;
+  elements.append(silentWord(QStringLiteral("Bank(10)"), QStringLiteral("BANK"),
+                             QRectF(kLine, kBanksTop, 28, 11), Qt::AlignLeft | Qt::AlignVCenter));
 }
 
 QVector<PanelCaption> captions() {
@@ -177,7 +160,7 @@ PanelLayout bc245Layout() {
   layout.fittings = {
       {QRectF(40, 24, 46, 40), 6}, {QRectF(104, 24, 46, 40), 6}, {QRectF(226, 3, 34, 60), 12}};
   addTexts(layout.elements);
-  addWords(layout.elements);
+  addWords(layout.elements, kWords, 11, kLineEnd);
   addBanks(layout.elements);
   return layout;
 }

@@ -119,14 +119,6 @@ QVector<PanelKey> keys() {
   return keys;
 }
 
-struct WordPlace {
-  const char* name;
-  const char* word;
-  double x;
-  double y;
-  double width;
-};
-
 constexpr double kWordsTop = kGlass.y() + 8;
 constexpr double kWordsLow = kGlass.y() + 104;
 
@@ -146,18 +138,6 @@ constexpr std::array kWords{
     WordPlace{"MHZ", "MHz", kLineEnd - 28, kGlass.y() + 62, 28},
     WordPlace{"Bank", "BANK", kLine, kGlass.y() + 123, 28},
 };
-
-void addWords(QVector<DisplayElement>& elements) {
-  for (const WordPlace& place : kWords) {
-    elements.append({QString::fromLatin1(place.name), ElementKind::Word,
-                     QRectF(place.x, place.y, place.width, 12), QString::fromLatin1(place.word),
-                     place.x + place.width > kLineEnd - 1 ? Qt::AlignRight | Qt::AlignVCenter
-                                                          : Qt::AlignLeft | Qt::AlignVCenter,
-                     QString()});
-    // When the display is read aloud, the letters have their own word "bank".
-    elements.last().silent = elements.last().name == QLatin1String("Bank");
-  }
-}
 
 void addTexts(QVector<DisplayElement>& elements) {
   const Qt::Alignment left = Qt::AlignLeft | Qt::AlignVCenter;
@@ -226,7 +206,9 @@ PanelLayout bc895Layout() {
   layout.captions = captions();
   layout.knob = PanelKnob{{kKnobFirst + 76, kTop + 81.5}, 58, 74, 13};
   addTexts(layout.elements);
-  addWords(layout.elements);
+  addWords(layout.elements, kWords, 12, kLineEnd);
+  // When the display is read aloud, the letters have their own word "bank".
+  layout.elements[layout.elementIndex(QStringLiteral("Bank"))].silent = true;
   addArrays(layout.elements);
   return layout;
 }

@@ -12,31 +12,22 @@
 namespace tarnvex::desktop {
 namespace {
 
-QColor alpha(QColor colour, int value) {
-  colour.setAlpha(value);
-  return colour;
-}
-
 void paintCase(QPainter& painter, const QRectF& body, double radius) {
-  QLinearGradient shade(body.topLeft(), body.bottomLeft());
-  shade.setColorAt(0, style::kBodyTop);
-  shade.setColorAt(0.35, style::kBodyMiddle);
-  shade.setColorAt(1, style::kBodyBottom);
   painter.setPen(QPen(style::kEdge, 1.5));
-  painter.setBrush(shade);
+  painter.setBrush(style::downwards(
+      body, {{0, style::kBodyTop}, {0.35, style::kBodyMiddle}, {1, style::kBodyBottom}}));
   painter.drawRoundedRect(body, radius, radius);
   // The light from above: a wide soft glow on the upper half, and a bright upper edge.
   QRadialGradient glow(QPointF(body.center().x(), body.top()), body.width() * 0.55);
-  glow.setColorAt(0, alpha(style::kLight, 22));
-  glow.setColorAt(1, alpha(style::kLight, 0));
+  glow.setColorAt(0, style::withAlpha(style::kLight, 22));
+  glow.setColorAt(1, style::withAlpha(style::kLight, 0));
   painter.setPen(Qt::NoPen);
   painter.setBrush(glow);
   painter.drawRoundedRect(body, radius, radius);
-  QLinearGradient rim(body.topLeft(), body.bottomLeft());
-  rim.setColorAt(0, alpha(style::kLight, 96));
-  rim.setColorAt(0.12, alpha(style::kLight, 26));
-  rim.setColorAt(1, alpha(style::kLight, 8));
-  painter.setPen(QPen(rim, 1.2));
+  const QGradientStops rim = {{0, style::withAlpha(style::kLight, 96)},
+                              {0.12, style::withAlpha(style::kLight, 26)},
+                              {1, style::withAlpha(style::kLight, 8)}};
+  painter.setPen(QPen(style::downwards(body, rim), 1.2));
   painter.setBrush(Qt::NoBrush);
   painter.drawRoundedRect(body.adjusted(1.4, 1.4, -1.4, -1.4), radius - 1.4, radius - 1.4);
 }
@@ -45,7 +36,7 @@ constexpr double kBezelRadius = 9;
 
 void paintBezel(QPainter& painter, const QRectF& bezel, double radius) {
   painter.setPen(Qt::NoPen);
-  painter.setBrush(alpha(style::kLight, 30));
+  painter.setBrush(style::withAlpha(style::kLight, 30));
   painter.drawRoundedRect(bezel.translated(0, 1.2), radius, radius);
   QLinearGradient shade(bezel.topLeft(), bezel.bottomLeft());
   shade.setColorAt(0, style::kBezel.darker(140));

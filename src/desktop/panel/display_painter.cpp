@@ -15,11 +15,6 @@ constexpr double kGlassRadius = 4;
 // A long line is first made narrower, then smaller.
 constexpr double kNarrowest = 0.74;
 
-QColor alpha(QColor colour, int value) {
-  colour.setAlpha(value);
-  return colour;
-}
-
 Lettering wordLettering(const DisplayElement& element) {
   Lettering lettering;
   lettering.bold = true;
@@ -71,7 +66,7 @@ void paintGlass(QPainter& painter, const PanelLayout& layout, const QColor& back
   painter.setBrush(light);
   painter.drawRoundedRect(glass, kGlassRadius, kGlassRadius);
   paintShade(painter, glass);
-  const QColor ghost = alpha(inkOn(back), kGhostAlpha);
+  const QColor ghost = style::withAlpha(inkOn(back), kGhostAlpha);
   for (const DisplayElement& element : layout.elements) {
     if (hasOwnShape(element.kind)) {
       paintFixed(painter, element, ghost);
@@ -127,7 +122,7 @@ void paintSegmentGhost(QPainter& painter, const DisplayElement& element, const S
   painter.save();
   painter.setTransform(segmentPlace(element, line), true);
   for (const QPainterPath& shape : line.unlit) {
-    painter.fillPath(shape, alpha(ink, kGhostAlpha));
+    painter.fillPath(shape, style::withAlpha(ink, kGhostAlpha));
   }
   painter.restore();
 }

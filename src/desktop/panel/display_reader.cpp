@@ -21,18 +21,13 @@ QString textElement(const DisplayElement& element, const QString& text) {
   return element.spoken.isEmpty() ? plain : element.spoken + QLatin1Char(' ') + plain;
 }
 
-}  // namespace
-
-QString readDisplay(const PanelLayout& layout, const FrontState& state) {
+/// What a lit element says. Banks and bars are told as a whole, after all others.
+struct Reading {
   QStringList parts;
   QStringList banks;
   int bars = 0;
-  if (!state.live) parts.append(QStringLiteral("Not live"));
-  for (int i = 0; i < layout.elements.size(); ++i) {
-    const DisplayElement& element = layout.elements[i];
-    if (!state.elements[i].lit || element.silent) {
-      continue;
-    }
+
+  void take(const DisplayElement& element, const QString& text) {
     switch (element.kind) {
       case ElementKind::BankLetter:
         banks.append(element.ghost);
@@ -47,14 +42,27 @@ QString readDisplay(const PanelLayout& layout, const FrontState& state) {
         parts.append(element.spoken.isEmpty() ? element.ghost : element.spoken);
         break;
       default:
-        parts.append(textElement(element, state.elements[i].text));
+        parts.append(textElement(element, text));
     }
   }
-  if (!banks.isEmpty()) {
-    parts.append(QStringLiteral("bank ") + banks.join(QLatin1Char(' ')));
+};
+
+}  // namespace
+
+QString readDisplay(const PanelLayout& layout, const FrontState& state) {
+  Reading reading;
+  for (int i = 0; i < layout.elements.size(); ++i) {
+    if (state.elements[i].lit && !layout.elements[i].silent) {
+      reading.take(layout.elements[i], state.elements[i].text);
+    }
   }
-  if (bars > 0) {
-    parts.append(QStringLiteral("signal %1").arg(bars));
+  QStringList parts = reading.parts;
+  parts.prepend(state.live ? QString() : QStringLiteral("Not live"));
+  if (!reading.banks.isEmpty()) {
+    parts.append(QStringLiteral("bank ") + reading.banks.join(QLatin1Char(' ')));
+  }
+  if (reading.bars > 0) {
+    parts.append(QStringLiteral("signal %1").arg(reading.bars));
   }
   parts.removeAll(QString());
   return parts.join(QStringLiteral(", "));

@@ -1,5 +1,6 @@
 #include "desktop/panel/key_painter.h"
 
+#include <QHash>
 #include <QLinearGradient>
 #include <cmath>
 
@@ -30,9 +31,14 @@ Face faceOf(KeyTone tone) {
   return {style::kKeyTop, style::kKeyBottom};
 }
 
-QColor alpha(QColor colour, int value) {
-  colour.setAlpha(value);
-  return colour;
+/// The light from above catches the upper edge and fades down the sides.
+void paintRim(QPainter& painter, const QRectF& rect) {
+  const QGradientStops fading = {{0, style::withAlpha(style::kLight, 70)},
+                                 {0.35, style::withAlpha(style::kLight, 10)},
+                                 {1, style::withAlpha(style::kLight, 0)}};
+  painter.setPen(QPen(style::downwards(rect, fading), 1));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), kCorner - 0.5, kCorner - 0.5);
 }
 
 void paintFace(QPainter& painter, const QRectF& rect, const PanelKey& key, const KeyLook& look) {
@@ -43,23 +49,12 @@ void paintFace(QPainter& painter, const QRectF& rect, const PanelKey& key, const
   if (look.down) {
     face = {face.bottom.darker(118), face.bottom.darker(104)};
   }
-  QLinearGradient gradient(rect.topLeft(), rect.bottomLeft());
-  gradient.setColorAt(0, face.top);
-  gradient.setColorAt(1, face.bottom);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(gradient);
+  painter.setBrush(style::downwards(rect, {{0, face.top}, {1, face.bottom}}));
   painter.drawRoundedRect(rect, kCorner, kCorner);
-  if (look.down) {
-    return;
+  if (!look.down) {
+    paintRim(painter, rect);
   }
-  // The light from above catches the upper edge and fades down the sides.
-  QLinearGradient rim(rect.topLeft(), rect.bottomLeft());
-  rim.setColorAt(0, alpha(style::kLight, 70));
-  rim.setColorAt(0.35, alpha(style::kLight, 10));
-  rim.setColorAt(1, alpha(style::kLight, 0));
-  painter.setPen(QPen(rim, 1));
-  painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), kCorner - 0.5, kCorner - 0.5);
 }
 
 void paintLamp(QPainter& painter, const QPointF& centre, double size) {
@@ -73,6 +68,12 @@ void paintLamp(QPainter& painter, const QPointF& centre, double size) {
   }
 }
 
+double letterScale(const PanelKey& key) {
+  static const QHash<KeyTone, double> kScales = {
+      {KeyTone::Digit, 1.7}, {KeyTone::Bank, 1.2}, {KeyTone::Quiet, 0.9}};
+  return kScales.value(key.tone, 1) * (key.label.contains(QLatin1Char('\n')) ? 0.85 : 1);
+}
+
 void paintLabel(QPainter& painter, const QRectF& rect, const PanelLayout& layout,
                 const PanelKey& key) {
   if (key.icon == KeyIcon::Light) {
@@ -81,21 +82,15 @@ void paintLabel(QPainter& painter, const QRectF& rect, const PanelLayout& layout
   }
   Lettering lettering;
   lettering.bold = true;
-  lettering.size = layout.keyLetters;
-  if (key.tone == KeyTone::Digit) {
-    lettering.size *= 1.7;
-  }
-  if (key.tone == KeyTone::Bank) {
-    lettering.size *= 1.2;
-  }
-  if (key.tone == KeyTone::Quiet) {
-    lettering.size *= 0.9;
-  }
-  if (key.label.contains(QLatin1Char('\n'))) {
-    lettering.size *= 0.85;
-  }
+  lettering.size = layout.keyLetters * letterScale(key);
   painter.setPen(key.tone == KeyTone::Quiet ? style::kPrint : style::kKeyPrint);
   drawLettering(painter, rect.adjusted(3, 0, -3, 0), key.label, lettering);
+}
+
+void paintFocus(QPainter& painter, const QRectF& around) {
+  painter.setPen(QPen(style::kAccent, 2));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(around, kCorner + 2, kCorner + 2);
 }
 
 }  // namespace
@@ -109,12 +104,9 @@ void paintKey(QPainter& painter, const PanelLayout& layout, const PanelKey& key,
   const QRectF rect = look.down ? key.rect.translated(0, kTravel) : key.rect;
   paintFace(painter, rect, key, look);
   paintLabel(painter, rect, layout, key);
-  if (!look.focus) {
-    return;
+  if (look.focus) {
+    paintFocus(painter, key.rect.adjusted(-2, -2, 2, 2));
   }
-  painter.setPen(QPen(style::kAccent, 2));
-  painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(key.rect.adjusted(-2, -2, 2, 2), kCorner + 2, kCorner + 2);
 }
 
 }  // namespace tarnvex::desktop

@@ -34,17 +34,19 @@ void paintMarks(QPainter& painter, const PanelKnob& knob) {
   }
 }
 
+/// A disc that the light from above shades.
+void paintDisc(QPainter& painter, QPointF centre, double radius, const QGradientStops& stops) {
+  const QPointF reach(radius, radius);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(style::downwards({centre - reach, centre + reach}, stops));
+  painter.drawEllipse(centre, radius, radius);
+}
+
 /// Draws the grip's ridges. Their number is a multiple of the number of marks, so after a turn by
 /// one mark they look the same and needn't be drawn again.
 void paintGrip(QPainter& painter, const PanelKnob& knob) {
-  QLinearGradient side(knob.centre - QPointF(0, knob.radius),
-                       knob.centre + QPointF(0, knob.radius));
-  side.setColorAt(0, grey(0x6a));
-  side.setColorAt(0.5, grey(0x36));
-  side.setColorAt(1, grey(0x1c));
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(side);
-  painter.drawEllipse(knob.centre, knob.radius, knob.radius);
+  paintDisc(painter, knob.centre, knob.radius,
+            {{0, grey(0x6a)}, {0.5, grey(0x36)}, {1, grey(0x1c)}});
   const int ridges = knob.marks * 5;
   painter.setPen(QPen(grey(0x10, 150), 1.1));
   for (int i = 0; i < ridges; ++i) {
@@ -56,18 +58,9 @@ void paintGrip(QPainter& painter, const PanelKnob& knob) {
 
 void paintCap(QPainter& painter, const PanelKnob& knob) {
   const double radius = knob.radius - 6;
-  QLinearGradient bevel(knob.centre - QPointF(0, radius), knob.centre + QPointF(0, radius));
-  bevel.setColorAt(0, grey(0x8a));
-  bevel.setColorAt(0.5, grey(0x44));
-  bevel.setColorAt(1, grey(0x22));
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(bevel);
-  painter.drawEllipse(knob.centre, radius, radius);
-  QLinearGradient top(knob.centre - QPointF(0, radius), knob.centre + QPointF(0, radius));
-  top.setColorAt(0, grey(0x50));
-  top.setColorAt(1, grey(0x3a));
-  painter.setBrush(top);
-  painter.drawEllipse(knob.centre, radius - 1.6, radius - 1.6);
+  // A bevel around the top.
+  paintDisc(painter, knob.centre, radius, {{0, grey(0x8a)}, {0.5, grey(0x44)}, {1, grey(0x22)}});
+  paintDisc(painter, knob.centre, radius - 1.6, {{0, grey(0x50)}, {1, grey(0x3a)}});
   // Turned metal: the light stretches into two opposite fans.
   QConicalGradient fans(knob.centre, 90);
   for (int i = 0; i < 4; ++i) {
@@ -76,6 +69,17 @@ void paintCap(QPainter& painter, const PanelKnob& knob) {
   fans.setColorAt(1, QColor(255, 255, 255, 30));
   painter.setBrush(fans);
   painter.drawEllipse(knob.centre, radius - 1.6, radius - 1.6);
+}
+
+void paintLitMark(QPainter& painter, QPointF at) {
+  QRadialGradient glow(at, kGlow);
+  glow.setColorAt(0, style::withAlpha(style::kAccent, 120));
+  glow.setColorAt(1, style::withAlpha(style::kAccent, 0));
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(glow);
+  painter.drawEllipse(at, kGlow, kGlow);
+  painter.setBrush(style::kAccent);
+  painter.drawEllipse(at, kMarkRadius, kMarkRadius);
 }
 
 }  // namespace
@@ -97,28 +101,12 @@ void paintKnob(QPainter& painter, const PanelKnob& knob) {
 void paintKnobPosition(QPainter& painter, const PanelKnob& knob, int angleMark, int litMark) {
   const QPointF dimple = onCircle(knob, knob.radius - 22, double(angleMark) / knob.marks);
   const double radius = 10;
-  QLinearGradient hollow(dimple - QPointF(0, radius), dimple + QPointF(0, radius));
-  hollow.setColorAt(0, grey(0x22));
-  hollow.setColorAt(1, grey(0x58));
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(hollow);
-  painter.drawEllipse(dimple, radius, radius);
+  paintDisc(painter, dimple, radius, {{0, grey(0x22)}, {1, grey(0x58)}});
   painter.setBrush(grey(0x36));
   painter.drawEllipse(dimple, radius - 1.4, radius - 1.4);
-  if (litMark < 0) {
-    return;
+  if (litMark >= 0) {
+    paintLitMark(painter, onCircle(knob, knob.ringRadius, double(litMark) / knob.marks));
   }
-  const QPointF at = onCircle(knob, knob.ringRadius, double(litMark) / knob.marks);
-  QRadialGradient glow(at, kGlow);
-  QColor halo = style::kAccent;
-  halo.setAlpha(120);
-  glow.setColorAt(0, halo);
-  halo.setAlpha(0);
-  glow.setColorAt(1, halo);
-  painter.setBrush(glow);
-  painter.drawEllipse(at, kGlow, kGlow);
-  painter.setBrush(style::kAccent);
-  painter.drawEllipse(at, kMarkRadius, kMarkRadius);
 }
 
 }  // namespace tarnvex::desktop

@@ -26,18 +26,13 @@ QPointF directionOf(Qt::Key arrow) {
 }  // namespace
 
 int keyAt(const PanelLayout& layout, const QPointF& point) {
-  const auto found =
-      std::find_if(layout.keys.begin(), layout.keys.end(),
-                   [&point](const PanelKey& key) { return key.rect.contains(point); });
+  const auto found = std::ranges::find_if(
+      layout.keys, [&point](const PanelKey& key) { return key.rect.contains(point); });
   return found == layout.keys.end() ? -1 : static_cast<int>(found - layout.keys.begin());
 }
 
 bool isOnKnob(const PanelLayout& layout, const QPointF& point) {
-  if (!layout.knob) {
-    return false;
-  }
-  const QPointF way = point - layout.knob->centre;
-  return std::hypot(way.x(), way.y()) <= layout.knob->ringRadius;
+  return layout.knob && QLineF(layout.knob->centre, point).length() <= layout.knob->ringRadius;
 }
 
 int neighbourKey(const PanelLayout& layout, int from, Qt::Key arrow) {

@@ -26,10 +26,18 @@ int PanelLayout::keyIndex(const QString& control) const {
 }
 
 int PanelLayout::elementIndex(const QString& name) const {
-  const auto found =
-      std::find_if(elements.begin(), elements.end(),
-                   [&name](const DisplayElement& element) { return element.name == name; });
+  const auto found = std::ranges::find(elements, name, &DisplayElement::name);
   return found == elements.end() ? -1 : static_cast<int>(found - elements.begin());
+}
+
+void addWords(QVector<DisplayElement>& elements, std::span<const WordPlace> words, double height,
+              double lineEnd) {
+  for (const WordPlace& place : words) {
+    const bool atEnd = place.x + place.width > lineEnd - 1;
+    elements.append({QString::fromLatin1(place.name), ElementKind::Word,
+                     QRectF(place.x, place.y, place.width, height), QString::fromLatin1(place.word),
+                     (atEnd ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter, QString()});
+  }
 }
 
 PanelLayout displayOnly(const PanelLayout& layout) {

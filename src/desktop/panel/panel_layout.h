@@ -7,6 +7,7 @@
 #include <QString>
 #include <QVector>
 #include <optional>
+#include <span>
 
 /// Where things are on a radio's front panel. Pure data, with one value for each radio.
 ///
@@ -114,6 +115,19 @@ struct PanelLayout {
   /// The index of the display element with this name, or -1.
   [[nodiscard]] int elementIndex(const QString& name) const;
 };
+
+/// A word of a display: its element, and its place in units.
+struct WordPlace {
+  const char* name;
+  const char* word;
+  double x;
+  double y;
+  double width;
+};
+
+/// Adds words of one height. What ends at `lineEnd` keeps to the right of its place.
+void addWords(QVector<DisplayElement>& elements, std::span<const WordPlace> words, double height,
+              double lineEnd);
 
 /// The desk set. Its key index is the index of the `Keypad` array, 0 to 40.
 PanelLayout bc895Layout();

@@ -68,21 +68,26 @@ QPixmap PanelRenderer::blankPicture(const QSize& size) const {
   return picture;
 }
 
+/// Paints on a picture in the layout's units.
+template <class Paint>
+QPixmap PanelRenderer::painted(QPixmap picture, Paint paint) const {
+  QPainter painter(&picture);
+  painter.setTransform(transform_, true);
+  paint(painter);
+  painter.end();
+  return picture;
+}
+
 void PanelRenderer::ensurePictures(const QColor& back) {
   if (body_.isNull()) {
-    body_ = blankPicture(size_);
-    QPainter painter(&body_);
-    painter.setTransform(transform_, true);
-    paintBody(painter, layout_);
+    body_ =
+        painted(blankPicture(size_), [this](QPainter& painter) { paintBody(painter, layout_); });
     front_ = QPixmap();
   }
   if (front_.isNull() || frontBack_ != back) {
-    front_ = body_;
+    front_ = painted(body_, [&](QPainter& painter) { paintGlass(painter, layout_, back); });
     frontBack_ = back;
     ghosts_.clear();
-    QPainter painter(&front_);
-    painter.setTransform(transform_, true);
-    paintGlass(painter, layout_, back);
   }
 }
 

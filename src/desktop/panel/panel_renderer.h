@@ -52,6 +52,8 @@ class PanelRenderer {
   void paint(QPainter& painter, const QRegion& clip, const FrontState& state);
 
  private:
+  template <class Paint>
+  QPixmap painted(QPixmap picture, Paint paint) const;
   void ensurePictures(const QColor& back);
   QPixmap blankPicture(const QSize& size) const;
   void paintKeys(QPainter& painter, const QRegion& clip, const FrontState& state) const;

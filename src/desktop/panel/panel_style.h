@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QLinearGradient>
 
 /// The colours of the drawn radios. The light comes from above the panel, a little in front.
 namespace tarnvex::desktop::style {
@@ -25,5 +26,18 @@ inline const QColor kMarkDark{0x5a, 0x5d, 0x62};
 inline const QColor kAccent{0xff, 0xb4, 0x3c};
 inline const QColor kInkDark{0x1b, 0x1d, 0x16};
 inline const QColor kInkLight{0xf4, 0xf6, 0xee};
+
+/// The colour, but this opaque: 0 is nothing, 255 all.
+inline QColor withAlpha(QColor colour, int alpha) {
+  colour.setAlpha(alpha);
+  return colour;
+}
+
+/// Shades from the top of a place to its bottom; each colour begins at its share of the way.
+inline QLinearGradient downwards(const QRectF& place, const QGradientStops& stops) {
+  QLinearGradient shade(place.topLeft(), place.bottomLeft());
+  shade.setStops(stops);
+  return shade;
+}
 
 }  // namespace tarnvex::desktop::style

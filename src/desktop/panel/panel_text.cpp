@@ -11,7 +11,7 @@ namespace {
 // Font sizes are whole pixels, with hinting for each. Letters are therefore laid out at one large
 // size and scaled down, so that a caption keeps its exact place at any size of the panel.
 constexpr int kLayoutPixels = 64;
-constexpr double kLeastScale = 0.75;
+constexpr double kLeastTextScale = 0.75;
 constexpr double kLineStep = 1.08;
 
 QFont layoutFont(const Lettering& lettering) {
@@ -46,7 +46,7 @@ void drawLine(QPainter& painter, const QRectF& rect, double baseline, const QStr
   QString shown = line;
   double width = metrics.horizontalAdvance(shown) - trailing;
   if (width * scale > rect.width()) {
-    scale *= std::max(kLeastScale, rect.width() / (width * scale));
+    scale *= std::max(kLeastTextScale, rect.width() / (width * scale));
     shown = metrics.elidedText(line, Qt::ElideRight, rect.width() / scale + 0.5);
     width = metrics.horizontalAdvance(shown) - trailing;
   }

@@ -89,18 +89,16 @@ void RadioPanel::setMark(int mark, bool lit) {
 }
 
 void RadioPanel::setDisplayColour(QColor back) {
-  if (state_->front.back == back) {
-    return;
+  if (std::exchange(state_->front.back, back) != back) {
+    update(renderer_->widgetRect(state_->layout.glass, kElementMargin));
   }
-  state_->front.back = back;
-  update(renderer_->widgetRect(state_->layout.glass, kElementMargin));
 }
 
 void RadioPanel::setLive(bool live) {
-  if (state_->front.live == live) return;
-  state_->front.live = live;
-  update(renderer_->widgetRect(state_->layout.glass, kElementMargin));
-  announce();
+  if (std::exchange(state_->front.live, live) != live) {
+    update(renderer_->widgetRect(state_->layout.glass, kElementMargin));
+    announce();
+  }
 }
 
 QColor RadioPanel::displayColour() const {
@@ -226,10 +224,9 @@ void RadioPanel::setHoverKey(int keyIndex) {
 }
 
 void RadioPanel::updateKey(int keyIndex) {
-  if (keyIndex < 0) {
-    return;
+  if (keyIndex >= 0) {
+    update(renderer_->widgetRect(state_->layout.keys[keyIndex].rect, kKeyMargin));
   }
-  update(renderer_->widgetRect(state_->layout.keys[keyIndex].rect, kKeyMargin));
 }
 
 void RadioPanel::setFocusRing(bool shown) {
@@ -245,16 +242,16 @@ void RadioPanel::announce() {
     return;
   }
   state_->announcing = true;
-  QTimer::singleShot(kCalmMilliseconds, this, [this] {
-    state_->announcing = false;
-    const QString received = readReception(state_->layout, state_->front);
-    if (received == state_->announced) {
-      return;
-    }
-    state_->announced = received;
+  QTimer::singleShot(kCalmMilliseconds, this, &RadioPanel::tellReception);
+}
+
+void RadioPanel::tellReception() {
+  state_->announcing = false;
+  const QString received = readReception(state_->layout, state_->front);
+  if (std::exchange(state_->announced, received) != received) {
     QAccessibleEvent event(this, QAccessible::DescriptionChanged);
     QAccessible::updateAccessibility(&event);
-  });
+  }
 }
 
 }  // namespace tarnvex::desktop

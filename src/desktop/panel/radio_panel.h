@@ -109,6 +109,7 @@ class RadioPanel : public QWidget {
   bool press(const QPointF& where, Qt::MouseButton button);
   void hold(int target, Qt::MouseButton button, bool byKeyboard);
   void release(Qt::MouseButton button, bool byKeyboard, int over);
+  void releaseKey(int target, Qt::MouseButton button, bool click);
   void releaseAll();
   void setMark(int mark, bool lit);
   void setHoverKey(int keyIndex);
@@ -116,6 +117,7 @@ class RadioPanel : public QWidget {
   void updateKey(int keyIndex);
   void showTip(const QPoint& where, const QPoint& onScreen);
   void announce();
+  void tellReception();
 
   std::unique_ptr<State> state_;
   std::unique_ptr<PanelRenderer> renderer_;

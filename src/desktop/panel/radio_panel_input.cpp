@@ -57,7 +57,7 @@ void RadioPanel::hold(int target, Qt::MouseButton button, bool byKeyboard) {
 
 void RadioPanel::release(Qt::MouseButton button, bool byKeyboard, int over) {
   QVector<Held>& held = state_->held;
-  const auto found = std::find_if(held.begin(), held.end(), [button, byKeyboard](const Held& one) {
+  const auto found = std::ranges::find_if(held, [button, byKeyboard](const Held& one) {
     return one.button == button && one.byKeyboard == byKeyboard;
   });
   if (found == held.end()) {
@@ -67,17 +67,20 @@ void RadioPanel::release(Qt::MouseButton button, bool byKeyboard, int over) {
   held.erase(found);
   if (target == kKnobTarget) {
     emit knobReleased(button);
-    return;
+  } else {
+    releaseKey(target, button, over == target);
   }
-  const bool stillDown = std::any_of(held.begin(), held.end(),
-                                     [target](const Held& one) { return one.target == target; });
-  if (!stillDown) {
+}
+
+/// `click` if the button was let go over the key that it had pressed.
+void RadioPanel::releaseKey(int target, Qt::MouseButton button, bool click) {
+  if (std::ranges::find(state_->held, target, &Held::target) == state_->held.end()) {
     setKeyDown(target, false);
   }
   // The key's handler may close the window and destroy the panel.
   const QPointer<RadioPanel> alive(this);
   emit keyReleased(target, button);
-  if (alive && over == target) {
+  if (alive && click) {
     emit keyClicked(target, button);
   }
 }

@@ -94,41 +94,45 @@ QVector<SegmentFace::Cell> SegmentFace::cells(const QString& text) {
   return cells;
 }
 
+void SegmentFace::pad(QVector<Cell>& line, qsizetype count, bool toRight) {
+  while (line.size() < count) {
+    line.insert(toRight ? 0 : line.size(), Cell{QLatin1Char(' '), false});
+  }
+}
+
+/// A cell and its point, which rests there if it isn't lit.
+void SegmentFace::add(SegmentLine& line, const SegmentShapes& shapes, const Cell& cell,
+                      bool pointRests) {
+  const QPainterPath shape = shapes.glyphs.value(cell.character.toUpper());
+  if (!shape.isEmpty()) {
+    line.lit.append(shape.translated(line.width, 0));
+  }
+  line.unlit.append(shapes.all.translated(line.width, 0));
+  line.pattern.append(QLatin1Char('c'));
+  line.width += kCellAdvance;
+  const QPainterPath point = shapes.point.translated(line.width, 0);
+  if (cell.point) {
+    line.lit.append(point);
+  }
+  if (cell.point || pointRests) {
+    line.unlit.append(point);
+    line.pattern.append(QLatin1Char('p'));
+  }
+}
+
 SegmentLine SegmentFace::line(const QString& text, const QString& rest, bool toRight) const {
   QVector<Cell> shown = cells(text);
   QVector<Cell> resting = cells(rest);
-  const int count = static_cast<int>(std::max(shown.size(), resting.size()));
-  const auto pad = [count, toRight](QVector<Cell>& line) {
-    while (line.size() < count) {
-      line.insert(toRight ? 0 : line.size(), Cell{QLatin1Char(' '), false});
-    }
-  };
   const bool longer = shown.size() > resting.size();
-  pad(shown);
-  pad(resting);
+  const qsizetype count = std::max(shown.size(), resting.size());
+  pad(shown, count, toRight);
+  pad(resting, count, toRight);
   const bool light = hasSlantingStrokes(text);
-  const SegmentShapes& shapes = light ? regular_ : bold_;
   SegmentLine result;
   result.pattern = light ? QStringLiteral("r") : QStringLiteral("b");
-  for (int i = 0; i < count; ++i) {
-    const double x = i * kCellAdvance;
-    const QPainterPath shape = shapes.glyphs.value(shown[i].character.toUpper());
-    if (!shape.isEmpty()) {
-      result.lit.append(shape.translated(x, 0));
-    }
-    result.unlit.append(shapes.all.translated(x, 0));
-    result.pattern.append(QLatin1Char('c'));
-    const QPainterPath point = shapes.point.translated(x + kCellAdvance, 0);
-    if (shown[i].point) {
-      result.lit.append(point);
-    }
-    if (!shown[i].point && (longer || !resting[i].point)) {
-      continue;
-    }
-    result.unlit.append(point);
-    result.pattern.append(QLatin1Char('p'));
+  for (qsizetype i = 0; i < count; ++i) {
+    add(result, light ? regular_ : bold_, shown[i], !longer && resting[i].point);
   }
-  result.width = count * kCellAdvance;
   return result;
 }
 

@@ -60,6 +60,10 @@ class SegmentFace {
     bool point = false;
   };
   static QVector<Cell> cells(const QString& text);
+  /// Makes a line so many cells long.
+  static void pad(QVector<Cell>& line, qsizetype count, bool toRight);
+  static void add(SegmentLine& line, const SegmentShapes& shapes, const Cell& cell,
+                  bool pointRests);
 
   Source source_;
   SegmentShapes bold_;

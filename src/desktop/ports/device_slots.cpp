@@ -50,7 +50,7 @@ QVector<FoundPort> findPorts() {
 }
 
 QString DeviceSlots::device(int slot) const {
-  const QString path = named(slot);
+  QString path = named(slot);
   if (!path.isEmpty()) {
     return path;
   }

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QPointer>
 
+#include "desktop/ports/run_dialog.h"
 #include "desktop/ports/text.h"
 #include "desktop/ports/window_in_use.h"
 
@@ -43,6 +44,11 @@ void QtCommonDialog::prepare(PlanFileDialog& dialog) const {
   if (AsksBeforeReplacing) {
     dialog.askBeforeReplacing(current);
   }
+  begin(dialog, current);
+}
+
+/// Shows the dialog where the file in use is, if there is one.
+void QtCommonDialog::begin(PlanFileDialog& dialog, const QString& current) const {
   if (!current.isEmpty()) {
     const QFileInfo file(current);
     dialog.setDirectory(file.absolutePath());
@@ -67,25 +73,15 @@ std::optional<std::string> QtCommonDialog::chooseFile(platform::FileDialogKind k
   const bool saving = kind == platform::FileDialogKind::Save;
   dialog->setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   prepare(*dialog);
-  bool finished = false;
-  bool accepted = false;
-  QObject::connect(dialog, &QFileDialog::finished, [&](int result) {
-    accepted = result == QDialog::Accepted;
-    finished = true;
-  });
-  dialog->open();
-  gate_.waitUntil([&] { return finished || dialog.isNull(); });
+  const bool accepted = runDialog(dialog, gate_) == QDialog::Accepted;
   // This must not count as Cancel, after which a save goes on under the present name.
   const bool stopped = gate_.ended() || dialog.isNull() || isWithdrawn(*dialog);
-  const QString chosen = dialog && accepted ? dialog->chosen() : QString();
+  const QString chosen = accepted ? dialog->chosen() : QString();
   delete dialog.data();
   if (stopped) {
     return std::string();
   }
-  if (chosen.isEmpty()) {
-    return std::nullopt;
-  }
-  return QFile::encodeName(chosen).toStdString();
+  return chosen.isEmpty() ? std::nullopt : std::optional(QFile::encodeName(chosen).toStdString());
 }
 
 }  // namespace tarnvex::desktop

@@ -17,19 +17,8 @@ class QtCommonDialog : public platform::CommonDialog {
 
  private:
   void prepare(PlanFileDialog& dialog) const;
+  void begin(PlanFileDialog& dialog, const QString& current) const;
 
-  platform::EventGate& gate_;
-};
-
-/// Creates the file dialogs.
-class QtCommonDialogs : public platform::CommonDialogs {
- public:
-  explicit QtCommonDialogs(platform::EventGate& gate) : gate_(gate) {}
-  std::unique_ptr<platform::CommonDialog> create() override {
-    return std::make_unique<QtCommonDialog>(gate_);
-  }
-
- private:
   platform::EventGate& gate_;
 };
 

@@ -7,6 +7,7 @@
 #include <QLabel>
 
 #include "desktop/ports/colour.h"
+#include "desktop/ports/run_dialog.h"
 #include "desktop/ports/text.h"
 #include "desktop/ports/window_in_use.h"
 
@@ -90,37 +91,14 @@ Answer QtDialogs::ask(const std::string& text, const std::string& title,
                                                     buttonsOf(flags), windowInUse());
   box->setObjectName(QStringLiteral("messageBox"));
   box->setTextFormat(Qt::PlainText);
-  box->setDefaultButton(preset);
+  box->setDefaultButton(flags == platform::kYesNoWarningNo ? QMessageBox::No : preset);
   if (box->standardButtons().testFlag(QMessageBox::No)) {
     box->setEscapeButton(QMessageBox::No);
   }
   makeRoomForTitle(*box);
-  if (flags == platform::kYesNoWarningNo) {
-    box->setDefaultButton(QMessageBox::No);
-  }
-  int button = QMessageBox::NoButton;
-  bool finished = false;
-  QObject::connect(box, &QMessageBox::finished, [&](int result) {
-    button = result;
-    finished = true;
-  });
-  box->open();
-  gate_.waitUntil([&] { return finished || box.isNull(); });
+  const int button = runDialog(box, gate_).value_or(QMessageBox::NoButton);
   delete box.data();
   return answerOf(button, flags);
-}
-
-bool QtDialogs::accepted(const QPointer<QDialog>& dialog) {
-  bool finished = false;
-  bool accepted = false;
-  const auto connection = QObject::connect(dialog.data(), &QDialog::finished, [&](int result) {
-    accepted = result == QDialog::Accepted;
-    finished = true;
-  });
-  dialog->open();
-  gate_.waitUntil([&] { return finished || dialog.isNull(); });
-  QObject::disconnect(connection);
-  return accepted && !dialog.isNull();
 }
 
 std::string QtDialogs::inputBox(const std::string& prompt, const std::string& title) {
@@ -135,15 +113,19 @@ std::string QtDialogs::inputBox(const std::string& prompt, const std::string& ti
     label->setTextFormat(Qt::PlainText);
   }
   box->resize(box->fontMetrics().averageCharWidth() * 48, box->sizeHint().height());
-  std::string line;
-  if (accepted(box.data())) {
-    bool dropped = false;
-    line = fromScreen(box->textValue(), &dropped);
-    if (dropped) {
-      beep();
-    }
-  }
+  const bool accepted = runDialog(box, gate_) == QDialog::Accepted;
+  std::string line = accepted ? lineFrom(box->textValue()) : std::string();
   delete box.data();
+  return line;
+}
+
+/// Beeps if the text has characters that the core's texts can't hold.
+std::string QtDialogs::lineFrom(const QString& text) {
+  bool dropped = false;
+  std::string line = fromScreen(text, &dropped);
+  if (dropped) {
+    beep();
+  }
   return line;
 }
 
@@ -154,7 +136,7 @@ std::optional<platform::Colour> QtDialogs::chooseColour(platform::Colour current
   const QPointer<QColorDialog> dialog = new QColorDialog(toScreen(current), windowInUse());
   dialog->setObjectName(QStringLiteral("colourDialog"));
   std::optional<platform::Colour> chosen;
-  if (accepted(dialog.data())) {
+  if (runDialog(dialog, gate_) == QDialog::Accepted) {
     chosen = fromScreen(dialog->selectedColor());
   }
   delete dialog.data();

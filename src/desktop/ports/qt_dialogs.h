@@ -28,9 +28,7 @@ class QtDialogs : public platform::Dialogs {
   /// `preset` is the button that Enter presses. If it is none, the box chooses.
   platform::Answer ask(const std::string& text, const std::string& title,
                        platform::MessageFlags flags, QMessageBox::StandardButton preset);
-  /// Shows the dialog and yields until it is answered. If its window closes meanwhile, the dialog
-  /// closes with it. Returns whether it was accepted.
-  bool accepted(const QPointer<QDialog>& dialog);
+  std::string lineFrom(const QString& text);
 
   platform::EventGate& gate_;
   bool busy_ = false;

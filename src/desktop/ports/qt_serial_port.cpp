@@ -168,14 +168,13 @@ void QtSerialPort::onError(QSerialPort::SerialPortError error) {
   }
   trouble_ = PortTrouble::Lost;
   // The port must not be closed within its own signal.
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        if (lost()) {
-          serial_.close();
-        }
-      },
-      Qt::QueuedConnection);
+  QMetaObject::invokeMethod(this, &QtSerialPort::closeLost, Qt::QueuedConnection);
+}
+
+void QtSerialPort::closeLost() {
+  if (lost()) {
+    serial_.close();
+  }
 }
 
 }  // namespace tarnvex::desktop

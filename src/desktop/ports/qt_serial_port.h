@@ -42,6 +42,7 @@ class QtSerialPort : public QObject, public platform::SerialPort {
   [[nodiscard]] bool holds(std::size_t atLeast) { return inBufferCount() >= atLeast; }
   void applySettings();
   void onError(QSerialPort::SerialPortError error);
+  void closeLost();
   [[nodiscard]] platform::PortTrouble findTrouble(const QString& device) const;
   [[nodiscard]] std::string describeTrouble(const QString& device) const;
 
@@ -55,21 +56,6 @@ class QtSerialPort : public QObject, public platform::SerialPort {
   platform::PortTrouble trouble_ = platform::PortTrouble::None;
   /// The path of the device that was opened last, with links resolved.
   QString device_;
-};
-
-/// Creates the serial ports.
-class QtSerialPorts : public platform::SerialPorts {
- public:
-  QtSerialPorts(QtEventLoop& loop, const platform::EventGate& gate, const DeviceSlots& devices)
-      : loop_(loop), gate_(gate), devices_(devices) {}
-  std::unique_ptr<platform::SerialPort> create() override {
-    return std::make_unique<QtSerialPort>(loop_, gate_, devices_);
-  }
-
- private:
-  QtEventLoop& loop_;
-  const platform::EventGate& gate_;
-  const DeviceSlots& devices_;
 };
 
 }  // namespace tarnvex::desktop

@@ -221,7 +221,7 @@ QVariant ReceptionDatabase::value(const QString& statement, const QVariantList& 
 
 QString setAside(const QString& file) {
   const QFileInfo info(file);
-  const QString aside =
+  QString aside =
       info.path() + QLatin1Char('/') +
       QStringLiteral("%1 damaged %2.%3")
           .arg(info.completeBaseName(),

@@ -13,7 +13,7 @@ namespace {
 /// Sound arrives in pieces of this length. At most one of them is lost at the end.
 constexpr std::uint32_t kPieceBytes = WaveFile::kRate / 50 * sizeof(std::int16_t);
 constexpr const char* kId = "io.github.tarnvex.Tarnvex";
-constexpr auto kPatience = std::chrono::seconds(2);
+constexpr auto kServerPatience = std::chrono::seconds(2);
 /// The longest sleep while there is nothing to do, in microseconds.
 constexpr int kSleep = 20'000;
 
@@ -85,7 +85,7 @@ void SoundCapture::record() {
 /// Whether a capture that should finish may end now. If the recording hasn't begun yet, it waits
 /// for a while, so that even the shortest reception gets a file.
 bool SoundCapture::isEnough(State state) const {
-  return state == State::Recording || std::chrono::steady_clock::now() - started_ > kPatience;
+  return state == State::Recording || std::chrono::steady_clock::now() - started_ > kServerPatience;
 }
 
 void SoundCapture::turn() {

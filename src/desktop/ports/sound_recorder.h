@@ -36,16 +36,4 @@ class SoundRecorder : public platform::MediaControl {
   std::optional<SoundCapture> capture_;
 };
 
-/// Creates the media controls.
-class SoundRecorders : public platform::MediaControls {
- public:
-  explicit SoundRecorders(platform::EventLoop& loop) : loop_(loop) {}
-  std::unique_ptr<platform::MediaControl> create() override {
-    return std::make_unique<SoundRecorder>(loop_);
-  }
-
- private:
-  platform::EventLoop& loop_;
-};
-
 }  // namespace tarnvex::desktop

@@ -48,16 +48,13 @@ QString lineToScreen(std::string_view text) {
 std::string fromScreen(const QString& text, bool* dropped) {
   std::string bytes;
   bytes.reserve(static_cast<std::size_t>(text.size()));
-  bool lost = false;
   for (const QChar character : text) {
-    const auto byte = byteOf(character.unicode());
-    if (byte) {
+    if (const auto byte = byteOf(character.unicode())) {
       bytes += *byte;
     }
-    lost = lost || !byte;
   }
   if (dropped != nullptr) {
-    *dropped = lost;
+    *dropped = std::cmp_less(bytes.size(), text.size());
   }
   return bytes;
 }

@@ -117,6 +117,19 @@ int selectedRow(const QListWidget* widget) {
   return selected.isEmpty() ? -1 : widget->row(selected.first());
 }
 
+/// The model's selection becomes the lines of the widget that `isChosen` names.
+void takeLines(platform::EventGate& gate, const QListWidget* widget, platform::ListBox& model,
+               bool (*isChosen)(const QListWidgetItem&)) {
+  std::vector<bool> chosen(static_cast<std::size_t>(widget->count()));
+  for (int i = 0; i < widget->count(); ++i) {
+    chosen[static_cast<std::size_t>(i)] = isChosen(*widget->item(i));
+  }
+  gate.enter([&model, row = widget->currentRow(), chosen = std::move(chosen)] {
+    model.setListIndex(row);
+    model.userSelect(chosen);
+  });
+}
+
 /// Selects all lines at once, since line by line the time would grow with the square of their
 /// number.
 void showSelection(QListWidget* widget, const platform::ListBox& model) {
@@ -173,52 +186,45 @@ void Binder::enter(Urgency urgency, platform::EventGate::Handler handler) {
 void Binder::bind(QPushButton* widget, platform::Button& model, Urgency urgency) {
   bindControl(widget, model);
   widget->setText(toScreen(model.caption()));
-  const auto show = [widget, &model] { widget->setEnabled(model.enabled()); };
-  show();
-  keep(model.changed.connect(show));
+  follow(model.changed, [widget, &model] { widget->setEnabled(model.enabled()); });
   const Urgency used = isDialogs() ? Urgency::Leaving : urgency;
   QObject::connect(widget, &QPushButton::clicked, widget,
                    [this, used, &model] { enter(used, [&model] { model.userClick(); }); });
 }
 
-void Binder::bind(QCheckBox* widget, platform::CheckBox& model) {
-  bindControl(widget, model);
-  widget->setText(toScreen(model.caption()));
-  const auto show = [widget, &model] {
-    widget->setEnabled(model.enabled());
-    widget->setChecked(model.value());
-  };
-  show();
-  keep(model.changed.connect(show));
-  QObject::connect(widget, &QCheckBox::clicked, widget, [this, widget, &model, show] {
-    gate_.enter([guard = QPointer<QCheckBox>(widget), &model, show] {
-      model.userClick();
-      if (guard) {
-        show();
-      }
-    });
+template <class Act, class Show>
+void Binder::act(Urgency urgency, QWidget* widget, Act act, Show show) {
+  enter(urgency, [guard = QPointer<QWidget>(widget), act, show] {
+    act();
+    if (guard) {
+      show();
+    }
   });
 }
 
-void Binder::bind(QRadioButton* widget, platform::OptionButton& model, Urgency urgency) {
+template <class Widget, class Model>
+void Binder::bindSwitch(Widget* widget, Model& model, Urgency urgency) {
   bindControl(widget, model);
   widget->setText(toScreen(model.caption()));
-  // The model manages the group, in which it is possible that nothing is chosen.
-  widget->setAutoExclusive(false);
   const auto show = [widget, &model] {
     widget->setEnabled(model.enabled());
     widget->setChecked(model.value());
   };
-  show();
-  keep(model.changed.connect(show));
-  QObject::connect(widget, &QRadioButton::clicked, widget, [this, urgency, widget, &model, show] {
-    enter(urgency, [guard = QPointer<QRadioButton>(widget), &model, show] {
-      model.userClick();
-      if (guard) {
-        show();
-      }
-    });
+  follow(model.changed, show);
+  QObject::connect(widget, &Widget::clicked, widget, [this, urgency, widget, &model, show] {
+    act(
+        urgency, widget, [&model] { model.userClick(); }, show);
   });
+}
+
+void Binder::bind(QCheckBox* widget, platform::CheckBox& model) {
+  bindSwitch(widget, model, Urgency::Normal);
+}
+
+void Binder::bind(QRadioButton* widget, platform::OptionButton& model, Urgency urgency) {
+  // The model manages the group, in which it is possible that nothing is chosen.
+  widget->setAutoExclusive(false);
+  bindSwitch(widget, model, urgency);
 }
 
 void Binder::bind(QComboBox* widget, platform::ComboBox& model) {
@@ -229,57 +235,58 @@ void Binder::bind(QComboBox* widget, platform::ComboBox& model) {
     showItems(widget, model);
     widget->setCurrentIndex(model.listIndex());
   };
-  show();
-  keep(model.changed.connect(show));
+  follow(model.changed, show);
   new CalmWheel(widget);
   QObject::connect(widget, &QComboBox::activated, widget, [this, widget, &model, show](int index) {
-    gate_.enter([guard = QPointer<QComboBox>(widget), &model, index, show] {
-      model.userChoose(index);
-      if (guard) {
-        show();
-      }
-    });
+    act(
+        Urgency::Normal, widget, [&model, index] { model.userChoose(index); }, show);
   });
 }
 
 void Binder::bind(QListWidget* widget, platform::ListBox& model) {
   bindControl(widget, model);
-  const auto show = [widget, &model] {
+  follow(model.changed, [widget, &model] {
     const QSignalBlocker silent(widget);
     showLines(widget, model);
     if (selectedRow(widget) != model.listIndex()) {
       widget->setCurrentRow(model.listIndex());
     }
-  };
-  show();
-  keep(model.changed.connect(show));
-  // Also for an arrow key or the right button: the list's menu is about the highlighted line.
+  });
+  bindCurrentLine(widget, model);
+  bindClicks(widget, model);
+}
+
+/// Also for an arrow key or the right button: the list's menu is about the highlighted line.
+void Binder::bindCurrentLine(QListWidget* widget, platform::ListBox& model) {
   QObject::connect(widget, &QListWidget::itemSelectionChanged, widget, [this, widget, &model] {
     if (const int row = selectedRow(widget); row >= 0) {
       gate_.enter([&model, row] { model.setListIndex(row); });
     }
   });
+  widget->setContextMenuPolicy(Qt::CustomContextMenu);
+  QObject::connect(widget, &QListWidget::customContextMenuRequested, widget,
+                   [this, &model] { gate_.enter([&model] { model.userRightPress(); }); });
+}
+
+/// Space is the keyboard's click.
+void Binder::bindClicks(QListWidget* widget, platform::ListBox& model) {
   const auto click = [this, &model](int row) {
     gate_.enter([&model, row] { model.userClick(row); });
   };
   QObject::connect(widget, &QListWidget::itemClicked, widget,
                    [click, widget](QListWidgetItem* item) { click(widget->row(item)); });
-  // Space is the keyboard's click.
   auto* press = new QAction(widget);
   press->setShortcut(Qt::Key_Space);
   press->setShortcutContext(Qt::WidgetShortcut);
   widget->addAction(press);
   QObject::connect(press, &QAction::triggered, widget,
                    [click, widget] { click(selectedRow(widget)); });
-  widget->setContextMenuPolicy(Qt::CustomContextMenu);
-  QObject::connect(widget, &QListWidget::customContextMenuRequested, widget,
-                   [this, &model] { gate_.enter([&model] { model.userRightPress(); }); });
 }
 
 void Binder::bindSelection(QListWidget* widget, platform::ListBox& model) {
   bindControl(widget, model);
   widget->setSelectionMode(QAbstractItemView::ExtendedSelection);
-  const auto show = [widget, &model] {
+  follow(model.changed, [widget, &model] {
     const QSignalBlocker silent(widget);
     widget->setEnabled(model.enabled());
     showLines(widget, model);
@@ -287,57 +294,38 @@ void Binder::bindSelection(QListWidget* widget, platform::ListBox& model) {
     if (model.listIndex() >= 0) {
       widget->setCurrentRow(model.listIndex(), QItemSelectionModel::NoUpdate);
     }
-  };
-  show();
-  keep(model.changed.connect(show));
+  });
   QObject::connect(widget, &QListWidget::itemSelectionChanged, widget, [this, widget, &model] {
-    std::vector<bool> selected;
-    for (int i = 0; i < widget->count(); ++i) {
-      selected.push_back(widget->item(i)->isSelected());
-    }
-    gate_.enter([&model, row = widget->currentRow(), selected = std::move(selected)] {
-      model.setListIndex(row);
-      model.userSelect(selected);
-    });
+    takeLines(gate_, widget, model, [](const QListWidgetItem& line) { return line.isSelected(); });
   });
 }
 
 void Binder::bindTicks(QListWidget* widget, platform::ListBox& model) {
   bindControl(widget, model);
-  const auto show = [widget, &model] {
+  follow(model.changed, [widget, &model] {
     const QSignalBlocker silent(widget);
     showLines(widget, model);
     for (int i = 0; i < model.count(); ++i) {
       widget->item(i)->setCheckState(model.selected(i) ? Qt::Checked : Qt::Unchecked);
     }
     widget->setCurrentRow(model.listIndex());
-  };
-  show();
-  keep(model.changed.connect(show));
+  });
   QObject::connect(widget, &QListWidget::itemChanged, widget, [this, widget, &model] {
-    std::vector<bool> ticked;
-    for (int i = 0; i < widget->count(); ++i) {
-      ticked.push_back(widget->item(i)->checkState() == Qt::Checked);
-    }
-    gate_.enter([&model, row = widget->currentRow(), ticked = std::move(ticked)] {
-      model.setListIndex(row);
-      model.userSelect(ticked);
-    });
+    takeLines(gate_, widget, model,
+              [](const QListWidgetItem& line) { return line.checkState() == Qt::Checked; });
   });
 }
 
 void Binder::bind(QLineEdit* widget, platform::TextBox& model) {
   bindControl(widget, model);
-  const auto show = [widget, &model] {
+  follow(model.changed, [widget, &model] {
     widget->setEnabled(model.enabled());
     showIf(widget, model.visible());
     const QString text = toScreen(model.text());
     if (widget->text() != text) {
       widget->setText(text);
     }
-  };
-  show();
-  keep(model.changed.connect(show));
+  });
   keep(model.selectAllRequested.connect([widget] { widget->selectAll(); }));
   new KeyFilter(widget, model, gate_, isDialogs());
   QObject::connect(widget, &QLineEdit::textEdited, widget,

@@ -50,11 +50,31 @@ class Binder {
   void bindTicks(QListWidget* widget, platform::ListBox& model);
   void bind(QLineEdit* widget, platform::TextBox& model);
 
+  /// A new widget, bound to the model. Its layout will own it.
+  template <class Widget, class Model>
+  Widget* make(Model& model) {
+    auto* widget = new Widget;
+    bind(widget, model);
+    return widget;
+  }
+
+  /// Runs `show` now and after each change.
+  void follow(const platform::Notifier<>& changed, std::function<void()> show) {
+    keep(changed.follow(std::move(show)));
+  }
+
   [[nodiscard]] platform::EventGate& gate() { return gate_; }
   void keep(platform::Connection connection) { connections_.push_back(std::move(connection)); }
 
  private:
   void bindControl(QWidget* widget, platform::Control& model);
+  template <class Widget, class Model>
+  void bindSwitch(Widget* widget, Model& model, Urgency urgency);
+  /// Tells the model what the user did, and shows what it made of that, which may be nothing.
+  template <class Act, class Show>
+  void act(Urgency urgency, QWidget* widget, Act act, Show show);
+  void bindCurrentLine(QListWidget* widget, platform::ListBox& model);
+  void bindClicks(QListWidget* widget, platform::ListBox& model);
   void enter(Urgency urgency, platform::EventGate::Handler handler);
   /// Whether this is a dialog's binder. Only the main windows have a forwarder.
   [[nodiscard]] bool isDialogs() const { return forwarder_ == nullptr; }

@@ -43,35 +43,40 @@ QVector<ComOption::Choice> ComOption::choices() const {
   for (const auto& port : ports) {
     choices.push_back({port.stablePath, port.title()});
   }
-  const QString current = devices_.isNamed(slot_) ? devices_.device(slot_) : QString();
-  const bool listed = std::ranges::any_of(
-      choices, [&](const Choice& choice) { return sameDevice(choice.path, current); });
-  if (!listed) {
-    const QFileInfo file(current);
-    choices.push_back(
-        {current, file.exists() ? file.fileName() : tr("%1 (not there)").arg(file.fileName())});
+  if (currentIn(choices) == choices.size()) {
+    const QFileInfo file(devices_.device(slot_));
+    choices.push_back({file.filePath(), file.exists() ? file.fileName()
+                                                      : tr("%1 (not there)").arg(file.fileName())});
   }
   return choices;
 }
 
-int ComOption::currentChoice() const {
+qsizetype ComOption::currentIn(const QVector<Choice>& choices) const {
   const QString current = devices_.isNamed(slot_) ? devices_.device(slot_) : QString();
-  const auto found = std::ranges::find_if(
-      shown_, [&](const Choice& choice) { return sameDevice(choice.path, current); });
-  return static_cast<int>(found - shown_.begin());
+  return std::ranges::find_if(
+             choices, [&](const Choice& choice) { return sameDevice(choice.path, current); }) -
+         choices.begin();
+}
+
+int ComOption::currentChoice() const {
+  return static_cast<int>(currentIn(shown_));
+}
+
+void ComOption::fillBox() {
+  box_->clear();
+  for (const Choice& choice : shown_) {
+    box_->addItem(choice.title);
+    box_->setItemData(box_->count() - 1, plainTip(choice.path), Qt::ToolTipRole);
+  }
+  box_->insertSeparator(box_->count());
+  box_->addItem(tr("Other..."));
+  box_->view()->setMinimumWidth(box_->view()->sizeHintForColumn(0));
 }
 
 void ComOption::showDevices() {
   if (const auto now = choices(); now != shown_) {
     shown_ = now;
-    box_->clear();
-    for (const Choice& choice : shown_) {
-      box_->addItem(choice.title);
-      box_->setItemData(box_->count() - 1, plainTip(choice.path), Qt::ToolTipRole);
-    }
-    box_->insertSeparator(box_->count());
-    box_->addItem(tr("Other..."));
-    box_->view()->setMinimumWidth(box_->view()->sizeHintForColumn(0));
+    fillBox();
   }
   box_->setCurrentIndex(currentChoice());
   const QString path = devices_.device(slot_);

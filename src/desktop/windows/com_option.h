@@ -30,7 +30,10 @@ class ComOption : public QRadioButton {
     bool operator==(const Choice& other) const = default;
   };
   [[nodiscard]] QVector<Choice> choices() const;
+  /// The place of the slot's device in a list; the list's size if it isn't there.
+  [[nodiscard]] qsizetype currentIn(const QVector<Choice>& choices) const;
   [[nodiscard]] int currentChoice() const;
+  void fillBox();
   void activate(int index);
   void openMenu(const QPoint& where);
   void chooseOn(QAction* action, const QString& path);

@@ -1,10 +1,10 @@
 #include "desktop/windows/dialog_window.h"
 
 #include <QGridLayout>
-#include <QIcon>
 #include <QVBoxLayout>
 
 #include "desktop/ports/text.h"
+#include "desktop/windows/parts.h"
 #include "desktop/windows/plain_text.h"
 #include "desktop/windows/window_exit.h"
 
@@ -16,12 +16,10 @@ QLabel* addLabel(Binder& binder, const platform::Label& model) {
   auto* label = makeLabel();
   label->setObjectName(QString::fromStdString(model.name()));
   label->setWordWrap(true);
-  const auto show = [label, &model] {
+  binder.follow(model.changed, [label, &model] {
     label->setText(lineToScreen(model.caption()));
     showIf(label, model.visible());
-  };
-  show();
-  binder.keep(model.changed.connect(show));
+  });
   return label;
 }
 
@@ -39,6 +37,13 @@ QPushButton* addMainButton(Binder& binder, platform::Button& model) {
   return button;
 }
 
+/// A label that says what a widget is for, and gives it the focus by its letter.
+QLabel* addCaption(Binder& binder, const platform::Label& model, QWidget* widget) {
+  auto* label = addLabel(binder, model);
+  label->setBuddy(widget);
+  return label;
+}
+
 /// Makes the list large enough for about ten lines.
 void sizeList(QListWidget* list, int columns) {
   const QFontMetrics metrics(list->font());
@@ -49,22 +54,18 @@ void sizeList(QListWidget* list, int columns) {
 
 ProgressBar::ProgressBar(const memory::Progress& progress) {
   setObjectName(QStringLiteral("progress"));
-  const auto show = [this, &progress] {
+  changed_ = progress.changed.follow([this, &progress] {
     showIf(this, progress.total() > 0);
     setMaximum(std::max(progress.total(), 1));
     setValue(progress.done());
-  };
-  show();
-  changed_ = progress.changed.connect(show);
+  });
 }
 
 DialogWindow::DialogWindow(platform::EventGate& gate, const platform::Window& form,
                            std::function<void()> askToClose, QWidget* parent)
     : QDialog(parent), binder_(gate), askToClose_(std::move(askToClose)) {
   setObjectName(QString::fromStdString(form.name()));
-  const auto showTitle = [this, &form] { setWindowTitle(titleToScreen(form.caption())); };
-  showTitle();
-  binder_.keep(form.changed.connect(showTitle));
+  binder_.follow(form.changed, [this, &form] { setWindowTitle(titleToScreen(form.caption())); });
 }
 
 void DialogWindow::leaveScreen() {
@@ -85,11 +86,9 @@ DialogWindow* makeApfDialog(memory::ApfForm& form, platform::EventGate& gate, QW
   binder.bindSelection(list, form.List1);
   list->setAccessibleName(dialog->windowTitle());
   sizeList(list, 44);
-  auto* number = new QLineEdit;
-  binder.bind(number, form.Text1);
+  auto* number = binder.make<QLineEdit>(form.Text1);
   number->setMaximumWidth(number->fontMetrics().averageCharWidth() * 10);
-  auto* caption = addLabel(binder, form.Label1);
-  caption->setBuddy(number);
+  auto* caption = addCaption(binder, form.Label1, number);
   caption->setWordWrap(false);
   auto* grid = new QGridLayout(dialog);
   grid->addWidget(list, 0, 0, 6, 2);
@@ -111,8 +110,7 @@ DialogWindow* makeBankDialog(memory::BankDialog& form, platform::EventGate& gate
   auto* list = new QListWidget;
   binder.bindSelection(list, form.List1);
   sizeList(list, 32);
-  auto* caption = addLabel(binder, form.Label1);
-  caption->setBuddy(list);
+  auto* caption = addCaption(binder, form.Label1, list);
   list->setAccessibleName(caption->text());
   auto* bar = new ProgressBar(form.progress);
   keepRoom(bar);
@@ -124,9 +122,7 @@ DialogWindow* makeBankDialog(memory::BankDialog& form, platform::EventGate& gate
   grid->setRowStretch(3, 1);
   grid->addWidget(addButton(binder, form.Command2), 4, 1);
   if (platform::CheckBox* option = form.option()) {
-    auto* box = new QCheckBox;
-    binder.bind(box, *option);
-    grid->addWidget(box, 5, 0, 1, 2);
+    grid->addWidget(binder.make<QCheckBox>(*option), 5, 0, 1, 2);
   }
   grid->addWidget(bar, 6, 0, 1, 2);
   return dialog;
@@ -136,18 +132,10 @@ DialogWindow* makeAboutDialog(shell::frmAbout& form, platform::EventGate& gate, 
   auto* dialog = new DialogWindow(
       gate, form.window, [&form] { form.Command1.userClick(); }, parent);
   Binder& binder = dialog->binder();
-  auto* picture = makeLabel();
-  const int side = picture->fontMetrics().height() * 4;
-  picture->setPixmap(QIcon(QStringLiteral(":/tarnvex.svg")).pixmap(side, side));
-  auto* name = makeLabel(QStringLiteral("Tarnvex"));
-  QFont strong = name->font();
-  strong.setBold(true);
-  strong.setPointSizeF(strong.pointSizeF() * 1.6);
-  name->setFont(strong);
   auto* grid = new QGridLayout(dialog);
-  grid->setHorizontalSpacing(side / 3);
-  grid->addWidget(picture, 0, 0, 7, 1, Qt::AlignTop);
-  grid->addWidget(name, 0, 1);
+  grid->setHorizontalSpacing(dialog->fontMetrics().height() * 4 / 3);
+  grid->addWidget(makeIcon(4), 0, 0, 7, 1, Qt::AlignTop);
+  grid->addWidget(makeLine(QStringLiteral("Tarnvex"), 1.6, true), 0, 1);
   int row = 1;
   for (const platform::Label* label :
        {&form.Label2, &form.Label1, &form.lblScanner, &form.lblSerial, &form.lblFirmware}) {
@@ -168,11 +156,9 @@ DialogWindow* makeLockoutsDialog(search::frmLockouts& form, platform::EventGate&
   binder.bindTicks(list, form.List1);
   list->setAccessibleName(dialog->windowTitle());
   sizeList(list, 32);
-  auto* help = addLabel(binder, form.Label1);
-  help->setBuddy(list);
   auto* grid = new QGridLayout(dialog);
   grid->addWidget(list, 0, 0, 1, 2);
-  grid->addWidget(help, 1, 0, 1, 2);
+  grid->addWidget(addCaption(binder, form.Label1, list), 1, 0, 1, 2);
   grid->addWidget(addMainButton(binder, form.Command1), 2, 0);
   grid->addWidget(addButton(binder, form.Command2), 2, 1);
   grid->setRowStretch(0, 1);
@@ -183,29 +169,44 @@ DialogWindow* makeSystemTypeDialog(trunking::Form3& form, platform::EventGate& g
                                    QWidget* parent) {
   auto* dialog = new DialogWindow(gate, form.window, nullptr, parent);
   Binder& binder = dialog->binder();
-  auto* type = new QComboBox;
-  binder.bind(type, form.Combo1);
+  auto* type = binder.make<QComboBox>(form.Combo1);
   type->setAccessibleName(toScreen(form.Label1.caption()));
-  auto* base = new QLineEdit;
-  binder.bind(base, form.BFText);
-  auto* step = new QComboBox;
-  binder.bind(step, form.Combo2);
-  auto* baseCaption = addLabel(binder, form.BFLabel);
-  auto* stepCaption = addLabel(binder, form.OSLabel);
-  baseCaption->setBuddy(base);
-  stepCaption->setBuddy(step);
+  auto* base = binder.make<QLineEdit>(form.BFText);
+  auto* step = binder.make<QComboBox>(form.Combo2);
   auto* grid = new QGridLayout(dialog);
   grid->addWidget(addLabel(binder, form.Label1), 0, 0, 1, 2);
   grid->addWidget(addLabel(binder, form.Label2), 1, 0, 1, 2);
   grid->addWidget(type, 2, 0, 1, 2);
-  grid->addWidget(baseCaption, 3, 0);
+  grid->addWidget(addCaption(binder, form.BFLabel, base), 3, 0);
   grid->addWidget(base, 3, 1);
-  grid->addWidget(stepCaption, 4, 0);
+  grid->addWidget(addCaption(binder, form.OSLabel, step), 4, 0);
   grid->addWidget(step, 4, 1);
   grid->setRowStretch(5, 1);
   grid->addWidget(addMainButton(binder, form.Command1), 6, 0, 1, 2);
   return dialog;
 }
+
+namespace {
+
+/// The blocks are in two columns of four, below the preset that fills them and above the bank for
+/// which they are saved.
+void addFleetBoxes(trunking::Form5& form, QGridLayout* grid, Binder& binder) {
+  const auto add = [&](platform::ComboBox& model, const QString& caption, int row, int column) {
+    auto* combo = binder.make<QComboBox>(model);
+    auto* label = makeLabel(caption);
+    label->setBuddy(combo);
+    grid->addWidget(label, row, column);
+    grid->addWidget(combo, row, column + 1);
+  };
+  add(form.cboPreset, QObject::tr("Preset:"), 0, 0);
+  for (int block = 0; block < trunking::kFleetBlocks; ++block) {
+    add(form.cboBlock[static_cast<std::size_t>(block)], QObject::tr("Block %1:").arg(block),
+        2 + block % 4, block / 4 * 3);
+  }
+  add(form.cboBank, QObject::tr("Bank:"), 7, 0);
+}
+
+}  // namespace
 
 DialogWindow* makeFleetMapDialog(trunking::Form5& form, platform::EventGate& gate,
                                  QWidget* parent) {
@@ -213,22 +214,7 @@ DialogWindow* makeFleetMapDialog(trunking::Form5& form, platform::EventGate& gat
       gate, form.window, [&form] { form.Command1.userClick(); }, parent);
   Binder& binder = dialog->binder();
   auto* grid = new QGridLayout(dialog);
-  const auto add = [&](platform::ComboBox& model, const QString& caption, int row, int column) {
-    auto* combo = new QComboBox;
-    binder.bind(combo, model);
-    auto* label = makeLabel(caption);
-    label->setBuddy(combo);
-    grid->addWidget(label, row, column);
-    grid->addWidget(combo, row, column + 1);
-  };
-  // The blocks are in two columns of four, below the preset that fills them and above the bank for
-  // which they are saved.
-  add(form.cboPreset, QObject::tr("Preset:"), 0, 0);
-  for (int block = 0; block < trunking::kFleetBlocks; ++block) {
-    add(form.cboBlock[static_cast<std::size_t>(block)], QObject::tr("Block %1:").arg(block),
-        2 + block % 4, block / 4 * 3);
-  }
-  add(form.cboBank, QObject::tr("Bank:"), 7, 0);
+  addFleetBoxes(form, grid, binder);
   const int gap = QFontMetrics(dialog->font()).height();
   grid->setRowMinimumHeight(1, gap / 2);
   grid->setRowMinimumHeight(6, gap / 2);

@@ -5,7 +5,7 @@
 #include <functional>
 
 #include "desktop/windows/binder.h"
-#include "memory/apf_file.h"
+#include "memory/apf_dialogs.h"
 #include "memory/bank_dialog.h"
 #include "search/lockouts.h"
 #include "shell/about_form.h"

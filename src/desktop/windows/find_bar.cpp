@@ -3,8 +3,9 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QShortcut>
-#include <QToolButton>
 #include <algorithm>
+
+#include "desktop/windows/parts.h"
 
 namespace tarnvex::desktop {
 
@@ -13,37 +14,38 @@ FindBar::FindBar(QTableView& table, std::vector<int> columns, QStringList emptyT
       table_(table),
       columns_(std::move(columns)),
       emptyTexts_(std::move(emptyTexts)),
-      text_(new QLineEdit),
-      count_(new QLabel),
-      hideEmpty_(new QCheckBox(tr("Hide empty channels"))) {
+      text_(makeSearchLine("findText", tr("Find a tag, frequency, ID or tone"), tr("Find"))),
+      count_(named(new QLabel, "findCount")),
+      hideEmpty_(named(new QCheckBox(tr("Hide empty channels")), "hideEmpty")) {
   setObjectName(QStringLiteral("findBar"));
-  text_->setObjectName(QStringLiteral("findText"));
-  text_->setPlaceholderText(tr("Find a tag, frequency, ID or tone"));
-  text_->setAccessibleName(tr("Find"));
-  text_->setClearButtonEnabled(true);
   text_->setMaximumWidth(text_->fontMetrics().averageCharWidth() * 40);
-  count_->setObjectName(QStringLiteral("findCount"));
   count_->setMinimumWidth(count_->fontMetrics().horizontalAdvance(QStringLiteral("0000 of 0000")));
-  hideEmpty_->setObjectName(QStringLiteral("hideEmpty"));
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins({});
   row->addWidget(text_, 1);
-  const auto addButton = [&](Qt::ArrowType arrow, const QString& name, Way way) {
-    auto* button = new QToolButton;
-    button->setArrowType(arrow);
-    button->setToolTip(name);
-    button->setAccessibleName(name);
-    connect(button, &QToolButton::clicked, this, [this, way] { find(way); });
-    row->addWidget(button);
-  };
-  addButton(Qt::UpArrow, tr("Find the previous one (Shift+F3)"), Way::Back);
-  addButton(Qt::DownArrow, tr("Find the next one (F3)"), Way::Next);
+  row->addWidget(makeArrow(Qt::UpArrow, tr("Find the previous one (Shift+F3)"), Way::Back));
+  row->addWidget(makeArrow(Qt::DownArrow, tr("Find the next one (F3)"), Way::Next));
   row->addWidget(count_);
   row->addStretch();
   row->addWidget(hideEmpty_);
   connect(text_, &QLineEdit::textChanged, this, [this] { find(Way::Here); });
   connect(text_, &QLineEdit::returnPressed, this, [this] { find(Way::Next); });
   connect(hideEmpty_, &QCheckBox::toggled, this, [this] { hideRows(); });
+  followTable();
+  addKeys(page);
+  hide();
+}
+
+QToolButton* FindBar::makeArrow(Qt::ArrowType arrow, const QString& spoken, Way way) {
+  auto* button = new QToolButton;
+  button->setArrowType(arrow);
+  button->setToolTip(spoken);
+  button->setAccessibleName(spoken);
+  connect(button, &QToolButton::clicked, this, [this, way] { find(way); });
+  return button;
+}
+
+void FindBar::followTable() {
   connect(table_.model(), &QAbstractItemModel::dataChanged, this,
           [this](const QModelIndex& cell) { hideRow(cell.row()); });
   connect(table_.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
@@ -51,8 +53,6 @@ FindBar::FindBar(QTableView& table, std::vector<int> columns, QStringList emptyT
             hideRow(now.row());
             hideRow(before.row());
           });
-  addKeys(page);
-  hide();
 }
 
 void FindBar::addKeys(QWidget* page) {
@@ -110,17 +110,18 @@ void FindBar::find(Way way) {
     count_->setText(text_->text().trimmed().isEmpty() ? QString() : tr("Not found"));
     return;
   }
-  const int from = table_.currentIndex().row();
-  auto at = way == Way::Next ? std::ranges::upper_bound(rows, from)
-                             : std::ranges::lower_bound(rows, from);
-  if (way == Way::Back) {
-    at = at == rows.begin() ? rows.end() - 1 : at - 1;
-  } else if (at == rows.end()) {
-    at = rows.begin();
-  }
+  const std::size_t at = placeAfter(rows, table_.currentIndex().row(), way);
   const int column = std::max(table_.currentIndex().column(), 1);
-  table_.setCurrentIndex(table_.model()->index(*at, column));
-  count_->setText(tr("%1 of %2").arg(at - rows.begin() + 1).arg(rows.size()));
+  table_.setCurrentIndex(table_.model()->index(rows[at], column));
+  count_->setText(tr("%1 of %2").arg(at + 1).arg(rows.size()));
+}
+
+/// Which of the found rows comes next from a row, round the ends of the table.
+std::size_t FindBar::placeAfter(const std::vector<int>& rows, int from, Way way) {
+  const auto here = way == Way::Next ? std::ranges::upper_bound(rows, from)
+                                     : std::ranges::lower_bound(rows, from);
+  const auto place = static_cast<std::size_t>(here - rows.begin());
+  return (place + (way == Way::Back ? rows.size() - 1 : 0)) % rows.size();
 }
 
 void FindBar::hideRow(int row) {

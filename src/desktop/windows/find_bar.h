@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableView>
+#include <QToolButton>
 #include <vector>
 
 namespace tarnvex::desktop {
@@ -26,9 +27,12 @@ class FindBar : public QWidget {
  private:
   enum class Way { Here, Next, Back };
 
+  QToolButton* makeArrow(Qt::ArrowType arrow, const QString& spoken, Way way);
+  void followTable();
   void addKeys(QWidget* page);
   void close();
   void find(Way way);
+  [[nodiscard]] static std::size_t placeAfter(const std::vector<int>& rows, int from, Way way);
   [[nodiscard]] bool matches(int row) const;
   [[nodiscard]] bool isEmpty(int row) const;
   [[nodiscard]] std::vector<int> foundRows() const;

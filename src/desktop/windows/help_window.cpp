@@ -8,6 +8,9 @@
 #include <QTextDocument>
 #include <QVBoxLayout>
 
+#include "desktop/windows/manual_page.h"
+#include "desktop/windows/parts.h"
+
 namespace tarnvex::desktop {
 namespace {
 
@@ -20,26 +23,6 @@ bool holdsAll(const QString& text, const QStringList& words) {
   return std::ranges::all_of(
       words, [&](const QString& word) { return text.contains(word, Qt::CaseInsensitive); });
 }
-
-/// A page of the manual. On a high-resolution screen it uses the larger of a picture's two files.
-class PageView : public QTextBrowser {
- public:
-  explicit PageView(const QString& folder) : folder_(folder) { setSearchPaths({folder}); }
-
-  QVariant loadResource(int type, const QUrl& name) override {
-    if (type == QTextDocument::ImageResource && devicePixelRatioF() > 1) {
-      QString fine = name.path();
-      fine.insert(fine.lastIndexOf(QLatin1Char('.')), QLatin1String("@2x"));
-      if (const QImage picture(folder_.filePath(fine)); !picture.isNull()) {
-        return picture;
-      }
-    }
-    return QTextBrowser::loadResource(type, name);
-  }
-
- private:
-  QDir folder_;
-};
 
 /// The width of the widest picture in the manual.
 constexpr int kPictureWidth = 702;
@@ -58,24 +41,29 @@ QString HelpWindow::helpFolder() {
 
 HelpWindow::HelpWindow(const QString& folder)
     : folder_(folder),
-      search_(new QLineEdit),
-      list_(new QListWidget),
-      text_(new PageView(folder_)) {
+      search_(makeSearchLine("helpSearch", tr("Search"), tr("Search"))),
+      list_(named(new QListWidget, "helpPages", tr("Pages"))),
+      text_(named(new ManualPage(folder_), "helpText")) {
   setObjectName(QStringLiteral("help"));
   setWindowTitle(tr("Tarnvex Help"));
-  search_->setObjectName(QStringLiteral("helpSearch"));
-  search_->setPlaceholderText(tr("Search"));
-  search_->setAccessibleName(tr("Search"));
-  search_->setClearButtonEnabled(true);
-  list_->setObjectName(QStringLiteral("helpPages"));
-  list_->setAccessibleName(tr("Pages"));
   list_->setWordWrap(true);
   list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  text_->setObjectName(QStringLiteral("helpText"));
   text_->setOpenExternalLinks(false);
   text_->setMinimumWidth(kPictureWidth + static_cast<int>(text_->document()->documentMargin()) * 2 +
                          text_->frameWidth() * 2 +
                          text_->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+  layOut();
+  colourLinks();
+  readPages();
+  listPages();
+  connect(search_, &QLineEdit::textChanged, this, [this] { listPages(); });
+  connect(list_, &QListWidget::currentItemChanged, this, &HelpWindow::open);
+  // A click opens the page even if its line is the current one, since a link may have led
+  // elsewhere.
+  connect(list_, &QListWidget::itemClicked, this, &HelpWindow::open);
+}
+
+void HelpWindow::layOut() {
   auto* side = new QWidget;
   auto* column = new QVBoxLayout(side);
   column->setContentsMargins(0, 0, 0, 0);
@@ -91,16 +79,6 @@ HelpWindow::HelpWindow(const QString& folder)
   const int textWidth = std::max(text_->minimumWidth(), metrics.averageCharWidth() * 110);
   splitter->setSizes({listWidth, textWidth});
   resize(listWidth + textWidth, metrics.height() * 40);
-  colourLinks();
-  readPages();
-  listPages();
-  connect(search_, &QLineEdit::textChanged, this, [this] { listPages(); });
-  connect(list_, &QListWidget::currentItemChanged, this,
-          [this](const QListWidgetItem* item) { open(item); });
-  // A click opens the page even if its line is the current one, since a link may have led
-  // elsewhere.
-  connect(list_, &QListWidget::itemClicked, this,
-          [this](const QListWidgetItem* item) { open(item); });
 }
 
 void HelpWindow::readPages() {

@@ -34,6 +34,7 @@ class HelpWindow : public QWidget {
     QString words;
   };
 
+  void layOut();
   void colourLinks();
   void readPages();
   void listPages();

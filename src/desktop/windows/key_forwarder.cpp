@@ -1,10 +1,28 @@
 #include "desktop/windows/key_forwarder.h"
 
-#include <QKeyEvent>
+#include <optional>
 
 #include "desktop/ports/text.h"
 
 namespace tarnvex::desktop {
+
+namespace {
+
+/// What a key types for the form, "\r" for Enter; nothing if it is none of its keys.
+std::optional<char> characterOf(const QKeyEvent& key, const QObject& watched) {
+  if ((key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0) {
+    return std::nullopt;
+  }
+  if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
+    // On the panel, Enter presses the key with the focus.
+    return watched.objectName() == QLatin1String("panel") ? std::nullopt : std::optional('\r');
+  }
+  const std::string typed = fromScreen(key.text());
+  return typed.size() == 1 && static_cast<unsigned char>(typed[0]) > ' ' ? std::optional(typed[0])
+                                                                         : std::nullopt;
+}
+
+}  // namespace
 
 bool KeyForwarder::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease) {
@@ -14,28 +32,20 @@ bool KeyForwarder::eventFilter(QObject* watched, QEvent* event) {
   if (!key->isAutoRepeat()) {
     down_ = event->type() == QEvent::KeyPress ? key->key() : 0;
   }
-  if (event->type() == QEvent::KeyRelease) {
-    return false;
-  }
+  return event->type() == QEvent::KeyPress && press(*key, *watched);
+}
+
+bool KeyForwarder::press(const QKeyEvent& key, const QObject& watched) {
   // The key has been held down since another window had the focus, such as the small window that it
   // closed.
-  if (key->isAutoRepeat() && key->key() != down_) {
+  if (key.isAutoRepeat() && key.key() != down_) {
     return true;
   }
-  if ((key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0) {
-    return false;
+  const auto character = characterOf(key, watched);
+  if (character) {
+    gate_.enter([&form = form_, character = *character] { form.typeKey(character); });
   }
-  // On the panel, Enter presses the key with the focus.
-  const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
-  if (enter && watched->objectName() == QLatin1String("panel")) {
-    return false;
-  }
-  const std::string typed = enter ? "\r" : fromScreen(key->text());
-  if (typed.size() != 1 || (!enter && static_cast<unsigned char>(typed[0]) <= ' ')) {
-    return false;
-  }
-  gate_.enter([&form = form_, character = typed[0]] { form.typeKey(character); });
-  return true;
+  return character.has_value();
 }
 
 }  // namespace tarnvex::desktop

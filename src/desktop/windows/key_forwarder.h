@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QKeyEvent>
 #include <QObject>
 
 #include "platform/event_gate.h"
@@ -19,6 +20,9 @@ class KeyForwarder : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  /// Whether the key is dealt with.
+  bool press(const QKeyEvent& key, const QObject& watched);
+
   shell::MainForm& form_;
   platform::EventGate& gate_;
   /// The key that is held down. 0 if there is none.

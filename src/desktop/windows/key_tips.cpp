@@ -87,6 +87,17 @@ QString otherTip(const PanelKey& key, bool togglesBanks) {
   return compose(translated("Does nothing: this key only works on the radio itself"), {}, {});
 }
 
+QString tipOf(const PanelKey& key, bool togglesBanks) {
+  const auto tip = std::ranges::find_if(
+      kTips, [&](const Tip& one) { return key.label == QLatin1String(one.label); });
+  if (tip == kTips.end() || key.tone == KeyTone::Bank) {
+    return otherTip(key, togglesBanks);
+  }
+  const bool holds = *tip->right != '\0' && (!togglesBanks || handHeldHolds(key.label));
+  return compose(translated(tip->does), QLatin1String(tip->letter),
+                 holds ? translated(tip->right) : QString());
+}
+
 }  // namespace
 
 PanelLayout withTips(PanelLayout layout) {
@@ -99,16 +110,7 @@ PanelLayout withTips(PanelLayout layout) {
         "Right button: up; left button: down");
   }
   for (PanelKey& key : layout.keys) {
-    const auto tip = std::ranges::find_if(
-        kTips, [&](const Tip& one) { return key.label == QLatin1String(one.label); });
-    const bool found = tip != kTips.end() && key.tone != KeyTone::Bank;
-    if (!found) {
-      key.tip = otherTip(key, togglesBanks);
-      continue;
-    }
-    const bool holds = *tip->right != '\0' && (!togglesBanks || handHeldHolds(key.label));
-    key.tip = compose(translated(tip->does), QLatin1String(tip->letter),
-                      holds ? translated(tip->right) : QString());
+    key.tip = tipOf(key, togglesBanks);
   }
   return layout;
 }

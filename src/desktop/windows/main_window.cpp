@@ -11,12 +11,14 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 #include "desktop/ports/text.h"
 #include "desktop/windows/accessible_roles.h"
 #include "desktop/windows/dialog_window.h"
 #include "desktop/windows/key_tips.h"
 #include "desktop/windows/pages.h"
+#include "desktop/windows/parts.h"
 #include "desktop/windows/recording_light.h"
 #include "desktop/windows/window_exit.h"
 
@@ -33,30 +35,29 @@ MainWindow::MainWindow(shell::MainForm& form, platform::EventGate& gate, Report 
   installAccessibleRoles();
   setObjectName(QString::fromStdString(form.window.name()));
   setCentralWidget(new QWidget);
+  addTabs();
+  addMenus();
+  binder_.follow(form_.window.changed,
+                 [this] { setWindowTitle(titleToScreen(form_.window.caption())); });
+}
+
+void MainWindow::addTabs() {
   auto* layout = new QBoxLayout(QBoxLayout::TopToBottom, centralWidget());
   layout->addWidget(tabs_);
-  tabs_->setObjectName(QString::fromStdString(form.SSTab1.name()));
+  tabs_->setObjectName(QString::fromStdString(form_.SSTab1.name()));
   tabs_->setAccessibleName(tr("Pages"));
+  tabs_->setCornerWidget(new RecordingLight(form_.recordingLight()));
   // The keyboard controls the radio from the tab strip, so that has the focus at first.
   tabs_->tabBar()->setFocusPolicy(Qt::StrongFocus);
   tabs_->tabBar()->setFocus();
   tabs_->tabBar()->installEventFilter(keys_);
-  tabs_->setCornerWidget(new RecordingLight(form_.recordingLight()));
-  addMenus();
-  const auto showTitle = [this] { setWindowTitle(titleToScreen(form_.window.caption())); };
-  showTitle();
-  binder_.keep(form_.window.changed.connect(showTitle));
 }
 
 MainWindow::MainWindow(shell::Form4& form, platform::EventGate& gate, DeviceSlots& devices,
                        Report report)
     : MainWindow(form, gate, std::move(report)) {
-  auto* panel = new RadioPanel(withTips(bc895Layout()));
-  panelBinding_ = std::make_unique<PanelBinding>(*panel, form, gate);
-  panelBinding_->follow(form.linkState);
-  markReception(form.panel.Channel);
   // The wide desk set is above the pages.
-  place(panel, QBoxLayout::TopToBottom);
+  addPanel(form, bc895Layout(), QBoxLayout::TopToBottom);
   addPages(makeOptionsPage({{makeLinkFrame(form.linkControls, form.linkState, devices, binder_)},
                             {makeMultiscanFrame(form.multiscan, binder_)},
                             {makeSwitchesFrame(form, binder_, true)},
@@ -65,20 +66,18 @@ MainWindow::MainWindow(shell::Form4& form, platform::EventGate& gate, DeviceSlot
   // At usual font sizes all pages fit without scrolling.
   const QFontMetrics metrics(font());
   const int width = metrics.averageCharWidth() * 168;
-  resize(width, panel->heightForWidth(width) + metrics.height() * 20);
+  resize(width, panel_->heightForWidth(width) + metrics.height() * 20);
 }
 
 MainWindow::MainWindow(shell::Form2& form, platform::EventGate& gate, DeviceSlots& devices,
                        Report report)
     : MainWindow(form, gate, std::move(report)) {
-  auto* panel = new RadioPanel(withTips(bc245Layout()));
-  panelBinding_ = std::make_unique<PanelBinding>(*panel, form, gate);
-  panelBinding_->follow(form.linkState);
-  markReception(form.panel.Channel);
   trunkedMenu_->addSeparator();
-  addCommand(trunkedMenu_, "mnuCustom", tr("&Custom Fleet Map..."), [&form] { form.mnuCustom(); });
+  named(trunkedMenu_->addAction(tr("&Custom Fleet Map..."), this,
+                                [&form, &gate] { gate.enter([&form] { form.mnuCustom(); }); }),
+        "mnuCustom");
   // The upright hand-held is beside the pages.
-  place(panel, QBoxLayout::LeftToRight);
+  addPanel(form, bc245Layout(), QBoxLayout::LeftToRight);
   addPages(makeOptionsPage(
       {{makeLinkFrame(form.linkControls, form.linkState, devices, binder_),
         makeSwitchesFrame(form, binder_, false)},
@@ -86,6 +85,20 @@ MainWindow::MainWindow(shell::Form2& form, platform::EventGate& gate, DeviceSlot
        {makeReceiverFrame(form.receiver, binder_)}}));
   const QFontMetrics metrics(font());
   resize(metrics.averageCharWidth() * 168, metrics.height() * 40);
+}
+
+template <class Form>
+void MainWindow::addPanel(Form& form, PanelLayout front, QBoxLayout::Direction direction) {
+  panel_ = named(new RadioPanel(withTips(std::move(front))), "panel");
+  panel_->installEventFilter(keys_);
+  panelIsAbove_ = direction == QBoxLayout::TopToBottom;
+  auto* layout = static_cast<QBoxLayout*>(centralWidget()->layout());
+  layout->setDirection(direction);
+  layout->insertWidget(0, panel_);
+  layout->setStretchFactor(tabs_, 1);
+  panelBinding_ = std::make_unique<PanelBinding>(*panel_, form, binder_.gate());
+  panelBinding_->follow(form.linkState);
+  markReception(form.panel.Channel);
 }
 
 void MainWindow::addPages(QWidget* options) {
@@ -97,70 +110,39 @@ void MainWindow::addPages(QWidget* options) {
 }
 
 void MainWindow::addMenus() {
-  auto* file = menuBar()->addMenu(tr("&File"));
-  file->setObjectName(QStringLiteral("mnuFile"));
-  addCommand(file, "mnuNew", tr("&New Frequency File..."), &shell::MainForm::mnuNew)
-      ->setShortcut(QKeySequence::New);
-  addCommand(file, "mnuOpenConv", tr("&Open Frequency File..."), &shell::MainForm::mnuOpenConv)
-      ->setShortcut(QKeySequence::Open);
-  addCommand(file, "mnuSaveConv", tr("&Save Frequency File..."), &shell::MainForm::mnuSaveConv)
-      ->setShortcut(QKeySequence::Save);
-  addCommand(file, "mnuOpenBackup", tr("Open &Backup..."), &shell::MainForm::mnuOpenBackup);
-  file->addSeparator();
-  addCommand(file, "mnuImport", tr("&Import from APF..."), &shell::MainForm::mnuImport);
-  addCommand(file, "mnuExport", tr("&Export To APF..."), &shell::MainForm::mnuExport);
-  file->addSeparator();
-  auto* exit = file->addAction(tr("E&xit"), this, [this] { close(); });
-  exit->setObjectName(QStringLiteral("mnuExit"));
+  addExit(addMenu("mnuFile", tr("&File"), kFileCommands));
+  addMenu("mnuConv", tr("&Conventional"), kConventionalCommands);
+  trunkedMenu_ = addMenu("mnuTrunked", tr("&Trunked"), kTrunkedCommands);
+  addMenu("mnuView", tr("&View"), kViewCommands);
+  auto* help = addMenu("mnuHelp", tr("&Help"), {});
+  addHelpHere(help);
+  addCommands(help, kManualCommands, form_, binder_.gate());
+  named(help->addAction(tr("Copy &Report"), this, &MainWindow::copyReport), "copyReport");
+  addCommands(help, kAboutCommands, form_, binder_.gate());
+}
+
+QMenu* MainWindow::addMenu(const char* name, const QString& caption,
+                           std::span<const MenuCommand> commands) {
+  auto* menu = named(menuBar()->addMenu(caption), name);
+  addCommands(menu, commands, form_, binder_.gate());
+  return menu;
+}
+
+void MainWindow::addExit(QMenu* menu) {
+  auto* exit = named(menu->addAction(tr("E&xit"), this, [this] { close(); }), "mnuExit");
   exit->setMenuRole(QAction::QuitRole);
   // Not every platform has a standard shortcut for it.
   exit->setShortcut(Qt::CTRL | Qt::Key_Q);
-  auto* conventional = menuBar()->addMenu(tr("&Conventional"));
-  conventional->setObjectName(QStringLiteral("mnuConv"));
-  addCommand(conventional, "mnuUpload", tr("&Upload To Scanner..."), &shell::MainForm::mnuUpload);
-  addCommand(conventional, "mnuDownload", tr("&Download From Scanner..."),
-             &shell::MainForm::mnuDownload);
-  conventional->addSeparator();
-  addCommand(conventional, "mnuReset", tr("&Reset Scanner"), &shell::MainForm::mnuReset);
-  trunkedMenu_ = menuBar()->addMenu(tr("&Trunked"));
-  trunkedMenu_->setObjectName(QStringLiteral("mnuTrunked"));
-  addCommand(trunkedMenu_, "mnuUploadTrunk", tr("&Upload to Scanner..."),
-             &shell::MainForm::mnuUploadTrunk);
-  addCommand(trunkedMenu_, "mnuOwnloadTrunk", tr("&Download From Scanner..."),
-             &shell::MainForm::mnuOwnloadTrunk);
-  auto* view = menuBar()->addMenu(tr("&View"));
-  view->setObjectName(QStringLiteral("mnuView"));
-  addCommand(view, "mnuQV", tr("&Quickview Window"), &shell::MainForm::mnuQV);
-  addCommand(view, "mnuReceptions", tr("&Reception Log"), &shell::MainForm::mnuReceptions);
-  auto* help = menuBar()->addMenu(tr("&Help"));
-  help->setObjectName(QStringLiteral("mnuHelp"));
-  auto* here = help->addAction(tr("Help on This &Page"), this, [this] {
-    static const std::array kPages = {"plan.html", "trunking.html", "connection.html",
-                                      "searching.html"};
+}
+
+void MainWindow::addHelpHere(QMenu* menu) {
+  static constexpr std::array kPages = {"plan.html", "trunking.html", "connection.html",
+                                        "searching.html"};
+  auto* here = menu->addAction(tr("Help on This &Page"), this, [this] {
     const auto page = static_cast<std::size_t>(std::max(tabs_->currentIndex(), 0));
     helpWanted.notify(QLatin1String(kPages[std::min(page, kPages.size() - 1)]));
   });
-  here->setObjectName(QStringLiteral("helpHere"));
-  here->setShortcut(Qt::Key_F1);
-  addCommand(help, "mnuContents", tr("&Contents"), &shell::MainForm::mnuContents);
-  addCommand(help, "mnuSearch", tr("&Search"), &shell::MainForm::mnuSearch);
-  help->addSeparator();
-  help->addAction(tr("Copy &Report"), this, &MainWindow::copyReport)
-      ->setObjectName(QStringLiteral("copyReport"));
-  addCommand(help, "mnuAbout", tr("&About..."), &shell::MainForm::mnuAbout);
-}
-
-QAction* MainWindow::addCommand(QMenu* menu, const char* name, const QString& caption,
-                                void (shell::MainForm::*command)()) {
-  return addCommand(menu, name, caption, [&form = form_, command] { (form.*command)(); });
-}
-
-QAction* MainWindow::addCommand(QMenu* menu, const char* name, const QString& caption,
-                                platform::EventGate::Handler command) {
-  auto* action = menu->addAction(
-      caption, this, [this, command = std::move(command)] { binder_.gate().enter(command); });
-  action->setObjectName(QLatin1String(name));
-  return action;
+  named(here, "helpHere")->setShortcut(Qt::Key_F1);
 }
 
 /// The panel's channel is "12" or, for the priority channel, "P  12".
@@ -184,27 +166,14 @@ void MainWindow::copyReport() {
   }
 }
 
-void MainWindow::place(RadioPanel* panel, QBoxLayout::Direction direction) {
-  panel->setObjectName(QStringLiteral("panel"));
-  panel->installEventFilter(keys_);
-  panel_ = panel;
-  panelIsAbove_ = direction == QBoxLayout::TopToBottom;
-  auto* layout = static_cast<QBoxLayout*>(centralWidget()->layout());
-  layout->setDirection(direction);
-  layout->insertWidget(0, panel);
-  layout->setStretchFactor(tabs_, 1);
-}
-
 void MainWindow::showTab() {
-  const auto show = [this] {
+  binder_.follow(form_.SSTab1.changed, [this] {
     if (tabs_->currentIndex() != form_.SSTab1.tab()) {
       // Otherwise the first control on the page would get the focus.
       tabs_->tabBar()->setFocus();
       tabs_->setCurrentIndex(form_.SSTab1.tab());
     }
-  };
-  show();
-  binder_.keep(form_.SSTab1.changed.connect(show));
+  });
   connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) { form_.SSTab1.setTab(tab); });
 }
 
@@ -228,9 +197,8 @@ void MainWindow::leaveScreen() {
 
 void MainWindow::restore(const WindowMemory& memory) {
   std::vector<QRect> screens;
-  for (const QScreen* screen : QGuiApplication::screens()) {
-    screens.push_back(screen->availableGeometry());
-  }
+  std::ranges::transform(QGuiApplication::screens(), std::back_inserter(screens),
+                         &QScreen::availableGeometry);
   setGeometry(fitToScreens(memory.place().value_or(QRect(pos(), size())), screens));
   if (memory.maximised()) {
     setWindowState(windowState() | Qt::WindowMaximized);

@@ -10,6 +10,7 @@
 #include "desktop/ports/device_slots.h"
 #include "desktop/windows/binder.h"
 #include "desktop/windows/key_forwarder.h"
+#include "desktop/windows/main_menus.h"
 #include "desktop/windows/panel_binding.h"
 #include "desktop/windows/plan_table.h"
 #include "desktop/windows/window_memory.h"
@@ -50,17 +51,18 @@ class MainWindow : public QMainWindow {
 
  private:
   MainWindow(shell::MainForm& form, platform::EventGate& gate, Report report);
+  void addTabs();
   void addMenus();
-  QAction* addCommand(QMenu* menu, const char* name, const QString& caption,
-                      void (shell::MainForm::*command)());
-  QAction* addCommand(QMenu* menu, const char* name, const QString& caption,
-                      platform::EventGate::Handler command);
+  QMenu* addMenu(const char* name, const QString& caption, std::span<const MenuCommand> commands);
+  void addExit(QMenu* menu);
+  void addHelpHere(QMenu* menu);
   void copyReport();
   /// Marks the channel that is being received in its table.
   void markReception(const platform::Label& channel);
   void restorePages(const WindowMemory& memory);
   [[nodiscard]] QVector<PlanTable*> tables() const;
-  void place(RadioPanel* panel, QBoxLayout::Direction direction);
+  template <class Form>
+  void addPanel(Form& form, PanelLayout front, QBoxLayout::Direction direction);
   void addPages(QWidget* options);
   void showTab();
   /// Shows the progress of work without a dialog of its own at the end of the menu bar, where it

@@ -2,24 +2,28 @@
 
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "desktop/windows/parts.h"
 #include "desktop/windows/plain_text.h"
 #include "platform/version.h"
 
 namespace tarnvex::desktop {
 namespace {
 
-QLabel* makeLine(const QString& text, double scale, bool strong) {
-  auto* label = makeLabel(text);
-  QFont font = label->font();
-  font.setPointSizeF(font.pointSizeF() * scale);
-  font.setBold(strong);
-  label->setFont(font);
-  return label;
+/// The program's name and version, one below the other.
+QLayout* makeTitle() {
+  auto* lines = new QVBoxLayout;
+  lines->addStretch();
+  lines->addWidget(makeLine(QStringLiteral("Tarnvex"), 2.6, true));
+  lines->addWidget(makeLabel(QObject::tr("Version %1").arg(QLatin1String(platform::version()))));
+  lines->addSpacing(QFontMetrics(QGuiApplication::font()).height() / 2);
+  lines->addWidget(
+      makeLabel(QObject::tr("Computer Control Software for Uniden Bearcat Trunking Scanners")));
+  lines->addStretch();
+  return lines;
 }
 
 void centre(QWidget* window) {
@@ -32,27 +36,14 @@ void centre(QWidget* window) {
 }  // namespace
 
 QWidget* makeSplash() {
-  auto* splash = new QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint);
-  splash->setObjectName(QStringLiteral("Form1"));
+  auto* splash = named(new QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), "Form1");
   splash->setWindowTitle(QStringLiteral("Tarnvex"));
-  auto* picture = makeLabel();
-  const int side = picture->fontMetrics().height() * 6;
-  picture->setPixmap(QIcon(QStringLiteral(":/tarnvex.svg")).pixmap(side, side));
-  auto* words = new QVBoxLayout;
-  words->addStretch();
-  words->addWidget(makeLine(QStringLiteral("Tarnvex"), 2.6, true));
-  words->addWidget(
-      makeLine(QObject::tr("Version %1").arg(QLatin1String(platform::version())), 1, false));
-  words->addSpacing(picture->fontMetrics().height() / 2);
-  words->addWidget(makeLine(
-      QObject::tr("Computer Control Software for Uniden Bearcat Trunking Scanners"), 1, false));
-  words->addStretch();
   auto* row = new QHBoxLayout(splash);
-  const int margin = picture->fontMetrics().height() * 2;
+  const int margin = splash->fontMetrics().height() * 2;
   row->setContentsMargins(margin, margin, margin, margin);
   row->setSpacing(margin);
-  row->addWidget(picture);
-  row->addLayout(words);
+  row->addWidget(makeIcon(6));
+  row->addLayout(makeTitle());
   centre(splash);
   return splash;
 }

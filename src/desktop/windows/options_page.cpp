@@ -7,12 +7,15 @@
 #include <QScrollArea>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <array>
 
 #include "desktop/ports/device_watcher.h"
 #include "desktop/ports/text.h"
 #include "desktop/windows/box_row.h"
 #include "desktop/windows/com_option.h"
 #include "desktop/windows/pages.h"
+#include "desktop/windows/parts.h"
 #include "desktop/windows/plain_text.h"
 
 namespace tarnvex::desktop {
@@ -20,12 +23,11 @@ namespace {
 
 /// Adds a row of bank boxes below their column headings.
 void addBankRow(QGridLayout* grid, int row, const QString& caption, monitor::BankRotation& rotation,
-                int first, Binder& binder) {
+                std::size_t first, Binder& binder) {
   grid->addWidget(makeLabel(caption), row, 0);
   QVector<QAbstractButton*> stop;
   for (int bank = 0; bank < 10; ++bank) {
-    auto* box = new QCheckBox;
-    binder.bind(box, rotation.MSBank[static_cast<std::size_t>(first + bank)]);
+    auto* box = binder.make<QCheckBox>(rotation.MSBank[first + static_cast<std::size_t>(bank)]);
     const auto* heading = static_cast<QLabel*>(grid->itemAtPosition(0, bank + 1)->widget());
     box->setAccessibleName(caption + QLatin1Char(' ') + heading->text());
     grid->addWidget(box, row, bank + 1, Qt::AlignHCenter);
@@ -34,35 +36,34 @@ void addBankRow(QGridLayout* grid, int row, const QString& caption, monitor::Ban
   new BoxRow(stop, stop.front());
 }
 
+/// The buttons that switch a rotation on and off.
+QLayout* makeBankSwitches(monitor::BankRotation& rotation, Binder& binder) {
+  auto* on = binder.make<QRadioButton>(rotation.Option5);
+  binder.follow(rotation.Option5.changed, [on, &model = rotation.Option5] {
+    on->setToolTip(model.enabled() ? QObject::tr("Steps the radio through the ticked banks.")
+                                   : QObject::tr("Steps the radio through the ticked banks. "
+                                                 "Tick one first."));
+    on->setAccessibleDescription(on->toolTip());
+  });
+  auto* row = new QHBoxLayout;
+  row->addWidget(on);
+  row->addWidget(binder.make<QRadioButton>(rotation.Option6));
+  row->addStretch();
+  return row;
+}
+
 /// Adds a rotation's "On" and "Off" to its frame, and returns a grid with the banks' headings, for
 /// rows of boxes.
 QGridLayout* addBankFrame(QGroupBox* frame, monitor::BankRotation& rotation,
                           const QStringList& banks, Binder& binder) {
-  frame->setObjectName(QStringLiteral("Frame2"));
   auto* grid = new QGridLayout;
   // Ten columns beside the hand-held must fit on a small screen.
   grid->setHorizontalSpacing(frame->fontMetrics().averageCharWidth() / 2);
   for (int bank = 0; bank < banks.size(); ++bank) {
     grid->addWidget(makeLabel(banks[bank]), 0, bank + 1, Qt::AlignHCenter);
   }
-  auto* on = new QRadioButton;
-  auto* off = new QRadioButton;
-  binder.bind(on, rotation.Option5);
-  binder.bind(off, rotation.Option6);
-  const auto tellWhy = [on, &model = rotation.Option5] {
-    on->setToolTip(model.enabled() ? QObject::tr("Steps the radio through the ticked banks.")
-                                   : QObject::tr("Steps the radio through the ticked banks. "
-                                                 "Tick one first."));
-    on->setAccessibleDescription(on->toolTip());
-  };
-  tellWhy();
-  binder.keep(rotation.Option5.changed.connect(tellWhy));
-  auto* switches = new QHBoxLayout;
-  switches->addWidget(on);
-  switches->addWidget(off);
-  switches->addStretch();
-  auto* column = new QVBoxLayout(frame);
-  column->addLayout(switches);
+  auto* column = new QVBoxLayout(named(frame, "Frame2"));
+  column->addLayout(makeBankSwitches(rotation, binder));
   column->addLayout(grid);
   column->addStretch();
   return grid;
@@ -71,55 +72,67 @@ QGridLayout* addBankFrame(QGroupBox* frame, monitor::BankRotation& rotation,
 void addCheckBoxes(QVBoxLayout* column, const std::vector<platform::CheckBox*>& boxes,
                    Binder& binder) {
   for (platform::CheckBox* model : boxes) {
-    auto* box = new QCheckBox;
-    binder.bind(box, *model);
-    column->addWidget(box);
+    column->addWidget(binder.make<QCheckBox>(*model));
   }
+}
+
+void addItem(QMenu* menu, search::SearchlistMenu::Item& item, Binder& binder) {
+  auto* action = menu->addAction(toScreen(item.caption), menu, [&binder, &item] {
+    binder.gate().enter([&item] { platform::run(item.onClick); });
+  });
+  action->setObjectName(QString::fromStdString(item.name));
+}
+
+/// Shows it at the pointer, or at the current line if it is opened by the keyboard.
+void popUp(QMenu* menu, const QListWidget* list) {
+  const QRect line = list->visualItemRect(list->currentItem());
+  const bool byMouse = list->viewport()->underMouse();
+  menu->popup(byMouse ? QCursor::pos() : list->viewport()->mapToGlobal(line.bottomLeft()));
 }
 
 /// Binds the popup menu of the saved searches, which is shown at the pointer.
 void bindSearchMenu(QListWidget* list, search::SearchlistMenu& model, Binder& binder) {
-  auto* menu = new QMenu(list);
-  menu->setObjectName(QStringLiteral("mnuSearchlist"));
-  for (const auto& [item, name] : {std::pair{&model.mnuSLSearch, "mnuSLSearch"},
-                                   std::pair{&model.mnuSLDelete, "mnuSLDelete"}}) {
-    auto* action = menu->addAction(toScreen(item->caption), list, [&binder, item = item] {
-      binder.gate().enter([item] {
-        if (item->onClick) {
-          item->onClick();
-        }
-      });
-    });
-    action->setObjectName(QLatin1String(name));
-  }
-  menu->setDefaultAction(menu->actions().first());
-  binder.keep(model.shown.connect([menu, list, &model] {
+  auto* menu = named(new QMenu(list), "mnuSearchlist");
+  addItem(menu, model.mnuSLSearch, binder);
+  addItem(menu, model.mnuSLDelete, binder);
+  QAction* search = menu->actions().first();
+  menu->setDefaultAction(search);
+  binder.keep(model.shown.connect([menu, search, list, &model] {
     const QString caption = toScreen(model.mnuSLSearch.caption);
-    menu->actions().first()->setText(caption.left(1) + withoutMnemonics(caption.mid(1)));
-    // If it is opened by the keyboard, it is shown at the current line instead.
-    const QRect line = list->visualItemRect(list->currentItem());
-    const bool byMouse = list->viewport()->underMouse();
-    menu->popup(byMouse ? QCursor::pos() : list->viewport()->mapToGlobal(line.bottomLeft()));
+    search->setText(caption.left(1) + withoutMnemonics(caption.mid(1)));
+    popUp(menu, list);
   }));
 }
 
 /// The state of the line in words. Its label always has space for two lines, so that nothing moves
 /// when the text changes.
 QLabel* makeLinkState(link::LinkState& state, Binder& binder) {
-  auto* label = makeLabel();
-  label->setObjectName(QStringLiteral("LinkState"));
-  label->setAccessibleName(QObject::tr("Link state"));
+  auto* label = named(makeLabel(), "LinkState", QObject::tr("Link state"));
   label->setWordWrap(true);
   label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   label->setMinimumHeight(label->fontMetrics().lineSpacing() * 2);
-  const auto show = [label, &state] {
+  binder.follow(state.changed, [label, &state] {
     label->setText(toScreen(state.text()));
     label->setToolTip(label->text());
     label->setAccessibleDescription(label->text());
-  };
-  show();
-  binder.keep(state.changed.connect(show));
+  });
   return label;
+}
+
+/// The four COM options with their devices, from the first row on. They follow the machine's
+/// devices as these come and go.
+void addComOptions(QGridLayout* grid, link::LinkControls& controls, DeviceSlots& devices,
+                   Binder& binder) {
+  QVector<ComOption*> options;
+  for (int slot = 1; slot <= DeviceSlots::kSlots; ++slot) {
+    auto& model = *controls.options[static_cast<std::size_t>(slot - 1)];
+    options.push_back(new ComOption(slot, model, devices, binder));
+    grid->addWidget(options.back(), slot - 1, 0);
+    grid->addWidget(options.back()->deviceBox(), slot - 1, 1);
+  }
+  const auto follow = [options] { std::ranges::for_each(options, &ComOption::showDevices); };
+  new DeviceWatcher({QStringLiteral("/dev"), QStringLiteral("/dev/serial/by-id")}, follow,
+                    options.front());
 }
 
 }  // namespace
@@ -128,22 +141,8 @@ QWidget* makeLinkFrame(link::LinkControls& controls, link::LinkState& state, Dev
                        Binder& binder) {
   auto* frame = new QGroupBox(QObject::tr("COM Port"));
   auto* grid = new QGridLayout(frame);
-  QVector<ComOption*> comOptions;
-  for (int slot = 1; slot <= DeviceSlots::kSlots; ++slot) {
-    auto* option =
-        new ComOption(slot, *controls.options[static_cast<std::size_t>(slot - 1)], devices, binder);
-    grid->addWidget(option, slot - 1, 0);
-    grid->addWidget(option->deviceBox(), slot - 1, 1);
-    comOptions.push_back(option);
-  }
-  const auto follow = [comOptions] {
-    for (ComOption* option : comOptions) {
-      option->showDevices();
-    }
-  };
-  new DeviceWatcher({QStringLiteral("/dev"), QStringLiteral("/dev/serial/by-id")}, follow, frame);
-  auto* baud = new QComboBox;
-  binder.bind(baud, controls.baudBox);
+  addComOptions(grid, controls, devices, binder);
+  auto* baud = binder.make<QComboBox>(controls.baudBox);
   auto* caption = makeLabel(QObject::tr("Baud Rate"));
   caption->setBuddy(baud);
   auto* connectButton = new QPushButton;
@@ -160,13 +159,12 @@ QWidget* makeLinkFrame(link::LinkControls& controls, link::LinkState& state, Dev
 QWidget* makeSwitchesFrame(shell::MainForm& form, Binder& binder, bool muteToo) {
   auto* frame = new QGroupBox(QObject::tr("Sound"));
   auto* column = new QVBoxLayout(frame);
-  addCheckBoxes(column, {&form.keyBeep.chkKeyBeep}, binder);
+  std::vector<platform::CheckBox*> boxes = {&form.keyBeep.chkKeyBeep, &form.recording.chkRecord};
   if (muteToo) {
-    addCheckBoxes(column, {&form.Check6}, binder);
+    boxes.insert(boxes.begin() + 1, &form.Check6);
   }
-  addCheckBoxes(column, {&form.recording.chkRecord}, binder);
-  auto* folder = new QPushButton(QObject::tr("Show recordings"));
-  folder->setObjectName(QStringLiteral("showRecordings"));
+  addCheckBoxes(column, boxes, binder);
+  auto* folder = named(new QPushButton(QObject::tr("Show recordings")), "showRecordings");
   const QString path = QString::fromStdString(form.programDirectory());
   folder->setToolTip(QObject::tr("Opens the folder %1").arg(path));
   QObject::connect(folder, &QPushButton::clicked, folder,
@@ -194,8 +192,7 @@ QWidget* makeSpeedFrame(monitor::SpeedEnhancement& speed, Binder& binder) {
 }
 
 QWidget* makeReceiverFrame(monitor::ReceiverOptions& options, Binder& binder) {
-  auto* frame = new QGroupBox(QObject::tr("BC245XLT Options"));
-  frame->setObjectName(QStringLiteral("Frame3"));
+  auto* frame = named(new QGroupBox(QObject::tr("BC245XLT Options")), "Frame3");
   auto* column = new QVBoxLayout(frame);
   addCheckBoxes(column,
                 {&options.Check1, &options.Check2, &options.Check3, &options.Check4,
@@ -204,45 +201,58 @@ QWidget* makeReceiverFrame(monitor::ReceiverOptions& options, Binder& binder) {
   auto* heading = makeLabel(toScreen(options.Label48.caption()));
   heading->setObjectName(QString::fromStdString(options.Label48.name()));
   column->addWidget(heading);
-  auto* views = new QVBoxLayout;
-  for (platform::OptionButton* model : {&options.Option8, &options.Option7}) {
-    auto* option = new QRadioButton;
-    binder.bind(option, *model);
-    views->addWidget(option);
-  }
-  column->addLayout(views);
+  column->addWidget(binder.make<QRadioButton>(options.Option8));
+  column->addWidget(binder.make<QRadioButton>(options.Option7));
   column->addStretch();
   return frame;
 }
 
-QWidget* makeSearchFrame(search::CustomSearch& search, Binder& binder) {
-  auto* frame = new QGroupBox(QObject::tr("Custom Search"));
+namespace {
+
+QLayout* makeLimits(search::CustomSearch& search, Binder& binder) {
   auto* rows = new QFormLayout;
   const std::array limits = {std::pair{&search.LLimit, QObject::tr("Lower Limit:")},
                              std::pair{&search.Ulimit, QObject::tr("Upper Limit:")}};
   for (const auto& [model, caption] : limits) {
-    auto* box = new QLineEdit;
-    binder.bind(box, *model);
+    auto* box = binder.make<QLineEdit>(*model);
     box->setAccessibleName(caption);
     box->setToolTip(QObject::tr("From 29 to 956 MHz. Enter sends it to the radio."));
     box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("0000.00000")));
     rows->addRow(caption, box);
   }
-  auto* searches = new QListWidget;
-  binder.bind(searches, search.saved.List3);
+  return rows;
+}
+
+}  // namespace
+
+QWidget* makeSearchFrame(search::CustomSearch& search, Binder& binder) {
+  auto* frame = new QGroupBox(QObject::tr("Custom Search"));
+  auto* searches = binder.make<QListWidget>(search.saved.List3);
   searches->setAccessibleName(QObject::tr("Saved searches"));
   searches->setToolTip(
       QObject::tr("A click sets both limits and offers to search. The right button offers more."));
   searches->setMinimumHeight(searches->fontMetrics().lineSpacing() * 4);
   bindSearchMenu(searches, search.mnuSearchlist, binder);
-  auto* save = new QPushButton;
-  binder.bind(save, search.Command4);
   auto* column = new QVBoxLayout(frame);
-  column->addLayout(rows);
+  column->addLayout(makeLimits(search, binder));
   column->addWidget(searches);
-  column->addWidget(save);
+  column->addWidget(binder.make<QPushButton>(search.Command4));
   return frame;
 }
+
+namespace {
+
+/// A page that scrolls if there isn't enough room for what it shows.
+QScrollArea* scrolling(QWidget* content) {
+  auto* page = new QScrollArea;
+  page->setWidget(content);
+  page->setWidgetResizable(true);
+  page->setFrameShape(QFrame::NoFrame);
+  page->setFocusPolicy(Qt::NoFocus);
+  return page;
+}
+
+}  // namespace
 
 QWidget* makeOptionsPage(const QVector<QVector<QWidget*>>& columns) {
   auto* content = new QWidget;
@@ -254,12 +264,7 @@ QWidget* makeOptionsPage(const QVector<QVector<QWidget*>>& columns) {
     }
     row->addLayout(column);
   }
-  auto* page = new QScrollArea;
-  page->setWidget(content);
-  page->setWidgetResizable(true);
-  page->setFrameShape(QFrame::NoFrame);
-  page->setFocusPolicy(Qt::NoFocus);
-  return page;
+  return scrolling(content);
 }
 
 }  // namespace tarnvex::desktop

@@ -24,14 +24,10 @@ PanelBinding::PanelBinding(RadioPanel& view, const monitor::PanelElements& eleme
                            const platform::Label& background)
     : view_(view) {
   for (const platform::Label* element : elements) {
-    show(*element);
-    connections_.push_back(element->changed.connect([this, element] { show(*element); }));
+    connections_.push_back(element->changed.follow([this, element] { show(*element); }));
   }
-  const auto showColour = [this, &background] {
-    view_.setDisplayColour(toScreen(background.backColor()));
-  };
-  showColour();
-  connections_.push_back(background.changed.connect(showColour));
+  connections_.push_back(background.changed.follow(
+      [this, &background] { view_.setDisplayColour(toScreen(background.backColor())); }));
 }
 
 PanelBinding::PanelBinding(RadioPanel& view, shell::Form4& form, platform::EventGate& gate)
@@ -47,6 +43,10 @@ PanelBinding::PanelBinding(RadioPanel& view, shell::Form4& form, platform::Event
       });
   QObject::connect(&view, &RadioPanel::displayDoubleClicked, &view,
                    [&gate, &form] { gate.enter([&form] { form.chooseDisplayColour(); }); });
+  bindKnob(view, form, gate);
+}
+
+void PanelBinding::bindKnob(RadioPanel& view, shell::Form4& form, platform::EventGate& gate) {
   const auto knob = [&gate, &form](Qt::MouseButton button, void (shell::Form4::*act)(bool)) {
     if (button == Qt::LeftButton || button == Qt::RightButton) {
       gate.enter([&form, act, up = button == Qt::RightButton] { (form.*act)(up); });
@@ -76,9 +76,7 @@ PanelBinding::PanelBinding(RadioPanel& view, shell::Form2& form, platform::Event
 }
 
 void PanelBinding::follow(const link::LinkState& line) {
-  const auto show = [this, &line] { view_.setLive(line.live()); };
-  show();
-  connections_.push_back(line.changed.connect(show));
+  connections_.push_back(line.changed.follow([this, &line] { view_.setLive(line.live()); }));
 }
 
 void PanelBinding::show(const platform::Label& element) {

@@ -24,6 +24,7 @@ class PanelBinding {
   void follow(const link::LinkState& line);
 
  private:
+  static void bindKnob(RadioPanel& view, shell::Form4& form, platform::EventGate& gate);
   void show(const platform::Label& element);
 
   RadioPanel& view_;

@@ -11,6 +11,7 @@
 
 #include "desktop/ports/text.h"
 #include "desktop/windows/binder.h"
+#include "desktop/windows/parts.h"
 
 namespace tarnvex::desktop {
 namespace {
@@ -101,15 +102,9 @@ PlanTable::PlanTable(platform::Table& table, memory::PlanEditor& editor, platfor
     : QTableView(parent), table_(table), editor_(editor), gate_(gate), stretched_(stretched) {
   setObjectName(QString::fromStdString(table.name()));
   setModel(new PlanModel(table, this));
-  setTabKeyNavigation(false);
   setEditTriggers(NoEditTriggers);
   setSelectionMode(ContiguousSelection);
-  setAlternatingRowColors(true);
-  setWordWrap(false);
-  setCornerButtonEnabled(false);
-  verticalHeader()->hide();
-  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  horizontalHeader()->setHighlightSections(false);
+  makePlain(this);
   horizontalHeader()->setSectionsMovable(false);
   cursor_ = table_.cursorMoved.connect([this] { showCursor(); });
   columns_ = table_.changed.connect([this] { showColumns(); });
@@ -121,30 +116,34 @@ PlanTable::PlanTable(platform::Table& table, memory::PlanEditor& editor, platfor
   showCursor();
 }
 
+template <class Act>
+QAction* PlanTable::addEdit(const char* name, const QString& caption,
+                            const QList<QKeySequence>& keys, Act act) {
+  auto* action = named(new QAction(caption, this), name);
+  action->setShortcuts(keys);
+  action->setShortcutContext(Qt::WidgetShortcut);
+  connect(action, &QAction::triggered, this, act);
+  addAction(action);
+  return action;
+}
+
 void PlanTable::addEditActions() {
-  const auto add = [this](const char* name, const QString& caption, const QList<QKeySequence>& keys,
-                          auto act) {
-    auto* action = new QAction(caption, this);
-    action->setObjectName(QLatin1String(name));
-    action->setShortcuts(keys);
-    action->setShortcutContext(Qt::WidgetShortcut);
-    connect(action, &QAction::triggered, this, act);
-    addAction(action);
-    return action;
-  };
-  undo_ = add("mnuUndo", tr("&Undo"), {QKeySequence(Qt::CTRL | Qt::Key_Z)},
-              [this] { beepUnless(editor_.undo()); });
-  redo_ = add("mnuRedo", tr("&Redo"),
+  undo_ = addEdit("mnuUndo", tr("&Undo"), {QKeySequence(Qt::CTRL | Qt::Key_Z)},
+                  [this] { beepUnless(editor_.undo()); });
+  redo_ =
+      addEdit("mnuRedo", tr("&Redo"),
               {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)},
               [this] { beepUnless(editor_.redo()); });
   auto* separator = new QAction(this);
   separator->setSeparator(true);
   addAction(separator);
-  add("mnuCut", tr("Cu&t"), {QKeySequence(Qt::CTRL | Qt::Key_X)}, [this] { cutSelection(); });
-  add("mnuCopy", tr("&Copy"), {QKeySequence(Qt::CTRL | Qt::Key_C)}, [this] { copySelection(); });
-  add("mnuPaste", tr("&Paste"), {QKeySequence(Qt::CTRL | Qt::Key_V)}, [this] { pasteClipboard(); });
-  add("mnuDelete", tr("&Delete"), {QKeySequence(Qt::Key_Delete)},
-      [this] { editor_.clear(table_, selectedCells(), "Delete"); });
+  addEdit("mnuCut", tr("Cu&t"), {QKeySequence(Qt::CTRL | Qt::Key_X)}, [this] { cutSelection(); });
+  addEdit("mnuCopy", tr("&Copy"), {QKeySequence(Qt::CTRL | Qt::Key_C)},
+          [this] { copySelection(); });
+  addEdit("mnuPaste", tr("&Paste"), {QKeySequence(Qt::CTRL | Qt::Key_V)},
+          [this] { pasteClipboard(); });
+  addEdit("mnuDelete", tr("&Delete"), {QKeySequence(Qt::Key_Delete)},
+          [this] { editor_.clear(table_, selectedCells(), "Delete"); });
 }
 
 void PlanTable::contextMenuEvent(QContextMenuEvent* event) {
@@ -211,25 +210,30 @@ void PlanTable::settleCursor() {
   setCurrentIndex(model()->index(table_.row() - 1, table_.col()));
 }
 
+int PlanTable::designWidth(int column) const {
+  const QFontMetrics metrics(font());
+  const int twips = table_.colWidth(column);
+  const double digit = metrics.horizontalAdvance(QStringLiteral("0123456789")) / 10.0;
+  return twips == platform::Table::kDesignWidth
+             ? metrics.horizontalAdvance(QStringLiteral("0000.00000"))
+             : static_cast<int>(twips / kTwipsPerDigit * digit);
+}
+
 void PlanTable::showColumns() {
   const QFontMetrics metrics(font());
-  const double digit = metrics.horizontalAdvance(QStringLiteral("0123456789")) / 10.0;
   verticalHeader()->setDefaultSectionSize(metrics.height() + metrics.height() / 3);
   for (int column = 0; column < table_.cols(); ++column) {
-    const int twips = table_.colWidth(column);
-    setColumnHidden(column, twips == 0);
+    setColumnHidden(column, table_.colWidth(column) == 0);
     const int heading = horizontalHeader()->sectionSizeHint(column) + metrics.averageCharWidth();
-    const int design = twips == platform::Table::kDesignWidth
-                           ? metrics.horizontalAdvance(QStringLiteral("0000.00000"))
-                           : static_cast<int>(twips / kTwipsPerDigit * digit);
     horizontalHeader()->setSectionResizeMode(
         column, column == stretched_ ? QHeaderView::Stretch : QHeaderView::Interactive);
-    setColumnWidth(column, std::max(heading, design));
+    setColumnWidth(column, std::max(heading, designWidth(column)));
   }
 }
 
 std::vector<int> PlanTable::columnWidths() const {
   std::vector<int> widths;
+  widths.reserve(static_cast<std::size_t>(table_.cols()));
   for (int column = 0; column < table_.cols(); ++column) {
     widths.push_back(columnWidth(column));
   }

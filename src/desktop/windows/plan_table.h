@@ -58,8 +58,12 @@ class PlanTable : public QTableView {
 
  private:
   void showCursor();
+  [[nodiscard]] int designWidth(int column) const;
   void showColumns();
   bool typeText(const QString& text);
+  template <class Act>
+  QAction* addEdit(const char* name, const QString& caption, const QList<QKeySequence>& keys,
+                   Act act);
   void addEditActions();
   /// The selected cells, or the one under the cursor.
   [[nodiscard]] memory::CellRange selectedCells() const;

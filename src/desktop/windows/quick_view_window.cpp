@@ -20,6 +20,9 @@ constexpr double kTwipsPerPixel = 15;
 /// At least this many pixels of the window stay on a screen.
 constexpr int kSeen = 40;
 
+constexpr auto kWindowKind = Qt::Window | Qt::WindowStaysOnTopHint | Qt::WindowTitleHint |
+                             Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+
 shell::Twips toTwips(int x, int y) {
   return {x * kTwipsPerPixel, y * kTwipsPerPixel};
 }
@@ -41,14 +44,20 @@ bool onAScreen(const QRect& window) {
 
 QuickViewWindow::QuickViewWindow(shell::QuickViewForm& form, const PanelLayout& radio,
                                  platform::EventGate& gate)
-    : QWidget(nullptr, Qt::Window | Qt::WindowStaysOnTopHint | Qt::WindowTitleHint |
-                           Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint),
+    : QWidget(nullptr, kWindowKind),
       form_(form),
       gate_(gate),
       display_(new RadioPanel(displayOnly(radio), this)),
       binding_(*display_, form.elements(), form.background()) {
   setObjectName(QString::fromStdString(form.window.name()));
   setWindowTitle(titleToScreen(form.window.caption()));
+  addDisplay();
+  const int width = fontMetrics().averageCharWidth() * 44;
+  resize(width, display_->heightForWidth(width));
+  setMinimumSize(size() / 2);
+}
+
+void QuickViewWindow::addDisplay() {
   // The window handles all clicks.
   display_->setAttribute(Qt::WA_TransparentForMouseEvents);
   display_->setFocusPolicy(Qt::NoFocus);
@@ -57,9 +66,6 @@ QuickViewWindow::QuickViewWindow(shell::QuickViewForm& form, const PanelLayout& 
   // The colour around the display, which keeps its proportions whatever those of the window are.
   setPalette(QPalette(style::kBezel));
   layout->addWidget(display_);
-  const int width = fontMetrics().averageCharWidth() * 44;
-  resize(width, display_->heightForWidth(width));
-  setMinimumSize(size() / 2);
 }
 
 void QuickViewWindow::present() {

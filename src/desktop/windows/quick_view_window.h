@@ -35,6 +35,7 @@ class QuickViewWindow : public QWidget {
   void moveEvent(QMoveEvent* event) override;
 
  private:
+  void addDisplay();
   void askToClose();
 
   shell::QuickViewForm& form_;

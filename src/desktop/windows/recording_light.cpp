@@ -20,13 +20,11 @@ RecordingLight::RecordingLight(const platform::Label& model, QWidget* parent) : 
   setPalette(colours);
   const int gap = fontMetrics().averageCharWidth();
   setContentsMargins(gap, 0, gap, 0);
-  const auto show = [this, &model] {
+  changed_ = model.changed.follow([this, &model] {
     setText(toScreen(model.caption()));
     adjustSize();
     showIf(this, model.visible());
-  };
-  show();
-  changed_ = model.changed.connect(show);
+  });
 }
 
 }  // namespace tarnvex::desktop

@@ -8,13 +8,11 @@ namespace {
 
 void addHitList(QGridLayout* grid, int column, const QString& caption, platform::ListBox& list,
                 platform::Button& clear, Binder& binder) {
-  auto* hits = new QListWidget;
-  hits->setAlternatingRowColors(true);
+  auto* hits = binder.make<QListWidget>(list);
   auto* label = makeLabel(caption);
   label->setBuddy(hits);
-  auto* button = new QPushButton;
-  binder.bind(hits, list);
-  binder.bind(button, clear);
+  auto* button = binder.make<QPushButton>(clear);
+  hits->setAlternatingRowColors(true);
   hits->setAccessibleName(caption);
   hits->setToolTip(QObject::tr("A click stores the line in the table, at the table's cursor."));
   button->setAccessibleName(button->text() + QStringLiteral(": ") + caption);
@@ -33,9 +31,7 @@ QWidget* makeSearchPage(shell::MainForm& form, Binder& binder) {
              form.hitLists.Command1, binder);
   addHitList(grid, 2, QObject::tr("Trunked Search Hits"), form.hitLists.List2,
              form.hitLists.Command2, binder);
-  auto* skip = new QCheckBox;
-  binder.bind(skip, form.hitLists.chkSkip);
-  grid->addWidget(skip, 2, 0, 1, 4);
+  grid->addWidget(binder.make<QCheckBox>(form.hitLists.chkSkip), 2, 0, 1, 4);
   return page;
 }
 

@@ -4,6 +4,7 @@
 
 #include "desktop/windows/find_bar.h"
 #include "desktop/windows/pages.h"
+#include "desktop/windows/parts.h"
 #include "desktop/windows/plain_text.h"
 #include "desktop/windows/plan_table.h"
 #include "memory/plan_records.h"
@@ -11,32 +12,33 @@
 namespace tarnvex::desktop {
 namespace {
 
-QComboBox* addSelector(QHBoxLayout* row, const QString& caption, platform::ComboBox& model,
-                       Binder& binder) {
-  auto* box = new QComboBox;
+void addSelector(QHBoxLayout* row, const QString& caption, platform::ComboBox& model,
+                 Binder& binder) {
+  auto* box = binder.make<QComboBox>(model);
   auto* label = makeLabel(caption);
   label->setBuddy(box);
-  binder.bind(box, model);
   row->addWidget(label);
   row->addWidget(box);
-  return box;
+}
+
+QPushButton* makeFindButton(FindBar* bar) {
+  auto* find = named(new QPushButton(QObject::tr("Find...")), "find");
+  find->setToolTip(QObject::tr("Finds a channel by its text (Ctrl+F)"));
+  QObject::connect(find, &QPushButton::clicked, bar, &FindBar::open);
+  return find;
 }
 
 QWidget* makeTablePage(QHBoxLayout* selectors, PlanTable* table, const QString& spokenName,
                        std::vector<int> searched, const QStringList& emptyTexts) {
   table->setAccessibleName(spokenName);
-  selectors->addStretch();
   auto* page = new QWidget;
   auto* layout = new QVBoxLayout(page);
   layout->addLayout(selectors);
   layout->addWidget(table);
   auto* bar = new FindBar(*table, std::move(searched), emptyTexts, page);
   layout->addWidget(bar);
-  auto* find = new QPushButton(QObject::tr("Find..."));
-  find->setObjectName(QStringLiteral("find"));
-  find->setToolTip(QObject::tr("Finds a channel by its text (Ctrl+F)"));
-  QObject::connect(find, &QPushButton::clicked, bar, &FindBar::open);
-  selectors->addWidget(find);
+  selectors->addStretch();
+  selectors->addWidget(makeFindButton(bar));
   return page;
 }
 

@@ -1,4 +1,4 @@
-#include "memory/apf_file.h"
+#include "memory/apf_dialogs.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "memory/apf_file.h"
+#include "memory/apf_dialogs.h"
 
 #include <utility>
 
@@ -21,19 +21,21 @@ ApfForm::ApfForm(ApfPorts ports, std::string name, std::string caption, std::str
   CommonDialog1.Filter = "APF Files (*.apf)|*.apf";
   Text1.setText("1");
   Command3.setEnabled(false);
-  Text1.onKey = [this](char key) {
-    constexpr char kBackspace = 8;
-    const bool passes = (key >= '0' && key <= '9') || key == kBackspace;
-    if (!passes) {
-      ports_.dialogs.beep();
-    }
-    return passes;
-  };
+  Text1.onKey = [this](char key) { return passes(key); };
   Command2.onClick = [this] {
     List1.selectAll();
     List1.setListIndex(0);
   };
   Command4.onClick = [this] { closed.notify(); };
+}
+
+bool ApfForm::passes(char key) {
+  constexpr char kBackspace = 8;
+  const bool passes = platform::isDigit(key) || key == kBackspace;
+  if (!passes) {
+    ports_.dialogs.beep();
+  }
+  return passes;
 }
 
 }  // namespace tarnvex::memory

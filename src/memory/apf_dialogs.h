@@ -79,6 +79,10 @@ class ApfForm : private platform::NonCopyable {
           std::string action);
 
   ApfPorts ports_;
+
+ private:
+  /// Whether the number box takes the key. Beeps if not.
+  bool passes(char key);
 };
 
 /// "Import APF File": lists the records of a file and writes the selected ones into the plan, row
@@ -94,6 +98,7 @@ class Form7 : public ApfForm {
   platform::Failure list();
   platform::Failure listRecords();
   void importNow();
+  void finish(const platform::Failure& failure);
   platform::Failure importSelected(int channel);
   void report(const std::string& description);
 };
