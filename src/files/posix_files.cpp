@@ -166,7 +166,7 @@ Failure PosixFiles::followLinks(std::string& path) {
       return describe(ELOOP);
     }
     const std::string next(link.data(), static_cast<std::size_t>(length));
-    path = next.starts_with('/') ? next : folderPart(path) + next;
+    path = (next.starts_with('/') ? std::string() : folderPart(path)).append(next);
     length = calls_.readlink(path.c_str(), link.data(), link.size());
   }
   return errno == EINVAL || errno == ENOENT ? Failure() : describe(errno);

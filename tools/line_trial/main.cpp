@@ -223,11 +223,11 @@ void noise(Model model, int exchanges) {
   window.line.radio.playScene("busy");
   window.load();
   window.line.line.faults().set("noise 1");
+  window.port().beforeCommand = [](int, std::string_view) {};
   while (window.port().commands < exchanges) {
     if (window.port().commands % 400 < 20) {
       window.line.radio.setMode(window.port().commands / 400 % 2 == 0 ? "MD02" : "MD00");
     }
-    window.port().beforeCommand = [](int, std::string_view) {};
     window.tick();
   }
   const std::string name = std::string(radioName(model)) + " 1 % noise: ";

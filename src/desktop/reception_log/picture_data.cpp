@@ -6,11 +6,14 @@
 
 namespace tarnvex::desktop {
 
-QVector<BusySource> busiest(const QVector<SourceAirtime>& airtimes, const SourceList& sources) {
-  QHash<QString, BusySource> joined;
+namespace {
+
+/// One row for all that looks the same to the user, such as a frequency whose tag has changed.
+QVector<BusySource> joined(const QVector<SourceAirtime>& airtimes, const SourceList& sources) {
+  QHash<QString, BusySource> rows;
   for (const SourceAirtime& airtime : airtimes) {
     const ReceptionSource source = sources.all().value(airtime.source);
-    BusySource& busy = joined[sourceText(source)];
+    BusySource& busy = rows[sourceText(source)];
     busy.source = sourceText(source);
     busy.count += airtime.count;
     busy.seconds += airtime.seconds;
@@ -19,10 +22,20 @@ QVector<BusySource> busiest(const QVector<SourceAirtime>& airtimes, const Source
       busy.tag = name;
     }
   }
-  QVector<BusySource> rows = joined.values();
-  std::ranges::sort(rows, [](const BusySource& one, const BusySource& other) {
-    return std::tuple(-one.seconds, -one.count, one.source) <
-           std::tuple(-other.seconds, -other.count, other.source);
+  return rows.values();
+}
+
+QString rowInWords(const BusySource& row) {
+  const QString name = row.tag.isEmpty() ? row.source : row.tag + QStringLiteral(", ") + row.source;
+  return QObject::tr("%1: %2 in %3 receptions.").arg(name, lengthText(row.seconds)).arg(row.count);
+}
+
+}  // namespace
+
+QVector<BusySource> busiest(const QVector<SourceAirtime>& airtimes, const SourceList& sources) {
+  QVector<BusySource> rows = joined(airtimes, sources);
+  std::ranges::sort(rows, {}, [](const BusySource& row) {
+    return std::tuple(-row.seconds, -row.count, row.source);
   });
   rows.resize(std::min<qsizetype>(rows.size(), PictureGeometry::kMostRows));
   return rows;
@@ -53,11 +66,7 @@ QString inWords(const PictureData& data) {
   QStringList lines{QObject::tr("The busiest from %1 to %2:")
                         .arg(timeText(data.whole.from), timeText(data.whole.to))};
   for (const BusySource& row : data.rows) {
-    const QString name =
-        row.tag.isEmpty() ? row.source : row.tag + QStringLiteral(", ") + row.source;
-    lines << QObject::tr("%1: %2 in %3 receptions.")
-                 .arg(name, lengthText(row.seconds))
-                 .arg(row.count);
+    lines << rowInWords(row);
   }
   const auto* most = std::ranges::max_element(data.hours);
   lines

@@ -120,11 +120,16 @@ qint64 PictureGeometry::slice() const {
   return std::max<qint64>(static_cast<qint64>(double(span_.length()) / plot_.width()), 1);
 }
 
-QVector<AxisMark> PictureGeometry::marks() const {
+/// The shortest round time that leaves the marks enough room.
+qint64 PictureGeometry::timeBetweenMarks() const {
   const double most = plot_.width() / (kMarkRoom * line_);
   const auto* step = std::ranges::find_if(
       kSteps, [&](qint64 length) { return double(span_.length()) / double(length) <= most; });
-  const qint64 between = step == kSteps.end() ? kSteps.back() : *step;
+  return step == kSteps.end() ? kSteps.back() : *step;
+}
+
+QVector<AxisMark> PictureGeometry::marks() const {
+  const qint64 between = timeBetweenMarks();
   QVector<AxisMark> marks;
   // Goes day by day, so that every mark is a round local time even if the clocks are changed.
   const int days = static_cast<int>(std::max<qint64>(between / kDay, 1));

@@ -69,6 +69,8 @@ class PictureGeometry {
   [[nodiscard]] double line() const { return line_; }
 
  private:
+  [[nodiscard]] qint64 timeBetweenMarks() const;
+
   double line_;
   double rowHeight_;
   int rows_;

@@ -86,6 +86,14 @@ void PicturePainter::drawRow(const BusySource& busy, const QVector<AirtimeBar>& 
     painter_.drawRoundedRect(geometry_.row(row), 4, 4);
   }
   drawName(busy, row);
+  drawBars(bars, row);
+  painter_.setPen(text_);
+  const int figures = Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine;
+  painter_.drawText(geometry_.airtime(row), figures, lengthText(busy.seconds));
+  painter_.drawText(geometry_.count(row), figures, QLocale().toString(busy.count));
+}
+
+void PicturePainter::drawBars(const QVector<AirtimeBar>& bars, int row) {
   const QRectF plot = geometry_.plot();
   const double middle = geometry_.row(row).center().y();
   painter_.setPen(QPen(rule_, 1));
@@ -99,10 +107,19 @@ void PicturePainter::drawRow(const BusySource& busy, const QVector<AirtimeBar>& 
       painter_.drawRoundedRect(place, round, round);
     }
   }
-  painter_.setPen(text_);
-  const int figures = Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine;
-  painter_.drawText(geometry_.airtime(row), figures, lengthText(busy.seconds));
-  painter_.drawText(geometry_.count(row), figures, QLocale().toString(busy.count));
+}
+
+void PicturePainter::drawHour(int hour, double share, bool hover) {
+  const QRectF column = geometry_.hour(hour, share);
+  painter_.setPen(Qt::NoPen);
+  painter_.setBrush(hover ? accent_ : mixed(back_, accent_, 0.56));
+  painter_.drawRoundedRect(column, 2, 2);
+  if (hour % 3 == 0) {
+    const double line = geometry_.line();
+    heading({column.center().x() - line * 2, geometry_.hours().bottom() + line * 0.2, line * 4,
+             line * 1.2},
+            QString::number(hour), Qt::AlignHCenter);
+  }
 }
 
 void PicturePainter::drawHours(const std::array<double, 24>& hours, int hover) {
@@ -113,14 +130,7 @@ void PicturePainter::drawHours(const std::array<double, 24>& hours, int hover) {
   const double most = *std::ranges::max_element(hours);
   for (int hour = 0; hour < 24; ++hour) {
     const double airtime = hours.at(static_cast<std::size_t>(hour));
-    const QRectF column = geometry_.hour(hour, most > 0 ? airtime / most : 0);
-    painter_.setPen(Qt::NoPen);
-    painter_.setBrush(hour == hover ? accent_ : mixed(back_, accent_, 0.56));
-    painter_.drawRoundedRect(column, 2, 2);
-    if (hour % 3 == 0) {
-      heading({column.center().x() - line * 2, place.bottom() + line * 0.2, line * 4, line * 1.2},
-              QString::number(hour), Qt::AlignHCenter);
-    }
+    drawHour(hour, most > 0 ? airtime / most : 0, hour == hover);
   }
   painter_.setPen(QPen(mixed(back_, text_, 0.25), 1));
   painter_.drawLine(place.bottomLeft(), place.bottomRight());

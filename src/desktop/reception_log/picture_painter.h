@@ -20,6 +20,8 @@ class PicturePainter {
   void drawAxis();
   void drawRow(const BusySource& busy, const QVector<AirtimeBar>& bars, int row, bool hover);
   void drawName(const BusySource& busy, int row);
+  void drawBars(const QVector<AirtimeBar>& bars, int row);
+  void drawHour(int hour, double share, bool hover);
   void drawHours(const std::array<double, 24>& hours, int hover);
   void heading(const QRectF& place, const QString& text, Qt::Alignment alignment);
   [[nodiscard]] QColor shade(int bars) const;

@@ -14,7 +14,7 @@ namespace tarnvex::desktop {
 namespace {
 
 /// A quarter of an hour, since some time zones differ by that.
-constexpr qint64 kSlice = 15 * 60'000;
+constexpr qint64 kSlice = 15LL * 60'000;
 constexpr double kZoomStep = 0.8;
 constexpr double kNotch = 120;
 
@@ -101,14 +101,19 @@ void PictureView::askBars() {
   });
 }
 
-void PictureView::takeBars(const QVector<AirtimeBar>& bars) {
-  askingBars_ = false;
+QHash<qint64, int> PictureView::rowsOfSources() const {
   QHash<qint64, int> rowOf;
   for (int row = 0; row < data_.rows.size(); ++row) {
     for (const qint64 id : data_.rows[row].ids) {
       rowOf.insert(id, row);
     }
   }
+  return rowOf;
+}
+
+void PictureView::takeBars(const QVector<AirtimeBar>& bars) {
+  askingBars_ = false;
+  const QHash<qint64, int> rowOf = rowsOfSources();
   bars_ = QVector<QVector<AirtimeBar>>(data_.rows.size());
   for (const AirtimeBar& bar : bars) {
     if (const auto row = rowOf.constFind(bar.source); row != rowOf.constEnd()) {
@@ -147,18 +152,22 @@ void PictureView::mousePressEvent(QMouseEvent* event) {
   }
 }
 
+void PictureView::dragTo(double x) {
+  const double by = drag_->from.x() - x;
+  drag_->moved = drag_->moved || std::abs(by) >= QApplication::startDragDistance();
+  if (drag_->moved) {
+    const double perPoint = double(span_.length()) / geometryNow().plot().width();
+    show(drag_->span.moved(static_cast<qint64>(by * perPoint), data_.whole));
+  }
+}
+
 void PictureView::mouseMoveEvent(QMouseEvent* event) {
   const QPointF point = event->position();
-  const PictureGeometry geometry = geometryNow();
   if (drag_) {
-    const double by = drag_->from.x() - point.x();
-    drag_->moved = drag_->moved || std::abs(by) >= QApplication::startDragDistance();
-    if (drag_->moved) {
-      const double perPoint = double(span_.length()) / geometry.plot().width();
-      show(drag_->span.moved(static_cast<qint64>(by * perPoint), data_.whole));
-    }
+    dragTo(point.x());
     return;
   }
+  const PictureGeometry geometry = geometryNow();
   hoverRow_ = geometry.rowAt(point.y());
   hoverHour_ = geometry.hourAt(point);
   setCursor(hoverRow_ >= 0 ? Qt::PointingHandCursor : Qt::ArrowCursor);

@@ -52,6 +52,8 @@ class PictureView : public QWidget {
   void show(const TimeSpan& span);
   void askBars();
   void takeBars(const QVector<AirtimeBar>& bars);
+  [[nodiscard]] QHash<qint64, int> rowsOfSources() const;
+  void dragTo(double x);
   [[nodiscard]] QString textAt(QPointF point) const;
   [[nodiscard]] QString textOfRow(int row, qint64 time) const;
 

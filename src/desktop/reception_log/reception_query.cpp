@@ -44,6 +44,14 @@ bool ReceptionReader::note(bool good) {
   return good;
 }
 
+/// Runs the query, and `take` at each of its rows.
+template <class Take>
+void ReceptionReader::each(QSqlQuery& query, const QVariantList& bounds, Take take) {
+  for (bool more = note(database_->run(query, bounds)) && query.next(); more; more = query.next()) {
+    take();
+  }
+}
+
 qint64 ReceptionReader::bottom() {
   return database()
       ->value(QStringLiteral("SELECT started FROM receptions ORDER BY id LIMIT 1"))
@@ -62,30 +70,32 @@ NewSources ReceptionReader::sourcesSince(const SourceMark& mark) {
       log->prepare(QStringLiteral("SELECT id, radio, frequency, talkgroup, tag, bank, channel, "
                                   "tone FROM sources WHERE id > ? ORDER BY id"));
   const qint64 after = news.anew ? 0 : mark.last;
-  for (bool more = note(log->run(query, {after})) && query.next(); more; more = query.next()) {
+  each(query, {after}, [&] {
     news.sources.push_back(sourceAt(query, 0));
     news.mark.last = news.sources.back().id;
-  }
+  });
   return news;
 }
 
 ReceptionCount ReceptionReader::begin(const ReceptionQuery& query) {
   query_ = query;
-  ReceptionDatabase* log = database();
-  if (log == nullptr) {
-    return {};
-  }
-  log->run(QStringLiteral("DELETE FROM wanted"));
-  if (query.someSources || query.order == ReceptionQuery::Order::Source) {
-    log->run(QStringLiteral("BEGIN"));
-    QSqlQuery insert = log->prepare(QStringLiteral("INSERT INTO wanted VALUES (?, ?)"));
-    for (qsizetype rank = 0; rank < query.sources.size(); ++rank) {
-      log->run(insert, {rank, query.sources[rank]});
+  if (ReceptionDatabase* log = database()) {
+    log->run(QStringLiteral("DELETE FROM wanted"));
+    if (query.someSources || query.order == ReceptionQuery::Order::Source) {
+      fillWanted(*log);
     }
-    insert.finish();
-    log->run(QStringLiteral("COMMIT"));
   }
   return beyond({});
+}
+
+void ReceptionReader::fillWanted(ReceptionDatabase& log) const {
+  log.run(QStringLiteral("BEGIN"));
+  QSqlQuery insert = log.prepare(QStringLiteral("INSERT INTO wanted VALUES (?, ?)"));
+  for (qsizetype rank = 0; rank < query_.sources.size(); ++rank) {
+    log.run(insert, {rank, query_.sources[rank]});
+  }
+  insert.finish();
+  log.run(QStringLiteral("COMMIT"));
 }
 
 /// Counts the query's rows beyond `count.top`, and adds them to the count so far.
@@ -97,18 +107,23 @@ ReceptionCount ReceptionReader::beyond(const ReceptionCount& count) {
   ReceptionCount all;
   all.bottom = bottom();
   all.top = log->value(QStringLiteral("SELECT max(id) FROM receptions")).toLongLong();
-  QVariantList bounds = values(all.top);
-  bounds << count.top;
-  // There are few new rows, which are examined one by one.
-  const bool few = count.top > 0 && query_.order != ReceptionQuery::Order::Source;
-  const QString from = few ? QStringLiteral("receptions r NOT INDEXED") : table();
-  all.count =
-      count.count + log->value(QStringLiteral("SELECT count(*) FROM %1 WHERE %2 AND r.id > ?")
-                                   .arg(from, conditions()),
-                               bounds)
-                        .toLongLong();
+  all.count = count.count + countBetween(*log, count.top, all.top);
   note(true);
   return all;
+}
+
+/// The rows of the query whose numbers are above `bottom`, up to `top`.
+qint64 ReceptionReader::countBetween(ReceptionDatabase& log, qint64 bottom, qint64 top) const {
+  // There are few new rows, which are examined one by one.
+  const bool few = bottom > 0 && query_.order != ReceptionQuery::Order::Source;
+  const QString from = few ? QStringLiteral("receptions r NOT INDEXED") : table();
+  QVariantList bounds = values(top);
+  bounds << bottom;
+  return log
+      .value(
+          QStringLiteral("SELECT count(*) FROM %1 WHERE %2 AND r.id > ?").arg(from, conditions()),
+          bounds)
+      .toLongLong();
 }
 
 QString ReceptionReader::table() const {
@@ -143,20 +158,14 @@ QVariantList ReceptionReader::values(qint64 top) const {
 
 QString ReceptionReader::order(bool reversed) const {
   using Order = ReceptionQuery::Order;
-  const QString way =
-      query_.descending != reversed ? QStringLiteral(" DESC") : QStringLiteral(" ASC");
-  switch (query_.order) {
-    case Order::Length:
-      return QStringLiteral("r.seconds") + way + QStringLiteral(", r.started") + way;
-    case Order::Signal:
-      return QStringLiteral("r.bars") + way + QStringLiteral(", r.started") + way;
-    case Order::Recording:
-      return QStringLiteral("(r.recording <> '')") + way + QStringLiteral(", r.started") + way;
-    case Order::Source:
-      return QStringLiteral("w.rank") + way + QStringLiteral(", r.started") + way;
-    default:
-      return QStringLiteral("r.started") + way;
-  }
+  static const QHash<Order, QString> kFirst = {
+      {Order::Length, QStringLiteral("r.seconds %1, ")},
+      {Order::Signal, QStringLiteral("r.bars %1, ")},
+      {Order::Recording, QStringLiteral("(r.recording <> '') %1, ")},
+      {Order::Source, QStringLiteral("w.rank %1, ")}};
+  const bool descending = query_.descending != reversed;
+  return (kFirst.value(query_.order) + QStringLiteral("r.started %1"))
+      .arg(QLatin1String(descending ? "DESC" : "ASC"));
 }
 
 /// Reads from the nearer end, since all rows before the first one must be skipped.
@@ -174,9 +183,7 @@ QVector<ReceptionRow> ReceptionReader::rows(const ReceptionCount& count, qint64 
   QSqlQuery query =
       log->prepare(QStringLiteral("SELECT %1 FROM %2 WHERE %3 ORDER BY %4 LIMIT ? OFFSET ?")
                        .arg(QLatin1String(kRowColumns), table(), conditions(), order(reversed)));
-  for (bool more = note(log->run(query, bounds)) && query.next(); more; more = query.next()) {
-    rows.push_back(rowAt(query));
-  }
+  each(query, bounds, [&] { rows.push_back(rowAt(query)); });
   if (reversed) {
     std::ranges::reverse(rows);
   }
@@ -254,11 +261,10 @@ QVector<AirtimeBar> ReceptionReader::bars(const QVector<qint64>& sources, qint64
           .arg(QLatin1String(kLastEnd), QLatin1String(query_.recordedOnly ? kRecorded : ""))
           .arg(slice));
   for (const qint64 source : sources) {
-    const QVariantList bounds = {source, earliest, to};
-    for (bool more = note(log->run(query, bounds)) && query.next(); more; more = query.next()) {
+    each(query, {source, earliest, to}, [&] {
       bars.push_back({source, query.value(0).toLongLong(), query.value(1).toLongLong(),
                       query.value(2).toInt(), query.value(3).toLongLong()});
-    }
+    });
   }
   return bars;
 }

@@ -130,6 +130,10 @@ class ReceptionReader {
   [[nodiscard]] QString table() const;
   [[nodiscard]] QString order(bool reversed) const;
   [[nodiscard]] QVariantList values(qint64 top) const;
+  void fillWanted(ReceptionDatabase& log) const;
+  qint64 countBetween(ReceptionDatabase& log, qint64 bottom, qint64 top) const;
+  template <class Take>
+  void each(QSqlQuery& query, const QVariantList& bounds, Take take);
   bool note(bool good);
 
   QString file_;

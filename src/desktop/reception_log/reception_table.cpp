@@ -11,13 +11,25 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QUrl>
+#include <array>
 
 #include "desktop/ports/file_manager.h"
+#include "desktop/windows/parts.h"
 
 namespace tarnvex::desktop {
 namespace {
 
 constexpr int kBars = 4;
+/// The widest text of each column.
+constexpr std::array kWidths = {"2026-12-31 23:59:59",
+                                "1:00:00",
+                                "000.00000",
+                                "",
+                                "Bank",
+                                "Channel",
+                                "000.0",
+                                "Signal",
+                                "Recording"};
 
 /// Paints four rising bars, the lit ones in a strong colour. Paints nothing if the signal isn't
 /// known.
@@ -50,17 +62,15 @@ void ReceptionDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
                               const QModelIndex& index) const {
   QStyledItemDelegate::paint(painter, option, index);
   const bool signal = index.column() == ReceptionModel::Signal;
-  if (!signal && index.column() != ReceptionModel::Recording) {
-    return;
-  }
-  const auto* row = static_cast<const ReceptionModel*>(index.model())->row(index.row());
+  const bool drawn = signal || index.column() == ReceptionModel::Recording;
+  const auto& model = *static_cast<const ReceptionModel*>(index.model());
+  const ReceptionRow* row = drawn ? model.row(index.row()) : nullptr;
   if (row == nullptr) {
     return;
   }
   const bool selected = option.state.testFlag(QStyle::State_Selected);
-  const QColor colour = option.palette.color(selected ? QPalette::HighlightedText
-                                             : signal ? QPalette::Text
-                                                      : QPalette::Highlight);
+  const auto role = signal ? QPalette::Text : QPalette::Highlight;
+  const QColor colour = option.palette.color(selected ? QPalette::HighlightedText : role);
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
   if (signal) {
@@ -77,14 +87,8 @@ ReceptionTable::ReceptionTable(ReceptionModel& model, QString recordings, QWidge
   setAccessibleName(tr("Receptions"));
   setItemDelegate(new ReceptionDelegate(this));
   setSelectionBehavior(SelectRows);
-  setAlternatingRowColors(true);
-  setWordWrap(false);
+  makePlain(this);
   setShowGrid(false);
-  setTabKeyNavigation(false);
-  setCornerButtonEnabled(false);
-  verticalHeader()->hide();
-  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setSortIndicator(ReceptionModel::Time, Qt::DescendingOrder);
   setModel(&model_);
   connect(horizontalHeader(), &QHeaderView::sortIndicatorChanged, &model_, &ReceptionModel::sort);
@@ -124,15 +128,6 @@ void ReceptionTable::restoreCurrent() {
 void ReceptionTable::sizeColumns() {
   const QFontMetrics metrics(font());
   verticalHeader()->setDefaultSectionSize(metrics.height() + metrics.height() / 2);
-  static constexpr std::array kWidths = {"2026-12-31 23:59:59",
-                                         "1:00:00",
-                                         "000.00000",
-                                         "",
-                                         "Bank",
-                                         "Channel",
-                                         "000.0",
-                                         "Signal",
-                                         "Recording"};
   for (int column = 0; column < ReceptionModel::kColumns; ++column) {
     const int heading = horizontalHeader()->sectionSizeHint(column);
     const int text = metrics.horizontalAdvance(QLatin1String(kWidths.at(std::size_t(column))));
@@ -191,28 +186,32 @@ void ReceptionTable::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-void ReceptionTable::contextMenuEvent(QContextMenuEvent* event) {
-  const ReceptionRow* row = currentIndex().isValid() ? model_.row(currentIndex().row()) : nullptr;
-  if (row == nullptr) {
-    return;
-  }
-  auto* menu = new QMenu(this);
+/// What can be done with the current row, which has a recording or hasn't.
+QMenu* ReceptionTable::makeMenu(bool recorded) {
+  auto* menu = named(new QMenu(this), "receptionMenu");
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  menu->setObjectName(QStringLiteral("receptionMenu"));
   menu->addAction(tr("&Copy"), this, [this] { copy(); });
   menu->addSeparator();
   menu->addAction(tr("&Tune the Radio There"), this, [this] { withCurrent(onTune); });
   menu->addAction(tr("&Store in the Plan"), this, [this] { withCurrent(onStore); });
   menu->addSeparator();
   auto* playing = menu->addAction(tr("&Play Recording"), this, [this] {
-    withCurrent([this](const ReceptionRow& current) { play(current); });
+    withCurrent([this](const ReceptionRow& row) { play(row); });
   });
+  playing->setEnabled(recorded);
   auto* folder = menu->addAction(tr("Show Recording in &Folder"), this, [this] {
-    withCurrent([this](const ReceptionRow& current) { showInFileManager(fileOf(current)); });
+    withCurrent([this](const ReceptionRow& row) { showInFileManager(fileOf(row)); });
   });
-  playing->setEnabled(!row->recording.isEmpty());
-  folder->setEnabled(!row->recording.isEmpty());
-  menu->popup(event->globalPos());
+  folder->setEnabled(recorded);
+  return menu;
+}
+
+void ReceptionTable::contextMenuEvent(QContextMenuEvent* event) {
+  const ReceptionRow* row = currentIndex().isValid() ? model_.row(currentIndex().row()) : nullptr;
+  if (row == nullptr) {
+    return;
+  }
+  makeMenu(!row->recording.isEmpty())->popup(event->globalPos());
 }
 
 /// Copies the selected rows that the model has: a line for each row, tabs between the columns.

@@ -43,6 +43,7 @@ class ReceptionTable : public QTableView {
   void withCurrent(const std::function<void(const ReceptionRow&)>& act) const;
   [[nodiscard]] QString fileOf(const ReceptionRow& row) const;
   void play(const ReceptionRow& row) const;
+  QMenu* makeMenu(bool recorded);
 
   ReceptionModel& model_;
   /// The current row before the rows were asked for again.

@@ -10,6 +10,7 @@
 
 #include "desktop/ports/text.h"
 #include "desktop/reception_log/reception_texts.h"
+#include "desktop/windows/parts.h"
 
 namespace tarnvex::desktop {
 namespace {
@@ -29,19 +30,18 @@ monitor::Heard heardOf(const ReceptionSource& source) {
   return heard;
 }
 
-template <class Widget>
-Widget* named(Widget* widget, const char* name) {
-  widget->setObjectName(QLatin1String(name));
-  return widget;
-}
-
 QDateTimeEdit* makeTime(const char* name, const QString& spoken) {
-  auto* edit = named(new QDateTimeEdit, name);
-  edit->setAccessibleName(spoken);
+  auto* edit = named(new QDateTimeEdit, name, spoken);
   edit->setCalendarPopup(true);
   edit->setDisplayFormat(QStringLiteral("yyyy-MM-dd HH:mm"));
   edit->hide();
   return edit;
+}
+
+QComboBox* makeChoice(const char* name, const QString& spoken, const QStringList& lines) {
+  auto* box = named(new QComboBox, name, spoken);
+  box->addItems(lines);
+  return box;
 }
 
 }  // namespace
@@ -58,7 +58,9 @@ ReceptionWindow::ReceptionWindow(shell::frmReceptionLog& form, platform::EventGa
   column->addLayout(makeFilter());
   column->addWidget(pages_, 1);
   column->addLayout(makeFooter(form));
+  connectFilter();
   connectParts(form, gate);
+  follow(form);
   text_->setFocus();
   const QFontMetrics metrics(font());
   const QSize wanted(metrics.averageCharWidth() * 150, metrics.height() * 42);
@@ -95,19 +97,14 @@ void ReceptionWindow::makeParts(shell::frmReceptionLog& form) {
 }
 
 QLayout* ReceptionWindow::makeFilter() {
-  text_ = named(new QLineEdit, "filter");
-  text_->setPlaceholderText(tr("Filter by tag, frequency, ID or tone"));
-  text_->setAccessibleName(tr("Filter"));
-  text_->setClearButtonEnabled(true);
-  period_ = named(new QComboBox, "period");
-  period_->setAccessibleName(tr("Period"));
-  period_->addItems({tr("Last hour"), tr("Today"), tr("7 days"), tr("All"), tr("From - to")});
+  text_ = makeSearchLine("filter", tr("Filter by tag, frequency, ID or tone"), tr("Filter"));
+  period_ = makeChoice("period", tr("Period"),
+                       {tr("Last hour"), tr("Today"), tr("7 days"), tr("All"), tr("From - to")});
   period_->setCurrentIndex(All);
   from_ = makeTime("from", tr("From"));
   to_ = makeTime("to", tr("To"));
-  radio_ = named(new QComboBox, "radio");
-  radio_->setAccessibleName(tr("Radio"));
-  radio_->addItems({tr("Both radios"), QStringLiteral("BC895XLT"), QStringLiteral("BC245XLT")});
+  radio_ = makeChoice("radio", tr("Radio"),
+                      {tr("Both radios"), QStringLiteral("BC895XLT"), QStringLiteral("BC245XLT")});
   recorded_ = named(new QCheckBox(tr("Only with &recording")), "recordedOnly");
   auto* row = new QHBoxLayout;
   row->addWidget(text_, 1);
@@ -118,33 +115,29 @@ QLayout* ReceptionWindow::makeFilter() {
 }
 
 QLayout* ReceptionWindow::makeFooter(shell::frmReceptionLog& form) {
-  auto* keep = new QCheckBox;
-  binder().bind(keep, form.log().chkKeep);
-  auto* keepFor = new QComboBox;
-  binder().bind(keepFor, form.log().cboKeepFor);
+  auto* keepFor = binder().make<QComboBox>(form.log().cboKeepFor);
   auto* caption = new QLabel(tr("Keep &for:"));
   caption->setBuddy(keepFor);
   counted_ = named(new QLabel, "counted");
   export_ = named(new QPushButton(tr("&Export...")), "export");
-  auto* clear = new QPushButton;
-  binder().bind(clear, form.cmdClear);
-  for (QPushButton* button : {export_, clear}) {
-    button->setAutoDefault(false);
-  }
+  export_->setAutoDefault(false);
+  auto* clear = binder().make<QPushButton>(form.cmdClear);
+  clear->setAutoDefault(false);
+  const int gap = fontMetrics().height();
   auto* row = new QHBoxLayout;
-  row->addWidget(keep);
-  row->addSpacing(fontMetrics().height());
+  row->addWidget(binder().make<QCheckBox>(form.log().chkKeep));
+  row->addSpacing(gap);
   row->addWidget(caption);
   row->addWidget(keepFor);
   row->addStretch();
   row->addWidget(counted_);
-  row->addSpacing(fontMetrics().height());
+  row->addSpacing(gap);
   row->addWidget(export_);
   row->addWidget(clear);
   return row;
 }
 
-void ReceptionWindow::connectParts(shell::frmReceptionLog& form, platform::EventGate& gate) {
+void ReceptionWindow::connectFilter() {
   typing_.setSingleShot(true);
   typing_.setInterval(kTypingMilliseconds);
   connect(&typing_, &QTimer::timeout, this, [this] { applyFilter(); });
@@ -155,11 +148,12 @@ void ReceptionWindow::connectParts(shell::frmReceptionLog& form, platform::Event
   for (QDateTimeEdit* edit : {from_, to_}) {
     connect(edit, &QDateTimeEdit::dateTimeChanged, &typing_, qOverload<>(&QTimer::start));
   }
-  sliding_ = new QTimer(this);
-  sliding_->setObjectName(QStringLiteral("sliding"));
-  sliding_->setInterval(kSlideMilliseconds);
+  sliding_ = named(new QTimer(this), "sliding");
   connect(sliding_, &QTimer::timeout, this, [this] { slide(); });
-  sliding_->start();
+  sliding_->start(kSlideMilliseconds);
+}
+
+void ReceptionWindow::connectParts(shell::frmReceptionLog& form, platform::EventGate& gate) {
   connect(export_, &QPushButton::clicked, this, [this] { askForExport(); });
   connect(&exportTimer_, &QTimer::timeout, this, [this] { followExport(); });
   connect(pages_, &QTabWidget::currentChanged, this, [this] { showPicture(); });
@@ -177,6 +171,9 @@ void ReceptionWindow::connectParts(shell::frmReceptionLog& form, platform::Event
   table_->onStore = [&form, &gate](const ReceptionRow& row) {
     gate.enter([&form, heard = heardOf(row.source)] { form.store(heard); });
   };
+}
+
+void ReceptionWindow::follow(shell::frmReceptionLog& form) {
   binder().keep(form.log().store().changed.connect([this] { model_->refresh(); }));
   const auto tagsChanged = [this](int, int) { model_->forgetTags(); };
   binder().keep(form.memory().MSFlexGrid1().cellChanged.connect(tagsChanged));
@@ -201,14 +198,19 @@ TimeSpan ReceptionWindow::period() const {
   }
 }
 
+/// Without applying it.
+void ReceptionWindow::setFromTo(const QDateTime& from, const QDateTime& to) {
+  const QSignalBlocker first(from_);
+  const QSignalBlocker second(to_);
+  from_->setDateTime(from);
+  to_->setDateTime(to);
+}
+
 void ReceptionWindow::applyFilter() {
   typing_.stop();
   const bool fromTo = period_->currentIndex() == FromTo;
   if (fromTo && !from_->isVisibleTo(this)) {
-    const QSignalBlocker first(from_);
-    const QSignalBlocker last(to_);
-    from_->setDateTime(QDate::currentDate().startOfDay());
-    to_->setDateTime(QDate::currentDate().addDays(1).startOfDay());
+    setFromTo(QDate::currentDate().startOfDay(), QDate::currentDate().addDays(1).startOfDay());
   }
   from_->setVisible(fromTo);
   to_->setVisible(fromTo);
@@ -248,14 +250,12 @@ void ReceptionWindow::goToRows(const BusySource& busy, const TimeSpan& span) {
   {
     const QSignalBlocker first(text_);
     const QSignalBlocker second(period_);
-    const QSignalBlocker third(from_);
-    const QSignalBlocker fourth(to_);
     text_->setText(QLatin1Char('"') + busy.source + QLatin1Char('"'));
     period_->setCurrentIndex(FromTo);
     from_->setVisible(true);
     // The boxes show whole minutes.
-    from_->setDateTime(QDateTime::fromMSecsSinceEpoch(span.from));
-    to_->setDateTime(QDateTime::fromMSecsSinceEpoch(span.to + 60'000));
+    setFromTo(QDateTime::fromMSecsSinceEpoch(span.from),
+              QDateTime::fromMSecsSinceEpoch(span.to + 60'000));
   }
   pages_->setCurrentWidget(table_);
   applyFilter();
@@ -280,16 +280,21 @@ void ReceptionWindow::exportTo(const QString& file) {
     tags.insert(source.id, model_->sources().tag(source));
   }
   exporting_ = std::make_unique<CsvExport>(log_, model_->query(), tags, file);
-  progress_ = new QProgressDialog(tr("Exporting the receptions..."), tr("Cancel"), 0, 1000, this);
-  progress_->setObjectName(QStringLiteral("exporting"));
+  showProgress();
+  export_->setEnabled(false);
+  exportTimer_.start(kExportLookMilliseconds);
+}
+
+void ReceptionWindow::showProgress() {
+  progress_ =
+      named(new QProgressDialog(tr("Exporting the receptions..."), tr("Cancel"), 0, 1000, this),
+            "exporting");
   progress_->setWindowTitle(tr("Export Receptions"));
   // A modal progress dialog would turn the event loop at each step.
   progress_->setWindowModality(Qt::NonModal);
   progress_->setAutoReset(false);
   progress_->setMinimumDuration(500);
   connect(progress_, &QProgressDialog::canceled, this, [this] { exporting_->cancel(); });
-  export_->setEnabled(false);
-  exportTimer_.start(kExportLookMilliseconds);
 }
 
 void ReceptionWindow::followExport() {
@@ -303,12 +308,16 @@ void ReceptionWindow::followExport() {
   delete progress_;
   export_->setEnabled(true);
   if (!error.isEmpty()) {
-    auto* box = new QMessageBox(QMessageBox::Warning, tr("Export Receptions"),
-                                tr("The receptions could not be exported: %1").arg(error),
-                                QMessageBox::Ok, this);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->open();
+    tellExportFailed(error);
   }
+}
+
+void ReceptionWindow::tellExportFailed(const QString& error) {
+  auto* box = new QMessageBox(QMessageBox::Warning, tr("Export Receptions"),
+                              tr("The receptions could not be exported: %1").arg(error),
+                              QMessageBox::Ok, this);
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  box->open();
 }
 
 }  // namespace tarnvex::desktop

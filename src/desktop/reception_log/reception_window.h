@@ -34,6 +34,9 @@ class ReceptionWindow : public DialogWindow {
   QLayout* makeFilter();
   QLayout* makeFooter(shell::frmReceptionLog& form);
   void connectParts(shell::frmReceptionLog& form, platform::EventGate& gate);
+  void connectFilter();
+  void follow(shell::frmReceptionLog& form);
+  void setFromTo(const QDateTime& from, const QDateTime& to);
   void applyFilter();
   void slide();
   [[nodiscard]] TimeSpan period() const;
@@ -41,7 +44,9 @@ class ReceptionWindow : public DialogWindow {
   void showPicture();
   void goToRows(const BusySource& busy, const TimeSpan& span);
   void askForExport();
+  void showProgress();
   void followExport();
+  void tellExportFailed(const QString& error);
 
   QString log_;
   /// Its answers go to the other members, so it must be destroyed first.

@@ -34,7 +34,6 @@ MainWindow::MainWindow(shell::MainForm& form, platform::EventGate& gate, Report 
   // one.
   installAccessibleRoles();
   setObjectName(QString::fromStdString(form.window.name()));
-  setCentralWidget(new QWidget);
   addTabs();
   addMenus();
   binder_.follow(form_.window.changed,
@@ -42,6 +41,7 @@ MainWindow::MainWindow(shell::MainForm& form, platform::EventGate& gate, Report 
 }
 
 void MainWindow::addTabs() {
+  setCentralWidget(new QWidget);
   auto* layout = new QBoxLayout(QBoxLayout::TopToBottom, centralWidget());
   layout->addWidget(tabs_);
   tabs_->setObjectName(QString::fromStdString(form_.SSTab1.name()));
