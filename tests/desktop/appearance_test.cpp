@@ -45,6 +45,7 @@ TEST_F(Bc895Window, EveryControlHasANameAndARole) {
   expectNamesOnAllPages(window, find<QTabWidget>("SSTab1"));
   const auto* com = QAccessible::queryAccessibleInterface(&find<QRadioButton>("Option1"));
   EXPECT_EQ(com->role(), QAccessible::RadioButton);
+  EXPECT_EQ(com->text(QAccessible::Name), "COM 1");
   EXPECT_TRUE(com->state().checked);
 }
 

@@ -93,6 +93,7 @@ void ReceptionWindow::makeParts(shell::frmReceptionLog& form) {
   frame->setWidgetResizable(true);
   frame->setFrameShape(QFrame::NoFrame);
   pages_ = named(new QTabWidget, "pages");
+  pages_->setAccessibleName(tr("Pages"));
   pages_->addTab(table_, tr("&Receptions"));
   pages_->addTab(frame, tr("&Picture"));
 }

@@ -20,10 +20,11 @@ class RadioAccessible : public QAccessibleWidget {
     state.checked = button_->isChecked();
     return state;
   }
+  /// Qt would name it after the frame that it is in.
   QString text(QAccessible::Text kind) const override {
-    const QString text = QAccessibleWidget::text(kind);
-    return kind == QAccessible::Name && text.isEmpty() ? button_->text().remove(QLatin1Char('&'))
-                                                       : text;
+    return kind == QAccessible::Name && button_->accessibleName().isEmpty()
+               ? button_->text().remove(QLatin1Char('&'))
+               : QAccessibleWidget::text(kind);
   }
   QStringList actionNames() const override {
     return QStringList{pressAction()} + QAccessibleWidget::actionNames();

@@ -30,6 +30,8 @@ ComOption::ComOption(int slot, platform::OptionButton& model, DeviceSlots& devic
   binder.bind(this, model, Binder::Urgency::Leaving);
   box_->setObjectName(QStringLiteral("Device%1").arg(slot));
   box_->setAccessibleName(tr("Device of COM %1").arg(slot));
+  // To a screen reader on Linux, a drop-down is named by what it shows.
+  box_->setAccessibleDescription(box_->accessibleName());
   box_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   box_->setMinimumContentsLength(kShownCharacters);
   calmWheel(box_);
