@@ -3,6 +3,7 @@
 #include <QAccessibleWidget>
 #include <QRadioButton>
 
+#include "desktop/windows/help_window.h"
 #include "desktop/windows/quick_view_window.h"
 
 namespace tarnvex::desktop {
@@ -45,9 +46,10 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
   if (auto* button = qobject_cast<QRadioButton*>(object)) {
     return new RadioAccessible(button);
   }
-  auto* small = dynamic_cast<QuickViewWindow*>(object);
-  return small == nullptr ? nullptr
-                          : new QAccessibleWidget(small, QAccessible::Window, small->windowTitle());
+  const bool isWindow = dynamic_cast<QuickViewWindow*>(object) != nullptr ||
+                        dynamic_cast<HelpWindow*>(object) != nullptr;
+  return isWindow ? new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Window)
+                  : nullptr;
 }
 
 }  // namespace

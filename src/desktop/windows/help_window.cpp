@@ -48,6 +48,7 @@ HelpWindow::HelpWindow(const QString& folder)
   setWindowTitle(tr("Tarnvex Help"));
   list_->setWordWrap(true);
   list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  text_->setAccessibleName(tr("Page of the manual"));
   text_->setOpenExternalLinks(false);
   text_->setMinimumWidth(kPictureWidth + static_cast<int>(text_->document()->documentMargin()) * 2 +
                          text_->frameWidth() * 2 +
