@@ -142,7 +142,7 @@ std::string QtDialogs::inputBox(const std::string& prompt, const std::string& ti
     refuseForeignLetters(edit);
   }
   const bool accepted = runDialog(box, gate_) == QDialog::Accepted;
-  const std::string line = accepted ? fromScreen(box->textValue()) : std::string();
+  std::string line = accepted ? fromScreen(box->textValue()) : std::string();
   delete box.data();
   return line;
 }

@@ -5,7 +5,7 @@
 namespace tarnvex::desktop {
 namespace {
 
-constexpr auto kPatience = std::chrono::seconds(2);
+constexpr auto kLookPatience = std::chrono::seconds(2);
 
 }  // namespace
 
@@ -46,7 +46,7 @@ int SoundLook::count() {
 }
 
 bool SoundLook::turnUntil(const std::function<bool()>& done) {
-  const auto end = std::chrono::steady_clock::now() + kPatience;
+  const auto end = std::chrono::steady_clock::now() + kLookPatience;
   while (!done()) {
     if (leaving_ || std::chrono::steady_clock::now() > end) {
       return false;
