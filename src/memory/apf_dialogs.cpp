@@ -10,7 +10,7 @@ ApfForm::ApfForm(ApfPorts ports, std::string name, std::string caption, std::str
       Label1("Label1", std::move(label)),
       Command3("Command3", std::move(action)),
       CommonDialog1(ports.CommonDialog1),
-      ports_(std::move(ports)) {
+      ports_(ports) {
   CommonDialog1.DialogTitle = "Select APF File";
   CommonDialog1.Filter = "APF Files (*.apf)|*.apf";
   CommonDialog1.KeepCaption = "Keep";

@@ -58,8 +58,7 @@ void write(platform::SequentialFiles& files, int file, const Exported& record) {
 }  // namespace
 
 Form8::Form8(ApfPorts ports)
-    : ApfForm(std::move(ports), "Form8", "Export APF File",
-              "Start Export from Channel:", "Export Now") {
+    : ApfForm(ports, "Form8", "Export APF File", "Start Export from Channel:", "Export Now") {
   Command1.onClick = [this] { openTarget(); };
   Command3.onClick = [this] { exportNow(); };
 }

@@ -28,8 +28,7 @@ void store(platform::Table& grid, int row, const ApfRecord& record) {
 }  // namespace
 
 Form7::Form7(ApfPorts ports)
-    : ApfForm(std::move(ports), "Form7", "Import APF File",
-              "Start Import at channel:", "Import Now") {
+    : ApfForm(ports, "Form7", "Import APF File", "Start Import at channel:", "Import Now") {
   Command1.onClick = [this] {
     List1.clear();
     if (const auto failure = list()) {
