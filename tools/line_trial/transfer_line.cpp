@@ -59,6 +59,8 @@ TransferLine::TransferLine(Model model, TransferKind kind)
   if (movesIds()) {
     for (int bank = 0; bank < radio::kBanks; ++bank) {
       auto& control = line.radio.state().memory.channels[radio::kBankSize * bank + 1];
+      // Of a type that takes every ID of the plan.
+      line.radio.state().memory.banks[bank].type = radio::SystemType::Type2At800;
       control = {.frequency = frequencyOf(radio::kBankSize * bank + 1), .trunked = true};
     }
     line.radio.state().trunkBank = kTrunkedBank;
