@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "desktop/panel/body_painter.h"
+#include "desktop/panel/colour_mix.h"
 #include "desktop/panel/display_painter.h"
 #include "desktop/panel/key_painter.h"
 #include "desktop/panel/knob_painter.h"
@@ -18,22 +19,15 @@ namespace {
 constexpr double kUnlitColour = 0.14;
 constexpr double kUnlitInk = 0.5;
 
-QColor mix(const QColor& one, const QColor& other, double share) {
-  const auto part = [share](double a, double b) { return a * share + b * (1 - share); };
-  return QColor::fromRgbF(static_cast<float>(part(one.redF(), other.redF())),
-                          static_cast<float>(part(one.greenF(), other.greenF())),
-                          static_cast<float>(part(one.blueF(), other.blueF())));
-}
-
 }  // namespace
 
 QColor shownBack(const FrontState& state) {
-  return state.live ? state.back : mix(state.back, style::kBodyBottom, kUnlitColour);
+  return state.live ? state.back : mixed(style::kBodyBottom, state.back, kUnlitColour);
 }
 
 QColor shownInk(const FrontState& state) {
   const QColor back = shownBack(state);
-  return state.live ? inkOn(back) : mix(inkOn(back), back, kUnlitInk);
+  return state.live ? inkOn(back) : mixed(back, inkOn(back), kUnlitInk);
 }
 
 PanelRenderer::PanelRenderer(const PanelLayout& layout) : layout_(layout) {}

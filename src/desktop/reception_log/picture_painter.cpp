@@ -2,19 +2,10 @@
 
 #include <algorithm>
 
+#include "desktop/panel/colour_mix.h"
 #include "desktop/reception_log/reception_texts.h"
 
 namespace tarnvex::desktop {
-namespace {
-
-QColor mixed(const QColor& one, const QColor& other, double share) {
-  const auto part = [share](double from, double to) { return from + (to - from) * share; };
-  return QColor::fromRgbF(float(part(one.redF(), other.redF())),
-                          float(part(one.greenF(), other.greenF())),
-                          float(part(one.blueF(), other.blueF())));
-}
-
-}  // namespace
 
 PicturePainter::PicturePainter(QPainter& painter, const QPalette& palette,
                                const PictureGeometry& geometry)

@@ -6,6 +6,8 @@
 #include <array>
 #include <cmath>
 
+#include "desktop/panel/colour_mix.h"
+
 namespace tarnvex::desktop {
 namespace {
 
@@ -35,13 +37,6 @@ double contrast(const QColor& one, const QColor& other) {
   return (bright + 0.05) / (dark + 0.05);
 }
 
-QColor mix(const QColor& one, const QColor& other, double share) {
-  const auto part = [share](double from, double to) { return from + (to - from) * share; };
-  return QColor::fromRgbF(float(part(one.redF(), other.redF())),
-                          float(part(one.greenF(), other.greenF())),
-                          float(part(one.blueF(), other.blueF())));
-}
-
 /// What controls lie on: the style draws the pages of a tab widget lighter than the window.
 std::array<QColor, 3> groundsOf(const QPalette& palette) {
   const QColor window = palette.color(QPalette::Active, QPalette::Window);
@@ -54,7 +49,7 @@ QColor onTheWay(const QColor& from, const QPalette& palette, double wanted, Show
   const auto grounds = groundsOf(palette);
   const QColor ink = palette.color(QPalette::Active, QPalette::WindowText);
   for (double share = 0; share < 1; share += 0.05) {
-    const QColor colour = mix(from, ink, share);
+    const QColor colour = mixed(from, ink, share);
     if (std::ranges::all_of(grounds, [&](const QColor& ground) {
           return contrast(shown(colour), ground) >= wanted;
         })) {

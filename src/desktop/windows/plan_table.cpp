@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/panel/colour_mix.h"
 #include "desktop/ports/text.h"
 #include "desktop/windows/binder.h"
 #include "desktop/windows/parts.h"
@@ -21,13 +22,8 @@ constexpr double kTwipsPerDigit = 90;
 
 /// The colour of a selection, but mostly transparent, so that the text keeps its contrast.
 QBrush markBrush() {
-  constexpr float kShare = 0.25F;
   const QPalette palette = QApplication::palette();
-  const QColor strong = palette.color(QPalette::Highlight);
-  const QColor page = palette.color(QPalette::Base);
-  const auto mix = [](float one, float other) { return one * kShare + other * (1 - kShare); };
-  return QColor::fromRgbF(mix(strong.redF(), page.redF()), mix(strong.greenF(), page.greenF()),
-                          mix(strong.blueF(), page.blueF()));
+  return mixed(palette.color(QPalette::Base), palette.color(QPalette::Highlight), 0.25);
 }
 
 }  // namespace
@@ -69,10 +65,9 @@ QVariant PlanModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant PlanModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation == Qt::Horizontal && role == Qt::DisplayRole) {
-    return toScreen(table_.textMatrix(0, section));
-  }
-  return QAbstractTableModel::headerData(section, orientation, role);
+  const bool heading = orientation == Qt::Horizontal && role == Qt::DisplayRole;
+  return heading ? toScreen(table_.textMatrix(0, section))
+                 : QAbstractTableModel::headerData(section, orientation, role);
 }
 
 Qt::ItemFlags PlanModel::flags(const QModelIndex& index) const {
