@@ -111,13 +111,8 @@ Memory builtInMemory() {
 }
 
 std::span<const Frequency> voiceChannels(char bank) {
-  if (bank == 'B') {
-    return kCityVoice;
-  }
-  if (bank == 'H') {
-    return kCountyVoice;
-  }
-  return {};
+  using Channels = std::span<const Frequency>;
+  return bank == 'B' ? Channels(kCityVoice) : bank == 'H' ? Channels(kCountyVoice) : Channels();
 }
 
 }  // namespace tarnvex::radio

@@ -7,13 +7,9 @@ namespace tarnvex::radio {
 namespace {
 
 bool fits(char pattern, char c) {
-  if (pattern == '#') {
-    return c >= '0' && c <= '9';
-  }
-  if (pattern == '@') {
-    return c >= 'A' && c <= 'J';
-  }
-  return pattern == c;
+  return pattern == '#'   ? c >= '0' && c <= '9'
+         : pattern == '@' ? c >= 'A' && c <= 'J'
+                          : pattern == c;
 }
 
 std::vector<Command> join(std::initializer_list<std::span<const Command>> parts) {

@@ -61,13 +61,20 @@ std::string becomeModel(Request& request) {
   return kDone;
 }
 
-std::string tempo(Request& request) {
+/// Hands the first argument on, if it is a number from 0 to `most`.
+template <class Take>
+std::string withNumber(Request& request, double most, std::string_view expected, Take take) {
   const auto value = number(request, 0);
-  if (!value || *value < 0 || *value > kMostTempo) {
-    return refuse("expected a number from 0 to 10000");
+  if (!value || *value < 0 || *value > most) {
+    return refuse(expected);
   }
-  request.wire.radio().setTempo(*value);
+  take(*value);
   return kDone;
+}
+
+std::string tempo(Request& request) {
+  return withNumber(request, kMostTempo, "expected a number from 0 to 10000",
+                    [&](double value) { request.wire.radio().setTempo(value); });
 }
 
 std::string reception(Request& request) {
@@ -107,21 +114,14 @@ std::string replug(Request& request) {
 }
 
 std::string baud(Request& request) {
-  const auto value = number(request, 0);
-  if (!value || *value < 0 || *value > 1e6) {
-    return refuse("expected a baud rate");
-  }
-  request.wire.line().setBaud(static_cast<int>(*value));
-  return kDone;
+  return withNumber(request, 1e6, "expected a baud rate",
+                    [&](double value) { request.wire.line().setBaud(static_cast<int>(value)); });
 }
 
 std::string think(Request& request) {
-  const auto value = number(request, 0);
-  if (!value || *value < 0 || *value > 1e5) {
-    return refuse("expected milliseconds");
-  }
-  request.wire.line().setThink(Instant{static_cast<std::int64_t>(*value * 1e6)});
-  return kDone;
+  return withNumber(request, 1e5, "expected milliseconds", [&](double value) {
+    request.wire.line().setThink(Instant{static_cast<std::int64_t>(value * 1e6)});
+  });
 }
 
 std::string clearFaults(Request& request) {

@@ -5,11 +5,9 @@
 namespace tarnvex::radio {
 
 Instant LinePacer::spanOf(std::size_t count) const {
-  if (baud_ <= 0) {
-    return Instant{0};
-  }
   constexpr std::int64_t kBitsPerByte = 10, kSecond = 1'000'000'000;
-  return Instant{static_cast<std::int64_t>(count) * kBitsPerByte * kSecond / baud_};
+  const std::int64_t bits = static_cast<std::int64_t>(count) * kBitsPerByte;
+  return Instant{baud_ > 0 ? bits * kSecond / baud_ : 0};
 }
 
 Instant LinePacer::arrive(Instant now, std::size_t count) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <span>
 
 namespace tarnvex::radio {
 namespace {
@@ -64,12 +65,9 @@ bool hasTrunkedChannel(const Memory& memory, int bank) {
 }
 
 Frequency controlChannel(const Memory& memory, int bank) {
-  for (int channel = bank * kBankSize + 1; channel <= (bank + 1) * kBankSize; ++channel) {
-    if (memory.channels[channel].trunked) {
-      return memory.channels[channel].frequency;
-    }
-  }
-  return 0;
+  const auto channels = std::span(memory.channels).subspan(bank * kBankSize + 1, kBankSize);
+  const auto control = std::ranges::find(channels, true, &Channel::trunked);
+  return control == channels.end() ? 0 : control->frequency;
 }
 
 bool receivable(Frequency frequency) {

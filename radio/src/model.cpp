@@ -1,5 +1,6 @@
 #include "radio/model.h"
 
+#include <algorithm>
 #include <array>
 
 namespace tarnvex::radio {
@@ -34,12 +35,8 @@ constexpr std::array<Row, 17> kRows{{
 }};
 
 const Row& rowOf(Activity activity) {
-  for (const Row& row : kRows) {
-    if (row.activity == activity) {
-      return row;
-    }
-  }
-  return kRows.front();
+  const auto* const row = std::ranges::find(kRows, activity, &Row::activity);
+  return row == kRows.end() ? kRows.front() : *row;
 }
 
 }  // namespace
@@ -67,13 +64,9 @@ std::optional<std::pair<Activity, Family>> activityOf(Model model, std::string_v
 }
 
 std::optional<Model> modelNamed(std::string_view name) {
-  if (name == "bc895") {
-    return Model::BC895XLT;
-  }
-  if (name == "bc245") {
-    return Model::BC245XLT;
-  }
-  return std::nullopt;
+  return name == "bc895"   ? std::optional(Model::BC895XLT)
+         : name == "bc245" ? std::optional(Model::BC245XLT)
+                           : std::nullopt;
 }
 
 std::string_view nameOf(Model model) {

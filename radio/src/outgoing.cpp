@@ -1,11 +1,12 @@
 #include "radio/outgoing.h"
 
+#include <algorithm>
+
 namespace tarnvex::radio {
 
 std::string withTopBits(std::string bytes) {
-  for (char& c : bytes) {
-    c = c == '\r' ? c : static_cast<char>(c | 0x80);
-  }
+  const auto withTopBit = [](char c) { return c == '\r' ? c : static_cast<char>(c | 0x80); };
+  std::ranges::transform(bytes, bytes.begin(), withTopBit);
   return bytes;
 }
 

@@ -1,5 +1,6 @@
 #include "radio/scenes.h"
 
+#include <algorithm>
 #include <array>
 
 namespace tarnvex::radio {
@@ -154,12 +155,8 @@ std::span<const Scene> scenes() {
 }
 
 const Scene* sceneNamed(std::string_view name) {
-  for (const Scene& scene : kScenes) {
-    if (scene.name == name) {
-      return &scene;
-    }
-  }
-  return nullptr;
+  const auto* const scene = std::ranges::find(kScenes, name, &Scene::name);
+  return scene == kScenes.end() ? nullptr : scene;
 }
 
 }  // namespace tarnvex::radio

@@ -91,13 +91,9 @@ bool wants(const State& state, const Transmission& each) {
 }
 
 bool delays(const State& state) {
-  if (state.activity == Activity::Scan) {
-    return state.memory.channels[state.channel].delay;
-  }
-  if (state.activity == Activity::IdScan) {
-    return trunkBank(state).delay;
-  }
-  return searches(state.activity) && state.searchDelay;
+  return state.activity == Activity::Scan     ? state.memory.channels[state.channel].delay
+         : state.activity == Activity::IdScan ? trunkBank(state).delay
+                                              : searches(state.activity) && state.searchDelay;
 }
 
 void storeFound(Memory& memory, Frequency frequency) {

@@ -21,6 +21,8 @@ using platform::Failure;
 namespace {
 
 constexpr std::string_view kSuffix = ".tvf";
+/// Every 0 is any digit.
+constexpr std::string_view kTimePicture = "0000-00-00 00-00-00";
 constexpr std::size_t kNewest = 50;
 constexpr int kDays = 31;
 constexpr int kMostOfASecond = 1000;
@@ -51,15 +53,13 @@ int takeNumber(std::string_view& name) {
 }
 
 bool isTime(std::string_view text) {
-  constexpr std::string_view kPicture = "0000-00-00 00-00-00";
-  return text.size() == kPicture.size() &&
-         std::ranges::equal(text, kPicture, [](char found, char wanted) {
-           return wanted == '0' ? platform::isDigit(found) : found == wanted;
-         });
+  return std::ranges::equal(text, kTimePicture, [](char found, char wanted) {
+    return wanted == '0' ? platform::isDigit(found) : found == wanted;
+  });
 }
 
 std::optional<Copy> copyOf(const std::string& name) {
-  constexpr std::size_t kTimeSize = 19;
+  constexpr std::size_t kTimeSize = kTimePicture.size();
   if (!name.ends_with(kSuffix)) {
     return std::nullopt;
   }

@@ -52,9 +52,8 @@ std::string folderName(const std::string& path) {
 }
 
 std::string lowerCase(std::string name) {
-  std::ranges::transform(name, name.begin(), [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-  });
+  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
+  std::ranges::transform(name, name.begin(), lower);
   return name;
 }
 

@@ -43,11 +43,7 @@ void take(const platform::Table& grid, int row, Exported& record) {
 /// Deliberate: the mode isn't reset between records. From the first AM frequency on, all records of
 /// an export are "am ".
 void chooseMode(Exported& record) {
-  if (inAmRange(record.frequency)) {
-    record.mode = "am ";
-  } else if (record.mode.empty()) {
-    record.mode = "nfm";
-  }
+  record.mode = inAmRange(record.frequency) ? "am " : record.mode.empty() ? "nfm" : record.mode;
 }
 
 void write(platform::SequentialFiles& files, int file, const Exported& record) {

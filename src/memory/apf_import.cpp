@@ -11,10 +11,8 @@ namespace {
 
 /// Reads a start channel. On failure returns the reason.
 Failure toChannel(const std::string& text, int& channel) {
-  if (platform::assign(channel, platform::toInteger(text))) {
-    return std::nullopt;
-  }
-  return platform::toReal(text) ? "Overflow" : "Type mismatch";
+  const bool taken = platform::assign(channel, platform::toInteger(text));
+  return taken ? Failure() : platform::toReal(text) ? "Overflow" : "Type mismatch";
 }
 
 void store(platform::Table& grid, int row, const ApfRecord& record) {

@@ -15,10 +15,8 @@ frmDownload::frmDownload(MainWindow mainWindow, const TransferOutside& outside)
 
 BankDialog::Outcome frmDownload::transferBanks(Transfer& transfer) {
   const auto step = transfer.main.history.step("Download");
-  if (selectedBanks() > 0 && !transfer.keepPlan()) {
-    return Outcome::Ended;
-  }
-  return ChannelTransfer::transferBanks(transfer);
+  const bool kept = selectedBanks() == 0 || transfer.keepPlan();
+  return kept ? ChannelTransfer::transferBanks(transfer) : Outcome::Ended;
 }
 
 void frmDownload::prepareRadio(const TransferWindow& main) {

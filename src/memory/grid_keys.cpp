@@ -12,10 +12,8 @@ constexpr char kEnter = 13;
 constexpr char kQuoteKey = '"';
 
 void deleteLast(Table& table) {
-  std::string text = table.text();
-  if (!text.empty()) {
-    text.pop_back();
-    table.setText(std::move(text));
+  if (const std::string& text = table.text(); !text.empty()) {
+    table.setText(text.substr(0, text.size() - 1));
   }
 }
 

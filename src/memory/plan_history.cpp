@@ -205,8 +205,7 @@ PlanHistory::Record PlanHistory::taken(Records& from) {
 template <class Records>
 PlanHistory::Place PlanHistory::keep(Records& to, Record record) {
   visited_.reset();
-  to.push_back(std::move(record));
-  return to.back().place;
+  return to.emplace_back(std::move(record)).place;
 }
 
 std::optional<PlanHistory::Place> PlanHistory::undo() {

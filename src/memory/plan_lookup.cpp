@@ -10,6 +10,29 @@ namespace {
 
 constexpr int kBankRows = 100;
 
+/// The first channel with a matching frequency.
+template <class Matches>
+std::optional<int> firstChannel(const platform::Table& channels, Matches matches) {
+  for (int row = 1; row <= ChannelRecord::kRows; ++row) {
+    if (matches(channels.textMatrix(row, ChannelRecord::Frequency))) {
+      return row;
+    }
+  }
+  return std::nullopt;
+}
+
+/// The first tag of the matching rows that have one.
+template <class Matches>
+std::optional<std::string> firstTag(const platform::Table& channels, Matches matches) {
+  for (int row = 1; row <= ChannelRecord::kRows; ++row) {
+    const std::string& tag = channels.textMatrix(row, ChannelRecord::AlphaTag);
+    if (!tag.empty() && matches(row)) {
+      return tag;
+    }
+  }
+  return std::nullopt;
+}
+
 /// The tag of the last row from `first` to `last` with a matching ID.
 template <class Matches>
 std::optional<std::string> lastTag(const platform::Table& talkgroups, int first, int last,
@@ -32,43 +55,26 @@ int bankOfChannel(int channel) {
 }
 
 std::optional<int> findChannel(const platform::Table& channels, std::string_view frequency) {
-  for (int row = 1; row <= ChannelRecord::kRows; ++row) {
-    if (channels.textMatrix(row, ChannelRecord::Frequency) == frequency) {
-      return row;
-    }
-  }
-  return std::nullopt;
+  return firstChannel(channels, [=](const std::string& held) { return held == frequency; });
 }
 
 std::optional<int> findChannel(const platform::Table& channels, double megahertz) {
-  for (int row = 1; row <= ChannelRecord::kRows; ++row) {
-    if (platform::toReal(channels.textMatrix(row, ChannelRecord::Frequency)) == megahertz) {
-      return row;
-    }
-  }
-  return std::nullopt;
+  return firstChannel(channels,
+                      [=](const std::string& held) { return platform::toReal(held) == megahertz; });
 }
 
 std::optional<std::string> findTag(const platform::Table& channels, std::string_view frequency) {
-  for (int row = 1; row <= ChannelRecord::kRows; ++row) {
-    const std::string& tag = channels.textMatrix(row, ChannelRecord::AlphaTag);
-    if (channels.textMatrix(row, ChannelRecord::Frequency) == frequency && !tag.empty()) {
-      return tag;
-    }
-  }
-  return std::nullopt;
+  return firstTag(channels, [&](int row) {
+    return channels.textMatrix(row, ChannelRecord::Frequency) == frequency;
+  });
 }
 
 std::optional<std::string> findTag(const platform::Table& channels, std::string_view frequency,
                                    std::string_view channel) {
-  for (int row = 1; row <= ChannelRecord::kRows; ++row) {
-    const std::string& tag = channels.textMatrix(row, ChannelRecord::AlphaTag);
-    if (channels.textMatrix(row, ChannelRecord::Frequency) == frequency &&
-        channels.textMatrix(row, ChannelRecord::Number) == channel && !tag.empty()) {
-      return tag;
-    }
-  }
-  return std::nullopt;
+  return firstTag(channels, [&](int row) {
+    return channels.textMatrix(row, ChannelRecord::Frequency) == frequency &&
+           channels.textMatrix(row, ChannelRecord::Number) == channel;
+  });
 }
 
 std::optional<std::string> findTalkgroupTag(const platform::Table& talkgroups, int bank,

@@ -1,5 +1,6 @@
 #include "platform/controls.h"
 
+#include <algorithm>
 #include <iterator>
 
 namespace tarnvex::platform {
@@ -118,8 +119,7 @@ void ListBox::add(std::string item) {
 }
 
 void ListBox::addAll(std::vector<std::string> items) {
-  items_.insert(items_.end(), std::make_move_iterator(items.begin()),
-                std::make_move_iterator(items.end()));
+  std::ranges::move(items, std::back_inserter(items_));
   selected_.resize(items_.size());
   changed.notify();
 }

@@ -151,10 +151,8 @@ frmDownloadtrs::frmDownloadtrs(MainWindow mainWindow, const memory::TransferOuts
 
 memory::BankDialog::Outcome frmDownloadtrs::transferBanks(memory::Transfer& transfer) {
   const auto step = transfer.main.history.step("Download");
-  if (selectedBanks() > 0 && !transfer.keepPlan()) {
-    return Outcome::Ended;
-  }
-  return Bc245IdTransfer::transferBanks(transfer);
+  const bool kept = selectedBanks() == 0 || transfer.keepPlan();
+  return kept ? Bc245IdTransfer::transferBanks(transfer) : Outcome::Ended;
 }
 
 /// Deliberate: asks for the group's priority ID at every slot, and never removes a mark from the

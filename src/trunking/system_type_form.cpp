@@ -1,5 +1,6 @@
 #include "trunking/system_type_form.h"
 
+#include <array>
 #include <utility>
 #include <vector>
 
@@ -68,8 +69,7 @@ void Form3::chooseType() {
 }
 
 void Form3::showTuning(bool shown) {
-  using Controls = std::initializer_list<platform::Control*>;
-  for (platform::Control* control : Controls{&BFLabel, &BFText, &OSLabel, &Combo2}) {
+  for (auto* control : std::to_array<platform::Control*>({&BFLabel, &BFText, &OSLabel, &Combo2})) {
     control->setVisible(shown);
   }
 }

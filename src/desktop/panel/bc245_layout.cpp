@@ -114,9 +114,7 @@ void addTexts(QVector<DisplayElement>& elements) {
 
 DisplayElement silentWord(const QString& name, const QString& word, const QRectF& rect,
                           Qt::Alignment align) {
-  DisplayElement element{name, ElementKind::Word, rect, word, align, QString()};
-  element.silent = true;
-  return element;
+  return {name, ElementKind::Word, rect, word, align, QString(), true};
 }
 
 /// The row of banks. When the display is read aloud, the marks name their banks and the digits

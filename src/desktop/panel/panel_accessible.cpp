@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QVector>
+#include <algorithm>
 
 #include "desktop/panel/part_accessible.h"
 #include "desktop/panel/radio_panel.h"
@@ -33,12 +34,8 @@ class PanelAccessible : public QAccessibleWidget {
                                                : nullptr;
   }
   int indexOfChild(const QAccessibleInterface* wanted) const override {
-    for (int i = 0; i < parts_.size(); ++i) {
-      if (QAccessible::accessibleInterface(parts_[i]) == wanted) {
-        return i;
-      }
-    }
-    return -1;
+    const auto found = std::ranges::find(parts_, wanted, &QAccessible::accessibleInterface);
+    return found == parts_.end() ? -1 : static_cast<int>(found - parts_.begin());
   }
   [[nodiscard]] QAccessibleInterface* childAt(int x, int y) const override {
     for (int i = 0; i < parts_.size(); ++i) {

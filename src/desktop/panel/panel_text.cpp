@@ -28,13 +28,9 @@ QFont layoutFont(const Lettering& lettering) {
 }
 
 double alignedX(const QRectF& rect, double width, Qt::Alignment align) {
-  if (align.testFlag(Qt::AlignRight)) {
-    return rect.right() - width;
-  }
-  if (align.testFlag(Qt::AlignHCenter)) {
-    return rect.center().x() - width / 2;
-  }
-  return rect.left();
+  return align.testFlag(Qt::AlignRight)     ? rect.right() - width
+         : align.testFlag(Qt::AlignHCenter) ? rect.center().x() - width / 2
+                                            : rect.left();
 }
 
 void drawLine(QPainter& painter, const QRectF& rect, double baseline, const QString& line,

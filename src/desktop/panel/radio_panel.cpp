@@ -130,10 +130,8 @@ QString RadioPanel::displayText() const {
 }
 
 QRect RadioPanel::keyRect(int keyIndex) const {
-  if (keyIndex < 0 || keyIndex >= state_->layout.keys.size()) {
-    return {};
-  }
-  return renderer_->widgetRect(state_->layout.keys[keyIndex].rect, 0);
+  const bool known = keyIndex >= 0 && keyIndex < state_->layout.keys.size();
+  return known ? renderer_->widgetRect(state_->layout.keys[keyIndex].rect, 0) : QRect();
 }
 
 QRect RadioPanel::elementRect(const QString& name) const {

@@ -15,8 +15,7 @@ std::string valueName(int slot) {
 QString describe(const QSerialPortInfo& port) {
   const QString maker = port.manufacturer().simplified();
   const QString product = port.description().simplified();
-  return product.startsWith(maker) ? product
-                                   : QString(maker + QLatin1Char(' ') + product).trimmed();
+  return product.startsWith(maker) ? product : QString(maker + u' ' + product).trimmed();
 }
 
 }  // namespace
@@ -27,12 +26,9 @@ QString FoundPort::title() const {
 }
 
 QString stablePath(const QString& path, const QString& folder) {
-  for (const QFileInfo& link : QDir(folder).entryInfoList(QDir::Files | QDir::System)) {
-    if (link.canonicalFilePath() == path) {
-      return link.filePath();
-    }
-  }
-  return path;
+  const auto links = QDir(folder).entryInfoList(QDir::Files | QDir::System);
+  const auto link = std::ranges::find(links, path, &QFileInfo::canonicalFilePath);
+  return link == links.end() ? path : link->filePath();
 }
 
 QVector<FoundPort> findPorts() {

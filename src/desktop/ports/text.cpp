@@ -69,9 +69,8 @@ std::string fromScreen(const QString& text, char substitute) {
 }
 
 QString messageToScreen(std::string_view text) {
-  const QByteArray bytes(text.data(), static_cast<qsizetype>(text.size()));
   QStringDecoder fileName(QStringDecoder::Utf8);
-  const QString decoded = fileName(bytes);
+  const QString decoded = fileName(QByteArrayView(text));
   return fileName.hasError() ? toScreen(text) : decoded;
 }
 

@@ -35,8 +35,7 @@ QDateTime dayOf(qint64 time) {
 QString markText(qint64 time, qint64 step) {
   const QDateTime local = QDateTime::fromMSecsSinceEpoch(time);
   const bool midnight = local.time().hour() == 0 && local.time().minute() == 0;
-  return local.toString(step >= kDay || midnight ? QStringLiteral("d MMM")
-                                                 : QStringLiteral("HH:mm"));
+  return local.toString(step >= kDay || midnight ? u"d MMM" : u"HH:mm");
 }
 
 }  // namespace

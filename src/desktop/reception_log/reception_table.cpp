@@ -225,11 +225,9 @@ QMenu* ReceptionTable::makeMenu(bool recorded) {
 }
 
 void ReceptionTable::contextMenuEvent(QContextMenuEvent* event) {
-  const ReceptionRow* row = currentIndex().isValid() ? model_.row(currentIndex().row()) : nullptr;
-  if (row == nullptr) {
-    return;
-  }
-  makeMenu(!row->recording.isEmpty())->popup(event->globalPos());
+  withCurrent([&](const ReceptionRow& row) {
+    makeMenu(!row.recording.isEmpty())->popup(event->globalPos());
+  });
 }
 
 /// Copies the selected rows that the model has: a line for each row, tabs between the columns.

@@ -25,9 +25,8 @@ QLabel* addLabel(Binder& binder, const platform::Label& model) {
 
 /// Makes a button. Enter presses the button with the focus, or otherwise the main one.
 QPushButton* addButton(Binder& binder, platform::Button& model) {
-  auto* button = new QPushButton;
+  auto* button = binder.make<QPushButton>(model);
   button->setAutoDefault(true);
-  binder.bind(button, model);
   return button;
 }
 

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/panel/panel_style.h"
 #include "desktop/ports/text.h"
@@ -107,8 +108,7 @@ void QuickViewWindow::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void QuickViewWindow::mouseReleaseEvent(QMouseEvent* /*event*/) {
-  if (pressed_) {
-    pressed_.reset();
+  if (std::exchange(pressed_, std::nullopt)) {
     askToClose();
   }
 }

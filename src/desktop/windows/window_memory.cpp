@@ -27,11 +27,8 @@ QRect fitToScreens(const QRect& wanted, const std::vector<QRect>& screens) {
 
 std::optional<QRect> WindowMemory::place() const {
   const auto kept = numbers("Window");
-  constexpr std::size_t kNumbers = 4;
-  if (kept.size() != kNumbers || kept[2] <= 0 || kept[3] <= 0) {
-    return std::nullopt;
-  }
-  return QRect(kept[0], kept[1], kept[2], kept[3]);
+  const bool usable = kept.size() == 4 && kept[2] > 0 && kept[3] > 0;
+  return usable ? std::optional(QRect(kept[0], kept[1], kept[2], kept[3])) : std::nullopt;
 }
 
 void WindowMemory::setPlace(const QRect& place) {
