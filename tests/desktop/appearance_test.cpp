@@ -88,6 +88,7 @@ TEST_F(Bc895Window, FindsRowsAndHidesEmptyOnes) {
   QTest::keyClick(&text, Qt::Key_Escape);
   EXPECT_FALSE(text.isVisible());
   EXPECT_TRUE(table.hasFocus());
+  EXPECT_FALSE(table.isRowHidden(4)) << "nothing is hidden without the bar";
   EXPECT_FALSE(state.MemoryModified);
 }
 

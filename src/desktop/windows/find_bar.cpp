@@ -72,6 +72,8 @@ void FindBar::open() {
 }
 
 void FindBar::close() {
+  // No row stays hidden while nothing shows why.
+  hideEmpty_->setChecked(false);
   hide();
   table_.setFocus();
 }
