@@ -38,6 +38,7 @@ const RadioModel& bc245Model() {
       .enterVisitsPriority = true,
       .enterLastRow = 1000,
       .hitIdStart = 2,
+      .convertsIds = true,
       .asksBeforeReplacing = true,
       .modalDialogs = true,
       .bankKey = [](int bank) { return key::number(bank + 1); },

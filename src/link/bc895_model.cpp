@@ -34,6 +34,7 @@ const RadioModel& bc895Model() {
       // Deliberate: half of the table. Enter moves on to the next row only in the first five banks.
       .enterLastRow = 500,
       .hitIdStart = 1,
+      .convertsIds = false,
       .asksBeforeReplacing = false,
       .modalDialogs = false,
       .bankKey = [](int bank) { return key::bank(bankLetter(bank)); },

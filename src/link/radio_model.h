@@ -51,6 +51,8 @@ struct RadioModel {
   int enterLastRow;
   /// Position, from 1, of the ID in a line of the talkgroup hit list.
   std::size_t hitIdStart;
+  /// Whether the plan may hold an EDACS ID in another form than the one the radio shows.
+  bool convertsIds;
   /// Whether Save asks before it replaces a file other than the current one.
   bool asksBeforeReplacing;
 

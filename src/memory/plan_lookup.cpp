@@ -33,17 +33,21 @@ std::optional<std::string> firstTag(const platform::Table& channels, Matches mat
   return std::nullopt;
 }
 
-/// The tag of the last row from `first` to `last` with a matching ID.
+/// The last row from `first` to `last` with a matching ID.
 template <class Matches>
-std::optional<std::string> lastTag(const platform::Table& talkgroups, int first, int last,
-                                   Matches matches) {
-  std::optional<std::string> tag;
+std::optional<int> lastRow(const platform::Table& talkgroups, int first, int last,
+                           Matches matches) {
+  std::optional<int> found;
   for (int row = first; row <= last; ++row) {
     if (matches(talkgroups.textMatrix(row, TalkgroupRecord::Id))) {
-      tag = talkgroups.textMatrix(row, TalkgroupRecord::AlphaTag);
+      found = row;
     }
   }
-  return tag;
+  return found;
+}
+
+std::optional<std::string> tagOf(const platform::Table& talkgroups, std::optional<int> row) {
+  return row ? std::optional(talkgroups.textMatrix(*row, TalkgroupRecord::AlphaTag)) : std::nullopt;
 }
 
 }  // namespace
@@ -79,15 +83,20 @@ std::optional<std::string> findTag(const platform::Table& channels, std::string_
 
 std::optional<std::string> findTalkgroupTag(const platform::Table& talkgroups, int bank,
                                             std::string_view id) {
-  return lastTag(talkgroups, kBankRows * bank, kBankRows * bank + kBankRows,
-                 [id](const std::string& held) { return held == id; });
+  return tagOf(talkgroups, lastRow(talkgroups, kBankRows * bank, kBankRows * bank + kBankRows,
+                                   [id](const std::string& held) { return held == id; }));
+}
+
+std::optional<int> findTalkgroup(const platform::Table& talkgroups, int bank,
+                                 std::span<const std::string> forms) {
+  return lastRow(
+      talkgroups, kBankRows * bank + 1, kBankRows * bank + kBankRows,
+      [forms](const std::string& held) { return std::ranges::find(forms, held) != forms.end(); });
 }
 
 std::optional<std::string> findTalkgroupTag(const platform::Table& talkgroups, int bank,
                                             std::span<const std::string> forms) {
-  return lastTag(
-      talkgroups, kBankRows * bank + 1, kBankRows * bank + kBankRows,
-      [forms](const std::string& held) { return std::ranges::find(forms, held) != forms.end(); });
+  return tagOf(talkgroups, findTalkgroup(talkgroups, bank, forms));
 }
 
 }  // namespace tarnvex::memory

@@ -27,13 +27,17 @@ std::optional<std::string> findTag(const platform::Table& channels, std::string_
 std::optional<std::string> findTag(const platform::Table& channels, std::string_view frequency,
                                    std::string_view channel);
 
+/// The last of a bank's own rows with an ID that can be written in several forms.
+std::optional<int> findTalkgroup(const platform::Table& talkgroups, int bank,
+                                 std::span<const std::string> forms);
+
 /// The tag of a talkgroup ID in a bank, possibly empty. If several rows have the ID, the last one
 /// counts. Nothing if none has it. Deliberate: the search begins one row early, so an ID in the
 /// last slot of the bank before is found too.
 std::optional<std::string> findTalkgroupTag(const platform::Table& talkgroups, int bank,
                                             std::string_view id);
 
-/// The same for an ID that can be written in several forms. Searches only the bank's own rows.
+/// The tag of the row that `findTalkgroup` finds.
 std::optional<std::string> findTalkgroupTag(const platform::Table& talkgroups, int bank,
                                             std::span<const std::string> forms);
 

@@ -12,6 +12,7 @@
 #include "memory/frequency_file.h"
 #include "memory/plan_editor.h"
 #include "memory/transfer.h"
+#include "monitor/heard_rows.h"
 #include "monitor/key_beep.h"
 #include "monitor/keypad.h"
 #include "monitor/poll_cycle.h"
@@ -113,6 +114,8 @@ class MainForm : private platform::NonCopyable {
   /// The state of the port `MSComm1`.
   link::LinkState linkState;
   std::unique_ptr<platform::SerialPort> MSComm1;
+  /// The rows of the two tables that are being received.
+  monitor::HeardRows heardRows;
   std::unique_ptr<platform::MediaControl> MMControl1;
 
  protected:

@@ -98,7 +98,6 @@ void MainWindow::addPanel(Form& form, PanelLayout front, QBoxLayout::Direction d
   layout->setStretchFactor(tabs_, 1);
   panelBinding_ = std::make_unique<PanelBinding>(*panel_, form, binder_.gate());
   panelBinding_->follow(form.linkState);
-  markReception(form.panel.Channel);
 }
 
 void MainWindow::addPages(QWidget* options) {
@@ -106,6 +105,7 @@ void MainWindow::addPages(QWidget* options) {
   tabs_->addTab(makeTrunkedPage(form_, binder_), tr("Trunked Data"));
   tabs_->addTab(options, tr("Options"));
   tabs_->addTab(makeSearchPage(form_, binder_), tr("Search Results"));
+  markReception();
   showTab();
 }
 
@@ -145,16 +145,11 @@ void MainWindow::addHelpHere(QMenu* menu) {
   named(here, "helpHere")->setShortcut(Qt::Key_F1);
 }
 
-/// The panel's channel is "12" or, for the priority channel, "P  12".
-void MainWindow::markReception(const platform::Label& channel) {
-  const auto mark = [this, &channel] {
-    auto* table = static_cast<PlanTable*>(findChild<QWidget*>(QStringLiteral("MSFlexGrid1")));
-    if (table != nullptr) {
-      const QString number = toScreen(channel.caption()).remove(QLatin1Char('P'));
-      table->markRow(channel.visible() ? number.toInt() : 0);
-    }
-  };
-  binder_.keep(channel.changed.connect(mark));
+void MainWindow::markReception() {
+  binder_.follow(form_.heardRows.changed, [this, marked = tables()] {
+    marked[0]->markRow(form_.heardRows.channel());
+    marked[1]->markRow(form_.heardRows.talkgroup());
+  });
 }
 
 /// Only reads, so it needn't go through the event gate.

@@ -57,9 +57,10 @@ class MainWindow : public QMainWindow {
   void addExit(QMenu* menu);
   void addHelpHere(QMenu* menu);
   void copyReport();
-  /// Marks the channel that is being received in its table.
-  void markReception(const platform::Label& channel);
+  /// Marks the channel or talkgroup that is being received in its table.
+  void markReception();
   void restorePages(const WindowMemory& memory);
+  /// The tables of channels and of talkgroups.
   [[nodiscard]] QVector<PlanTable*> tables() const;
   template <class Form>
   void addPanel(Form& form, PanelLayout front, QBoxLayout::Direction direction);
