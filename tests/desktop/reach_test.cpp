@@ -1,6 +1,9 @@
 // Use without a mouse, and what windows remember: tips, Tab stops, shortcuts, sizes.
+#include <QContextMenuEvent>
+#include <QDesktopServices>
 #include <QHelpEvent>
 #include <QTest>
+#include <QTextBrowser>
 #include <QToolTip>
 
 #include "desktop/window_fixture.h"
@@ -127,6 +130,45 @@ TEST_F(Bc895Window, MenusHaveTheUsualKeysAndHelpKnowsThePage) {
   for (const QString& page : pages) {
     EXPECT_TRUE(QFile::exists(QStringLiteral(TARNVEX_HELP) + '/' + page));
   }
+}
+
+TEST_F(Bc895Window, TheMenuOfSavedSearchesOpensWhereItIsAskedFor) {
+  openTab(2);
+  auto& list = find<QListWidget>("List3");
+  form.customSearch.saved.List3.add("Air");
+  form.customSearch.saved.List3.add("Police");
+  form.customSearch.saved.List3.setListIndex(1);
+  auto& menu = *list.findChild<QMenu*>("mnuSearchlist");
+  // The pointer rests on the list in both cases.
+  list.viewport()->setAttribute(Qt::WA_UnderMouse);
+  const QPoint pointer = list.viewport()->mapToGlobal(QPoint(30, 2));
+  const auto opensAt = [&](QContextMenuEvent::Reason reason, QWidget& target) {
+    QContextMenuEvent ask(reason, target.mapFromGlobal(pointer), pointer);
+    QApplication::sendEvent(&target, &ask);
+    EXPECT_TRUE(menu.isVisible());
+    menu.close();
+    // A small screen moves it to the left.
+    return menu.pos().y();
+  };
+  EXPECT_EQ(opensAt(QContextMenuEvent::Mouse, *list.viewport()), pointer.y());
+  const QPoint line = list.visualItemRect(list.item(1)).bottomLeft();
+  EXPECT_EQ(opensAt(QContextMenuEvent::Keyboard, list), list.viewport()->mapToGlobal(line).y());
+}
+
+/// Takes the place of the desktop's file manager.
+struct OpenedFolder : QTextBrowser {
+  OpenedFolder() { QDesktopServices::setUrlHandler("file", this, "setSource"); }
+  ~OpenedFolder() override { QDesktopServices::unsetUrlHandler("file"); }
+  void doSetSource(const QUrl& url, QTextDocument::ResourceType /*type*/) override { opened = url; }
+
+  QUrl opened;
+};
+
+TEST_F(Bc895Window, ShowRecordingsOpensTheirFolder) {
+  openTab(2);
+  OpenedFolder manager;
+  find<QPushButton>("showRecordings").click();
+  EXPECT_EQ(manager.opened, QUrl::fromLocalFile(folder.path()));
 }
 
 TEST(FitToScreens, BringsAWindowBackOntoAScreen) {

@@ -1,3 +1,4 @@
+#include <QContextMenuEvent>
 #include <QDesktopServices>
 #include <QFormLayout>
 #include <QGridLayout>
@@ -9,6 +10,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "desktop/ports/device_watcher.h"
 #include "desktop/ports/text.h"
@@ -85,24 +87,49 @@ void addItem(QMenu* menu, search::SearchlistMenu::Item& item, Binder& binder) {
   action->setObjectName(QString::fromStdString(item.name));
 }
 
+/// Notices how a list's menu is opened. The keyboard's request goes to the list, the mouse's to its
+/// viewport.
+class MenuReason : public QObject {
+ public:
+  explicit MenuReason(QListWidget* list) : QObject(list) {
+    list->installEventFilter(this);
+    list->viewport()->installEventFilter(this);
+  }
+  /// Where the mouse has asked for the menu last. Nothing if it was the keyboard.
+  [[nodiscard]] std::optional<QPoint> pointer() const { return pointer_; }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::ContextMenu) {
+      const auto* menu = static_cast<QContextMenuEvent*>(event);
+      const bool byMouse = menu->reason() == QContextMenuEvent::Mouse;
+      pointer_ = byMouse ? std::optional(menu->globalPos()) : std::nullopt;
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  std::optional<QPoint> pointer_;
+};
+
 /// Shows it at the pointer, or at the current line if it is opened by the keyboard.
-void popUp(QMenu* menu, const QListWidget* list) {
+void popUp(QMenu* menu, const QListWidget* list, const std::optional<QPoint>& pointer) {
   const QRect line = list->visualItemRect(list->currentItem());
-  const bool byMouse = list->viewport()->underMouse();
-  menu->popup(byMouse ? QCursor::pos() : list->viewport()->mapToGlobal(line.bottomLeft()));
+  menu->popup(pointer.value_or(list->viewport()->mapToGlobal(line.bottomLeft())));
 }
 
-/// Binds the popup menu of the saved searches, which is shown at the pointer.
+/// Binds the popup menu of the saved searches.
 void bindSearchMenu(QListWidget* list, search::SearchlistMenu& model, Binder& binder) {
   auto* menu = named(new QMenu(list), "mnuSearchlist");
   addItem(menu, model.mnuSLSearch, binder);
   addItem(menu, model.mnuSLDelete, binder);
   QAction* search = menu->actions().first();
   menu->setDefaultAction(search);
-  binder.keep(model.shown.connect([menu, search, list, &model] {
+  auto* reason = new MenuReason(list);
+  binder.keep(model.shown.connect([menu, search, list, reason, &model] {
     const QString caption = toScreen(model.mnuSLSearch.caption);
     search->setText(caption.left(1) + withoutMnemonics(caption.mid(1)));
-    popUp(menu, list);
+    popUp(menu, list, reason->pointer());
   }));
 }
 
