@@ -188,6 +188,8 @@ TEST(FitToScreens, BringsAWindowBackOntoAScreen) {
     EXPECT_EQ(desktop::fitToScreens(kept, screens), fitted)
         << kept.x() << ' ' << kept.y() << ' ' << kept.width();
   }
+  const QMargins frame(2, 30, 2, 2);
+  EXPECT_EQ(desktop::fitToScreens({0, 0, 1500, 900}, screens, frame), QRect(2, 30, 1020, 568));
 }
 
 TEST_F(Bc895Window, ComesBackAsItWasLeft) {
@@ -195,7 +197,7 @@ TEST_F(Bc895Window, ComesBackAsItWasLeft) {
   auto& table = find<QTableView>("MSFlexGrid1");
   openTab(3);
   table.setColumnWidth(1, 123);
-  window.setGeometry(10, 20, 640, 500);
+  window.setGeometry(10, 60, 640, 500);
   window.remember(memory);
   shell::Form4 nextForm{services, outside};
   desktop::MainWindow next{nextForm, gate, devices};
@@ -203,7 +205,7 @@ TEST_F(Bc895Window, ComesBackAsItWasLeft) {
   form.MSComm1->close();
   nextForm.load();
   loop.turn();
-  EXPECT_EQ(next.geometry().topLeft(), QPoint(10, 20));
+  EXPECT_EQ(next.geometry().topLeft(), QPoint(10, 60));
   EXPECT_EQ(next.findChild<QTabWidget*>("SSTab1")->currentIndex(), 3);
   EXPECT_EQ(next.findChild<QTableView*>("MSFlexGrid1")->columnWidth(1), 123);
   settings.values[std::pair("BC895", "Window")] = "1 2 x";

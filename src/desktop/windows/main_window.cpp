@@ -9,6 +9,7 @@
 #include <QTimer>
 #include <QToolTip>
 #include <QVBoxLayout>
+#include <QWindow>
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -190,12 +191,34 @@ void MainWindow::leaveScreen() {
   takeOffScreen(this);
 }
 
-void MainWindow::restore(const WindowMemory& memory) {
+LeftWindow MainWindow::left() const {
+  const QWindow* shown = windowHandle();
+  return {(isMaximized() ? normalGeometry() : geometry()).topLeft(),
+          shown != nullptr ? shown->frameMargins() : QMargins(), isMaximized()};
+}
+
+/// The frame isn't known before the window is on the screen. Its title bar is assumed to be two
+/// lines high.
+void MainWindow::restorePlace(const WindowMemory& memory, const std::optional<LeftWindow>& before) {
   std::vector<QRect> screens;
   std::ranges::transform(QGuiApplication::screens(), std::back_inserter(screens),
                          &QScreen::availableGeometry);
-  setGeometry(fitToScreens(memory.place().value_or(QRect(pos(), size())), screens));
-  if (memory.maximised()) {
+  const auto stored = memory.place();
+  const QMargins title(0, fontMetrics().height() * 2, 0, 0);
+  const QMargins frame = before && !before->frame.isNull() ? before->frame : title;
+  const QPoint corner = before ? before->topLeft : stored ? stored->topLeft() : QPoint();
+  const QRect fitted =
+      fitToScreens(QRect(corner, stored ? stored->size() : size()), screens, frame);
+  if (before || stored) {
+    setGeometry(fitted);
+  } else {
+    resize(fitted.size());
+  }
+}
+
+void MainWindow::restore(const WindowMemory& memory, const std::optional<LeftWindow>& before) {
+  restorePlace(memory, before);
+  if (before ? before->maximised : memory.maximised()) {
     setWindowState(windowState() | Qt::WindowMaximized);
   }
   // The form's load lays out the tables and ends on its own page. The user's page and columns are

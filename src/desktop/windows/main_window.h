@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QTabWidget>
 #include <memory>
+#include <optional>
 
 #include "desktop/panel/radio_panel.h"
 #include "desktop/ports/device_slots.h"
@@ -36,13 +37,15 @@ class MainWindow : public QMainWindow {
   /// The user wants help. The argument is the manual's page for what is in front.
   platform::Notifier<QString> helpWanted;
 
-  /// Restores the window as it was left, and fits it to the present screens. Called before it is
-  /// shown.
-  void restore(const WindowMemory& memory);
+  /// Restores the window as it was left, and fits it to the present screens. If it replaces the
+  /// other radio's window, it takes that one's place. Without a place, the desktop chooses one.
+  /// Called before it is shown.
+  void restore(const WindowMemory& memory, const std::optional<LeftWindow>& before = {});
   /// Stores the window's state for the next start.
   void remember(WindowMemory& memory) const;
   /// Closes the window without asking.
   void leaveScreen();
+  [[nodiscard]] LeftWindow left() const;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -59,6 +62,7 @@ class MainWindow : public QMainWindow {
   void copyReport();
   /// Marks the channel or talkgroup that is being received in its table.
   void markReception();
+  void restorePlace(const WindowMemory& memory, const std::optional<LeftWindow>& before);
   void restorePages(const WindowMemory& memory);
   /// The tables of channels and of talkgroups.
   [[nodiscard]] QVector<PlanTable*> tables() const;

@@ -64,12 +64,8 @@ void QtWindows::drive(platform::Timer& timer) {
 void QtWindows::present(MainWindow* window, const char* section) {
   main_ = window;
   section_ = section;
-  WindowMemory memory(settings_, section_);
-  window->restore(memory);
-  // The other radio's window opens in the same place.
-  if (lastPlace_ && !memory.maximised()) {
-    window->move(*std::exchange(lastPlace_, std::nullopt));
-  }
+  const WindowMemory memory(settings_, section_);
+  window->restore(memory, std::exchange(left_, std::nullopt));
   helpWanted_ = window->helpWanted.connect([this](const QString& page) { showHelpPage(page); });
   window->show();
 }
@@ -85,7 +81,7 @@ void QtWindows::closeMain() {
   timers_.clear();
   rememberMain();
   if (main_) {
-    lastPlace_ = main_->pos();
+    left_ = main_->left();
     main_->leaveScreen();
     main_.clear();
   }

@@ -79,8 +79,8 @@ class QtWindows : public shell::WindowLayer {
   platform::Connection helpWanted_;
   /// The settings section of the main window's radio.
   std::string section_;
-  /// While the windows are exchanged, the position of the previous main window.
-  std::optional<QPoint> lastPlace_;
+  /// While the windows are exchanged, how the previous main window was left.
+  std::optional<LeftWindow> left_;
   QPointer<QWidget> splash_;
   QPointer<QWidget> notice_;
   QPointer<MainWindow> main_;

@@ -13,12 +13,13 @@ int area(const QRect& rect) {
 
 }  // namespace
 
-QRect fitToScreens(const QRect& wanted, const std::vector<QRect>& screens) {
+QRect fitToScreens(const QRect& wanted, const std::vector<QRect>& screens, const QMargins& frame) {
   if (screens.empty()) {
     return wanted;
   }
-  const QRect room = *std::ranges::max_element(
-      screens, {}, [&](const QRect& screen) { return area(screen.intersected(wanted)); });
+  const QRect screen = *std::ranges::max_element(
+      screens, {}, [&](const QRect& one) { return area(one.intersected(wanted)); });
+  const QRect room = screen.marginsRemoved(frame);
   QRect fitted(wanted.topLeft(), wanted.size().boundedTo(room.size()));
   fitted.moveLeft(std::clamp(fitted.left(), room.left(), room.right() + 1 - fitted.width()));
   fitted.moveTop(std::clamp(fitted.top(), room.top(), room.bottom() + 1 - fitted.height()));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMargins>
 #include <QRect>
 #include <QSize>
 #include <optional>
@@ -10,9 +11,18 @@
 
 namespace tarnvex::desktop {
 
-/// `wanted`, moved and if necessary made smaller so that all of it fits on a screen. The screen is
-/// the one that shows most of it, or the first one.
-QRect fitToScreens(const QRect& wanted, const std::vector<QRect>& screens);
+/// `wanted`, moved and if necessary made smaller so that all of it fits on a screen, together with
+/// a frame of this width around it. The screen is the one that shows most of it, or the first one.
+QRect fitToScreens(const QRect& wanted, const std::vector<QRect>& screens,
+                   const QMargins& frame = {});
+
+/// How the main window of the other radio was left when it was exchanged: its place, not maximised
+/// and without its frame, the frame's width, and whether it was maximised.
+struct LeftWindow {
+  QPoint topLeft;
+  QMargins frame;
+  bool maximised = false;
+};
 
 /// Stores how a radio's windows were left, in the radio's section of the settings. Values that
 /// can't be read count as missing.

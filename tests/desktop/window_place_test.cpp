@@ -1,0 +1,82 @@
+// Where main windows open: at a first start, and when the radio is exchanged.
+#include <QScreen>
+
+#include "desktop/window_fixture.h"
+
+namespace tarnvex::test {
+namespace {
+
+class WindowPlace : public testing::Test, protected Below {
+ protected:
+  /// The windows go before the forms, also those that were closed a moment ago.
+  ~WindowPlace() override {
+    windows.closeMain();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+  /// Opens the windows of the two radios one after the other, as a switch does.
+  desktop::MainWindow& exchange() {
+    windows.closeMain();
+    windows.openMain(bc245);
+    return *windows.mainWindow();
+  }
+  desktop::MainWindow& open() {
+    windows.openMain(bc895);
+    return *windows.mainWindow();
+  }
+  void store(const char* radio, const char* place) { settings.values[{radio, "Window"}] = place; }
+
+  shell::Form4 bc895{services, outside};
+  shell::Form2 bc245{services, outside};
+};
+
+TEST_F(WindowPlace, IsTheDesktopsChoiceAtAFirstStart) {
+  const auto& window = open();
+  EXPECT_FALSE(window.testAttribute(Qt::WA_Moved));
+  EXPECT_LE(window.height(), window.screen()->availableGeometry().height());
+}
+
+TEST_F(WindowPlace, StaysWhenTheOtherRadiosWindowHasAnotherSize) {
+  const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+  store("BC895", "20 60 500 400");
+  store("BC245", "0 0 510 420");
+  const QPoint corner = open().geometry().topLeft();
+  EXPECT_EQ(corner, QPoint(20, 60));
+  EXPECT_EQ(exchange().geometry().topLeft(), corner) << "there is room for it";
+  windows.closeMain();
+
+  store("BC895", "20 380 500 400");
+  store("BC245", "0 0 510 700");
+  open();
+  const QRect larger = exchange().frameGeometry();
+  EXPECT_GE(larger.top(), room.top());
+  EXPECT_LE(larger.bottom(), room.bottom());
+}
+
+TEST_F(WindowPlace, StaysMaximisedAndRemembersThePlaceWithoutThat) {
+  store("BC895", "20 60 500 400");
+  store("BC245", "0 0 510 420");
+  auto& first = open();
+  first.showMaximized();
+  const QRect normal = first.normalGeometry();
+  auto& second = exchange();
+  EXPECT_TRUE(second.isMaximized());
+  EXPECT_EQ((settings.values[{"BC895", "Window"}]), QStringLiteral("%1 %2 %3 %4")
+                                                        .arg(normal.x())
+                                                        .arg(normal.y())
+                                                        .arg(normal.width())
+                                                        .arg(normal.height())
+                                                        .toStdString());
+  second.showNormal();
+  EXPECT_EQ(second.geometry().topLeft(), normal.topLeft());
+  windows.closeMain();
+  EXPECT_TRUE(open().windowState() == Qt::WindowNoState) << "as the last window was";
+  windows.closeMain();
+}
+
+TEST_F(WindowPlace, IsMaximisedAgainAtTheNextStart) {
+  settings.values[{"BC895", "Maximised"}] = "1";
+  EXPECT_TRUE(open().isMaximized());
+}
+
+}  // namespace
+}  // namespace tarnvex::test
