@@ -96,5 +96,14 @@ TEST_F(Bc895Window, PastesWhatFitsFromAnyClipboard) {
   }
 }
 
+TEST_F(Bc895Window, TheMenuPutsTheReportOnTheClipboard) {
+  QApplication::clipboard()->setText("before");
+  find<QAction>("copyReport").trigger();
+  EXPECT_EQ(QApplication::clipboard()->text(), "before") << "without a report";
+  desktop::MainWindow reporting(form, gate, devices, [] { return QString("state of the line"); });
+  reporting.findChild<QAction*>("copyReport")->trigger();
+  EXPECT_EQ(QApplication::clipboard()->text(), "state of the line");
+}
+
 }  // namespace
 }  // namespace tarnvex::test

@@ -41,6 +41,7 @@ class QuickViewTest : public testing::TestWithParam<bool> {
 
 TEST_P(QuickViewTest, ShowsTheSameInTheMainWindowsPlace) {
   QPoint left;
+  QSize bigger;
   rig.play({
       {"scanning", rig.panelShows("Frequency: Scanning"), [&] { choose(); }},
       {"the small window", [&] { return open(); },
@@ -59,6 +60,8 @@ TEST_P(QuickViewTest, ShowsTheSameInTheMainWindowsPlace) {
          EXPECT_TRUE(display(small())->displayText().startsWith("Frequency 155.1150"));
          left = QPoint(40, 50);
          small()->move(left);
+         bigger = small()->size() + QSize(31, 17);
+         small()->resize(bigger);
          // This key would send the radio to manual mode.
          QTest::keyClick(small(), Qt::Key_M);
        }},
@@ -69,6 +72,7 @@ TEST_P(QuickViewTest, ShowsTheSameInTheMainWindowsPlace) {
          QKeyEvent repeat(QEvent::KeyPress, Qt::Key_M, Qt::NoModifier, "m", true);
          QApplication::sendEvent(rig.program.windows.mainWindow()->findChild<QTabBar*>(), &repeat);
          EXPECT_EQ(small()->pos(), left);
+         EXPECT_EQ(small()->size(), bigger);
          QTest::mouseClick(small(), Qt::LeftButton);
        }},
       {"closed by a click", [&] { return closed(); },
