@@ -36,6 +36,11 @@ class PanelLife : public testing::Test {
   std::function<void()> say(const QByteArray& line) {
     return [this, line] { rig.radio.say(line); };
   }
+  /// Whether a table marks this row as received.
+  [[nodiscard]] bool marks(const char* table, int row) const {
+    const auto* view = rig.program.windows.mainWindow()->findChild<QTableView*>(table);
+    return view->model()->index(row - 1, 1).data(Qt::BackgroundRole).isValid();
+  }
   /// Clears the air and sets the radio's mode.
   std::function<void()> tune(const QByteArray& mode) { return say("scene quiet\nmode " + mode); }
 
@@ -60,7 +65,12 @@ TEST_F(PanelLife, FollowsTheRadioThroughItsModes) {
       {"send", all({"Frequency: Send", "Bankltr: A B C D E F G H I J"}), tune("MD09")},
       {"trunked scan", all({"Frequency: Scanning", "Trunk: TRUNK", "Scan: SCAN"}, {"Wx: 0"}),
        say("talk 001616 600")},
-      {"a talkgroup", all({"Frequency: 1616", "Alpha: Police north", "Channel: 1"}), tune("MD07")},
+      {"a talkgroup", all({"Frequency: 1616", "Alpha: Police north", "Channel: 1"})},
+      {"its row", [this] { return marks("MSFlexGrid2", 101); },
+       [this] {
+         EXPECT_FALSE(marks("MSFlexGrid1", 1)) << "the slot isn't a channel";
+         rig.radio.say("scene quiet\nmode MD07");
+       }},
       {"ID search", all({"Frequency: - -   - - -", "Search: SEARCH"}, {"Scan: SCAN"}),
        say("talk 001616 600")},
       {"an ID found", all({"Frequency: 1616", "Alpha: Police north"}), tune("MD08")},
