@@ -40,8 +40,7 @@ class QuickViewTest : public testing::TestWithParam<bool> {
 };
 
 TEST_P(QuickViewTest, ShowsTheSameInTheMainWindowsPlace) {
-  QPoint left;
-  QSize bigger;
+  QRect left;
   rig.play({
       {"scanning", rig.panelShows("Frequency: Scanning"), [&] { choose(); }},
       {"the small window", [&] { return open(); },
@@ -58,10 +57,9 @@ TEST_P(QuickViewTest, ShowsTheSameInTheMainWindowsPlace) {
        [&] {
          expectSame();
          EXPECT_TRUE(display(small())->displayText().startsWith("Frequency 155.1150"));
-         left = QPoint(40, 50);
-         small()->move(left);
-         bigger = small()->size() + QSize(31, 17);
-         small()->resize(bigger);
+         left = QRect(QPoint(40, 50), small()->size() + QSize(31, 17));
+         small()->move(left.topLeft());
+         small()->resize(left.size());
          // This key would send the radio to manual mode.
          QTest::keyClick(small(), Qt::Key_M);
        }},
@@ -71,8 +69,8 @@ TEST_P(QuickViewTest, ShowsTheSameInTheMainWindowsPlace) {
          // The key is still held down when the main window has come back.
          QKeyEvent repeat(QEvent::KeyPress, Qt::Key_M, Qt::NoModifier, "m", true);
          QApplication::sendEvent(rig.program.windows.mainWindow()->findChild<QTabBar*>(), &repeat);
-         EXPECT_EQ(small()->pos(), left);
-         EXPECT_EQ(small()->size(), bigger);
+         EXPECT_EQ(small()->pos(), left.topLeft());
+         EXPECT_EQ(small()->size(), left.size());
          QTest::mouseClick(small(), Qt::LeftButton);
        }},
       {"closed by a click", [&] { return closed(); },
