@@ -19,10 +19,18 @@ void EventGate::enter(Handler handler) {
   }
 }
 
+void EventGate::enterClosing(Handler handler) {
+  enterCounted(closing_, std::move(handler));
+}
+
 void EventGate::enterLeaving(Handler handler) {
-  ++leaving_;
-  enter([this, handler = std::move(handler)] {
-    --leaving_;
+  enterCounted(leaving_, std::move(handler));
+}
+
+void EventGate::enterCounted(int& count, Handler handler) {
+  ++count;
+  enter([&count, handler = std::move(handler)] {
+    --count;
     handler();
   });
 }
@@ -46,7 +54,7 @@ void EventGate::whenIdle(Handler handler) {
 
 void EventGate::dropUserEvents() {
   events_.clear();
-  leaving_ = 0;
+  closing_ = leaving_ = 0;
 }
 
 void EventGate::yield() {

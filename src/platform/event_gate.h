@@ -22,8 +22,11 @@ class EventGate {
   explicit EventGate(EventLoop& loop) : loop_(loop) {}
 
   void enter(Handler handler);
-  /// An event with which the user leaves (close, Connect, a COM option). `leaving` is true until it
-  /// has run, which ends waits that have no time limit.
+  /// An event with which the user closes or answers a window. `endsWaits` is true until it has run,
+  /// which ends waits that have no time limit.
+  void enterClosing(Handler handler);
+  /// An event with which the user wants the line or ends the program (close of a main window,
+  /// "RMT", Connect, a COM option). Until it has run, `leaving` is true, too, which ends long work.
   void enterLeaving(Handler handler);
   /// A timer is due. Call `forget` before the timer is destroyed.
   void enterTimer(Timer& timer);
@@ -43,12 +46,15 @@ class EventGate {
 
   [[nodiscard]] bool busy() const { return depth_ > 0; }
   [[nodiscard]] bool leaving() const { return leaving_ > 0 || ended_; }
+  [[nodiscard]] bool endsWaits() const { return closing_ > 0 || leaving(); }
 
   /// Ends the program: drops what is queued and lets nothing in from now on. Yields return at once.
   void end();
   [[nodiscard]] bool ended() const { return ended_; }
 
  private:
+  /// Enters an event that is counted until it runs.
+  void enterCounted(int& count, Handler handler);
   void drainIfIdle();
   void runQueued();
   bool runNextUserEvent();
@@ -60,6 +66,7 @@ class EventGate {
   std::deque<Timer*> timers_;
   std::deque<Handler> idle_;
   int depth_ = 0;
+  int closing_ = 0;
   int leaving_ = 0;
   bool ended_ = false;
 };

@@ -13,8 +13,9 @@ std::optional<int> TrunkBankResolver(link::ScannerLink& link, const platform::Ta
 /// Upload and download of talkgroup IDs on a BC895XLT, which has no dialog for them: groups A to E
 /// of the bank in which the radio is trunking. The radio must be in a mode that works on IDs.
 ///
-/// An upload types the IDs on the radio's keys, so nothing else may run in between. A close
-/// request, Connect or a COM option ends the transfer at the next slot. Replies aren't checked: a
+/// An upload types the IDs on the radio's keys, so nothing else may run in between. A user who
+/// closes the main window or presses "RMT", Connect or a COM option ends the transfer at the next
+/// slot. Replies aren't checked: a
 /// radio that falls silent is reported once by the link, and the rest of the transfer runs on a
 /// closed port. If the program ends during a transfer, everything stays as it is.
 class Bc895IdTransfer {

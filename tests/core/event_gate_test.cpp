@@ -114,12 +114,14 @@ TEST_F(EventGateTest, WaitsByTheClockWhileOthersRun) {
   EXPECT_LE(loop.turns(), 60) << "sleeps rather than spins";
 }
 
-TEST_F(EventGateTest, SaysThatTheUserLeavesUntilThatHasRun) {
+TEST_F(EventGateTest, SaysThatTheUserClosesOrLeavesUntilThatHasRun) {
   gate.enter([&] {
+    gate.enterClosing([] {});
+    EXPECT_TRUE(gate.endsWaits() && !gate.leaving());
     gate.enterLeaving([&] { course += gate.leaving() ? "leaving " : "left "; });
     EXPECT_TRUE(gate.leaving());
     gate.yield();
-    EXPECT_FALSE(gate.leaving());
+    EXPECT_FALSE(gate.endsWaits());
   });
   EXPECT_EQ(course, "left ");
 }

@@ -137,20 +137,24 @@ TEST(IdTransfer895, HasTheRadioToItself) {
   EXPECT_EQ(rig.dialogs.beeps, 2) << "another transfer may run";
 }
 
-TEST(IdTransfer895, EndsAtTheNextSlotWhenTheUserLeaves) {
-  IdRig rig(Model::Bc895);
-  auto transfer = rig.transfer895();
-  bool left = false;
-  rig.radio.whileWaiting = [&] {
-    if (rig.radio.log.back() == "IC A3") {
-      rig.gate.enterLeaving([&] { left = true; });
-    }
-  };
-  rig.gate.enter([&] { transfer.upload(); });
-  EXPECT_EQ(rig.radio.log[rig.radio.log.size() - 2], "KEY04");
-  EXPECT_EQ(rig.radio.log.back(), "KEY00");
-  EXPECT_EQ(std::ranges::count(rig.radio.log, "KEY04"), 3);
-  EXPECT_TRUE(left && rig.Scantimer.enabled());
+TEST(IdTransfer895, EndsAtTheNextSlotOnlyWhenTheUserLeaves) {
+  const std::pair<void (platform::EventGate::*)(platform::EventGate::Handler), int> cases[] = {
+      {&platform::EventGate::enterLeaving, 3}, {&platform::EventGate::enterClosing, 50}};
+  for (const auto& [enter, slots] : cases) {
+    IdRig rig(Model::Bc895);
+    auto transfer = rig.transfer895();
+    bool ran = false;
+    rig.radio.whileWaiting = [&] {
+      if (rig.radio.log.back() == "IC A3") {
+        (rig.gate.*enter)([&] { ran = true; });
+      }
+    };
+    rig.gate.enter([&] { transfer.upload(); });
+    EXPECT_EQ(rig.radio.log[rig.radio.log.size() - 2], "KEY04");
+    EXPECT_EQ(rig.radio.log.back(), "KEY00");
+    EXPECT_EQ(std::ranges::count(rig.radio.log, "KEY04"), slots);
+    EXPECT_TRUE(ran && rig.Scantimer.enabled());
+  }
 }
 
 TEST(IdTransfer895, GoesOnAfterSilenceAndStopsWithTheProgram) {

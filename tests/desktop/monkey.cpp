@@ -35,7 +35,7 @@ QString describeWidget(const QWidget* widget) {
 
 Monkey::Monkey(desktop::Program& program, NoisyLine& line, QString folder, unsigned seed)
     : program_(program), line_(line), folder_(std::move(folder)), random_(seed) {
-  line_.leaving = [this] { return program_.gate.leaving(); };
+  line_.leaving = [this] { return program_.gate.endsWaits(); };
   line_.meanwhile = [this] {
     if (chance(8)) {
       program_.loop.turn();

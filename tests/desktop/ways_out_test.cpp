@@ -17,13 +17,13 @@ class WaysOut : public WindowTest<Form> {
     this->form.panel.mode.setCaption("MD09");
     this->radio.answerAll("ERR", {{"IL", "END"}});
   }
-  /// Whether an act, while the core waits, tells it that the user wants to leave. What the act
+  /// Whether an act, while the core waits, ends a wait that has no limit. What the act
   /// would do is dropped.
   bool leaves(const std::function<void()>& act) {
     bool leaving = false;
     this->gate.enter([&] {
       act();
-      leaving = this->gate.leaving();
+      leaving = this->gate.endsWaits();
       this->gate.dropUserEvents();
     });
     return leaving;

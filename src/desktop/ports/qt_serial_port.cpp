@@ -154,7 +154,7 @@ bool QtSerialPort::waitForInput(std::size_t atLeast, platform::Spins& budget) {
 }
 
 bool QtSerialPort::waitForInput(std::size_t atLeast) {
-  loop_.waitUntil([&] { return holds(atLeast) || !usable() || gate_.leaving(); },
+  loop_.waitUntil([&] { return holds(atLeast) || !usable() || gate_.endsWaits(); },
                   QDeadlineTimer(QDeadlineTimer::Forever));
   return holds(atLeast);
 }

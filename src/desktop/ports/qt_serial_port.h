@@ -35,7 +35,7 @@ class QtSerialPort : public QObject, public platform::SerialPort {
   std::string input() override;
   bool waitForInput(std::size_t atLeast, platform::Spins& budget) override;
   bool waitForInput(std::size_t atLeast) override;
-  [[nodiscard]] bool userLeaves() const override { return gate_.leaving(); }
+  [[nodiscard]] bool userLeaves() const override { return gate_.endsWaits(); }
 
  private:
   [[nodiscard]] bool lost() const { return trouble_ == platform::PortTrouble::Lost; }

@@ -105,10 +105,13 @@ void Binder::bindControl(QWidget* widget, platform::Control& model) {
 }
 
 void Binder::enter(Urgency urgency, platform::EventGate::Handler handler) {
-  if (urgency == Urgency::Leaving) {
-    gate_.enterLeaving(std::move(handler));
-  } else {
-    gate_.enter(std::move(handler));
+  switch (urgency) {
+    case Urgency::Normal:
+      return gate_.enter(std::move(handler));
+    case Urgency::Closing:
+      return gate_.enterClosing(std::move(handler));
+    case Urgency::Leaving:
+      return gate_.enterLeaving(std::move(handler));
   }
 }
 
@@ -116,7 +119,7 @@ void Binder::bind(QPushButton* widget, platform::Button& model, Urgency urgency)
   bindControl(widget, model);
   widget->setText(toScreen(model.caption()));
   follow(model.changed, [widget, &model] { widget->setEnabled(model.enabled()); });
-  const Urgency used = isDialogs() ? Urgency::Leaving : urgency;
+  const Urgency used = isDialogs() ? Urgency::Closing : urgency;
   QObject::connect(widget, &QPushButton::clicked, widget,
                    [this, used, &model] { enter(used, [&model] { model.userClick(); }); });
 }

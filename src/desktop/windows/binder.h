@@ -35,9 +35,9 @@ class Binder {
   explicit Binder(platform::EventGate& gate, QObject* forwarder = nullptr)
       : gate_(gate), forwarder_(forwarder) {}
 
-  /// `Leaving` events end a wait without a time limit: Connect, a COM option, and the buttons of a
-  /// dialog, which may be the user's only choice.
-  enum class Urgency { Normal, Leaving };
+  /// `Closing` and `Leaving` events end a wait without a time limit: the buttons of a dialog, which
+  /// may be the user's only choice, and Connect and the COM options. See `EventGate`.
+  enum class Urgency { Normal, Closing, Leaving };
 
   void bind(QPushButton* widget, platform::Button& model, Urgency urgency = Urgency::Normal);
   void bind(QCheckBox* widget, platform::CheckBox& model);

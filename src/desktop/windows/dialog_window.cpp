@@ -73,7 +73,7 @@ void DialogWindow::leaveScreen() {
 
 void DialogWindow::reject() {
   if (askToClose_) {
-    binder_.gate().enterLeaving(askToClose_);
+    binder_.gate().enterClosing(askToClose_);
   }
 }
 

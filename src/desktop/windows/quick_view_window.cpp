@@ -92,7 +92,7 @@ void QuickViewWindow::leaveScreen() {
 }
 
 void QuickViewWindow::askToClose() {
-  gate_.enterLeaving([&form = form_] { form.userClose(); });
+  gate_.enterClosing([&form = form_] { form.userClose(); });
 }
 
 void QuickViewWindow::mousePressEvent(QMouseEvent* event) {
