@@ -109,10 +109,9 @@ void Bc895Poll::showSignalBars(const link::SignalReply& signal) {
 }
 
 void Bc895Poll::branch(const std::string& mode, const link::SignalReply& signal) {
-  if (mode == mode895::kIdHold) {
-    holdId();
-  } else if (mode == mode895::kIdSearch) {
-    searchIds();
+  if (mode == mode895::kIdHold || mode == mode895::kIdSearch) {
+    mode == mode895::kIdHold ? holdId() : searchIds();
+    knob_.forgetPresses();
   } else if (mode == mode895::kTrunkScan || mode == mode895::kTrunkManual) {
     trunkedVoice(mode);
   } else if (mode == mode895::kScan || mode == mode895::kManual || mode == mode895::kToneEntry) {

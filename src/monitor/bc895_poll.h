@@ -14,6 +14,8 @@ class Bc895Poll : public PollCycle {
   Bc895Poll(PanelState& panel, PollOutside outside);
 
   void tick();
+  /// The poll starts after a pause.
+  void begin() { knob_.forgetPresses(); }
 
  private:
   bool otherModelAnswers();

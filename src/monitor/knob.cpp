@@ -15,6 +15,10 @@ void Knob::step() {
   }
 }
 
+void Knob::forgetPresses() {
+  state_.KnobUpPressed = state_.KnobDownPressed = false;
+}
+
 void Knob::turn(int direction, std::string_view key) {
   if (state_.CurrentMode == link::mode895::kScan) {
     link_.SendCommand(link::key::kManual);

@@ -17,6 +17,9 @@ class Knob {
 
   /// Turns one step in each direction that is held or was pressed, up first. Called once per tick.
   void step();
+  /// Forgets presses that are over. Called after a tick that may have lasted for minutes, and when
+  /// the poll starts: by then the user no longer expects the step.
+  void forgetPresses();
 
  private:
   void turn(int direction, std::string_view key);

@@ -18,6 +18,7 @@ Form4::Form4(const Services& services, MainFormOutside outside)
       keypad_(panel, keypadOutside(), [this] { requestUnload(); }),
       poll_(panel, pollOutside()) {
   Scantimer.onTick = [this] { poll_.tick(); };
+  pollChanges_ = Scantimer.changed.connect([this] { poll_.begin(); });
   platform::passKeysOn({&trunkBank, &Combo2, &Combo3, &hitLists.List1, &hitLists.List2,
                         &hitLists.Command1, &customSearch.saved.List3});
   services_.link.attachBc895({MSComm1.get(), &Scantimer});

@@ -49,6 +49,7 @@ class Form4 : public MainForm {
 
   monitor::Bc895Keypad keypad_;
   monitor::Bc895Poll poll_;
+  platform::Connection pollChanges_;
 };
 
 }  // namespace tarnvex::shell

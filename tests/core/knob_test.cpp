@@ -53,6 +53,22 @@ TEST_F(KnobTest, TurnsAStepForAPressShorterThanATick) {
   poll("MD15");
 }
 
+TEST_F(KnobTest, ForgetsAPressFromAnIdLoopOrFromBeforeThePoll) {
+  const auto press = [this] {
+    form.pressKnob(true);
+    form.releaseKnob(true);
+    form.pressKnob(false);
+    form.releaseKnob(false);
+  };
+  loop.onTurn(2, press);
+  poll("MD08", "IDN > ; MD > MD00; IDF > ");
+  form.Scantimer.setEnabled(false);
+  press();
+  form.Scantimer.setEnabled(true);
+  poll("MD15");
+  EXPECT_EQ(mark(), 0);
+}
+
 TEST_F(KnobTest, LeavesScanningFirstInEveryTick) {
   form.pressKnob(true);
   form.pressKnob(false);
