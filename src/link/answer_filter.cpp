@@ -192,7 +192,7 @@ std::string ReplyReader::take() {
 
 std::string withoutStrayLines(std::string_view command, std::string lines) {
   eraseLines(lines, [command](std::string_view line) {
-    return belongingOf(command, line) != Belonging::Answer;
+    return line == command || line.starts_with(reply::kStreamedId);
   });
   return lines;
 }

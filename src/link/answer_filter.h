@@ -55,7 +55,8 @@ class ReplyReader {
   bool doubt_ = false;
 };
 
-/// The listing without the lines that don't belong to it. Every line ends with a carriage return.
+/// The listing without streamed IDs and echoes. Other lines stay, since any of them may be an entry
+/// that has lost a character. Every line ends with a carriage return.
 std::string withoutStrayLines(std::string_view command, std::string lines);
 
 }  // namespace tarnvex::link

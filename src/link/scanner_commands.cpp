@@ -248,13 +248,13 @@ std::string TrunkTypeReply::word() const {
   return mid(text_, 6);
 }
 
-std::vector<std::string> listEntries(std::string_view reply) {
-  std::vector<std::string> entries;
+std::vector<std::string> listLines(std::string_view reply) {
+  std::vector<std::string> lines;
   for (std::size_t end = reply.find('\r'); end != std::string_view::npos; end = reply.find('\r')) {
-    entries.push_back(mid(reply.substr(0, end), 3));
+    lines.emplace_back(reply.substr(0, end));
     reply.remove_prefix(end + 1);
   }
-  return entries;
+  return lines;
 }
 
 bool listIsWhole(std::string_view reply) {

@@ -109,6 +109,8 @@ std::string ScannerLink::MultiLineQuery(std::string_view command) {
   state_.LinkWaiting = false;
   if (const auto end = endOfList(lines)) {
     lines = withoutStrayLines(command, lines.substr(0, *end));
+  } else {
+    inDoubt_ = true;
   }
   return withoutLast(std::move(lines));
 }
@@ -125,6 +127,7 @@ std::string ScannerLink::ReadReply() {
     // The next exchange reports it.
     return {};
   }
+  inDoubt_ = inDoubt_ || !lineHasEnded(buffer);
   state_.LinkWaiting = false;
   return withoutLast(std::move(buffer));
 }
@@ -145,6 +148,11 @@ std::string ScannerLink::ProbeCommand(platform::SerialPort& port, std::string_vi
   }
   port.close();
   return {};
+}
+
+bool ScannerLink::mayGoOn() const {
+  const platform::SerialPort* port = line().port;
+  return port != nullptr && port->portOpen() && !port->userLeaves();
 }
 
 bool ScannerLink::send(const Line& line, std::string_view command, std::size_t waiting) {

@@ -64,6 +64,9 @@ class ScannerLink {
   /// The splash window's exchange, on its own port. Silence closes the port, without a message.
   std::string ProbeCommand(platform::SerialPort& port, std::string_view command);
 
+  /// Whether a series of exchanges makes sense: the port is open and the user isn't leaving.
+  [[nodiscard]] bool mayGoOn() const;
+
   /// For callers that can tell from a reply that the exchange is out of step. The next exchange
   /// first waits until the line is quiet.
   void resynchronise() { inDoubt_ = true; }

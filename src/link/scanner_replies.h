@@ -192,14 +192,14 @@ class TrunkTypeReply {
   std::string text_;
 };
 
-/// The entries in the answer to the list forms of "SS" and "IL" on a BC895XLT, without the closing
-/// line. If the answer breaks off, its last complete line is the last entry.
-std::vector<std::string> listEntries(std::string_view reply);
+/// The lines in the answer to the list forms of "SS" and "IL" on a BC895XLT, without the closing
+/// line. If the answer breaks off, its last complete line is the last one.
+std::vector<std::string> listLines(std::string_view reply);
 /// Whether such an answer has its closing line.
 bool listIsWhole(std::string_view reply);
 /// Whether an answer to `readLockout` marks the end of the list.
 bool endsLockouts(std::string_view reply);
-/// The entry in an answer to `readSkip` or `readLockout`.
+/// The entry in an answer to `readSkip` or `readLockout`, and in a line of a list.
 std::string lockoutEntry(std::string_view reply);
 /// An entry of a list of skipped frequencies in MHz. Nothing if it isn't a number.
 std::optional<double> skippedFrequency(std::string_view entry);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "link/answer_filter.h"
 #include "link/scanner_commands.h"
 #include "platform/convert.h"
 
@@ -30,56 +31,79 @@ Entry idEntry(const std::string& text) {
   return isId ? std::optional(text) : std::nullopt;
 }
 
+/// Whether a line is a complete entry: the word, a blank or none, and eight digits of a frequency
+/// or the six characters of an ID. A line that has lost a character isn't.
+bool isFullForm(const std::string& line, bool ids) {
+  std::string text = link::lockoutEntry(line);
+  if (text.starts_with(' ')) {
+    text.erase(0, 1);
+  }
+  const bool isEntry = ids ? link::readsAsId(text) && !text.starts_with(' ')
+                           : text.size() == 8 && std::ranges::all_of(text, platform::isDigit);
+  return isEntry && link::isOwnAnswer(ids ? "IL" : "SS", line);
+}
+
+/// Believes a line that isn't in the full form only if the radio has sent the same one before.
+Entry takeEntry(const std::string& line, bool ids, const std::vector<std::string>& before) {
+  const bool believed = isFullForm(line, ids) || std::ranges::find(before, line) != before.end();
+  if (!believed || link::belongingOf(ids ? "IL" : "SS", line) != link::Belonging::Answer) {
+    return std::nullopt;
+  }
+  const std::string text = link::lockoutEntry(line);
+  return ids ? idEntry(text) : frequencyEntry(text);
+}
+
+void store(const Entry& entry, LockoutList& list) {
+  if (!entry) {
+    ++list.unreadable;
+  } else if (!entry->empty()) {
+    list.entries.push_back(*entry);
+  }
+}
+
 /// Reads the list from the answer of a BC895XLT, which sends it all at once.
-LockoutList parse(const std::string& reply, bool ids) {
+LockoutList parse(const std::string& reply, bool ids, const std::vector<std::string>& before) {
   LockoutList list;
   list.ended = link::listIsWhole(reply);
-  for (const std::string& text : link::listEntries(reply)) {
-    const Entry entry = ids ? idEntry(text) : frequencyEntry(text);
-    if (!entry) {
-      ++list.unreadable;
-    } else if (!entry->empty()) {
-      list.entries.push_back(*entry);
-    }
+  for (const std::string& line : link::listLines(reply)) {
+    store(takeEntry(line, ids, before), list);
   }
   return list;
 }
 
 LockoutList readInOneQuery(bool ids, link::ScannerLink& link) {
-  const auto read = [&] {
-    return parse(ids ? link.QueryIdLockouts() : link.QuerySearchSkips(), ids);
-  };
-  LockoutList list = read();
-  return list.unreadable > 0 && list.ended ? read() : list;
+  const auto ask = [&] { return ids ? link.QueryIdLockouts() : link.QuerySearchSkips(); };
+  const std::string reply = ask();
+  LockoutList list = parse(reply, ids, {});
+  return list.whole() || !link.mayGoOn() ? list : parse(ask(), ids, link::listLines(reply));
 }
 
+/// Asks at most twice.
 Entry readEntry(int number, bool ids, link::ScannerLink& link) {
-  const std::string reply =
-      link.SendCommand(ids ? link::command::readLockout(number) : link::command::readSkip(number));
-  if (ids && link::endsLockouts(reply)) {
-    return "";
+  const std::string question =
+      ids ? link::command::readLockout(number) : link::command::readSkip(number);
+  std::vector<std::string> before;
+  for (int attempt = 0; attempt < 2 && link.mayGoOn(); ++attempt) {
+    const std::string reply = link.SendCommand(question);
+    if (ids && link::endsLockouts(reply)) {
+      return "";
+    }
+    if (const Entry entry = takeEntry(reply, ids, before)) {
+      return entry;
+    }
+    before.push_back(reply);
   }
-  const std::string text = link::lockoutEntry(reply);
-  return ids ? idEntry(text) : frequencyEntry(text);
+  return std::nullopt;
 }
 
 LockoutList readByNumber(bool ids, link::ScannerLink& link) {
   LockoutList list;
   const int places = ids ? kLockedIds : kSkips;
-  for (int number = 1; number <= places && !list.ended; ++number) {
-    Entry entry = readEntry(number, ids, link);
-    if (!entry) {
-      entry = readEntry(number, ids, link);
-    }
-    if (!entry) {
-      ++list.unreadable;
-    } else if (entry->empty()) {
-      list.ended = true;
-    } else {
-      list.entries.push_back(*entry);
-    }
+  for (int number = 1; number <= places && !list.ended && link.mayGoOn(); ++number) {
+    const Entry entry = readEntry(number, ids, link);
+    store(entry, list);
+    list.ended = number == places || (entry && entry->empty());
   }
-  list.ended = true;
   return list;
 }
 

@@ -19,7 +19,8 @@ struct LockoutList {
   [[nodiscard]] bool whole() const { return ended && unreadable == 0; }
 };
 
-/// Reads the list from the radio. Asks once more for what can't be read.
+/// Reads the list from the radio. Asks once more for what can't be read or has an unusual form.
+/// Stops if the port is closed or the user leaves; the list then hasn't ended.
 LockoutList readLockouts(const link::RadioModel& model, bool ids, link::ScannerLink& link);
 
 }  // namespace tarnvex::search

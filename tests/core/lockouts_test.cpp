@@ -68,7 +68,7 @@ std::vector<Exchange> numbered(const std::string& word, std::string_view mask,
 }
 
 TEST_F(LockoutsTest, Bc895FrequenciesAreRestoredAsTheyWereRead) {
-  open(link::bc895Model(), "MD02", query("SS", "SS08510125\rSS 0290000\rSS00460125\r"));
+  open(link::bc895Model(), "MD02", query("SS", "SS08510125\rSS 00290000\rSS00460125\r"));
   EXPECT_THAT(form->List1.items(), ElementsAre("851.0125", "29.0000", "46.0125"));
   form->List1.userSelect({true, false, true});
   EXPECT_EQ(done(), "KEY09; KEY07; KEY06H; SS08510125; SS00460125");
@@ -147,6 +147,7 @@ TEST_F(LockoutsTest, Bc245IdsAreRestoredByTheMode) {
   }
 }
 
+/// A list of which something is lost. The mode tells IDs from frequencies, `small` is the BC245XLT.
 struct TornList {
   const char* mode;
   bool small;
@@ -183,6 +184,34 @@ std::vector<TornList> tornLists() {
        test::script("IL001 > IL 00#234; IL001 > IL; IL002 > IL 000042; IL003 > IL ------"),
        {" 000042"},
        false},
+      // A character is lost at the start, in the middle and at the end of an entry.
+      {"MD02",
+       false,
+       query("SS", "S08510125\rSS0460125\r") + query("SS", good),
+       {"851.0125", "46.0125"},
+       true},
+      {"MD02",
+       true,
+       test::script("SS01 > SS0; SS01 > SS08510125; SS02 > SS00000000"),
+       {"851.0125"},
+       true},
+      {"MD09",
+       true,
+       test::script("IL001 > IL 00123; IL001 > IL 001234; IL002 > IL ------"),
+       {" 001234"},
+       true},
+      // Another command's answer in both listings, and an unusual form that the radio repeats.
+      {"MD02",
+       false,
+       query("SS", good + "MD02\r") + query("SS", good + "MD02\r"),
+       {"851.0125", "46.0125"},
+       false},
+      {"MD02", false, query("SS", "SS 0290000\r") + query("SS", "SS 0290000\r"), {"29.0000"}, true},
+      {"MD02",
+       false,
+       {{"SS", "SS08510125\rXND"}, {"SS", good + "END"}},
+       {"851.0125", "46.0125"},
+       true},
   };
 }
 
@@ -201,6 +230,14 @@ TEST_F(LockoutsTest, AsksAgainForWhatCannotBeReadAndNeverWritesBackAPart) {
     EXPECT_EQ(form->Label1.caption() == help, whole);
     EXPECT_EQ(done().empty(), !whole);
   }
+}
+
+TEST_F(LockoutsTest, StopsReadingWhenTheUserLeaves) {
+  state.ModelKey = "BC245";
+  radio.whileWaiting = [this] { radio.userLeaves = radio.log.back() == "SS02"; };
+  open(link::bc245Model(), "MD02", test::script("SS01 > SS08510125; SS02 > SS00460125"));
+  EXPECT_EQ(form->List1.count(), 2);
+  EXPECT_EQ(done(), "") << "the list wasn't read to its end";
 }
 
 TEST_F(LockoutsTest, ASilentRadioGivesAnEmptyListAndOneMessage) {
