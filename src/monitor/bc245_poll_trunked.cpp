@@ -191,7 +191,7 @@ void Bc245Poll::takeId(const link::IdLine& line, bool held, IdStay& stay) {
 /// Keeps the last mode if a stray line comes instead of one.
 void Bc245Poll::askIdMode() {
   const std::string mode = link::modeOf(askModeReply());
-  if (mode.starts_with(command::kMode)) {
+  if (link::isMode(mode)) {
     state().CurrentMode = mode;
     panel_.mode.setCaption(mode);
   } else {
