@@ -191,7 +191,12 @@ void Bc245Keypad::addToEntry(char character, std::string_view reply) {
 void Bc245Keypad::ToggleLetter(int digit) {
   const auto word = option8_.value() ? link::command::kScanBanks : link::command::kTrunkScanBanks;
   const char letter = link::bankLetter((digit + 9) % 10);
-  std::string list = link::bankList(actions_.insist(word));
+  const std::string reply = actions_.insist(word);
+  // Any other text would go back to the radio as its banks.
+  if (!reply.starts_with(word) && reply != link::reply::kNothing) {
+    return;
+  }
+  std::string list = link::bankList(reply);
   const std::size_t place = list.find(letter);
   if (place == std::string::npos) {
     list += letter;

@@ -1,5 +1,6 @@
 #include "monitor/multiscan.h"
 
+#include "link/insist.h"
 #include "link/scanner_commands.h"
 #include "monitor/poll_cycle.h"
 
@@ -28,7 +29,7 @@ Multiscan::Multiscan(Outside outside)
 void Multiscan::step() {
   do {
     moveOn();
-    if (send(link::command::kMode) == link::mode895::kTrunkScan) {
+    if (link::insist(outside_.link, link::command::kMode) == link::mode895::kTrunkScan) {
       send(link::key::kTrunk);
     }
     if (cursor() < kConventionalBanks) {

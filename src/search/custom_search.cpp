@@ -1,5 +1,6 @@
 #include "search/custom_search.h"
 
+#include "link/insist.h"
 #include "link/scanner_commands.h"
 #include "platform/convert.h"
 
@@ -24,7 +25,7 @@ CustomSearch::CustomSearch(const link::RadioModel& model, Outside outside)
 
 void CustomSearch::choose() {
   outside_.link.SendCommand(link::key::kScan);
-  outside_.showMode(outside_.link.SendCommand(link::command::kMode));
+  outside_.showMode(link::insist(outside_.link, link::command::kMode));
   if (const auto record = saved.find(saved.List3.listIndex())) {
     LLimit.setText(platform::shortest(record->lower));
     Ulimit.setText(platform::shortest(record->upper));

@@ -49,7 +49,10 @@ memory::BankDialog::Outcome Bc245IdTransfer::transferBanks(memory::Transfer& tra
 }
 
 void Bc245IdTransfer::releaseRadio() {
-  outside_.link.SendCommand(choice_);
+  // A text that isn't a choice of banks would be a command of some other kind.
+  if (choice_.starts_with(link::command::kScanBanks)) {
+    outside_.link.SendCommand(choice_);
+  }
   outside_.link.SendCommand(link::key::kTrunk);
   outside_.link.SendCommand(link::key::kTrunk);
 }

@@ -73,18 +73,21 @@ TEST(IdTransfer245, WritesTheChosenBanks) {
 }
 
 TEST(IdTransfer245, AsksAgainForWhatIsNoAnswer) {
-  IdRig rig(Model::Bc245);
-  const auto usual = rig.radio.answer;
-  std::map<std::string, int> asked;
-  rig.radio.answer = [&](std::string_view command) {
-    const bool stray = (command == "SB" || command == "MD") && asked[std::string(command)]++ == 0;
-    return stray ? std::vector<test::Piece>{{command == "SB" ? "#\r" : "OK\r"}} : usual(command);
-  };
-  rig.run(rig.download, {0});
-  const std::string log = rig.radio.takeLog();
-  EXPECT_THAT(log, testing::StartsWith("SB; SB; SB A; KEY13; KEY13; KEY01; MD; MD; IC A1; PI A"));
-  EXPECT_THAT(log, testing::EndsWith(kRestored));
-  EXPECT_TRUE(rig.dialogs.boxes.empty());
+  for (const bool heals : {true, false}) {
+    IdRig rig(Model::Bc245);
+    const auto usual = rig.radio.answer;
+    std::map<std::string, int> asked;
+    rig.radio.answer = [&](std::string_view command) {
+      const bool first = asked[std::string(command)]++ == 0;
+      const bool stray = (command == "SB" && (first || !heals)) || (command == "MD" && first);
+      return stray ? std::vector<test::Piece>{{command == "SB" ? "#\r" : "OK\r"}} : usual(command);
+    };
+    rig.run(rig.download, {0});
+    const std::string log = rig.radio.takeLog();
+    EXPECT_THAT(log, testing::StartsWith("SB; SB; SB A; KEY13; KEY13; KEY01; MD; MD; IC A1; PI A"));
+    EXPECT_THAT(log, testing::EndsWith(heals ? kRestored : "PI J; KEY13; KEY13"));
+    EXPECT_TRUE(rig.dialogs.boxes.empty());
+  }
 }
 
 TEST(IdTransfer245, LeavesTheRestOnCancelButRestoresTheRadio) {

@@ -169,7 +169,8 @@ TEST_F(Bc245KeypadTest, DigitsSwitchBanksWhileScanning) {
   const std::tuple<char, const char*, bool, const char*, const char*> cases[] = {
       {'3', "Label10", true, "SB ABC", "SB; SB AB"}, {'3', "Label10", true, "SB AB", "SB; SB ABC"},
       {'1', "Label8", false, "IS AJ", "IS; IS J"},   {'0', "Label19", false, "IS A", "IS; IS AJ"},
-      {'0', "Label19", true, "SB J", "SB; SB "},     {'2', "Label9", false, "NG", "IS; ISB"}};
+      {'0', "Label19", true, "SB J", "SB; SB "},     {'2', "Label9", false, "NG", "IS; ISB"},
+      {'2', "Label9", true, "#", "SB; SB"},          {'2', "Label9", false, "ERR", "IS"}};
   for (const auto& [digit, label, banks, list, expected] : cases) {
     for (const char* mode : {"MD00", "MD11", "MD17"}) {
       SCOPED_TRACE(std::string(mode) + " " + list);

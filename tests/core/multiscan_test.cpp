@@ -65,7 +65,7 @@ TEST_F(MultiscanTest, AlternatesConventionalBanksWithEachTrunkedOne) {
   scan(modes(2) + trunked("B", "IS B"));
   EXPECT_EQ(place(), std::pair(11, 1750));
   // If the radio is trunking on the way, Multiscan leaves that first.
-  scan("MD > MD09; KEY13 > ; " + modes(7) + trunked("J", "IS J"));
+  scan("MD > #; MD > MD09; KEY13 > ; " + modes(7) + trunked("J", "IS J"));
   EXPECT_EQ(place(), std::pair(19, 1750));
   scan(modes(1, "MD10") + conventional("ACJ"));
   EXPECT_EQ(place(), std::pair(9, 1000));
