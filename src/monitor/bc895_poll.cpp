@@ -78,9 +78,10 @@ bool Bc895Poll::otherModelAnswers() {
   return false;
 }
 
-/// A change of the box sends the switch to the radio, so a stray line must not change it.
+/// A change of the box sends the switch to the radio, so a stray or garbled line must not change
+/// it.
 void Bc895Poll::mirrorMute(const std::string& answer) {
-  if (answer.starts_with(command::kMute) || answer == reply::kError) {
+  if (answer == reply::kMuteOn || answer == command::kMuteOff || answer == reply::kError) {
     outside_.Check6.setValue(answer == reply::kMuteOn);
   }
 }

@@ -38,6 +38,7 @@ TEST(Opening, MirrorMuteAndEchoItsChange) {
   };
   EXPECT_TRUE(tick("MUN", "MUN"));
   EXPECT_TRUE(tick("MUN", nullptr));
+  EXPECT_TRUE(tick("MU\xC1", nullptr)) << "garbled";
   EXPECT_FALSE(tick("ERR", "MUA"));
   EXPECT_FALSE(tick("MUA", nullptr));
 }
