@@ -147,88 +147,72 @@ TEST_F(LockoutsTest, Bc245IdsAreRestoredByTheMode) {
   }
 }
 
-/// A list of which something is lost. The mode tells IDs from frequencies, `small` is the BC245XLT.
+/// A list of which something is lost. The mode tells IDs from frequencies.
 struct TornList {
   const char* mode;
-  bool small;
   std::vector<Exchange> exchanges;
   std::vector<std::string> shown;
   bool whole;
 };
-std::vector<TornList> tornLists() {
+/// Of a BC895XLT.
+std::vector<TornList> tornListings() {
   const std::string good = "SS08510125\rSS00460125\r";
+  const std::vector<std::string> all = {"851.0125", "46.0125"};
+  const auto twice = [](const std::string& lines) {
+    return query("SS", lines) + query("SS", lines);
+  };
   return {
+      {"MD02", query("SS", "SS085#0125\rSS00460125\r") + query("SS", good), all, true},
       {"MD02",
-       false,
-       query("SS", "SS085#0125\rSS00460125\r") + query("SS", good),
-       {"851.0125", "46.0125"},
-       true},
-      {"MD02",
-       false,
        query("SS", "SS08510125\r#\r") + query("SS", "SSx\rSS00460125\r"),
        {"46.0125"},
        false},
-      {"MD07", false, query("IL", "IL0#1234\r") + query("IL", "IL001234\r"), {"001234"}, true},
+      {"MD07", query("IL", "IL0#1234\r") + query("IL", "IL001234\r"), {"001234"}, true},
+      // A lost character at the start and in the middle of an entry, and in the closing line.
+      {"MD02", query("SS", "S08510125\rSS0460125\r") + query("SS", good), all, true},
+      {"MD02", {{"SS", "SS08510125\rXND"}, {"SS", good + "END"}}, all, true},
+      // Another command's answer, and an unusual form, both in both listings.
+      {"MD02", twice(good + "MD02\r"), all, false},
+      {"MD02", twice("SS 0290000\r"), {"29.0000"}, true},
+  };
+}
+/// Of a BC245XLT.
+std::vector<TornList> tornAnswers() {
+  const auto read = [](const char* transcript) { return test::script(transcript); };
+  return {
       {"MD02",
-       true,
-       test::script("SS01 > SS08510125; SS02 > S\xD3; SS02 > SS00460125; SS03 > SS00000000"),
+       read("SS01 > SS08510125; SS02 > S\xD3; SS02 > SS00460125; SS03 > SS00000000"),
        {"851.0125", "46.0125"},
        true},
       {"MD02",
-       true,
-       test::script("SS01 > ERR; SS01 > #; SS02 > SS00460125; SS03 > SS00000000"),
+       read("SS01 > ERR; SS01 > #; SS02 > SS00460125; SS03 > SS00000000"),
        {"46.0125"},
        false},
       {"MD09",
-       true,
-       test::script("IL001 > IL 00#234; IL001 > IL; IL002 > IL 000042; IL003 > IL ------"),
+       read("IL001 > IL 00#234; IL001 > IL; IL002 > IL 000042; IL003 > IL ------"),
        {" 000042"},
        false},
-      // A character is lost at the start, in the middle and at the end of an entry.
-      {"MD02",
-       false,
-       query("SS", "S08510125\rSS0460125\r") + query("SS", good),
-       {"851.0125", "46.0125"},
-       true},
-      {"MD02",
-       true,
-       test::script("SS01 > SS0; SS01 > SS08510125; SS02 > SS00000000"),
-       {"851.0125"},
-       true},
-      {"MD09",
-       true,
-       test::script("IL001 > IL 00123; IL001 > IL 001234; IL002 > IL ------"),
-       {" 001234"},
-       true},
-      // Another command's answer in both listings, and an unusual form that the radio repeats.
-      {"MD02",
-       false,
-       query("SS", good + "MD02\r") + query("SS", good + "MD02\r"),
-       {"851.0125", "46.0125"},
-       false},
-      {"MD02", false, query("SS", "SS 0290000\r") + query("SS", "SS 0290000\r"), {"29.0000"}, true},
-      {"MD02",
-       false,
-       {{"SS", "SS08510125\rXND"}, {"SS", good + "END"}},
-       {"851.0125", "46.0125"},
-       true},
+      {"MD02", read("SS01 > SS0; SS01 > SS08510125; SS02 > SS00000000"), {"851.0125"}, true},
+      {"MD09", read("IL001 > IL 00123; IL001 > IL 001234; IL002 > IL ------"), {" 001234"}, true},
   };
 }
 
 TEST_F(LockoutsTest, AsksAgainForWhatCannotBeReadAndNeverWritesBackAPart) {
   const std::string help = frmLockouts(link::bc895Model(), mode, link).Label1.caption();
-  for (const auto& [inMode, small, exchanges, shown, whole] : tornLists()) {
-    SCOPED_TRACE(exchanges[0].command + exchanges[0].reply());
+  for (const bool small : {false, true}) {
     state.ModelKey = small ? "BC245" : "BC895";
-    std::string whileReading;
-    radio.whileWaiting = [&] { whileReading = form->Label1.caption(); };
-    open(small ? link::bc245Model() : link::bc895Model(), inMode, exchanges);
-    radio.whileWaiting = nullptr;
-    EXPECT_THAT(form->List1.items(), testing::ElementsAreArray(shown));
-    EXPECT_TRUE(form->Command1.enabled() && form->Command2.enabled());
-    EXPECT_NE(whileReading, help);
-    EXPECT_EQ(form->Label1.caption() == help, whole);
-    EXPECT_EQ(done().empty(), !whole);
+    for (const auto& [inMode, exchanges, shown, whole] : small ? tornAnswers() : tornListings()) {
+      SCOPED_TRACE(exchanges[0].command + exchanges[0].reply());
+      std::string whileReading;
+      radio.whileWaiting = [&] { whileReading = form->Label1.caption(); };
+      open(small ? link::bc245Model() : link::bc895Model(), inMode, exchanges);
+      radio.whileWaiting = nullptr;
+      EXPECT_THAT(form->List1.items(), testing::ElementsAreArray(shown));
+      EXPECT_TRUE(form->Command1.enabled() && form->Command2.enabled());
+      EXPECT_NE(whileReading, help);
+      EXPECT_EQ(form->Label1.caption() == help, whole);
+      EXPECT_EQ(done().empty(), !whole);
+    }
   }
 }
 
