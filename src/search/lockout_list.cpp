@@ -31,16 +31,26 @@ Entry idEntry(const std::string& text) {
   return isId ? std::optional(text) : std::nullopt;
 }
 
-/// Whether a line is a complete entry: the word, a blank or none, and eight digits of a frequency
-/// or the six characters of an ID. A line that has lost a character isn't.
+/// Eight places of a frequency, the first of which may be a blank, or the zeros of an empty place.
+bool isFullFrequency(std::string_view text) {
+  constexpr std::size_t kPlaces = 8;
+  const std::string_view digits = text.substr(text.starts_with(' ') ? 1 : 0);
+  const bool zeros = text.size() > 1 && digits.find_first_not_of('0') == std::string_view::npos;
+  return std::ranges::all_of(digits, platform::isDigit) &&
+         (zeros || text.size() == kPlaces || digits.size() == kPlaces);
+}
+
+bool isFullId(std::string_view text) {
+  const std::string_view id = text.substr(text.starts_with(' ') ? 1 : 0);
+  return link::readsAsId(id) && !id.starts_with(' ');
+}
+
+/// Whether a line is a complete entry: the word, and a whole frequency or the six characters of an
+/// ID, after a blank or none. A line that has lost a character mostly isn't.
 bool isFullForm(const std::string& line, bool ids) {
-  std::string text = link::lockoutEntry(line);
-  if (text.starts_with(' ')) {
-    text.erase(0, 1);
-  }
-  const bool isEntry = ids ? link::readsAsId(text) && !text.starts_with(' ')
-                           : text.size() == 8 && std::ranges::all_of(text, platform::isDigit);
-  return isEntry && link::isOwnAnswer(ids ? "IL" : "SS", line);
+  const std::string text = link::lockoutEntry(line);
+  return (ids ? isFullId(text) : isFullFrequency(text)) &&
+         link::isOwnAnswer(ids ? "IL" : "SS", line);
 }
 
 /// Believes a line that isn't in the full form only if the radio has sent the same one before.

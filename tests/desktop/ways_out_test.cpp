@@ -34,7 +34,8 @@ class WaysOut : public WindowTest<Form> {
   }
   QWidget& opened(const QString& name) {
     const auto windows = QApplication::topLevelWidgets();
-    const auto found = std::ranges::find(windows, name, &QWidget::objectName);
+    const auto found = std::ranges::find_if(
+        windows, [&](const QWidget* one) { return one->isVisible() && one->objectName() == name; });
     if (found == windows.end()) {
       throw std::runtime_error(name.toStdString() + " isn't open");
     }
