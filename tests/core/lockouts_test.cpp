@@ -173,7 +173,9 @@ std::vector<TornList> tornListings() {
       {"MD02", {{"SS", "SS08510125\rXND"}, {"SS", good + "END"}}, all, true},
       // Another command's answer, and an unusual form, both in both listings.
       {"MD02", twice(good + "MD02\r"), all, false},
-      {"MD02", twice("SS 0290000\r"), {"29.0000"}, true},
+      {"MD02", twice("SS 290000\r"), {"29.0000"}, true},
+      // With a blank in place of a zero, and with both.
+      {"MD02", query("SS", "SS 0290000\rSS 00460125\r"), {"29.0000", "46.0125"}, true},
   };
 }
 /// Of a BC245XLT.
@@ -184,10 +186,7 @@ std::vector<TornList> tornAnswers() {
        read("SS01 > SS08510125; SS02 > S\xD3; SS02 > SS00460125; SS03 > SS00000000"),
        {"851.0125", "46.0125"},
        true},
-      {"MD02",
-       read("SS01 > ERR; SS01 > #; SS02 > SS00460125; SS03 > SS00000000"),
-       {"46.0125"},
-       false},
+      {"MD02", read("SS01 > ERR; SS01 > #; SS02 > SS00460125; SS03 > SS 0"), {"46.0125"}, false},
       {"MD09",
        read("IL001 > IL 00#234; IL001 > IL; IL002 > IL 000042; IL003 > IL ------"),
        {" 000042"},
