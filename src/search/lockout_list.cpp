@@ -98,7 +98,7 @@ Entry readEntry(int number, bool ids, link::ScannerLink& link) {
     if (ids && link::endsLockouts(reply)) {
       return "";
     }
-    if (const Entry entry = takeEntry(reply, ids, before)) {
+    if (Entry entry = takeEntry(reply, ids, before)) {
       return entry;
     }
     before.push_back(reply);

@@ -42,7 +42,7 @@ ComOption::ComOption(int slot, platform::OptionButton& model, DeviceSlots& devic
 QVector<ComOption::Choice> ComOption::choices() const {
   const auto ports = devices_.found();
   const QString any =
-      slot_ <= ports.size() ? QFileInfo(ports[slot_ - 1].path).fileName() : tr("no device");
+      slot_ <= ports.size() ? QFileInfo(ports[slot_ - 1].path).fileName() : tr("none");
   QVector<Choice> choices = {{{}, tr("Automatic: %1").arg(any)}};
   for (const auto& port : ports) {
     choices.push_back({port.stablePath, port.title()});
