@@ -43,7 +43,7 @@ double luminance(QRgb colour) {
 }
 
 double contrast(QRgb one, QRgb other) {
-  const auto [dark, bright] = std::minmax(luminance(one), luminance(other));
+  const auto [dark, bright] = std::minmax({luminance(one), luminance(other)});
   return (bright + 0.05) / (dark + 0.05);
 }
 
