@@ -4,7 +4,7 @@
 #include <string_view>
 
 /// Distinguishes the answer to a command from other lines: one that the radio streams, a late
-/// answer to another command, an echo of the command. It goes by the first letters, since nearly
+/// answer to another command, an echo of the command. It looks at the first letters, since nearly
 /// every answer begins with the letters of its command.
 namespace tarnvex::link {
 

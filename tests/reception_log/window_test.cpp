@@ -1,4 +1,7 @@
 // The rows of the log in its window.
+#include <QApplication>
+#include <QWheelEvent>
+
 #include "desktop/reception_log/reception_texts.h"
 #include "window_rig.h"
 
@@ -159,6 +162,21 @@ TEST_F(ReceptionLogWindow, StaysWhereItIsInAnyOrder) {
   EXPECT_EQ(resets, 0);
   EXPECT_EQ(table.rowAt(0), 500);
   EXPECT_TRUE(table.selectionModel()->isRowSelected(510));
+}
+
+TEST_F(ReceptionLogWindow, KeepsItsBoxesUnderAWheelThatIsNotTheirs) {
+  open(0);
+  find<QLineEdit>("filter").setFocus();
+  for (const char* name : {"period", "radio"}) {
+    auto& box = find<QComboBox>(name);
+    const int before = box.currentIndex();
+    for (const int turn : {-120, 120}) {
+      QWheelEvent wheel({5, 5}, box.mapToGlobal(QPointF(5, 5)), {}, {0, turn}, Qt::NoButton,
+                        Qt::NoModifier, Qt::NoScrollPhase, false);
+      QApplication::sendEvent(&box, &wheel);
+      EXPECT_EQ(box.currentIndex(), before) << name;
+    }
+  }
 }
 
 TEST_F(ReceptionLogWindow, OpensWithoutALogAndReportsADamagedOne) {

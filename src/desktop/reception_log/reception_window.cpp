@@ -10,6 +10,7 @@
 
 #include "desktop/ports/text.h"
 #include "desktop/reception_log/reception_texts.h"
+#include "desktop/windows/calm_wheel.h"
 #include "desktop/windows/parts.h"
 #include "desktop/windows/plain_text.h"
 
@@ -107,6 +108,9 @@ QLayout* ReceptionWindow::makeFilter() {
   to_ = makeTime("to", tr("To"));
   radio_ = makeChoice("radio", tr("Radio"),
                       {tr("Both radios"), QStringLiteral("BC895XLT"), QStringLiteral("BC245XLT")});
+  for (QWidget* box : std::initializer_list<QWidget*>{period_, from_, to_, radio_}) {
+    calmWheel(box);
+  }
   recorded_ = named(new QCheckBox(tr("Only with &recording")), "recordedOnly");
   auto* row = new QHBoxLayout;
   row->addWidget(text_, 1);
