@@ -5,6 +5,7 @@
 
 #include "desktop/window_fixture.h"
 #include "desktop/windows/outline_style.h"
+#include "desktop/windows/readable_selection.h"
 
 namespace tarnvex::test {
 namespace {
@@ -145,6 +146,13 @@ class ContrastOf : public WindowTest<Form> {
   }
   ~ContrastOf() override { QApplication::setPalette(before_); }
 
+  /// The table's cursor shows how selected text looks.
+  void expectReadableSelection(const Scheme& scheme) {
+    const auto& table = this->template find<QTableView>("MSFlexGrid1");
+    const QRect cell = table.visualRect(table.currentIndex()).adjusted(2, 2, -2, -2);
+    EXPECT_GE(contrastOf(table.viewport()->grab(cell).toImage()), 4.5) << scheme.name;
+  }
+
   /// The palette changes while the window is shown.
   void expectAllPages(const Scheme& scheme) {
     QApplication::setPalette(paletteOf(scheme));
@@ -156,9 +164,12 @@ class ContrastOf : public WindowTest<Form> {
       EXPECT_GT(page.texts, 0);
       EXPECT_GT(page.outlines, 0);
     }
+    this->openTab(0);
+    expectReadableSelection(scheme);
   }
 
  private:
+  const desktop::ReadableSelection readableSelection_;
   QPalette before_;
 };
 

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "desktop/panel/body_painter.h"
-#include "desktop/panel/colour_mix.h"
+#include "desktop/panel/colour_math.h"
 #include "desktop/panel/display_painter.h"
 #include "desktop/panel/key_painter.h"
 #include "desktop/panel/knob_painter.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "desktop/panel/colour_mix.h"
+#include "desktop/panel/colour_math.h"
 #include "desktop/reception_log/reception_texts.h"
 
 namespace tarnvex::desktop {

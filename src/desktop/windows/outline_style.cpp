@@ -4,9 +4,8 @@
 #include <QStyleOption>
 #include <algorithm>
 #include <array>
-#include <cmath>
 
-#include "desktop/panel/colour_mix.h"
+#include "desktop/panel/colour_math.h"
 
 namespace tarnvex::desktop {
 namespace {
@@ -23,19 +22,6 @@ constexpr std::array kPrimitives = {QStyle::PE_Frame, QStyle::PE_FrameLineEdit,
                                     QStyle::PE_PanelButtonTool};
 constexpr std::array kIndicators = {QStyle::PE_IndicatorCheckBox, QStyle::PE_IndicatorRadioButton,
                                     QStyle::PE_IndicatorItemViewItemCheck};
-
-double luminance(const QColor& colour) {
-  const auto linear = [](double part) {
-    return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-         0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor& one, const QColor& other) {
-  const auto [dark, bright] = std::minmax({luminance(one), luminance(other)});
-  return (bright + 0.05) / (dark + 0.05);
-}
 
 /// What controls lie on: the style draws the pages of a tab widget lighter than the window.
 std::array<QColor, 3> groundsOf(const QPalette& palette) {

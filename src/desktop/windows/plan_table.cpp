@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "desktop/panel/colour_mix.h"
+#include "desktop/panel/colour_math.h"
 #include "desktop/ports/text.h"
 #include "desktop/windows/binder.h"
 #include "desktop/windows/parts.h"
