@@ -10,7 +10,10 @@ void Photographer::act(const Shot& shot) {
     radio_.write(shot.radio + '\n');
   }
   calm_ = QDeadlineTimer(kCalmMilliseconds);
-  if (form() != nullptr && form()->Scantimer.enabled() && shot.ready()) {
+  // While an upload asks for a system type, there is no poll.
+  const bool isUsable =
+      form() != nullptr && (form()->Scantimer.enabled() || window("Form3") != nullptr);
+  if (isUsable && shot.ready()) {
     acted_ = true;
     // Not from within the look: what opens a box waits in it, and a timer never fires within
     // itself.
@@ -87,8 +90,8 @@ bool Photographer::isRead() {
 void Photographer::save(const Shot& shot) {
   QWidget* widget = shot.what();
   if (widget->isWindow() && widget != program_.windows.mainWindow()) {
-    // As large as the screen allows.
-    widget->resize(shot.size.isValid() ? shot.size : widget->sizeHint());
+    // The screen may have been too small for it.
+    widget->resize(shot.size.isValid() ? shot.size : widget->size().expandedTo(widget->sizeHint()));
   }
   QPixmap picture = widget->grab();
   if (widget->objectName() == QLatin1String("panel")) {

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QBitmap>
 #include <QClipboard>
+#include <QComboBox>
 #include <QDeadlineTimer>
 #include <QFile>
 #include <QLineEdit>
@@ -81,9 +82,12 @@ class Photographer {
   /// A window that comes up by what the user does, or by the command of that name.
   void addWindow(const QString& radio, const char* name, std::function<void()> act);
   void addDialog(const QString& radio, const char* action, const char* name);
+  /// What the user does without a picture. The next shot comes once `done` is true.
+  void addStep(std::function<void()> act, std::function<bool()> done);
   void addReturn(const char* main);
   void addFindBar();
   void addLockouts();
+  void addSystemType();
   void addClipboard();
   void look();
   void act(const Shot& shot);

@@ -29,14 +29,13 @@ void Photographer::addDialog(const QString& radio, const char* action, const cha
   addWindow(radio, name, [this, action] { choose(action); });
 }
 
+void Photographer::addStep(std::function<void()> act, std::function<bool()> done) {
+  shots_.push_back({{}, "", [] { return true; }, std::move(act), std::move(done), nullptr});
+}
+
 /// After the small window, which hides the main one.
 void Photographer::addReturn(const char* main) {
-  shots_.push_back({{},
-                    "",
-                    [] { return true; },
-                    [] { closeAll(); },
-                    [main] { return window(main) != nullptr; },
-                    nullptr});
+  addStep([] { closeAll(); }, [main] { return window(main) != nullptr; });
 }
 
 void Photographer::addFindBar() {
@@ -62,21 +61,41 @@ void Photographer::addLockouts() {
                     [] { return window("frmLockouts"); }});
 }
 
+/// The upload asks for the type of a bank with a trunked channel, and goes on when it knows it.
+void Photographer::addSystemType() {
+  const auto asks = [] { return window("Form3") != nullptr; };
+  addDialog("bc245", "mnuUpload", "frmUpload");
+  addStep(
+      [this] {
+        form()->MSFlexGrid1.setTextMatrix(1, memory::ChannelRecord::Trunk, "X");
+        auto* upload = window("frmUpload");
+        upload->findChild<QListWidget*>("List1")->item(0)->setSelected(true);
+        upload->findChild<QAbstractButton*>("Command1")->click();
+      },
+      asks);
+  shots_.push_back({"bc245-Form3", "", asks,
+                    [] {
+                      // A type that also needs a frequency and a step.
+                      auto* type = window("Form3")->findChild<QComboBox*>("Combo1");
+                      type->setCurrentIndex(type->count() - 2);
+                      emit type->activated(type->currentIndex());
+                    },
+                    asks, [] { return window("Form3"); }});
+  addStep([] { window("Form3")->findChild<QAbstractButton*>("Command1")->click(); },
+          [] { return window("frmUpload") == nullptr; });
+}
+
 /// A display server may refuse what no key of the user's has asked for.
 void Photographer::addClipboard() {
-  shots_.push_back({{},
-                    "",
-                    [] { return true; },
-                    [this] {
-                      closeAll();
-                      choose("copyReport");
-                      const QString text = QGuiApplication::clipboard()->text();
-                      std::printf("Clipboard: %s.\n",
-                                  text.contains("Tarnvex") ? "holds the report" : "refused");
-                      std::fflush(stdout);
-                    },
-                    [] { return true; },
-                    nullptr});
+  addStep(
+      [this] {
+        closeAll();
+        choose("copyReport");
+        const QString text = QGuiApplication::clipboard()->text();
+        std::printf("Clipboard: %s.\n", text.contains("Tarnvex") ? "holds the report" : "refused");
+        std::fflush(stdout);
+      },
+      [] { return true; });
 }
 
 void Photographer::listWindows() {
@@ -100,6 +119,7 @@ void Photographer::listWindows() {
   addDialog("bc895", "mnuQV", "QuickView");
   addReturn("Form4");
   addPages("bc245", "become bc245\nscene quiet\nmode MD00\nreception 61 90");
+  addSystemType();
   for (const auto& [action, name] :
        {std::pair{"mnuCustom", "Form5"}, std::pair{"mnuOwnloadTrunk", "frmDownloadtrs"},
         std::pair{"mnuUploadTrunk", "frmUploadtrs"}, std::pair{"mnuQV", "Form9"}}) {

@@ -53,6 +53,7 @@ void sizeList(QListWidget* list, int columns) {
 
 ProgressBar::ProgressBar(const memory::Progress& progress) {
   setObjectName(QStringLiteral("progress"));
+  setAccessibleName(tr("Progress"));
   changed_ = progress.changed.follow([this, &progress] {
     showIf(this, progress.total() > 0);
     setMaximum(std::max(progress.total(), 1));
@@ -169,11 +170,10 @@ DialogWindow* makeSystemTypeDialog(trunking::Form3& form, platform::EventGate& g
   auto* dialog = new DialogWindow(gate, form.window, nullptr, parent);
   Binder& binder = dialog->binder();
   auto* type = binder.make<QComboBox>(form.Combo1);
-  type->setAccessibleName(toScreen(form.Label1.caption()));
   auto* base = binder.make<QLineEdit>(form.BFText);
   auto* step = binder.make<QComboBox>(form.Combo2);
   auto* grid = new QGridLayout(dialog);
-  grid->addWidget(addLabel(binder, form.Label1), 0, 0, 1, 2);
+  grid->addWidget(addCaption(binder, form.Label1, type), 0, 0, 1, 2);
   grid->addWidget(addLabel(binder, form.Label2), 1, 0, 1, 2);
   grid->addWidget(type, 2, 0, 1, 2);
   grid->addWidget(addCaption(binder, form.BFLabel, base), 3, 0);
