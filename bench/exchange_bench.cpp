@@ -1,6 +1,7 @@
 // Compares an exchange of the program's link with one on a bare line. Both talk to the same radio,
 // in alternating blocks, so that a busy machine slows both equally.
 #include <fcntl.h>
+#include <poll.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -16,6 +17,7 @@ namespace tarnvex::bench {
 namespace {
 
 constexpr const char* kCommand = "MD";
+constexpr int kPatienceMilliseconds = 1000;
 
 /// A serial line used with system calls alone.
 class BareLine : private platform::NonCopyable {
@@ -29,7 +31,22 @@ class BareLine : private platform::NonCopyable {
   }
   ~BareLine() { ::close(file_); }
 
+  /// The least that any program needs for an exchange: a read that may wait for ever.
   std::string exchange(const std::string& command) const {
+    return exchange(command, [] {});
+  }
+  /// The least that an exchange needs that throws away what came before, and that can be left.
+  std::string carefulExchange(const std::string& command) const {
+    tcflush(file_, TCIFLUSH);
+    return exchange(command, [this] {
+      pollfd answer{file_, POLLIN, 0};
+      ::poll(&answer, 1, kPatienceMilliseconds);
+    });
+  }
+
+ private:
+  template <class Wait>
+  std::string exchange(const std::string& command, Wait wait) const {
     const std::string line = command + "\r";
     std::string reply;
     if (::write(file_, line.data(), line.size()) != static_cast<ssize_t>(line.size())) {
@@ -37,6 +54,7 @@ class BareLine : private platform::NonCopyable {
     }
     std::array<char, 256> buffer{};
     while (!reply.ends_with('\r')) {
+      wait();
       const ssize_t count = ::read(file_, buffer.data(), buffer.size());
       if (count <= 0) {
         break;
@@ -46,7 +64,6 @@ class BareLine : private platform::NonCopyable {
     return reply;
   }
 
- private:
   int file_;
 };
 
@@ -95,12 +112,15 @@ void compare(Table& table, const Radio& radio, const QString& baud, int blocks, 
       {"--model", radio.argument, "--baud", baud, "--scene", "quiet", "--link", path});
   Link link(radio.model(), path.toStdString());
   std::vector<double> bare;
+  std::vector<double> careful;
   std::vector<double> own;
   std::vector<double> ratios;
   for (int i = 0; i < blocks; ++i) {
     {
       const BareLine line(path.toStdString());
       bare.push_back(block(exchanges, [&] { return line.exchange(kCommand); }));
+      careful.push_back(block(exchanges, [&] { return line.carefulExchange(kCommand); }) /
+                        bare.back());
     }
     link.port().open();
     own.push_back(block(exchanges, [&] { return link.exchange(kCommand); }));
@@ -111,6 +131,7 @@ void compare(Table& table, const Radio& radio, const QString& baud, int blocks, 
       std::string(radio.name) + " exchange, " + (baud == "0" ? "unpaced" : "9600 baud");
   table.note(what + ": bare line", quantile(bare, 0.5), "ms");
   table.note(what + ": link", quantile(own, 0.5), "ms");
+  table.note(what + ": flush and poll / bare line", quantile(careful, 0.5), "");
   table.atMost(what + ": link / bare line", quantile(ratios, 0.5), limit);
 }
 
