@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <optional>
 #include <span>
 #include <string_view>
 
+#include "bench/awake_processors.h"
 #include "bench/measure.h"
 
 namespace tarnvex::bench {
@@ -64,6 +66,10 @@ int main(int argc, char** argv) {
       unknown != wanted.end()) {
     std::fprintf(stderr, "the benchmark has no part \"%s\"\n", unknown->data());
     return 2;
+  }
+  std::optional<bench::AwakeProcessors> awake;
+  if (!splash) {
+    awake.emplace();
   }
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
