@@ -47,15 +47,18 @@ void PollCycle::askMode() {
 }
 
 void PollCycle::askLimits() {
-  if (!outside_.search.LLimit.editing()) {
-    if (const auto limit = link::searchLimit(ask(command::kLowerLimit))) {
-      outside_.search.LLimit.setText(*limit);
-    }
+  askLimit(outside_.search.LLimit, command::kLowerLimit);
+  askLimit(outside_.search.Ulimit, command::kUpperLimit);
+}
+
+void PollCycle::askLimit(search::LimitBox& box, std::string_view command) {
+  if (box.editing()) {
+    return;
   }
-  if (!outside_.search.Ulimit.editing()) {
-    if (const auto limit = link::searchLimit(ask(command::kUpperLimit))) {
-      outside_.search.Ulimit.setText(*limit);
-    }
+  const auto limit = link::searchLimit(ask(command));
+  // The user may have pasted something while the radio answered.
+  if (limit && !box.editing()) {
+    box.setText(*limit);
   }
 }
 

@@ -81,6 +81,7 @@ class PollCycle : private platform::NonCopyable {
   std::string askModeReply();
   void askMode();
   void askLimits();
+  void askLimit(search::LimitBox& box, std::string_view command);
   /// Writes to the main line, unless the user is keying digits there.
   void showFrequency(std::string_view text);
   /// No channel or ID is active.

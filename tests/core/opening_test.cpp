@@ -69,6 +69,20 @@ TEST(Opening, AskNoLimitThatTheUserEdits) {
       << "a text that isn't a number leaves the box as it is";
 }
 
+TEST(Opening, LeaveALimitThatTheUserEditsDuringItsExchange) {
+  test::Bc895Rig rig;
+  auto& limit = rig.form.customSearch.LLimit;
+  rig.radio.answerAll("ERR", {{"MD", "MD15"}, {"LL", "LL00290000"}});
+  rig.radio.answer = [&, answer = rig.radio.answer](std::string_view command) {
+    if (command == "LL") {
+      limit.userEdit("155.5");
+    }
+    return answer(command);
+  };
+  rig.gate.enterTimer(rig.form.Scantimer);
+  EXPECT_EQ(limit.text(), "155.5");
+}
+
 TEST(Opening, KnowTheirOwnRadio) {
   const std::pair<const char*, bool> cases[] = {
       {"ERR", false}, {"FER", false}, {"", false}, {"SIBC245XLT 0123456789 215", true}};
