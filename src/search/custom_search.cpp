@@ -18,9 +18,7 @@ CustomSearch::CustomSearch(const link::RadioModel& model, Outside outside)
   saved.List3.onRightPress = [this] { popUp(); };
   mnuSearchlist.mnuSLSearch.onClick = [this] { choose(); };
   mnuSearchlist.mnuSLDelete.onClick = [this] { saved.removeSelected(); };
-  Command4.onClick = [this] {
-    saved.append(platform::toReal(LLimit.text()), platform::toReal(Ulimit.text()));
-  };
+  Command4.onClick = [this] { saved.append(LLimit, Ulimit); };
 }
 
 void CustomSearch::choose() {

@@ -62,7 +62,8 @@ platform::Failure write(SequentialFiles& files, const SearchListRecord& record) 
 }
 
 /// A limit as it is saved: formatted with the mask and read back.
-std::optional<double> savedLimit(std::optional<double> limit, std::string_view mask) {
+std::optional<double> savedLimit(const std::string& text, std::string_view mask) {
+  const auto limit = platform::toReal(text);
   return limit ? platform::toReal(platform::format(*limit, mask)) : std::nullopt;
 }
 
@@ -86,7 +87,16 @@ bool SearchList::present() {
 }
 
 bool SearchList::open() {
-  return !ports_.files.open(kFile, path(), OpenMode::Input, NameCase::Any);
+  const auto failure = ports_.files.open(kFile, path(), OpenMode::Input, NameCase::Any);
+  tellUnread(failure);
+  return !failure;
+}
+
+void SearchList::tellUnread(const platform::Failure& failure) {
+  if (failure) {
+    ports_.dialogs.messageBox("The list of searches could not be read: " + *failure, "Search List",
+                              platform::kWarning);
+  }
 }
 
 void SearchList::load() {
@@ -100,14 +110,16 @@ void SearchList::fill() {
   if (!open()) {
     return;
   }
-  List3.clear();
+  std::vector<std::string> names;
   Fields fields;
   while (readFields(ports_.files, fields) == Outcome::Read) {
     if (platform::assign(current_, recordOf(fields))) {
-      List3.add(current_.name);
+      names.push_back(current_.name);
     }
   }
   ports_.files.close(kFile);
+  List3.clear();
+  List3.addAll(names);
 }
 
 std::optional<SearchListRecord> SearchList::find(int id) {
@@ -123,7 +135,7 @@ std::optional<SearchListRecord> SearchList::find(int id) {
   return found ? std::optional(current_) : std::nullopt;
 }
 
-void SearchList::append(std::optional<double> lower, std::optional<double> upper) {
+void SearchList::append(const platform::TextBox& lower, const platform::TextBox& upper) {
   const std::string name = ports_.dialogs.inputBox("Enter the name for this search:", "Tarnvex");
   if (name.empty() || !carried(name) || !present()) {
     return;
@@ -133,8 +145,8 @@ void SearchList::append(std::optional<double> lower, std::optional<double> upper
     ports_.dialogs.messageBox("You may only have up to 200 Custom Searches Saved.",
                               "Maximum Saved Searches Exceeded", platform::kWarning);
   } else {
-    platform::assign(current_.lower, savedLimit(lower, model_.searchMask));
-    platform::assign(current_.upper, savedLimit(upper, model_.searchMask));
+    platform::assign(current_.lower, savedLimit(lower.text(), model_.searchMask));
+    platform::assign(current_.upper, savedLimit(upper.text(), model_.searchMask));
     current_.id = id;
     current_.name = name;
     tellFailure(add(current_));
@@ -182,6 +194,7 @@ void SearchList::removeSelected() {
   const auto records = readAll(ports_.files, kMostRewritten);
   ports_.files.close(kFile);
   if (!records) {
+    tellUnread("the file can't be read to its end.");
     return;
   }
   if (records->size() > kMostRewritten) {

@@ -48,13 +48,14 @@ class SearchList : private platform::NonCopyable {
 
   /// Fills `List3` in the order of the file.
   void load();
-  /// "Save Search As..": asks for a name and adds the search between the two limits, in MHz. A
-  /// limit that isn't a number is replaced by that of the last record that was read or written.
-  void append(std::optional<double> lower, std::optional<double> upper);
+  /// "Save Search As..": asks for a name and adds the search between the limits that the two boxes
+  /// hold then, in MHz. A limit that isn't a number is replaced by that of the last record that was
+  /// read or written.
+  void append(const platform::TextBox& lower, const platform::TextBox& upper);
   /// "Delete Search": asks, and removes the selected search. Deliberate: all searches with the same
   /// name are removed, too. The others are renumbered. If there are more records than it can
-  /// rewrite, it shows a message and leaves the file as it is. If the file can't be read to its
-  /// end, it does the same without a message.
+  /// rewrite, or the file can't be read to its end, it shows a message and leaves the file as it
+  /// is.
   void removeSelected();
   /// The first record with this id. Nothing if there is none or the file is missing. It becomes the
   /// last record that was read.
@@ -69,6 +70,7 @@ class SearchList : private platform::NonCopyable {
   [[nodiscard]] std::string path() const;
   bool present();
   bool open();
+  void tellUnread(const platform::Failure& failure);
   bool carried(const std::string& name);
   platform::Failure add(const SearchListRecord& record);
   void tellFailure(const platform::Failure& failure);

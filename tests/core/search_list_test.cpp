@@ -33,9 +33,10 @@ std::string many(int count) {
 struct Lists {
   SearchList list;
   platform::ListBox& List3 = list.List3;
+  platform::TextBox LLimit{"LLimit"};
+  platform::TextBox Ulimit{"Ulimit"};
 
   Lists(test::World& world, const link::RadioModel& model)
-
       : list(model, {world.files, world.dialogs, "/program"}) {}
 };
 
@@ -47,7 +48,13 @@ struct SearchListTest : testing::Test, test::World {
   void save(Lists& lists, const std::string& lower, const std::string& upper,
             const std::string& name) {
     dialogs.lines.push_back(name);
-    lists.list.append(platform::toReal(lower), platform::toReal(upper));
+    // The poll goes on while the name is asked for.
+    dialogs.whileOpen = [&] {
+      lists.LLimit.setText(lower);
+      lists.Ulimit.setText(upper);
+    };
+    lists.list.append(lists.LLimit, lists.Ulimit);
+    dialogs.whileOpen = nullptr;
   }
   void remove(Lists& lists, int index, Answer answer = Answer::Yes) {
     lists.List3.setListIndex(index);
@@ -175,7 +182,7 @@ TEST_F(SearchListTest, FindsTheFileInAnySpelling) {
   platform::SequentialFiles onDisk(disk);
   SearchList list(link::bc245Model(), {onDisk, dialogs, ""});
   dialogs.lines = {"New"};
-  list.append(30, 40);
+  list.append(bc245.LLimit, bc245.Ulimit);
   list.List3.setListIndex(0);
   dialogs.answers = {Answer::Yes};
   list.removeSelected();
@@ -230,6 +237,7 @@ TEST_F(SearchListTest, LosesNothingWhenTheDiskFails) {
   store.readable = 40;
   remove(bc895, 0);
   EXPECT_EQ(file, kThree) << "a part of the file isn't taken for the whole";
+  EXPECT_EQ(dialogs.boxes.back().title, "Search List") << "told";
   store.readable = std::string::npos;
   // A plan that failed to load keeps the number, so saving a search fails.
   files.open(1, kPath, platform::OpenMode::Input);
@@ -239,6 +247,7 @@ TEST_F(SearchListTest, LosesNothingWhenTheDiskFails) {
   EXPECT_EQ(file, kThree);
   EXPECT_EQ(bc895.List3.count(), 3);
   EXPECT_FALSE(files.endOfFile(1)) << "and don't touch it";
+  EXPECT_EQ(dialogs.boxes.back().text, "The list of searches could not be read: File already open");
   files.close(1);
 }
 
