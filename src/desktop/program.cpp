@@ -22,7 +22,7 @@ Program::Program(const QString& settingsPath, const QString& programFolder,
   initialiseResources();
   installOutlines();
   settings.onFailure = [this](const std::string& description) {
-    gate.enter([this, description] {
+    gate.enterMessage([this, description] {
       dialogs.messageBox("The settings could not be saved: " + description +
                              ". They stay in effect until Tarnvex ends.",
                          "Settings", platform::kWarning);

@@ -19,6 +19,13 @@ void EventGate::enter(Handler handler) {
   }
 }
 
+void EventGate::enterMessage(Handler handler) {
+  if (!ended_) {
+    messages_.push_back(std::move(handler));
+    drainIfIdle();
+  }
+}
+
 void EventGate::enterClosing(Handler handler) {
   enterCounted(closing_, std::move(handler));
 }
@@ -52,6 +59,11 @@ void EventGate::whenIdle(Handler handler) {
   drainIfIdle();
 }
 
+void EventGate::runMessages() {
+  while (runNext(messages_)) {
+  }
+}
+
 void EventGate::dropUserEvents() {
   events_.clear();
   closing_ = leaving_ = 0;
@@ -74,6 +86,7 @@ void EventGate::waitUntil(const std::function<bool()>& done) {
 void EventGate::end() {
   ended_ = true;
   events_.clear();
+  messages_.clear();
   timers_.clear();
 }
 
@@ -92,22 +105,27 @@ void EventGate::drainIfIdle() {
 }
 
 void EventGate::runQueued() {
-  while (runNextUserEvent() || !timers_.empty()) {
-    if (!events_.empty()) {
+  for (;;) {
+    if (runNextEvent()) {
       continue;
     }
-    if (!timers_.empty()) {
-      runTimer();
+    if (timers_.empty()) {
+      return;
     }
+    runTimer();
   }
 }
 
-bool EventGate::runNextUserEvent() {
-  if (events_.empty()) {
+bool EventGate::runNextEvent() {
+  return runNext(events_) || runNext(messages_);
+}
+
+bool EventGate::runNext(std::deque<Handler>& handlers) {
+  if (handlers.empty()) {
     return false;
   }
-  const Handler handler = std::move(events_.front());
-  events_.pop_front();
+  const Handler handler = std::move(handlers.front());
+  handlers.pop_front();
   run(handler);
   return true;
 }
@@ -116,7 +134,7 @@ bool EventGate::runNextUserEvent() {
 /// message box opened by such an event can run it.
 void EventGate::runTimer() {
   loop_.turn();
-  while (runNextUserEvent()) {
+  while (runNextEvent()) {
   }
   if (timers_.empty()) {
     return;

@@ -22,6 +22,9 @@ class EventGate {
   explicit EventGate(EventLoop& loop) : loop_(loop) {}
 
   void enter(Handler handler);
+  /// A message that no user event has led to, such as settings that can't be saved. It isn't
+  /// dropped with the events of a window.
+  void enterMessage(Handler handler);
   /// An event with which the user closes or answers a window. `endsWaits` is true until it has run,
   /// which ends waits that have no time limit.
   void enterClosing(Handler handler);
@@ -34,6 +37,9 @@ class EventGate {
   void forget(const Timer& timer);
   /// Runs the handler as soon as no function of the core is on the stack.
   void whenIdle(Handler handler);
+
+  /// Runs the messages that are still queued, before the program ends.
+  void runMessages();
 
   /// Drops the queued user events, because their window is gone.
   void dropUserEvents();
@@ -57,12 +63,14 @@ class EventGate {
   void enterCounted(int& count, Handler handler);
   void drainIfIdle();
   void runQueued();
-  bool runNextUserEvent();
+  bool runNextEvent();
+  bool runNext(std::deque<Handler>& handlers);
   void runTimer();
   void run(const Handler& handler);
 
   EventLoop& loop_;
   std::deque<Handler> events_;
+  std::deque<Handler> messages_;
   std::deque<Timer*> timers_;
   std::deque<Handler> idle_;
   int depth_ = 0;

@@ -55,6 +55,8 @@ void Application::retireMain() {
 }
 
 void Application::end() {
+  windows_.rememberPlaces();
+  services_.gate.runMessages();
   services_.gate.end();
   windows_.quit();
 }

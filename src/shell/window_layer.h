@@ -65,6 +65,8 @@ class WindowLayer : private platform::NonCopyable {
   virtual void raiseDialog(const void* form) = 0;
   /// Shows the program's manual, or a message if it is missing.
   virtual void showHelp(HelpView view) = 0;
+  /// Keeps where the main window is, and how large.
+  virtual void rememberPlaces() = 0;
   /// Closes all windows and leaves the event loop. Called when the program has ended.
   virtual void quit() = 0;
 };

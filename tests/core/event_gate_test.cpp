@@ -50,6 +50,18 @@ TEST_F(EventGateTest, DeliversWhatIsPendingBeforeATickAndOutsideIt) {
   EXPECT_EQ(course, "outside b tick ");
 }
 
+TEST_F(EventGateTest, KeepsTheProgramsMessagesWhenAWindowsEventsAreDropped) {
+  gate.enter([&] {
+    gate.enter(says("click"));
+    gate.enterMessage(says("disk full"));
+    gate.dropUserEvents();
+    gate.enter(says("exit"));
+    gate.runMessages();
+    gate.end();
+  });
+  EXPECT_EQ(course, "disk full ");
+}
+
 TEST_F(EventGateTest, QueuesATimerOnceAndAfterTheUsersEvents) {
   gate.enter([&] {
     gate.enterTimer(poll);

@@ -1,6 +1,7 @@
 // Where main windows open: at a first start, and when the radio is exchanged.
 #include <QScreen>
 
+#include "desktop/program_rig.h"
 #include "desktop/window_fixture.h"
 
 namespace tarnvex::test {
@@ -76,6 +77,25 @@ TEST_F(WindowPlace, StaysMaximisedAndRemembersThePlaceWithoutThat) {
 TEST_F(WindowPlace, IsMaximisedAgainAtTheNextStart) {
   settings.values[{"BC895", "Maximised"}] = "1";
   EXPECT_TRUE(open().isMaximized());
+}
+
+TEST(WindowPlaceAtTheExit, IsMissedAloudIfItCantBeSaved) {
+  ProgramRig rig;
+  const QString settings = rig.folder.filePath("Tarnvex.conf");
+  bool told = false;
+  QTimer user;
+  QObject::connect(&user, &QTimer::timeout, [&] {
+    if (rig.box() != nullptr && rig.boxStands("Settings")) {
+      told = true;
+      rig.press(QMessageBox::Ok);
+    }
+  });
+  user.start(5);
+  rig.play({{"scanning", rig.bc895("Frequency: Scanning"), [&] {
+               QFile::remove(settings);
+               QDir().mkdir(settings);
+             }}});
+  EXPECT_TRUE(told);
 }
 
 }  // namespace

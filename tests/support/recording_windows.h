@@ -64,6 +64,7 @@ class RecordingWindows : public shell::WindowLayer {
     std::erase(dialogs, form);
   }
   void raiseDialog(const void* /*form*/) override { record("raiseDialog"); }
+  void rememberPlaces() override {}
   void quit() override { record("quit"); }
 
   std::vector<std::string> takeCalls() { return std::exchange(calls, {}); }

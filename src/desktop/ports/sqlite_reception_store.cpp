@@ -244,7 +244,7 @@ void SqliteReceptionStore::tellChanged() {
 
 void SqliteReceptionStore::tell(const QString& words) {
   const auto say = [this, text = fromScreen(words)] {
-    gate_.enter([this, text] { platform::run(onTrouble, text); });
+    gate_.enterMessage([this, text] { platform::run(onTrouble, text); });
   };
   QMetaObject::invokeMethod(&home_, say, Qt::QueuedConnection);
 }

@@ -70,7 +70,7 @@ void QtWindows::present(MainWindow* window, const char* section) {
   window->show();
 }
 
-void QtWindows::rememberMain() {
+void QtWindows::rememberPlaces() {
   if (main_) {
     WindowMemory memory(settings_, section_);
     main_->remember(memory);
@@ -79,7 +79,7 @@ void QtWindows::rememberMain() {
 
 void QtWindows::closeMain() {
   timers_.clear();
-  rememberMain();
+  rememberPlaces();
   if (main_) {
     left_ = main_->left();
     main_->leaveScreen();
@@ -223,7 +223,6 @@ void QtWindows::showHelpPage(const QString& page) {
 }
 
 void QtWindows::quit() {
-  rememberMain();
   delete help_;
   if (main_) {
     main_->hide();

@@ -51,6 +51,7 @@ class QtWindows : public shell::WindowLayer {
   void closeDialog(const void* form) override;
   void raiseDialog(const void* form) override;
   void showHelp(shell::HelpView view) override;
+  void rememberPlaces() override;
   void quit() override;
 
   /// Deletes all windows. Called after the program has ended and before the forms are destroyed.
@@ -62,8 +63,6 @@ class QtWindows : public shell::WindowLayer {
  private:
   void drive(platform::Timer& timer);
   void present(MainWindow* window, const char* section);
-  /// Stores the main window's state for the next start.
-  void rememberMain();
   void showQuickView();
   HelpWindow& help();
   void showHelpPage(const QString& page);
