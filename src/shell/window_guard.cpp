@@ -8,14 +8,15 @@ WindowGuard::WindowGuard(const Services& services)
     : program_(services),
       dialogs_(services.dialogs),
       files_(services.files),
-      backups_(services.backups) {}
+      backups_(services.backups),
+      settings_(services.settings) {}
 
 Services WindowGuard::services() {
   return {program_.state,
           program_.gate,
           program_.makePort,
           dialogs_,
-          program_.settings,
+          settings_,
           program_.clock,
           program_.link,
           program_.files,
@@ -30,6 +31,7 @@ void WindowGuard::leave() {
   dialogs_.leave();
   files_.shut();
   backups_.leave();
+  settings_.leave();
 }
 
 /// The window may go while the user is asked.
@@ -69,6 +71,13 @@ void WindowGuard::Questions::beep() {
 platform::Failure WindowGuard::Copies::keep(const std::string& path, std::string_view content,
                                             std::string& kept) {
   return gone_ ? platform::Failure("The window is closed") : backups_.keep(path, content, kept);
+}
+
+void WindowGuard::Settings::saveSetting(std::string_view section, std::string_view name,
+                                        std::string_view text) {
+  if (!gone_) {
+    settings_.saveSetting(section, name, text);
+  }
 }
 
 }  // namespace tarnvex::shell

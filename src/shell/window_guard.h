@@ -7,7 +7,8 @@ namespace tarnvex::shell {
 /// What a main window works with, for as long as the window is there. A handler that waits in a
 /// message box or a file dialog may go on after its window has gone, when the radio was exchanged
 /// or the program ended meanwhile. From then on no box opens and none is answered, no file is read
-/// or written, and no backup is made. So handlers needn't ask whether they come too late.
+/// or written, no setting is saved, and no backup is made. So handlers needn't ask whether they
+/// come too late.
 class WindowGuard : private platform::NonCopyable {
  public:
   /// `services` are the program's.
@@ -59,10 +60,28 @@ class WindowGuard : private platform::NonCopyable {
     bool gone_ = false;
   };
 
+  class Settings : public platform::SettingsStore {
+   public:
+    explicit Settings(platform::SettingsStore& settings) : settings_(settings) {}
+
+    std::string getSetting(std::string_view section, std::string_view name,
+                           std::string_view fallback) const override {
+      return settings_.getSetting(section, name, fallback);
+    }
+    void saveSetting(std::string_view section, std::string_view name,
+                     std::string_view text) override;
+    void leave() { gone_ = true; }
+
+   private:
+    platform::SettingsStore& settings_;
+    bool gone_ = false;
+  };
+
   Services program_;
   Questions dialogs_;
   platform::SequentialFiles files_;
   Copies backups_;
+  Settings settings_;
 };
 
 }  // namespace tarnvex::shell

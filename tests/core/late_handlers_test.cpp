@@ -207,6 +207,20 @@ TEST(LateHandlers, DoNothingAfterAnExchangeOfRadios) {
   }
 }
 
+TEST(LateHandlers, SaveNoSettingAfterAnExchangeOfRadios) {
+  LateRig on;
+  on.start(true);
+  on.dialogs.colours = {0xFF00};
+  on.goesAt = 1;
+  on.go = [&on] {
+    on.exchange();
+    on.settings.saved.clear();
+  };
+  on.gate.enter([&on] { dynamic_cast<Form4&>(*on.application.mainForm()).chooseDisplayColour(); });
+  EXPECT_FALSE(on.bc895);
+  EXPECT_THAT(on.settings.saved, IsEmpty());
+}
+
 TEST(LateHandlers, DoNothingAfterTheUserHasLeft) {
   for (const Late& late : kLate) {
     SCOPED_TRACE(late.name);

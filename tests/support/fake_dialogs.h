@@ -76,7 +76,11 @@ class FakeDialogs : public platform::Dialogs {
   }
   std::optional<platform::Colour> chooseColour(platform::Colour current) override {
     presetColours.push_back(current);
-    return take(colours, std::optional<platform::Colour>(), "unexpected choice of a colour");
+    auto colour = take(colours, std::optional<platform::Colour>(), "unexpected choice of a colour");
+    if (whileOpen) {
+      whileOpen();
+    }
+    return colour;
   }
   void beep() override { ++beeps; }
   void setBusyPointer(bool busy) override { busyPointer.push_back(busy); }
