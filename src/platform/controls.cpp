@@ -202,12 +202,6 @@ bool TextBox::userKey(char key) {
   return operable() && (!onKey || onKey(key));
 }
 
-void TextBox::userFocus() {
-  if (operable()) {
-    run(onFocus);
-  }
-}
-
 void TabStrip::setTab(int tab) {
   changed.change(tab_, tab);
 }

@@ -226,20 +226,18 @@ class TextBox : public Control {
   /// A key typed by the user, as a character code. False if the handler swallowed it; the text then
   /// stays as it is.
   bool userKey(char key);
-  /// The user gave the box the keyboard focus.
-  void userFocus();
-  /// Asks the window layer to select the whole text.
-  void selectAll() { selectAllRequested.notify(); }
+  /// When the user enters the box, its whole text is selected.
+  void selectAllOnFocus() { selectsAllOnFocus_ = true; }
+  [[nodiscard]] bool selectsAllOnFocus() const { return selectsAllOnFocus_; }
 
   /// Returns whether the key may take effect in the text.
   std::function<bool(char key)> onKey;
-  std::function<void()> onFocus;
   /// Runs after each edit of the user.
   std::function<void()> onEdit;
-  Notifier<> selectAllRequested;
 
  private:
   std::string text_;
+  bool selectsAllOnFocus_ = false;
   std::string_view allowed_;
 };
 

@@ -22,7 +22,7 @@ LimitBox::LimitBox(std::string name, bool& editing, std::string_view command,
   allowOnly("0123456789.");
   onKey = [this](char typed) { return key(typed); };
   onEdit = [this] { editing_ = true; };
-  onFocus = [this] { selectAll(); };
+  selectAllOnFocus();
 }
 
 void LimitBox::send() {

@@ -49,12 +49,6 @@ void choosesSearches(const char* modelKey, const std::string& afterNo) {
   EXPECT_EQ(searches.choose(2, Answer::No), "KEY00; MD" + afterNo);
   EXPECT_THAT(searches.dialogs.takeBoxes(), ElementsAre(kQuestion, kQuestion, kQuestion));
 
-  int selections = 0;
-  const auto connection =
-      form.customSearch.LLimit.selectAllRequested.connect([&] { ++selections; });
-  form.customSearch.LLimit.userFocus();
-  EXPECT_EQ(selections, 1);
-
   searches.store.files.erase("/program/Searchlist.txt");
   EXPECT_EQ(searches.choose(0, Answer::Yes), "KEY00; MD; KEY09");
   EXPECT_EQ(searches.dialogs.boxes.size(), 2U);

@@ -147,6 +147,25 @@ TEST_F(Bc895Window, ALimitIsSelectedWhenTheUserEntersIt) {
   EXPECT_EQ(box.selectedText(), "");
 }
 
+TEST_F(Bc895Window, ALimitTakesKeysInTheirOrderWhileTheCoreIsBusy) {
+  openTab(2);
+  auto& model = form.customSearch.LLimit;
+  auto& box = find<QLineEdit>(model);
+  QApplication::clipboard()->setText("55");
+  model.setText("851.0");
+  gate.enter([&] {
+    box.setFocus(Qt::TabFocusReason);
+    for (const auto& [code, held] : {std::pair{Qt::Key_1, Qt::NoModifier},
+                                     {Qt::Key_V, Qt::ControlModifier},
+                                     {Qt::Key_7, Qt::NoModifier},
+                                     {Qt::Key_Home, Qt::NoModifier},
+                                     {Qt::Key_Delete, Qt::NoModifier}}) {
+      QTest::keyClick(&box, code, held);
+    }
+  });
+  EXPECT_EQ(model.text(), "557");
+}
+
 /// The wheel over each box that hasn't the focus.
 void expectTheWheelToChangeNothing(QWidget& window) {
   int boxes = 0;

@@ -258,7 +258,6 @@ void Binder::bind(QLineEdit* widget, platform::TextBox& model) {
       widget->setText(text);
     }
   });
-  keep(model.selectAllRequested.connect([widget] { widget->selectAll(); }));
   new TextBoxEditing(widget, model, gate_, isDialogs());
 }
 

@@ -1,7 +1,6 @@
 #include "desktop/windows/text_box.h"
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <algorithm>
 
 #include "desktop/ports/text.h"
@@ -57,52 +56,66 @@ bool TextBoxEditing::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
-/// Tells the model only if the user has entered the box. A window that comes back, or a menu that
+/// Selects the text only if the user has entered the box. A window that comes back, or a menu that
 /// closes, leaves the box as it was.
 void TextBoxEditing::focusIn(Qt::FocusReason reason) {
   firstClick_ = reason == Qt::MouseFocusReason;
   const bool comesBack = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
                          reason == Qt::MenuBarFocusReason;
   if (!firstClick_ && !comesBack) {
-    tellFocus();
+    selectWhole();
   }
 }
 
 /// After the click has placed the cursor, and only if the user hasn't selected text by dragging.
 void TextBoxEditing::released() {
   if (std::exchange(firstClick_, false) && !widget_->hasSelectedText()) {
-    tellFocus();
+    selectWhole();
   }
 }
 
-void TextBoxEditing::tellFocus() {
-  gate_.enter([guard = QPointer<TextBoxEditing>(this)] {
-    if (guard) {
-      guard->model_.userFocus();
-    }
-  });
+void TextBoxEditing::selectWhole() {
+  if (model_.selectsAllOnFocus()) {
+    widget_->selectAll();
+  }
 }
 
-/// True if the key goes to the model.
-bool TextBoxEditing::key(const QKeyEvent& event) {
+bool TextBoxEditing::isTyped(const QKeyEvent& event, const std::string& typed) const {
   const bool command = (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
+  return typed.size() == 1 && !command && typed[0] != '\t' && event.key() != Qt::Key_Escape &&
+         event.key() != Qt::Key_Delete && !(isDialogs_ && typed[0] == '\r');
+}
+
+/// True if the key waits for the core.
+bool TextBoxEditing::key(const QKeyEvent& event) {
   const std::string typed = fromScreen(event.text());
-  if (typed.size() != 1 || command || typed[0] == '\t' || event.key() == Qt::Key_Escape ||
-      event.key() == Qt::Key_Delete || (isDialogs_ && typed[0] == '\r')) {
+  if (isTyped(event, typed)) {
+    enqueue(event,
+            [character = typed[0]](platform::TextBox& model) { return model.userKey(character); });
+    return true;
+  }
+  const bool leaves = event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab ||
+                      event.key() == Qt::Key_Escape || typed == "\r";
+  if (leaves || waiting_.use_count() == 1) {
     return false;
   }
-  gate_.enter([guard = QPointer<TextBoxEditing>(this), character = typed[0], code = event.key(),
-               text = event.text()] {
-    if (guard && guard->model_.userKey(character)) {
-      guard->replay(code, text);
-    }
-  });
+  enqueue(event, [](const platform::TextBox& /*model*/) { return true; });
   return true;
 }
 
-void TextBoxEditing::replay(int code, const QString& text) {
+template <class Allowed>
+void TextBoxEditing::enqueue(const QKeyEvent& event, Allowed allowed) {
+  gate_.enter([guard = QPointer<TextBoxEditing>(this), waiting = waiting_, allowed,
+               code = event.key(), held = event.modifiers(), text = event.text()] {
+    if (guard && allowed(guard->model_)) {
+      guard->replay(code, held, text);
+    }
+  });
+}
+
+void TextBoxEditing::replay(int code, Qt::KeyboardModifiers held, const QString& text) {
   replaying_ = true;
-  QKeyEvent event(QEvent::KeyPress, code, Qt::NoModifier, text);
+  QKeyEvent event(QEvent::KeyPress, code, held, text);
   QApplication::sendEvent(widget_, &event);
   replaying_ = false;
 }

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
 #include <QValidator>
+#include <memory>
 
 #include "platform/controls.h"
 #include "platform/event_gate.h"
@@ -15,6 +17,9 @@ namespace tarnvex::desktop {
 /// The model sees each typed key before it takes effect, except Enter in a dialog, which presses
 /// the main button. What comes in another way (clipboard, mouse, input method, context menu) is
 /// accepted only if the model takes the resulting text. Otherwise the box beeps and stays as it is.
+///
+/// While typed keys wait for the core, the keys that the box handles by itself wait behind them, so
+/// that all take effect in the order in which they were pressed.
 class TextBoxEditing : public QObject {
  public:
   TextBoxEditing(QLineEdit* widget, platform::TextBox& model, platform::EventGate& gate,
@@ -36,15 +41,22 @@ class TextBoxEditing : public QObject {
 
   void focusIn(Qt::FocusReason reason);
   void released();
-  void tellFocus();
-  bool key(const class QKeyEvent& event);
-  void replay(int code, const QString& text);
+  void selectWhole();
+  bool key(const QKeyEvent& event);
+  /// Whether the model sees the key before it takes effect.
+  [[nodiscard]] bool isTyped(const QKeyEvent& event, const std::string& typed) const;
+  /// Queues a key for the box if `allowed` says so by then.
+  template <class Allowed>
+  void enqueue(const QKeyEvent& event, Allowed allowed);
+  void replay(int code, Qt::KeyboardModifiers held, const QString& text);
 
   QLineEdit* widget_;
   platform::TextBox& model_;
   platform::EventGate& gate_;
   bool isDialogs_;
   bool replaying_ = false;
+  /// Every queued key shares it.
+  std::shared_ptr<int> waiting_ = std::make_shared<int>();
   /// The focus came with a mouse button that is still pressed.
   bool firstClick_ = false;
 };
