@@ -220,7 +220,7 @@ std::optional<PlanHistory::Place> PlanHistory::undo() {
   Record record = taken(done_);
   backward(record.changes);
   record.modifiedAfter = std::exchange(state_.MemoryModified, record.modifiedBefore);
-  adoptFile(record.fileAfter, record.fileBefore);
+  exchangeFile(record.fileAfter, record.fileBefore);
   return keep(undone_, std::move(record));
 }
 
@@ -232,16 +232,16 @@ std::optional<PlanHistory::Place> PlanHistory::redo() {
   Record record = taken(undone_);
   forward(record.changes);
   record.modifiedBefore = std::exchange(state_.MemoryModified, record.modifiedAfter);
-  adoptFile(record.fileBefore, record.fileAfter);
+  exchangeFile(record.fileBefore, record.fileAfter);
   return keep(done_, std::move(record));
 }
 
-/// Only a step that changed the name restores it. A plan that has been saved under another name
-/// since then keeps that name.
-void PlanHistory::adoptFile(const std::string& from, const std::string& to) {
-  if (from != to) {
-    file_ = to;
-    platform::run(onFileChanged, to);
+/// Only a step that changed the name restores it. The name in use is kept in `left`, since the plan
+/// may have been saved under another one since the step.
+void PlanHistory::exchangeFile(std::string& left, const std::string& restored) {
+  if (left != restored) {
+    left = std::exchange(file_, restored);
+    platform::run(onFileChanged, restored);
   }
 }
 

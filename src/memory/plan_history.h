@@ -106,7 +106,7 @@ class PlanHistory {
   static Record taken(Records& from);
   template <class Records>
   Place keep(Records& to, Record record);
-  void adoptFile(const std::string& from, const std::string& to);
+  void exchangeFile(std::string& left, const std::string& restored);
   void forgetOldest();
 
   platform::SharedState& state_;

@@ -3,23 +3,12 @@
 
 #include "id_rig.h"
 #include "memory/download_dialog.h"
+#include "support/plan_bytes.h"
 
 namespace tarnvex::trunking {
 namespace {
 
 using test::IdRig;
-
-std::string bytesOf(const IdRig& rig) {
-  std::string all;
-  for (const platform::Table* table : {&rig.channels, &rig.talkgroups}) {
-    for (int row = 1; row < table->rows(); ++row) {
-      for (int col = 0; col < table->cols(); ++col) {
-        all += table->textMatrix(row, col) + "|";
-      }
-    }
-  }
-  return all;
-}
 
 struct Download {
   const char* name;
@@ -59,21 +48,22 @@ TEST(DownloadSteps, AreTakenBackByteForByte) {
         }
         rig.answered = answered;
         rig.state.MemoryModified = modified;
-        const std::string before = bytesOf(rig);
+        const auto bytes = [&rig] { return test::bytesOf({&rig.channels, &rig.talkgroups}); };
+        const std::string before = bytes();
         rig.dialogs.whileOpen = [&] {
           EXPECT_FALSE(rig.memory.history().undo()) << "not before its end";
         };
         run(rig, {1, 2});
-        const std::string after = bytesOf(rig);
+        const std::string after = bytes();
         EXPECT_TRUE(after != before);
         EXPECT_EQ(rig.kept, 1);
         ASSERT_EQ(rig.memory.history().undoName(), "Download");
         rig.memory.history().undo();
-        EXPECT_TRUE(bytesOf(rig) == before);
+        EXPECT_TRUE(bytes() == before);
         EXPECT_EQ(rig.state.MemoryModified, modified);
         EXPECT_EQ(rig.memory.history().undoName(), "");
         rig.memory.history().redo();
-        EXPECT_TRUE(bytesOf(rig) == after);
+        EXPECT_TRUE(bytes() == after);
         EXPECT_TRUE(rig.state.MemoryModified);
       }
     }

@@ -9,19 +9,10 @@
 #include <QTest>
 
 #include "desktop/window_fixture.h"
+#include "support/plan_bytes.h"
 
 namespace tarnvex::test {
 namespace {
-
-std::string bytesOf(const platform::Table& table) {
-  std::string all;
-  for (int row = 1; row < table.rows(); ++row) {
-    for (int col = 0; col < table.cols(); ++col) {
-      all += table.textMatrix(row, col) + "|";
-    }
-  }
-  return all;
-}
 
 QMimeData* textData(const QString& text) {
   auto* data = new QMimeData;
@@ -76,7 +67,7 @@ TEST_F(Bc895Window, PastesWhatFitsFromAnyClipboard) {
     form.MSFlexGrid1.setTextMatrix(290, col, cells[col - 1]);
   }
   table.setCurrentIndex(table.model()->index(289, 1));
-  const std::string before = bytesOf(form.MSFlexGrid1);
+  const std::string before = bytesOf({&form.MSFlexGrid1});
   for (const auto& [name, data, row, messages] : kPasted) {
     SCOPED_TRACE(name);
     QApplication::clipboard()->setMimeData(data());
@@ -86,13 +77,13 @@ TEST_F(Bc895Window, PastesWhatFitsFromAnyClipboard) {
     for (int col = 1; col <= 7; ++col) {
       pasted += form.MSFlexGrid1.textMatrix(290, col) + "|";
     }
-    const bool changed = bytesOf(form.MSFlexGrid1) != before;
+    const bool changed = bytesOf({&form.MSFlexGrid1}) != before;
     EXPECT_EQ(changed ? pasted : "", row);
     EXPECT_EQ(dialogs.takeBoxes().size(), static_cast<std::size_t>(messages));
     if (changed) {
       QTest::keyClick(&table, Qt::Key_Z, Qt::ControlModifier);
     }
-    EXPECT_TRUE(bytesOf(form.MSFlexGrid1) == before);
+    EXPECT_TRUE(bytesOf({&form.MSFlexGrid1}) == before);
   }
 }
 

@@ -3,9 +3,8 @@
 
 #include <gmock/gmock.h>
 
-#include <random>
-
 #include "plan_fixture.h"
+#include "support/plan_bytes.h"
 
 namespace tarnvex::test {
 namespace {
@@ -31,15 +30,7 @@ struct Editing : PlanFixture {
     }
     return cells;
   }
-  [[nodiscard]] std::string bytes() const {
-    std::string all;
-    for (const Table* table : {&channels, &talkgroups}) {
-      for (int row = 1; row < table->rows(); ++row) {
-        all += table->textMatrix(row, 0) + rowOf(*table, row) + "\n";
-      }
-    }
-    return all;
-  }
+  [[nodiscard]] std::string bytes() const { return bytesOf({&channels, &talkgroups}); }
 
   memory::PlanEditor editor{plan};
 };
@@ -245,84 +236,6 @@ TEST(History, KeepsStepsOfAnySizeWithinItsMemory) {
   }
   EXPECT_GT(undone, 60);
   EXPECT_LT(undone, 200);
-}
-
-/// A random operation of the user.
-void act(Editing& on, std::mt19937& random) {
-  const auto any = [&](int from, int to) {
-    return std::uniform_int_distribution(from, to)(random);
-  };
-  Table& table = any(0, 1) == 0 ? on.channels : on.talkgroups;
-  const int top = any(1, table.rows() - 1);
-  const int left = any(1, table.cols() - 1);
-  const CellRange cells{top, left, std::min(top + any(0, 5), table.rows() - 1),
-                        any(left, table.cols() - 1)};
-  const char* const blocks[] = {"155,5\tX\t\t \tx\t67.0\ttag",  "1\n2\n3", "X",   "",
-                                "123\tfire\tX\n124\tpolice\tX", "a\tb",    "\t\t"};
-  const int operation = any(0, 999);
-  if (operation < 500) {
-    const std::string keys = "0123456789.-xX \b\rab\"";
-    table.userKey(keys[static_cast<std::size_t>(any(0, static_cast<int>(keys.size()) - 1))]);
-  } else if (operation < 700) {
-    table.userMoveTo(top, any(0, table.cols() - 1));
-  } else if (operation < 800) {
-    on.paste(table, cells, blocks[any(0, 6)]);
-  } else if (operation < 850) {
-    on.paste(table, cells, on.editor.copy(table, cells));
-  } else if (operation < 900) {
-    on.editor.clear(table, cells, "Delete");
-  } else if (operation < 940) {
-    on.dialogs.answers = {platform::Answer::Yes};
-    on.plan.StoreHit(
-        &table == &on.channels ? memory::HitList::Frequencies : memory::HitList::Talkgroups,
-        "155.1150 - hit");
-    on.dialogs.answers.clear();
-  } else if (operation < 950) {
-    on.plan.JumpToBank(table, any(0, 9));
-  } else if (operation < 952) {
-    const auto step = on.plan.history().step("New");
-    on.plan.clear();
-  } else if (operation < 990) {
-    if (on.editor.undoName() != "Start") {
-      on.editor.undo();
-    }
-  } else if (operation < 998) {
-    on.editor.redo();
-  } else {
-    on.state.MemoryModified = false;
-    on.plan.history().saved();
-  }
-}
-
-TEST(History, UndoesTenThousandRandomEditsByteForByte) {
-  for (const auto* model : {&bc895Model(), &bc245Model()}) {
-    Editing on(*model);
-    std::mt19937 random(20261121);
-    const std::string start = on.bytes();
-    // All the undoing returns to the plan before this step.
-    on.editor.clear(on.channels, {1, 4, 1, 4}, "Start");
-    for (int operation = 0; operation < 10'000; ++operation) {
-      act(on, random);
-      ASSERT_LE(on.talkgroups.row(), 1000);
-    }
-    on.paste(on.channels, at(1, 7), "the last edit");
-    // Each step leads to the same bytes again.
-    std::vector<std::string> states = {on.bytes()};
-    int steps = 0;
-    while (on.editor.undo()) {
-      if (++steps <= 50) {
-        states.push_back(on.bytes());
-      }
-    }
-    EXPECT_GT(steps, 1000);
-    EXPECT_EQ(on.bytes(), start);
-    while (steps-- > 0) {
-      EXPECT_TRUE(on.editor.redo());
-      if (steps < 50) {
-        EXPECT_EQ(on.bytes(), states[static_cast<std::size_t>(steps)]) << steps;
-      }
-    }
-  }
 }
 
 }  // namespace
