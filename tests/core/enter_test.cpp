@@ -1,6 +1,7 @@
 // Enter in any question, at any place: nothing is destroyed.
 #include <gmock/gmock.h>
 
+#include "memory/file_fixture.h"
 #include "shell/bc245_form.h"
 #include "shell/bc895_form.h"
 #include "shell/reception_log_form.h"
@@ -25,6 +26,12 @@ const Destroyer kDestroyers[] = {
        choose(*form.Dlg1, "/good.tvf");
        form.mnuNew();
      }},
+    // The window's own file, which it couldn't read, or which another program has changed since.
+    {"Confirm Overwrite",
+     [](MainForm& form) {
+       choose(*form.Dlg1, "/good.tvf");
+       form.mnuSaveConv();
+     }},
     {"Confirm Overwrite",
      [](MainForm& form) {
        form.hitLists.List1.add("151.6250 hit");
@@ -45,10 +52,12 @@ const Destroyer kDestroyers[] = {
 };
 
 template <class Form>
-void pressEnterInAll() {
+void pressEnterInAll(const std::string& plan) {
   test::World world;
   world.store.piece = 4096;
-  world.store.files["/good.tvf"] = "somebody's";
+  world.store.files["/good.tvf"] = plan;
+  world.settings.values = {{{"BC895", "LastFreqFile"}, "/good.tvf"},
+                           {{"BC245", "LastFreqFile"}, "/good.tvf"}};
   world.store.files["/program/Searchlist.txt"] = "0,30,40,\"Low\"\r\n";
   world.radio.answerAll("OK");
   Form form(world.services, world.outside());
@@ -59,6 +68,7 @@ void pressEnterInAll() {
   world.dialogs.takeBoxes();
   world.radio.takeLog();
   world.dialogs.pressesEnter = true;
+  world.store.files["/good.tvf"] += "changed";
   const auto files = world.store.files;
   for (const auto& [title, act] : kDestroyers) {
     SCOPED_TRACE(title);
@@ -79,8 +89,10 @@ void pressEnterInAll() {
 }
 
 TEST(Enter, DestroysNothing) {
-  pressEnterInAll<Form4>();
-  pressEnterInAll<Form2>();
+  for (const std::string& plan : {test::clearedFile(), std::string("not a plan")}) {
+    pressEnterInAll<Form4>(plan);
+    pressEnterInAll<Form2>(plan);
+  }
 }
 
 TEST(Enter, ReplacesNoOtherFileOnABc245) {

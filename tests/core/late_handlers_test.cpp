@@ -119,6 +119,8 @@ struct LateRig : test::World {
     dialogs.lines = late.lines;
     windows.takeCalls();
     radio.takeLog();
+    store.files["/bc895.tvf"] += "\r\n";
+    store.files["/bc245.tvf"] += "\r\n";
     const auto files = store.files;
     questions = 0;
     goesAt = late.question;
@@ -149,6 +151,14 @@ const std::vector<Late> kLate = {
     {"Open, which file?", 1, false, &MainForm::mnuOpenConv, {}, {"/good.tvf"}},
     {"Open, save changes?", 1, true, &MainForm::mnuOpenConv, {Answer::No}, {"/good.tvf"}},
     {"Save", 1, true, &MainForm::mnuSaveConv, {}, {"/good.tvf"}},
+    {"Save, changed by another program",
+     2,
+     true,
+     [](MainForm& form) {
+       dynamic_cast<test::FakeCommonDialog&>(*form.Dlg1).choices = {std::nullopt};
+       form.mnuSaveConv();
+     },
+     {Answer::Yes}},
     {"Open Backup", 1, false, &MainForm::mnuOpenBackup, {}, {"/good.tvf"}},
     {"Import", 1, false, &MainForm::mnuImport, {}, {"/good.apf"}},
     {"Reset", 1, false, &MainForm::mnuReset, {Answer::Yes}},

@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QInputDialog>
-#include <QLineEdit>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
+#include "desktop/ports/plan_file_dialog.h"
 #include "desktop/ports/qt_dialogs.h"
 #include "desktop/ports/qt_event_loop.h"
 #include "desktop/ports/text.h"
@@ -14,6 +14,7 @@
 namespace tarnvex::test {
 namespace {
 
+using desktop::PlanFileDialog;
 using platform::Answer;
 using platform::MessageFlags;
 
@@ -116,22 +117,45 @@ TEST_F(DialogsTest, ShowsFileNamesAndTextsInTheirLetters) {
   EXPECT_EQ(desktop::titleToScreen("Tarnvex - [*].tvf"), "Tarnvex - [*][*].tvf");
 }
 
-TEST_F(DialogsTest, TheInputBoxTakesOnlyWhatTheFilesCanHold) {
-  QTimer user;
-  QObject::connect(&user, &QTimer::timeout, [&] {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-      if (auto* box = qobject_cast<QInputDialog*>(widget); box != nullptr && box->isVisible()) {
-        user.stop();
-        auto* edit = box->findChild<QLineEdit*>();
-        edit->insert(QString::fromUtf8("M\u00FCnchen"));
-        edit->insert(QString::fromUtf8("\u4E2D"));
-        EXPECT_EQ(edit->text(), QString::fromUtf8("M\u00FCnchen"));
-        box->accept();
-      }
+TEST_F(DialogsTest, SaveAsksBeforeItReplacesAnotherFile) {
+  const QTemporaryDir folder;
+  for (const char* name : {"own.tvf", "other.tvf"}) {
+    EXPECT_TRUE(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
+  }
+  struct Case {
+    void (PlanFileDialog::*act)();
+    const char* name;
+    /// Pressed in the question; 0 if there is none.
+    int key;
+    bool stays;
+  };
+  const Case cases[] = {
+      {&PlanFileDialog::accept, "own.tvf", 0, false},
+      {&PlanFileDialog::accept, "fresh.tvf", 0, false},
+      {&PlanFileDialog::accept, "other.tvf", Qt::Key_Return, true},
+      {&PlanFileDialog::accept, "other.tvf", Qt::Key_Enter, true},
+      {&PlanFileDialog::accept, "other.tvf", Qt::Key_Escape, true},
+      {&PlanFileDialog::accept, "other.tvf", Qt::Key_Y, false},
+      // Cancel goes on with the kept name.
+      {&PlanFileDialog::reject, "own.tvf", Qt::Key_Return, true},
+  };
+  for (const auto& [act, name, key, stays] : cases) {
+    SCOPED_TRACE(std::string(name) + " " + std::to_string(key));
+    PlanFileDialog dialog(nullptr);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.askBeforeReplacing(folder.filePath("own.tvf"), folder.filePath("other.tvf"));
+    dialog.selectFile(folder.filePath(name));
+    dialog.show();
+    (dialog.*act)();
+    auto* question = dialog.findChild<QMessageBox*>("replaceBox");
+    ASSERT_EQ(question != nullptr, key != 0);
+    if (key == Qt::Key_Y) {
+      question->button(QMessageBox::Yes)->click();
+    } else if (key != 0) {
+      QTest::keyClick(question, static_cast<Qt::Key>(key));
     }
-  });
-  user.start(1);
-  EXPECT_EQ(dialogs.inputBox("Name", "Tarnvex"), "M\xFCnchen");
+    EXPECT_EQ(dialog.isVisible(), stays);
+  }
 }
 
 TEST_F(DialogsTest, SurvivesTheEndOfTheWindowBelow) {
