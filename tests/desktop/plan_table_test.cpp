@@ -5,7 +5,10 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDropEvent>
+#include <QInputMethodEvent>
 #include <QListWidget>
+#include <QMimeData>
 #include <QPaintEvent>
 #include <QTableView>
 #include <QTest>
@@ -114,15 +117,31 @@ TEST_F(Bc895Window, TypedKeysAreSeenWhileAnExchangeWaits) {
   EXPECT_TRUE(waited);
   EXPECT_EQ(radio.takeLog(), "MA002") << "the double click came after";
   EXPECT_NE(table.viewport()->grab(cell).toImage(), before);
+}
 
-  // A character that the table can't hold is dropped with a beep. A shortcut isn't text.
+TEST_F(Bc895Window, ACellTakesOnlyWhatThePlanCanHold) {
+  openTab(0);
+  auto& table = find<QTableView>("MSFlexGrid1");
+  table.setFocus();
   table.setCurrentIndex(table.model()->index(4, 7));
   for (const QString& text : {QStringLiteral("\u4E2D"), QStringLiteral("\u00FC")}) {
     QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, text);
     QApplication::sendEvent(&table, &key);
   }
+  // A shortcut isn't text.
   QTest::keyClick(&table, Qt::Key_A, Qt::ControlModifier);
   EXPECT_EQ(form.MSFlexGrid1.textMatrix(5, 7), "\xFC");
+  // Composed letters come from the input method.
+  EXPECT_TRUE(table.testAttribute(Qt::WA_InputMethodEnabled));
+  QInputMethodEvent composed;
+  composed.setCommitString(QStringLiteral("\u4E2D\"\u00EA"));
+  QApplication::sendEvent(&table, &composed);
+  EXPECT_EQ(form.MSFlexGrid1.textMatrix(5, 7), "\xFC\xEA");
+  QMimeData text;
+  text.setText("dropped");
+  QDropEvent drop({1, 1}, Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(table.viewport(), &drop);
+  EXPECT_EQ(form.MSFlexGrid1.textMatrix(5, 7), "\xFC\xEA");
 }
 
 /// Cells of the channel table, and its clipboard.

@@ -6,12 +6,15 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDropEvent>
+#include <QInputDialog>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QTest>
+#include <QTimer>
 
+#include "desktop/ports/qt_dialogs.h"
 #include "desktop/window_fixture.h"
 
 namespace tarnvex::test {
@@ -110,6 +113,26 @@ TEST_F(Bc245Window, AnImportsStartTakesDigitsAlone) {
     EXPECT_EQ(box.text(), "");
     put(box, "12");
     EXPECT_EQ(box.text(), "12");
+  }
+}
+
+TEST_F(Bc895Window, ASearchsNameTakesOnlyWhatItsFileCanHold) {
+  desktop::QtDialogs real(gate);
+  for (const auto& [name, put] : kWays) {
+    SCOPED_TRACE(name);
+    QTimer user;
+    QObject::connect(&user, &QTimer::timeout, [&user, &put = put] {
+      for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (auto* box = qobject_cast<QInputDialog*>(widget); box != nullptr && box->isVisible()) {
+          user.stop();
+          put(*box->findChild<QLineEdit*>(), QString::fromUtf8("M\u00FCnchen"));
+          put(*box->findChild<QLineEdit*>(), QString::fromUtf8("\u4E2D"));
+          box->accept();
+        }
+      }
+    });
+    user.start(1);
+    EXPECT_EQ(real.inputBox("Name", "Tarnvex"), "M\xFCnchen");
   }
 }
 

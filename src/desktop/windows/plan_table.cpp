@@ -260,6 +260,7 @@ void PlanTable::changeEvent(QEvent* event) {
 
 void PlanTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTableView::currentChanged(current, previous);
+  setAttribute(Qt::WA_InputMethodEnabled);
   if (current.isValid()) {
     table_.userMoveTo(current.row() + 1, std::max(current.column(), 1));
   }
@@ -281,6 +282,18 @@ void PlanTable::keyPressEvent(QKeyEvent* event) {
              !typeText(event->text())) {
     QTableView::keyPressEvent(event);
   }
+}
+
+/// Letters that are composed of several keys, such as an accent and its letter.
+void PlanTable::inputMethodEvent(QInputMethodEvent* event) {
+  typeText(event->commitString());
+  event->accept();
+}
+
+/// The view itself only wants composed letters for cells that it edits.
+void PlanTable::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  setAttribute(Qt::WA_InputMethodEnabled);
 }
 
 bool PlanTable::typeText(const QString& text) {
