@@ -54,17 +54,13 @@ TEST(DownloadSteps, AreTakenBackByteForByte) {
           EXPECT_FALSE(rig.memory.history().undo()) << "not before its end";
         };
         run(rig, {1, 2});
-        const std::string after = bytes();
-        EXPECT_TRUE(after != before);
+        EXPECT_TRUE(bytes() != before);
         EXPECT_EQ(rig.kept, 1);
         ASSERT_EQ(rig.memory.history().undoName(), "Download");
         rig.memory.history().undo();
         EXPECT_TRUE(bytes() == before);
         EXPECT_EQ(rig.state.MemoryModified, modified);
         EXPECT_EQ(rig.memory.history().undoName(), "");
-        rig.memory.history().redo();
-        EXPECT_TRUE(bytes() == after);
-        EXPECT_TRUE(rig.state.MemoryModified);
       }
     }
     IdRig idle(model);

@@ -1,7 +1,8 @@
 // All ways to change the plan, in any order, in a main window with a radio.
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <random>
+#include <set>
 #include <tuple>
 
 #include "memory/apf_dialogs.h"
@@ -27,7 +28,7 @@ struct Hands : World {
     int oftenAmongMarking;
   };
 
-  explicit Hands(bool bc895) {
+  explicit Hands(bool bc895) : key(bc895 ? "BC895" : "BC245") {
     store.piece = 1 << 16;
     radio.answer = [this](std::string_view command) {
       return std::vector<Piece>{{reply(std::string(command)) + "\r"}};
@@ -69,7 +70,12 @@ struct Hands : World {
   [[nodiscard]] std::string bytes() const {
     return bytesOf({&form->MSFlexGrid1, &form->MSFlexGrid2});
   }
-  [[nodiscard]] std::string file() const { return form->window.caption().substr(10); }
+  /// The plan's file, as the caption says and the next start finds it.
+  std::string file() {
+    const std::string path = settings.values[{key, "LastFreqFile"}];
+    EXPECT_EQ(form->window.caption(), "Tarnvex - " + path);
+    return path;
+  }
 
   std::string reply(const std::string& command) {
     if (command.starts_with("PM")) {
@@ -193,6 +199,7 @@ struct Hands : World {
     gate.enter(kOperations[which(random)].act);
   }
 
+  const char* key;
   std::mt19937 random{20261121};
   std::unique_ptr<shell::MainForm> form;
   bool meddles = true;
@@ -214,9 +221,14 @@ TEST(RandomEdits, AreUndoneAndRedoneByteForByte) {
     }
     editor.clear(user.form->MSFlexGrid1, {1, 1, 300, 7}, "End");
     std::vector<decltype(seen(0))> steps;
+    std::set<std::string> names;
     do {
+      names.insert(editor.undoName());
       steps.push_back(seen(steps.size()));
     } while (editor.undo());
+    EXPECT_THAT(names, testing::ElementsAre("", "Delete", "Download", "End", "Import", "Mark",
+                                            "New", "Open", "Open Backup", "Paste", "Start",
+                                            "Stored Hit", "Typing"));
     EXPECT_GT(steps.size(), 1000U);
     EXPECT_TRUE(user.bytes() == start);
     std::size_t step = steps.size() - 1;

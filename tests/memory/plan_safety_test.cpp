@@ -2,74 +2,13 @@
 #include <gmock/gmock.h>
 
 #include "file_fixture.h"
-#include "memory/plan_editor.h"
-#include "support/plan_bytes.h"
 
 namespace tarnvex::test {
 namespace {
 
-using memory::FrequencyFile;
 using platform::Answer;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-struct Replacing {
-  const char* step;
-  void (FrequencyFile::*command)();
-  std::string path;
-  bool modifiedBefore;
-  bool modifiedAfterUndo;
-};
-
-/// The plan of "mine.tvf", and a command on it.
-void replacePlan(FileFixture& on, const Replacing& with) {
-  const bool backup = with.command == &FrequencyFile::OpenBackup;
-  on.state.MemoryModified = with.modifiedBefore;
-  on.dialogs.answers.assign(with.modifiedBefore ? 1 : 0, Answer::No);
-  if (with.path == "mine.tvf") {
-    on.dialogs.answers.push_back(Answer::Yes);
-  }
-  on.Dlg1.choices.assign(backup ? 0 : 1, with.path);
-  on.backupDialog.choices.assign(backup ? 1 : 0, with.path);
-  (on.file.*with.command)();
-}
-
-TEST(PlanSafety, NewOpenAndOpenBackupAreStepsOfUndo) {
-  const Replacing cases[] = {
-      {"New", &FrequencyFile::NewPlan, "fresh.tvf", false, false},
-      {"New", &FrequencyFile::NewPlan, "fresh.tvf", true, true},
-      // The old plan's file is empty now.
-      {"New", &FrequencyFile::NewPlan, "mine.tvf", false, true},
-      {"Open", &FrequencyFile::OpenPlan, "other.tvf", false, false},
-      {"Open", &FrequencyFile::OpenPlan, "short.tvf", true, true},
-      {"Open Backup", &FrequencyFile::OpenBackup, "other.tvf", false, false},
-  };
-  for (const Replacing& with : cases) {
-    SCOPED_TRACE(std::string(with.step) + " " + with.path);
-    FileFixture on;
-    memory::PlanEditor editor(on.plan);
-    on.store.files["other.tvf"] = clearedFile();
-    on.store.files["short.tvf"] = clearedFile().substr(0, 20'000);
-    on.startWith("mine.tvf", fullFile("\n"));
-    const auto bytes = [&on] { return bytesOf({&on.channels, &on.talkgroups}); };
-    const std::string mine = bytes();
-    replacePlan(on, with);
-    const std::string opened = bytes();
-    const std::string caption = on.window.caption();
-    const bool modified = on.state.MemoryModified;
-    EXPECT_TRUE(opened != mine);
-    ASSERT_EQ(editor.undoName(), with.step);
-    EXPECT_TRUE(editor.undo());
-    EXPECT_TRUE(bytes() == mine);
-    EXPECT_EQ(on.state.MemoryModified, with.modifiedAfterUndo);
-    EXPECT_EQ(on.window.caption(), "Tarnvex - mine.tvf");
-    EXPECT_EQ((on.settings.values[{"BC895", "LastFreqFile"}]), "mine.tvf");
-    EXPECT_TRUE(editor.redo());
-    EXPECT_TRUE(bytes() == opened);
-    EXPECT_EQ(on.state.MemoryModified, modified);
-    EXPECT_EQ(on.window.caption(), caption);
-  }
-}
 
 TEST(PlanSafety, AsksBeforeItReplacesAFileThatItCouldNotRead) {
   for (const bool opened : {false, true}) {
