@@ -9,6 +9,14 @@ namespace tarnvex::monitor {
 
 namespace command = link::command;
 
+namespace {
+
+char bankLetterOf(int channel) {
+  return link::bankLetter(memory::bankOfChannel(channel));
+}
+
+}  // namespace
+
 PollCycle::PollCycle(PanelBase& front, PollOutside outside)
     : outside_(std::move(outside)),
       hearing_(outside_.receptions, outside_.state, front, outside_.MSFlexGrid1),
@@ -78,41 +86,38 @@ void PollCycle::showNothingActive() {
 bool PollCycle::showActiveChannel(const link::ChannelReply& channel, bool markBank) {
   const auto number = channel.number();
   const std::string frequency = channel.shownFrequency();
-  if (!number && !link::readsAsFrequency(frequency)) {
+  const bool hasFrequency = link::readsAsFrequency(frequency);
+  if (!number && !hasFrequency) {
     return false;
   }
-  if (link::readsAsFrequency(frequency)) {
-    showChannelTag(frequency, number ? std::to_string(*number) : "");
+  // Ask everything before writing anything, so that the panel changes in one step.
+  const std::string shownNumber = number ? askShownNumber(*number) : front_.Channel.caption();
+  if (hasFrequency) {
+    showFrequency(frequency);
   }
-  if (number) {
-    showChannelNumber(*number, markBank);
+  if (hasFrequency && number) {
+    showChannelTag(frequency, *number);
+  }
+  front_.Channel.setCaption(shownNumber);
+  if (number && markBank) {
+    front_.showBanks(std::string(1, bankLetterOf(*number)));
   }
   front_.LO.setVisible(channel.lockout());
   front_.Trunk.setVisible(channel.trunked());
   return true;
 }
 
-void PollCycle::showChannelTag(const std::string& frequency, const std::string& number) {
-  if (!state().EntryActive) {
-    front_.Frequency.setCaption(frequency);
-    if (const auto tag = memory::findTag(outside_.MSFlexGrid1, frequency, number)) {
-      front_.Alpha.setCaption(*tag);
-      return;
-    }
-  }
-  // While digits are being keyed, the tag is cleared, too: it belongs to the channel that the user
-  // is leaving.
-  front_.Alpha.setCaption("");
+/// While digits are being keyed, the tag is cleared: it belongs to the channel that the user is
+/// leaving.
+void PollCycle::showChannelTag(const std::string& frequency, int channel) {
+  const auto tag = memory::findTag(outside_.MSFlexGrid1, frequency, std::to_string(channel));
+  front_.Alpha.setCaption(state().EntryActive ? "" : tag.value_or(""));
 }
 
-void PollCycle::showChannelNumber(int channel, bool markBank) {
+std::string PollCycle::askShownNumber(int channel) {
+  const auto question = command::priorityChannel(bankLetterOf(channel));
   const std::string number = std::to_string(channel);
-  const char bank = link::bankLetter(memory::bankOfChannel(channel));
-  const auto priority = link::priorityChannelOf(ask(command::priorityChannel(bank)));
-  front_.Channel.setCaption(priority == channel ? "P  " + number : number);
-  if (markBank) {
-    front_.showBanks(std::string(1, bank));
-  }
+  return link::priorityChannelOf(ask(question)) == channel ? "P  " + number : number;
 }
 
 bool PollCycle::takeHit(const std::string& frequency, const std::string& otherwise) {

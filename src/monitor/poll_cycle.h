@@ -87,8 +87,8 @@ class PollCycle : private platform::NonCopyable {
   /// No channel or ID is active.
   void showNothingActive();
   /// Shows the channel number, frequency, tag and flags of an active channel. With `markBank`, its
-  /// bank is the only one marked. If the reply has neither number nor frequency, changes nothing
-  /// and returns false.
+  /// bank is the only one marked. Without a number, number and tag stay as they were; without a
+  /// frequency, frequency and tag. If the reply has neither, changes nothing and returns false.
   bool showActiveChannel(const link::ChannelReply& channel, bool markBank);
   /// Shows a frequency whose squelch is open with its tag, or with `otherwise` if it has none, and
   /// takes it as a hit. Returns whether it was in the hit list already.
@@ -100,8 +100,9 @@ class PollCycle : private platform::NonCopyable {
   Hearing hearing_;
 
  private:
-  void showChannelTag(const std::string& frequency, const std::string& number);
-  void showChannelNumber(int channel, bool markBank);
+  /// The number of a channel as the panel shows it: the radio says whether it has priority.
+  std::string askShownNumber(int channel);
+  void showChannelTag(const std::string& frequency, int channel);
 
   PanelBase& front_;
   /// Whether the radio on this line has named itself.

@@ -151,13 +151,19 @@ TEST(Bc895Modes, LeaveAToneThatIsBeingKeyedOnTheDisplay) {
   }
 }
 
-/// While the tick waits for an answer, the display shows the same as afterwards.
+/// While the tick waits for an answer, the display shows the same as afterwards. A channel number
+/// that can't be read leaves number and tag.
 TEST(Bc895Modes, KeepTheTagStillWhileTheTickAsks) {
   test::Bc895Rig rig;
   std::string tags;
   const auto watching =
       rig.form.panel.Alpha.changed.connect([&] { tags += rig.form.panel.Alpha.caption() + "; "; });
+  const auto written =
+      rig.form.panel.Frequency.changed.connect([&] { EXPECT_EQ(rig.radio.log.back(), "PC A"); });
   for (int i = 0; i < 2; ++i) {
+    rig.poll("MD01", "CT > CTF; PR > PRF; MA > C012 F01551150; PC A > PC A012");
+    rig.poll("MD01", "CT > CTF; PR > PRF; MA > C0x2 F01551150");
+    EXPECT_EQ(rig.form.panel.Channel.caption(), "P  12");
     rig.poll("MD03", "SQ > +; SG > S018 F01551150");
     rig.poll("MD03", "SQ > -");
   }
