@@ -1,5 +1,7 @@
 #include "link/link_state.h"
 
+#include <utility>
+
 namespace tarnvex::link {
 namespace {
 
@@ -43,12 +45,17 @@ void LinkState::closed() {
 
 void LinkState::sent(std::string_view /*text*/) {
   awaiting_ = true;
+  textSince_.reset();
 }
 
-void LinkState::received(std::string_view /*text*/) {
+void LinkState::received(std::string_view text) {
+  if (hums(text)) {
+    showNoReply();
+    return;
+  }
   awaiting_ = false;
   explained_ = false;
-  if (!live_) {
+  if (!live_ && !textSince_) {
     set("Connected to " + radio_ + " on " + device_, true);
   }
 }
@@ -61,7 +68,21 @@ void LinkState::waitedInVain(const platform::SerialPort& port) {
     explained_ = true;
     set(device_ + " was unplugged at " + time(), false);
   } else if (awaiting_) {
-    explained_ = true;
+    showNoReply();
+  }
+}
+
+bool LinkState::hums(std::string_view text) {
+  if (text.find('\r') != std::string_view::npos) {
+    textSince_.reset();
+    return false;
+  }
+  textSince_ = textSince_.value_or(clock_.seconds());
+  return clock_.seconds() - *textSince_ > 1;
+}
+
+void LinkState::showNoReply() {
+  if (!std::exchange(explained_, true)) {
     set(device_ + ": no reply since " + time() + "; is the radio in its Remote mode?", false);
   }
 }

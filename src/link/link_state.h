@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,6 +13,7 @@ namespace tarnvex::link {
 
 /// The state of the line in words for the user, and whether what the panel shows is live. It
 /// watches the port of a main window, so nobody has to report anything to it. The windows show it.
+/// A line that only hums, without line ends, isn't live.
 class LinkState : public PortWatcher {
  public:
   /// `radio` is the name of the window's radio, such as "BC895XLT".
@@ -33,6 +36,9 @@ class LinkState : public PortWatcher {
 
  private:
   void set(std::string text, bool live);
+  /// Whether the bytes that came last belong to a text that has gone on too long for an answer.
+  bool hums(std::string_view text);
+  void showNoReply();
   /// The current time as hours and minutes.
   [[nodiscard]] std::string time() const;
 
@@ -43,6 +49,8 @@ class LinkState : public PortWatcher {
   bool live_ = false;
   /// Nothing has been received since the last command.
   bool awaiting_ = false;
+  /// When the text began that has no line end yet, in the clock's seconds.
+  std::optional<std::int64_t> textSince_;
   /// The text says why the line is dead, so closing the port doesn't change it.
   bool explained_ = false;
 };

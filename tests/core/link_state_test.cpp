@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <set>
+
 #include "link/traffic_log.h"
 #include "shell/bc895_form.h"
 #include "support/world.h"
@@ -51,6 +53,24 @@ TEST_F(LinkStateTest, FollowsTheLineFromOpeningToLoss) {
   radio.expect({{"SI", std::vector<Piece>{{"", 1, true}}}});
   link.SendCommand("SI");
   EXPECT_EQ(now(), "dead: ttyUSB0 was unplugged at 11:46");
+}
+
+TEST_F(LinkStateTest, IsNotLiveWhileTheLineOnlyHums) {
+  form.MSComm1->open();
+  radio.expect({{"SI", std::vector<Piece>{{"ER"}, {"R\r"}}}});
+  radio.expect({{"SI", std::vector<Piece>(200, Piece{"UU", 1500})}});
+  radio.expect(script("SI > ERR"));
+  link.SendCommand("SI");
+  std::set<std::string> states;
+  const auto connection = form.linkState.changed.connect([&] { states.insert(now()); });
+  radio.whileWaiting = [&] { clock.offsetMilliseconds += 60; };
+  link.SendCommand("SI");
+  link.SendCommand("SI");
+  const std::string connected = "live: Connected to BC895XLT on ttyUSB0";
+  EXPECT_EQ(states,
+            std::set({connected, std::string("dead: ttyUSB0: no reply since 07:08; is the radio in "
+                                             "its Remote mode?")}));
+  EXPECT_EQ(now(), connected) << "the radio answers again";
 }
 
 TEST_F(LinkStateTest, SaysWhyAPortCannotBeOpened) {
