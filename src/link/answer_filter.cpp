@@ -92,9 +92,15 @@ bool asksAboutPlace(std::string_view command) {
 /// that equals it is its echo. A command that sets something may be answered by its own text.
 bool isQuestion(std::string_view command) {
   const bool isBareWord = command.size() == 2 && command != command::kClearChannels;
-  const bool asksForEntry = (command.starts_with("SS") && command.size() == 4) ||
-                            (command.starts_with("IL") && command.size() == 5);
+  const bool asksForEntry =
+      (command.starts_with("SS") && command.size() == 4) ||
+      (command.starts_with("IL") && command.size() == 5 && platform::isDigit(command[2]));
   return isBareWord || asksForEntry || asksAboutPlace(command);
+}
+
+/// Whether the answer about a place ends before it has named the place.
+bool losesPlace(std::string_view command, std::string_view line) {
+  return line.size() < command.size() && asksAboutPlace(command);
 }
 
 /// Removes the lines for which `unwanted` holds. Every line ends with a carriage return.
@@ -134,9 +140,14 @@ Belonging belongingOf(std::string_view command, std::string_view line) {
   if (!sharesAnswers(word, owner) || (line == command && isQuestion(command))) {
     return Belonging::Elsewhere;
   }
-  return owner == word && !line.starts_with(command) && asksAboutPlace(command)
+  return owner == word && !line.starts_with(command) && asksAboutPlace(command) &&
+                 !losesPlace(command, line)
              ? Belonging::OtherPlace
              : Belonging::Answer;
+}
+
+bool isAnswerWord(std::string_view line) {
+  return std::ranges::find(kAnswerWords, line) != kAnswerWords.end();
 }
 
 bool isOwnAnswer(std::string_view command, std::string_view line) {
@@ -150,12 +161,12 @@ bool isDoubtfulAnswer(std::string_view command, std::string_view line) {
 }
 
 std::string_view strangenessOf(std::string_view command, std::string_view line) {
-  if (line == command && !isAnsweredByItself(command)) {
+  const std::string_view owner = ownerOf(line);
+  if ((line == command && !isAnsweredByItself(command)) ||
+      (!owner.empty() && losesPlace(command, line))) {
     return wordAt(command);
   }
-  const bool isKnown = line.empty() || !ownerOf(line).empty() ||
-                       std::ranges::find(kAnswerWords, line) != kAnswerWords.end();
-  return isKnown ? std::string_view() : line;
+  return line.empty() || !owner.empty() || isAnswerWord(line) ? std::string_view() : line;
 }
 
 void ReplyReader::add(std::string bytes) {
@@ -177,16 +188,13 @@ void ReplyReader::add(std::string bytes) {
 }
 
 std::string ReplyReader::take() {
-  doubt_ = !complete();
+  cut_ = !complete();
   if (buffer_.empty()) {
     buffer_ = std::move(otherPlace_);
   }
   if (!buffer_.empty()) {
     buffer_.pop_back();
   }
-  const bool owesSecond =
-      command_.find('\r') != std::string::npos && buffer_.find('\r') == std::string::npos;
-  doubt_ = doubt_ || owesSecond || isDoubtfulAnswer(command_, buffer_);
   return std::move(buffer_);
 }
 

@@ -21,6 +21,9 @@ enum class Belonging {
 /// `line` is without its carriage return. Keys and "IDN" may be answered by anything.
 Belonging belongingOf(std::string_view command, std::string_view line);
 
+/// Whether a line is one of the words that any command may be answered with.
+bool isAnswerWord(std::string_view line);
+
 /// Whether a line has the form of an answer to that command, or of an answer with the same layout.
 bool isOwnAnswer(std::string_view command, std::string_view line);
 
@@ -29,8 +32,9 @@ bool isOwnAnswer(std::string_view command, std::string_view line);
 bool isDoubtfulAnswer(std::string_view command, std::string_view line);
 
 /// What is strange in an answer that was taken; empty if nothing is. A line of no known form may be
-/// noise before the answer, and the echo of a command that sets something looks like an answer. But
-/// either may be how this radio answers: then the next such answer is strange in the same way.
+/// noise before the answer, the echo of a command that sets something looks like an answer, and so
+/// does an answer that has lost its end. But each may be how this radio answers: then the next such
+/// answer is strange in the same way.
 std::string_view strangenessOf(std::string_view command, std::string_view line);
 
 /// Collects the answer to one command from the bytes that arrive, and drops lines that belong
@@ -45,14 +49,14 @@ class ReplyReader {
   /// The answer without its last character, whatever that is. If only lines that belong elsewhere
   /// have come, the answer about another place or nothing.
   std::string take();
-  /// After `take`: whether something that belongs to this command may still be on its way.
-  [[nodiscard]] bool leavesDoubt() const { return doubt_; }
+  /// After `take`: whether the limit was reached first, so that the rest may still be on its way.
+  [[nodiscard]] bool wasCut() const { return cut_; }
 
  private:
   std::string_view command_;
   std::string buffer_;
   std::string otherPlace_;
-  bool doubt_ = false;
+  bool cut_ = false;
 };
 
 /// The listing without streamed IDs and echoes. Other lines stay, since any of them may be an entry

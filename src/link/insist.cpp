@@ -11,6 +11,11 @@ bool isBareNumber(const std::string& answer) {
   return answer.find_first_not_of("0123456789") == std::string::npos;
 }
 
+std::string askAgain(ScannerLink& link, std::string_view question) {
+  link.resynchronise();
+  return link.SendCommand(question);
+}
+
 }  // namespace
 
 std::string insist(ScannerLink& link, std::string_view question) {
@@ -19,8 +24,16 @@ std::string insist(ScannerLink& link, std::string_view question) {
   if (refused || isBareNumber(answer) || isOwnAnswer(question, answer)) {
     return answer;
   }
-  link.resynchronise();
-  return link.SendCommand(question);
+  return askAgain(link, question);
+}
+
+bool insistOn(ScannerLink& link, const Switch& subject) {
+  std::string answer = link.SendCommand(subject.read);
+  const bool isState = answer == subject.on || answer == subject.off;
+  if (!isState && !answer.empty() && !isAnswerWord(answer)) {
+    answer = askAgain(link, subject.read);
+  }
+  return answer == subject.on;
 }
 
 }  // namespace tarnvex::link

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "link/scanner_commands.h"
 #include "link/scanner_link.h"
 
 namespace tarnvex::link {
@@ -11,5 +12,9 @@ namespace tarnvex::link {
 /// back to the radio, or whether a bank is transferred. A text that has no form of an answer is
 /// asked for once more, on a quiet line. Returns the last answer, whatever it is.
 std::string insist(ScannerLink& link, std::string_view question);
+
+/// Asks for the state of a switch in the same way. Any word that any command may be answered with
+/// counts as off.
+bool insistOn(ScannerLink& link, const Switch& subject);
 
 }  // namespace tarnvex::link

@@ -85,13 +85,19 @@ std::optional<std::string> ScannerLink::readReply(platform::SerialPort& port,
     return std::nullopt;
   }
   std::string reply = reader.take();
-  inDoubt_ = reader.leavesDoubt();
-  if (const auto strange = strangenessOf(command, firstLine(reply)); !strange.empty()) {
+  inDoubt_ = reader.wasCut();
+  owesSecond_ = command.ends_with(kLineEnd) && reply.find('\r') == std::string::npos;
+  judge(command, reply);
+  return reply;
+}
+
+void ScannerLink::judge(std::string_view command, std::string_view answer) {
+  inDoubt_ = inDoubt_ || isDoubtfulAnswer(command, answer);
+  if (const auto strange = strangenessOf(command, firstLine(answer)); !strange.empty()) {
     // The same twice is how this radio answers.
     inDoubt_ = inDoubt_ || strange != strangeness_;
     strangeness_ = strange;
   }
-  return reply;
 }
 
 std::string ScannerLink::MultiLineQuery(std::string_view command) {
@@ -117,8 +123,13 @@ std::string ScannerLink::MultiLineQuery(std::string_view command) {
 
 std::string ScannerLink::ReadReply() {
   platform::SerialPort* port = line().port;
-  if (port == nullptr || reporting_ || !port->portOpen() ||
-      !waitForFirst(*port, 1, kUnsolicitedSpins)) {
+  if (port == nullptr || reporting_ || !port->portOpen()) {
+    return {};
+  }
+  const bool owed = std::exchange(owesSecond_, false);
+  if (!waitForFirst(*port, 1, kUnsolicitedSpins)) {
+    // The line was quiet for long enough.
+    inDoubt_ = false;
     return {};
   }
   std::string buffer;
@@ -129,7 +140,11 @@ std::string ScannerLink::ReadReply() {
   }
   inDoubt_ = inDoubt_ || !lineHasEnded(buffer);
   state_.LinkWaiting = false;
-  return withoutLast(std::move(buffer));
+  buffer = withoutLast(std::move(buffer));
+  if (owed) {
+    judge({}, buffer);
+  }
+  return buffer;
 }
 
 std::string ScannerLink::ProbeCommand(platform::SerialPort& port, std::string_view command) {
@@ -159,10 +174,10 @@ bool ScannerLink::send(const Line& line, std::string_view command, std::size_t w
   if (line.port == nullptr || reporting_) {
     return false;
   }
-  if (inDoubt_ && !waitUntilUsable(*line.port)) {
+  if ((inDoubt_ || owesSecond_) && !waitUntilUsable(*line.port)) {
     return false;
   }
-  inDoubt_ = false;
+  inDoubt_ = owesSecond_ = false;
   line.port->discardInput();
   if (!line.port->portOpen()) {
     return false;

@@ -59,7 +59,8 @@ class ScannerLink {
   std::string QuerySearchSkips() { return MultiLineQuery("SS"); }
   /// The radio's list of locked-out IDs, likewise.
   std::string QueryIdLockouts() { return MultiLineQuery("IL"); }
-  /// Reads one line that the radio sends by itself. Gives up soon and reports nothing.
+  /// Reads one line that the radio sends by itself, or the second answer to a command with a line
+  /// end of its own. Gives up soon and reports nothing.
   std::string ReadReply();
   /// The splash window's exchange, on its own port. Silence closes the port, without a message.
   std::string ProbeCommand(platform::SerialPort& port, std::string_view command);
@@ -84,6 +85,8 @@ class ScannerLink {
   /// The reply, or the part of it that has come when the limit is reached. Nothing if the device is
   /// gone.
   std::optional<std::string> readReply(platform::SerialPort& port, std::string_view command);
+  /// Puts the exchange in doubt if this answer to the command may be another's.
+  void judge(std::string_view command, std::string_view answer);
   void reportSilence(const Line& line);
 
   platform::SharedState& state_;
@@ -91,7 +94,10 @@ class ScannerLink {
   Line bc895_;
   Line bc245_;
   bool reporting_ = false;
+  /// Something may still be on its way.
   bool inDoubt_ = false;
+  /// The second of two answers is still to come.
+  bool owesSecond_ = false;
   /// What was strange in the last answer in which something was.
   std::string strangeness_;
   IdStream ids_{*this};

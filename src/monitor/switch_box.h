@@ -1,5 +1,6 @@
 #pragma once
 
+#include "link/insist.h"
 #include "link/scanner_commands.h"
 #include "link/scanner_link.h"
 #include "platform/controls.h"
@@ -16,7 +17,8 @@ class SwitchBox : public platform::CheckBox {
   }
 
   void write() { link_.SendCommand(subject_.form(value())); }
-  [[nodiscard]] bool isOn() const { return link_.SendCommand(subject_.read) == subject_.on; }
+  /// Asks the radio, twice if it must.
+  [[nodiscard]] bool isOn() const { return link::insistOn(link_, subject_); }
 
  private:
   const link::Switch& subject_;

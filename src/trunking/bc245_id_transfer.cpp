@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "link/answer_filter.h"
 #include "link/insist.h"
 #include "link/scanner_commands.h"
 #include "memory/plan_records.h"
@@ -128,7 +129,14 @@ bool frmUploadtrs::transferSlot(const memory::TransferWindow& main, int row, int
   if (id.find("--") != std::string::npos) {
     id = "000000";
   }
-  const std::string reply = outside_.link.SendCommand(link::command::writeId(group, slot, id));
+  const std::string command = link::command::writeId(group, slot, id);
+  const std::string reply = outside_.link.SendCommand(command);
+  const bool ofAnotherSlot =
+      link::isOwnAnswer(command, reply) && !reply.starts_with(link::command::readId(group, slot));
+  if (ofAnotherSlot || reply == link::reply::kNothing) {
+    // This slot's own answer may still come. It must not be taken for the next slot's.
+    outside_.link.resynchronise();
+  }
   const bool blank = id.find_first_not_of(' ') == std::string::npos;
   if (reply == link::reply::kError && !blank && !goesOnAfterRefusal(id)) {
     return false;

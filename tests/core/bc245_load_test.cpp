@@ -16,7 +16,8 @@ struct Loading : test::World {
     state.ModelKey = "BC245";
     radio.answer = [switchesOn](std::string_view command) {
       const bool on = switchesOn.find(command) != std::string::npos;
-      return std::vector<test::Piece>{{std::string(command) + (on ? "N" : "F") + "\r"}};
+      const char* state = on ? "N" : command == "MU" ? "A" : "F";
+      return std::vector<test::Piece>{{std::string(command) + state + "\r"}};
     };
   }
 };
@@ -51,6 +52,29 @@ TEST(Bc245Load, AsksForTheSwitchesAndEchoesThoseThatAreOn) {
     EXPECT_TRUE(world.form.Scantimer.enabled());
     EXPECT_EQ(world.form.SSTab1.tab(), 2);
     EXPECT_EQ(world.form.window.caption(), "Tarnvex - Untitled");
+  }
+}
+
+TEST(Bc245Load, AsksOnceMoreForASwitchThatCannotBeRead) {
+  const std::tuple<const char*, const char*, bool, bool> cases[] = {
+      // The answers, whether the second question comes, and whether the switch is on.
+      {"FI\xCE", "FIN", true, true}, {"#", "FIF", true, false},    {"FIx", "OK", true, false},
+      {"FIF", "FIN", false, false},  {"ERR", "FIN", false, false}, {"OK", "FIN", false, false}};
+  for (const auto& [first, second, again, on] : cases) {
+    SCOPED_TRACE(first);
+    Loading world;
+    std::deque<std::string> answers{first, second};
+    world.radio.answer = [&](std::string_view command) {
+      std::string answer = "OK\r";
+      if (command == "FI") {
+        answer = answers.front() + "\r";
+        answers.pop_front();
+      }
+      return std::vector<test::Piece>{{answer}};
+    };
+    world.form.load();
+    EXPECT_EQ(answers.empty(), again);
+    EXPECT_EQ(world.form.receiver.Check5.value(), on);
   }
 }
 

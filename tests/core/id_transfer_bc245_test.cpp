@@ -90,6 +90,23 @@ TEST(IdTransfer245, AsksAgainForWhatIsNoAnswer) {
   }
 }
 
+TEST(IdTransfer245, NamesTheIdThatIsRefusedAfterAStrayAnswer) {
+  for (const std::string stray : {"IC J0 000001", "NG", "#"}) {
+    IdRig rig(Model::Bc245);
+    rig.put(1, "000001");
+    rig.put(2, "999999");
+    rig.replies["IC A2 999999"] = "ERR";
+    rig.dialogs.answers = {platform::Answer::Ok};
+    const auto usual = rig.radio.answer;
+    rig.radio.answer = [&](std::string_view command) {
+      return command == "IC A1 000001" ? std::vector<test::Piece>{{stray + "\r"}, {"OK\r", 1500}}
+                                       : usual(command);
+    };
+    rig.run(rig.upload, {0});
+    EXPECT_THAT(rig.dialogs.boxes, ElementsAre(refusedId("999999"))) << stray;
+  }
+}
+
 TEST(IdTransfer245, LeavesTheRestOnCancelButRestoresTheRadio) {
   IdRig rig(Model::Bc245);
   rig.put(1, "999999");

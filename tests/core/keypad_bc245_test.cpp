@@ -82,7 +82,9 @@ TEST_F(Bc245KeypadTest, PressesEveryKey) {
 
 TEST_F(Bc245KeypadTest, LeavesNoAnswerForTheNextQuestion) {
   use("Label2", kLeft);
+  const auto before = radio.spins;
   EXPECT_EQ(link.SendCommand("SI"), "OK") << "the answer to the second line end would be ERR";
+  EXPECT_EQ(radio.spins - before, 1) << "and no wait for a quiet line";
   replies["AT"] = "ATN";
   use("Label18", kLeft);
   EXPECT_TRUE(panel.Att.visible());

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "link/resync.h"
-#include "support/world.h"
+#include "link_rig.h"
 
 namespace tarnvex::link {
 namespace {
@@ -11,53 +11,7 @@ namespace {
 using test::Box;
 using test::Exchange;
 using test::Piece;
-
-const Box kSilence{
-    "Your scanner is not responding. Please check your connections and verify that you have "
-    "selected the correct COM port, and that the scanner is in Remote mode.",
-    "Scanner Not Responding", 48};
-
-/// A link with the open port of a main window, whose poll is running.
-struct ScannerLinkTest : testing::Test, test::World {
-  std::unique_ptr<platform::SerialPort> port = makePort();
-  platform::Timer poll{25};
-
-  ScannerLinkTest() {
-    link.attachBc895({port.get(), &poll});
-    connect();
-  }
-  /// Bytes on their way are lost with the old connection.
-  void connect() {
-    port->close();
-    port->open();
-    poll.setEnabled(true);
-    radio.log.clear();
-  }
-  std::string send(const std::string& transcript) { return send(test::script(transcript)[0]); }
-  std::string send(const Exchange& exchange) {
-    radio.expect({exchange});
-    return link.SendCommand(exchange.command);
-  }
-  std::string query(std::vector<Piece> answer) {
-    radio.expect({{"SS", std::move(answer)}});
-    return link.QuerySearchSkips();
-  }
-  /// Whether the exchange after this one waits for a quiet line. It gets its own answer in any
-  /// case.
-  bool waitsAfter(const Exchange& exchange) {
-    connect();
-    send(exchange);
-    const auto before = radio.spins;
-    EXPECT_EQ(send("SI > ERR"), "ERR");
-    return radio.spins - before > 1;
-  }
-  /// Checks the state after a failure: one message, the poll stopped, the port closed.
-  void expectReported(int boxes) {
-    EXPECT_EQ(dialogs.takeBoxes(), std::vector<Box>(static_cast<std::size_t>(boxes), kSilence));
-    EXPECT_EQ(poll.enabled(), boxes == 0);
-    EXPECT_EQ(port->portOpen(), boxes == 0);
-  }
-};
+using ScannerLinkTest = test::LinkRig;
 
 TEST_F(ScannerLinkTest, ReturnsTheReplyWithoutItsLastCharacter) {
   const std::pair<std::vector<Piece>, std::string> cases[] = {
@@ -153,81 +107,6 @@ TEST_F(ScannerLinkTest, SkipsLinesThatBelongElsewhere) {
     EXPECT_EQ(send({command, pieces}), reply);
     expectReported(boxes);
   }
-}
-
-TEST_F(ScannerLinkTest, WaitsForAQuietLineIfAnAnswerMayBeOnItsWay) {
-  const std::tuple<const char*, std::vector<Piece>, bool> cases[] = {
-      // A line that belongs elsewhere is taken for a key's answer; a second answer is still to
-      // come.
-      {"KEY00", {{"ID E\r"}, {"OK\r", 1500}}, true},
-      {"KEY00\r", {{"OK\r"}, {"ERR\r", 1500}}, true},
-      {"IDN", {{"MD08\r"}, {"OK\r", 1500}}, true},
-      {"MD", {{"MD0"}, {"8\r", 72600}}, true},
-      // No delay after correct answers.
-      {"KEY00", {{"OK\r"}}, false},
-      {"KEY00\r", {{"OK\rERR\r"}}, false},
-      {"IDN", {{"ID S 001234\r"}}, false},
-      {"MD", {{"LOF\r"}, {"MD08\r"}}, false},
-  };
-  for (const auto& [command, pieces, waits] : cases) {
-    EXPECT_EQ(waitsAfter({command, pieces}), waits) << command << pieces.front().bytes;
-  }
-  link.resynchronise();
-  radio.send("OK\r");
-  EXPECT_EQ(send("SI > ERR"), "ERR");
-  // A line that never falls quiet is used as it is.
-  send({"IDN", std::vector<Piece>(100, Piece{"ID E\r", 1000})});
-  link.resynchronise();
-  const auto before = radio.spins;
-  auto sent = before;
-  radio.answer = [&](std::string_view /*command*/) {
-    sent = radio.spins;
-    return std::vector<Piece>{};
-  };
-  link.SendCommand("KEY00");
-  EXPECT_NEAR(static_cast<double>(sent - before), kMostQuietSpins, 1000);
-}
-
-TEST_F(ScannerLinkTest, LearnsHowTheRadioAnswers) {
-  const std::tuple<const char*, const char*, bool> cases[] = {
-      // Of no known form: noise, or how this radio answers if it comes twice.
-      {"KEY00", "#", true},
-      {"KEY01", "#", false},
-      {"LO", "?", true},
-      {"LO", "#", true},
-      {"LO", "#", false},
-      // The same with the echo of a command that sets something.
-      {"IC A1 001234", "IC A1 001234", true},
-      {"IC A2 001234", "IC A2 001234", false},
-      {"DLN", "DLN", false},
-      {"SB AC", "SB AC", false},
-  };
-  for (const auto& [command, answer, waits] : cases) {
-    std::vector<Piece> pieces{{answer + std::string("\r")}};
-    if (waits) {
-      pieces.push_back({"OK\r", 1500});
-    }
-    EXPECT_EQ(waitsAfter({command, pieces}), waits) << command << " answered by " << answer;
-  }
-}
-
-TEST_F(ScannerLinkTest, SendsNothingIntoATextWithoutLineEnds) {
-  constexpr int kGap = 1500;
-  std::vector<Piece> flood(200, Piece{"ABCDEFGH", kGap});
-  flood.push_back({"MD00\r"});
-  EXPECT_EQ(send({"MD", flood}).substr(0, 8), "ABCDEFGH");
-  EXPECT_LT(radio.spins, 2 * ScannerLink::kReadSpins);
-  EXPECT_EQ(send("SI > ERR"), "ERR") << "neither the rest of the text nor the answer at its end";
-  EXPECT_GT(radio.spins, 200 * kGap);
-  // Unless the user wants to leave.
-  connect();
-  radio.userLeaves = true;
-  send({"MD", flood});
-  const auto before = radio.spins;
-  EXPECT_EQ(link.SendCommand("SI"), "");
-  EXPECT_EQ(radio.takeLog(), "MD");
-  EXPECT_LT(radio.spins - before, 3 * kQuietSpins);
-  expectReported(0);
 }
 
 TEST_F(ScannerLinkTest, ReportsSilenceOnceAndThenReturnsAtOnce) {

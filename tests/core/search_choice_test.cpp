@@ -61,6 +61,12 @@ TEST(SearchChoice, SendsTheLimitsAndAsks) {
   choosesSearches<shell::Form2>("BC245", "");
 }
 
+TEST(SearchChoice, AsksOnceMoreForAModeThatCannotBeRead) {
+  Searches<shell::Form4> searches("BC895");
+  searches.radio.answerAll("OK", {{"MD", "#"}});
+  EXPECT_EQ(searches.choose(0, Answer::Yes), "KEY00; MD; MD; LL08510125; LU08699875; KEY09");
+}
+
 TEST(SearchChoice, SendsNothingToARadioThatHasComeMeanwhile) {
   Searches<shell::Form4> searches("BC895");
   searches.dialogs.whileOpen = [&] { searches.state.ModelKey = "BC245"; };
