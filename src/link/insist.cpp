@@ -6,12 +6,16 @@
 namespace tarnvex::link {
 namespace {
 
-/// Some answers are used for their digits alone. Nothing at all is the silence that was reported.
+/// Some answers are used for their digits alone.
 bool isBareNumber(const std::string& answer) {
-  return answer.find_first_not_of("0123456789") == std::string::npos;
+  return !answer.empty() && answer.find_first_not_of("0123456789") == std::string::npos;
 }
 
+/// Nothing comes of it after a silence, which has been reported.
 std::string askAgain(ScannerLink& link, std::string_view question) {
+  if (!link.mayGoOn()) {
+    return {};
+  }
   link.resynchronise();
   return link.SendCommand(question);
 }
@@ -21,7 +25,9 @@ std::string askAgain(ScannerLink& link, std::string_view question) {
 std::string insist(ScannerLink& link, std::string_view question) {
   std::string answer = link.SendCommand(question);
   const bool refused = answer == reply::kError || answer == reply::kNothing;
-  if (refused || isBareNumber(answer) || isOwnAnswer(question, answer)) {
+  // An answer of the right form is in doubt if it came without its end.
+  const bool isWhole = isOwnAnswer(question, answer) && !link.inDoubt();
+  if (refused || isBareNumber(answer) || isWhole) {
     return answer;
   }
   return askAgain(link, question);
@@ -30,7 +36,7 @@ std::string insist(ScannerLink& link, std::string_view question) {
 bool insistOn(ScannerLink& link, const Switch& subject) {
   std::string answer = link.SendCommand(subject.read);
   const bool isState = answer == subject.on || answer == subject.off;
-  if (!isState && !answer.empty() && !isAnswerWord(answer)) {
+  if (link.inDoubt() || (!isState && !isAnswerWord(answer))) {
     answer = askAgain(link, subject.read);
   }
   return answer == subject.on;

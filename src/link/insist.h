@@ -9,8 +9,9 @@
 namespace tarnvex::link {
 
 /// Asks a question whose answer decides about more than the next picture of the panel: what is sent
-/// back to the radio, or whether a bank is transferred. A text that has no form of an answer is
-/// asked for once more, on a quiet line. Returns the last answer, whatever it is.
+/// back to the radio, or whether a bank is transferred. If the answer has no form of an answer, or
+/// has come without its end, asks once more, on a quiet line. Returns the last answer, whatever it
+/// is.
 std::string insist(ScannerLink& link, std::string_view question);
 
 /// Asks for the state of a switch in the same way. Any word that any command may be answered with

@@ -71,6 +71,8 @@ class ScannerLink {
   /// For callers that can tell from a reply that the exchange is out of step. The next exchange
   /// first waits until the line is quiet.
   void resynchronise() { inDoubt_ = true; }
+  /// Whether the last answer may be incomplete or another command's.
+  [[nodiscard]] bool inDoubt() const { return inDoubt_; }
 
   /// The stream of IDs, for the poll's ID loops and for code that ends them.
   IdStream& ids() { return ids_; }

@@ -58,8 +58,9 @@ TEST(Bc245Load, AsksForTheSwitchesAndEchoesThoseThatAreOn) {
 TEST(Bc245Load, AsksOnceMoreForASwitchThatCannotBeRead) {
   const std::tuple<const char*, const char*, bool, bool> cases[] = {
       // The answers, whether the second question comes, and whether the switch is on.
-      {"FI\xCE", "FIN", true, true}, {"#", "FIF", true, false},    {"FIx", "OK", true, false},
-      {"FIF", "FIN", false, false},  {"ERR", "FIN", false, false}, {"OK", "FIN", false, false}};
+      {"FI\xCE", "FIN", true, true}, {"#", "FIF", true, false},    {"", "FIN", true, true},
+      {"FIx", "OK", true, false},    {"FIF", "FIN", false, false}, {"ERR", "FIN", false, false},
+      {"OK", "FIN", false, false}};
   for (const auto& [first, second, again, on] : cases) {
     SCOPED_TRACE(first);
     Loading world;

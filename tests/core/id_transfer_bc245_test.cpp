@@ -73,14 +73,15 @@ TEST(IdTransfer245, WritesTheChosenBanks) {
 }
 
 TEST(IdTransfer245, AsksAgainForWhatIsNoAnswer) {
-  for (const bool heals : {true, false}) {
+  for (const auto& [noise, heals] :
+       {std::pair{"#\r", true}, {"#\r", false}, {"\r", true}, {"SB BCD", true}}) {
     IdRig rig(Model::Bc245);
     const auto usual = rig.radio.answer;
     std::map<std::string, int> asked;
     rig.radio.answer = [&](std::string_view command) {
       const bool first = asked[std::string(command)]++ == 0;
       const bool stray = (command == "SB" && (first || !heals)) || (command == "MD" && first);
-      return stray ? std::vector<test::Piece>{{command == "SB" ? "#\r" : "OK\r"}} : usual(command);
+      return stray ? std::vector<test::Piece>{{command == "SB" ? noise : "OK\r"}} : usual(command);
     };
     rig.run(rig.download, {0});
     const std::string log = rig.radio.takeLog();
