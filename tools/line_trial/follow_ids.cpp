@@ -106,6 +106,7 @@ void follow(Report& report, Model model, bool hold, int baud, int seconds) {
   // An ID that is held is no hit.
   report.atMost(name + "IDs heard and not found, of " + std::to_string(follower.heard.size()),
                 hold ? 0 : lost, 0);
+  report.atMost(name + "waits without an end", window.port().endlessWaits, 0);
 }
 
 }  // namespace

@@ -79,7 +79,8 @@ void hear(Report& report, Model model, int exchanges) {
   report.atMost(name + "exchanges of windows", window.exchanges(), 0);
   report.atMost(name + "hits broken", frequencies.broken + ids.broken, 0);
   report.atMost(name + "plan changed", window.planChanged() ? 1 : 0, 0);
-  report.atMost(name + "most exchanges in a row without their answer", window.port().mostMissed, 3);
+  report.atMost(name + "most exchanges in a row without their answer", window.port().mostMissed, 2);
+  report.atMost(name + "waits without an end", window.port().endlessWaits, 0);
 }
 
 }  // namespace

@@ -26,8 +26,9 @@ void StrikeCount::add(const std::string& where, const Strike& strike, int window
   ++cases;
   switches += windowSwitches > 0 ? 1 : 0;
   outOfStep += strike.outOfStep() ? 1 : 0;
+  endlessWaits += strike.endlessWaits();
   mostNotices = std::max(mostNotices, notices);
-  if (strike.outOfStep() || windowSwitches > 0 || notices > 1) {
+  if (strike.outOfStep() || windowSwitches > 0 || notices > 1 || strike.endlessWaits() > 0) {
     Report::detail(where + ": " + strike.story());
   }
 }
@@ -37,6 +38,7 @@ void StrikeCount::tell(Report& report, const std::string& where) const {
   report.atMost(name + "exchanges of windows", switches, 0);
   report.atMost(name + "out of step after two exchanges", outOfStep, 0);
   report.atMost(name + "most messages", mostNotices, 1);
+  report.atMost(name + "waits without an end", endlessWaits, 0);
 }
 
 }  // namespace tarnvex::trial

@@ -38,6 +38,7 @@ class Strike {
   /// False if the run was over before the n-th exchange.
   [[nodiscard]] bool struck() const { return struck_; }
   [[nodiscard]] bool outOfStep() const { return !wrong_.empty(); }
+  [[nodiscard]] int endlessWaits() const { return port_.endlessWaits; }
   /// The fault, and the exchanges up to the wrong one.
   [[nodiscard]] std::string story() const;
 
@@ -60,6 +61,7 @@ struct StrikeCount {
   int switches = 0;
   int outOfStep = 0;
   int mostNotices = 0;
+  int endlessWaits = 0;
 
   void add(const std::string& where, const Strike& strike, int windowSwitches, int notices);
   void tell(Report& report, const std::string& where) const;

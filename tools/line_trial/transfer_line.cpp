@@ -71,6 +71,12 @@ TransferLine::TransferLine(Model model, TransferKind kind)
                                platform::format(units / 1e4, "0.0000"));
   }
   rig.mode.setCaption("MD09");
+  choiceBefore_ = choice();
+}
+
+std::string TransferLine::choice() const {
+  radio::Radio copy = line.radio;
+  return copy.exchange("SB");
 }
 
 bool TransferLine::movesIds() const {

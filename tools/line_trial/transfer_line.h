@@ -31,6 +31,8 @@ class TransferLine : private platform::NonCopyable {
   /// another row, and those that hold something else than they should.
   [[nodiscard]] int shifted(const std::vector<int>& banks) const;
   [[nodiscard]] int wrong(const std::vector<int>& banks) const;
+  /// Whether the radio's choice of banks is what it was before the transfer.
+  [[nodiscard]] bool choiceKept() const { return choice() == choiceBefore_; }
 
   TrialRadio line;
   TrialPort* port;
@@ -39,6 +41,7 @@ class TransferLine : private platform::NonCopyable {
  private:
   [[nodiscard]] bool movesIds() const;
   [[nodiscard]] bool uploads() const;
+  [[nodiscard]] std::string choice() const;
   void fillPlan();
   void fillRadio();
   /// What a place holds after the transfer: a row of the plan, or a place of the radio.
@@ -47,6 +50,7 @@ class TransferLine : private platform::NonCopyable {
 
   radio::Model model_;
   TransferKind kind_;
+  std::string choiceBefore_;
 };
 
 }  // namespace tarnvex::trial

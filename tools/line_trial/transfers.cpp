@@ -31,8 +31,19 @@ std::vector<int> allBanks() {
   return banks;
 }
 
+/// What many transfers have done beyond what their strikes tell.
+struct Damage {
+  int shifted = 0;
+  int choicesLost = 0;
+
+  void tell(Report& report, const std::string& name) const {
+    report.atMost(name + ": rows shifted", shifted, 0);
+    report.atMost(name + ": choices of banks lost", choicesLost, 0);
+  }
+};
+
 bool strikeOnce(Model model, TransferKind kind, const char* fault, int nth, StrikeCount& count,
-                int& shifted) {
+                Damage& damage) {
   TransferLine transfer(model, kind);
   Strike strike(transfer.line, *transfer.port, fault, nth);
   transfer.port->beforeCommand = [&](int number, std::string_view /*command*/) {
@@ -43,9 +54,11 @@ bool strikeOnce(Model model, TransferKind kind, const char* fault, int nth, Stri
   if (strike.struck()) {
     const std::string where = radioName(model) + " " + nameOf(kind);
     count.add(where, strike, 0, transfer.messages());
-    if (const int rows = transfer.shifted(banks); rows > 0) {
-      shifted += rows;
-      Report::detail(where + " shifted by " + fault + " at exchange " + std::to_string(nth));
+    const int rows = transfer.shifted(banks);
+    damage.shifted += rows;
+    damage.choicesLost += transfer.choiceKept() ? 0 : 1;
+    if (rows > 0 || !transfer.choiceKept()) {
+      Report::detail(where + " spoilt by " + fault + " at exchange " + std::to_string(nth));
     }
   }
   return strike.struck();
@@ -57,16 +70,16 @@ void strikeTransfers(Report& report, bool quick) {
   for (const Model model : {Model::BC895XLT, Model::BC245XLT}) {
     for (const TransferKind kind : kTransfers) {
       StrikeCount count;
-      int shifted = 0;
+      Damage damage;
       for (const char* fault : kFaults) {
         int nth = 1;
-        while (strikeOnce(model, kind, fault, nth, count, shifted)) {
+        while (strikeOnce(model, kind, fault, nth, count, damage)) {
           nth += quick ? kQuickStep : nth < kEachUpTo ? 1 : kThenEvery;
         }
       }
       const std::string name = radioName(model) + " " + nameOf(kind);
       count.tell(report, name);
-      report.atMost(name + ": rows shifted", shifted, 0);
+      damage.tell(report, name);
     }
   }
 }
@@ -75,21 +88,25 @@ void transferAll(Report& report, bool quick) {
   const std::vector<int> banks = quick ? std::vector<int>{0, 1} : allBanks();
   for (const Model model : {Model::BC895XLT, Model::BC245XLT}) {
     for (const TransferKind kind : kTransfers) {
-      int shifted = 0;
+      Damage damage;
       int wrong = 0;
       int messages = 0;
+      int endless = 0;
       for (const Stray& stray : kStrays) {
         TransferLine transfer(model, kind);
         transfer.line.line.faults().set(stray.fault);
         transfer.run(banks);
-        shifted += transfer.shifted(banks);
+        damage.shifted += transfer.shifted(banks);
+        damage.choicesLost += transfer.choiceKept() ? 0 : 1;
+        endless += transfer.port->endlessWaits;
         wrong += stray.mayAnswer ? 0 : transfer.wrong(banks);
         messages += transfer.messages();
       }
-      const std::string name = radioName(model) + " " + nameOf(kind) + " between stray lines: ";
-      report.atMost(name + "rows shifted", shifted, 0);
-      report.atMost(name + "rows wrong, without a possible answer", wrong, 0);
-      report.atMost(name + "messages", messages, 0);
+      const std::string name = radioName(model) + " " + nameOf(kind) + " between stray lines";
+      damage.tell(report, name);
+      report.atMost(name + ": rows wrong, without a possible answer", wrong, 0);
+      report.atMost(name + ": messages", messages, 0);
+      report.atMost(name + ": waits without an end", endless, 0);
     }
   }
 }

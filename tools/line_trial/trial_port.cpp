@@ -100,7 +100,9 @@ bool TrialPort::waitForInput(std::size_t atLeast, platform::Spins& budget) {
 }
 
 bool TrialPort::waitForInput(std::size_t atLeast) {
-  return waitUntil(atLeast, radio_.now() + kPatience);
+  const bool arrived = waitUntil(atLeast, radio_.now() + kPatience);
+  endlessWaits += arrived || !open_ ? 0 : 1;
+  return arrived;
 }
 
 }  // namespace tarnvex::trial

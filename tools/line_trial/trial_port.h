@@ -59,6 +59,8 @@ class TrialPort : public platform::SerialPort {
   /// number.
   int missed = 0;
   int mostMissed = 0;
+  /// How many waits without a limit only the user could have ended.
+  int endlessWaits = 0;
 
  private:
   bool waitUntil(std::size_t atLeast, radio::Instant deadline);
