@@ -55,15 +55,7 @@ class TransferRun {
     steps.push_back({"transferred", [] { return dialog() == nullptr; }});
   }
 
-  static desktop::DialogWindow* dialog() {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-      auto* dialog = dynamic_cast<desktop::DialogWindow*>(widget);
-      if (dialog != nullptr && dialog->isVisible()) {
-        return dialog;
-      }
-    }
-    return nullptr;
-  }
+  static desktop::DialogWindow* dialog() { return test::visibleWindow<desktop::DialogWindow>(); }
 
   static void report(Table& table, const std::string& what, const Stretch& stretch) {
     table.note(what, stretch.measured, "ms");

@@ -92,16 +92,6 @@ TEST(Controls, ListBoxKeepsItsLinesInBounds) {
   EXPECT_EQ(list.listIndex(), -1);
 }
 
-TEST(Controls, TextBoxLetsItsHandlerSwallowAKey) {
-  TextBox box("Text1");
-  EXPECT_TRUE(box.userKey('x')) << "without a handler all keys pass";
-  box.onKey = [](char key) { return key == '1'; };
-  EXPECT_TRUE(box.userKey('1'));
-  EXPECT_FALSE(box.userKey('x'));
-  box.setEnabled(false);
-  EXPECT_FALSE(box.userKey('1'));
-}
-
 TEST(Controls, TimerNeitherFiresWhileOffNorWithinItself) {
   Timer timer(25);
   int ticks = 0;
@@ -120,20 +110,6 @@ TEST(Controls, TimerNeitherFiresWhileOffNorWithinItself) {
   timer.fire();
   EXPECT_EQ(ticks, 1);
   EXPECT_EQ(course, "()");
-}
-
-TEST(Controls, NotifyOfEachChangeOnce) {
-  Label label("mode", "FM");
-  int changes = 0;
-  const auto watching = label.changed.connect([&] { ++changes; });
-  label.setCaption("FM");
-  label.setVisible(true);
-  label.setBackColor(0xFFFFFF);
-  EXPECT_EQ(changes, 0);
-  label.setCaption("AM");
-  label.setVisible(false);
-  label.setBackColor(1);
-  EXPECT_EQ(changes, 3);
 }
 
 TEST(Controls, NotifierForgetsDisconnectedCallbacksEvenDuringANotification) {

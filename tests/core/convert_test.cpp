@@ -90,13 +90,5 @@ TEST(Convert, WritesTheShortestDecimal) {
   }
 }
 
-TEST(Convert, SkipsAnAssignmentWithoutValue) {
-  int kept = 7;
-  EXPECT_FALSE(assign(kept, std::optional<int>()));
-  EXPECT_EQ(kept, 7);
-  EXPECT_TRUE(assign(kept, std::optional<int>(8)));
-  EXPECT_EQ(kept, 8);
-}
-
 }  // namespace
 }  // namespace tarnvex::platform

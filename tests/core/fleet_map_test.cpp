@@ -1,7 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "support/fake_dialogs.h"
-#include "support/scripted_port.h"
+#include "support/world.h"
 #include "trunking/fleet_map_form.h"
 
 namespace tarnvex::trunking {
@@ -14,12 +13,8 @@ using testing::IsEmpty;
 const Box kDoesntFit{"That size code does not fit in this block", "Size Code Invalid", 48};
 const Box kOnlyFirst{"That size code can only go in Block 0", "Size Code Invalid", 48};
 
-struct FleetMapTest : testing::Test {
+struct FleetMapTest : testing::Test, test::OpenLine {
   FleetMapTest() {
-    state.ModelKey = "BC245";
-    link.attachBc245({&port, nullptr});
-    port.open();
-    radio.log.clear();
     radio.answerAll("ERR");
     form.load();
   }
@@ -45,11 +40,6 @@ struct FleetMapTest : testing::Test {
     return codes;
   }
 
-  platform::SharedState state;
-  test::FakeDialogs dialogs;
-  test::ScriptedRadio radio;
-  test::ScriptedPort port{radio};
-  link::ScannerLink link{state, dialogs};
   Form5 form{link, dialogs};
 };
 

@@ -201,18 +201,5 @@ TEST_F(Bc245KeypadTest, DigitsSwitchBanksWhileScanning) {
   EXPECT_EQ(entry(), "1 digit");
 }
 
-TEST_F(Bc245KeypadTest, TypesKeysWithOneLineEnd) {
-  enter();
-  for (const char key : std::string("AEJSx \n")) {
-    keypad.type(key);
-  }
-  EXPECT_EQ(sent(), "") << "there are no keys for bank letters";
-  EXPECT_EQ(entry(), "1 active digit");
-  keypad.type('s');
-  EXPECT_EQ(sent(), "KEY00");
-  EXPECT_EQ(entry(), "1 digit");
-  EXPECT_EQ(beeps(), 0);
-}
-
 }  // namespace
 }  // namespace tarnvex::monitor

@@ -6,9 +6,7 @@
 #include <string_view>
 
 #include "monitor/keypad.h"
-#include "support/fake_dialogs.h"
-#include "support/fake_settings.h"
-#include "support/scripted_port.h"
+#include "support/world.h"
 
 namespace tarnvex::test {
 
@@ -18,24 +16,13 @@ constexpr auto kRight = monitor::MouseButton::Right;
 /// A radio's front with an open line. The radio answers every line end with a line: "OK", unless
 /// `replies` has another answer.
 template <class Panel>
-struct KeypadRig : testing::Test {
-  platform::SharedState state;
-  FakeDialogs dialogs;
-  ScriptedRadio radio;
-  ScriptedPort port{radio};
-  platform::Timer poll{25};
-  link::ScannerLink link{state, dialogs};
-  FakeSettings settings;
+struct KeypadRig : testing::Test, OpenLine {
   monitor::KeyBeep keyBeep{settings, dialogs};
   Panel panel;
   int lockouts = 0;
   std::map<std::string, std::string> replies;
 
   KeypadRig() {
-    link.attachBc895({&port, &poll});
-    link.attachBc245({&port, &poll});
-    port.open();
-    radio.log.clear();
     radio.answer = [this](std::string_view command) {
       const auto found = replies.find(std::string(command));
       std::vector<Piece> pieces{{(found == replies.end() ? "OK" : found->second) + "\r"}};

@@ -12,20 +12,12 @@ using test::Exchange;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct LockoutsTest : testing::Test, test::World {
-  std::unique_ptr<platform::SerialPort> port = makePort();
-  platform::Timer poll{25};
+struct LockoutsTest : testing::Test, test::OpenLine {
   platform::Label mode{"mode"};
   std::unique_ptr<frmLockouts> form;
   int closings = 0;
   platform::Connection closed;
 
-  LockoutsTest() {
-    link.attachBc895({port.get(), &poll});
-    link.attachBc245({port.get(), &poll});
-    port->open();
-    radio.log.clear();
-  }
   void open(const link::RadioModel& model, const std::string& inMode,
             const std::vector<Exchange>& exchanges) {
     mode.setCaption(inMode);

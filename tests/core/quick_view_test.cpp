@@ -7,20 +7,6 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(QuickViewForm, ReplacesTheMainWindowUntilItIsClosed) {
-  test::Bc895Rig rig;
-  rig.form.mnuQV();
-  rig.form.mnuQV();
-  EXPECT_THAT(rig.windows.takeCalls(), ElementsAre("openQuickView QuickView", "hideMain"));
-  EXPECT_EQ(rig.windows.quickView->window.caption(), " BC895xlt - Quick View");
-  rig.tick(test::opening("MD11"));
-  rig.windows.quickView->userClose();
-  EXPECT_THAT(rig.windows.takeCalls(), ElementsAre("showMain", "closeQuickView"));
-  EXPECT_TRUE(rig.form.Scantimer.enabled());
-  rig.form.mnuQV();
-  EXPECT_THAT(rig.windows.takeCalls(), ElementsAre("openQuickView QuickView", "hideMain"));
-}
-
 TEST(QuickViewForm, OpensWhereItWasLeftForEachRadioSeparately) {
   test::Bc895Rig first;
   first.form.mnuQV();

@@ -98,30 +98,6 @@ TEST(SearchChoice, PopsUpOverASelectedSearch) {
   EXPECT_THAT(form.customSearch.saved.List3.items(), ElementsAre("Low", "Wide", "Mine"));
 }
 
-TEST(SearchChoice, FormsPassKeysOnAndShowTheLockouts) {
-  Searches<shell::Form4> desk("BC895");
-  desk.form.pressKey(10, monitor::MouseButton::Left);
-  desk.form.typeKey('r');
-  desk.form.panel.mode.setCaption("MD02");
-  for (int i = 0; i < 2; ++i) {
-    desk.windows.calls.clear();
-    desk.form.pressKey(15, monitor::MouseButton::Right);
-    EXPECT_THAT(desk.windows.calls, ElementsAre(i == 0 ? "openDialog" : "raiseDialog"));
-  }
-  EXPECT_EQ(desk.radio.takeLog(), "KEY00; KEY09; SS") << "the list is read once";
-  desk.dialogs.answers = {Answer::No};
-  desk.form.pressKey(4, monitor::MouseButton::Left);
-  EXPECT_EQ(desk.dialogs.boxes.back().text, "Exit Tarnvex?");
-
-  Searches<shell::Form2> small("BC245");
-  small.form.panel.mode.setCaption("MD10");
-  small.form.pressKey("Label6", monitor::MouseButton::Right);
-  small.form.clickKey("Label2");
-  small.form.typeKey('L');
-  EXPECT_THAT(small.windows.dialogs, testing::SizeIs(1));
-  EXPECT_TRUE(small.radio.takeLog().starts_with("KEY05H\r; KEY00\r; IL001; IL001; IL002"));
-}
-
 TEST(SearchChoice, KeepsTheDisplaysColour) {
   Searches<shell::Form4> searches("BC895");
   auto& label = searches.form.panel.Label1;

@@ -63,48 +63,6 @@ TEST_F(SwitchTest, ExchangesTheWindowsWithTheRadios) {
   EXPECT_THAT(dialogs.boxes, IsEmpty());
 }
 
-TEST_F(SwitchTest, LeavesNothingBehindInTwoHundredRounds) {
-  for (int round = 0; round < 200; ++round) {
-    exchange();
-    tick();
-    ASSERT_EQ(windows.form2 == nullptr, bc895) << round;
-    ASSERT_EQ(windows.form4 != nullptr, bc895) << round;
-    // The splash's port, which stays to the end, and the window's.
-    ASSERT_EQ(radio.ports, 2) << round;
-    tick();
-    ASSERT_FALSE(state.SwitchingScanners);
-    ASSERT_TRUE(application.mainForm()->MSComm1->portOpen());
-    ASSERT_TRUE(application.mainForm()->Scantimer.enabled());
-  }
-  EXPECT_THAT(dialogs.boxes, IsEmpty());
-}
-
-TEST_F(SwitchTest, ClosesWhatTheOldWindowOpened) {
-  exchange();
-  MainForm* old = application.mainForm();
-  state.MemoryModified = true;
-  dialogs.answers = {Answer::No};
-  dialogs.whileOpen = [&] {
-    old->mnuQV();
-    old->mnuAbout();
-    // Clicks that come too late for this window.
-    gate.enterLeaving([old] { old->mnuQV(); });
-    gate.enter([old] { old->mnuAbout(); });
-  };
-  windows.onCall = [&](const std::string& call) {
-    if (call == "closeMain") {
-      EXPECT_EQ(windows.quickView, nullptr);
-      EXPECT_THAT(windows.dialogs, IsEmpty());
-    }
-  };
-  tick();
-  tick();
-  EXPECT_NE(application.mainForm(), old);
-  EXPECT_EQ(windows.quickView, nullptr);
-  EXPECT_THAT(windows.dialogs, IsEmpty());
-  EXPECT_FALSE(gate.leaving());
-}
-
 TEST_F(SwitchTest, ShowsItsNoticeOnASilentAndClosedLine) {
   exchange();
   MainForm* old = application.mainForm();

@@ -5,13 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "link/scanner_link.h"
 #include "memory/bank_dialog.h"
 #include "memory/channel_memory.h"
-#include "support/fake_clock.h"
-#include "support/fake_dialogs.h"
-#include "support/fake_loop.h"
-#include "support/scripted_port.h"
+#include "support/world.h"
 #include "trunking/system_type_form.h"
 
 namespace tarnvex::test {
@@ -19,17 +15,13 @@ namespace tarnvex::test {
 using Lines = std::vector<std::string>;
 
 /// The parts of a main window that a transfer uses. The port is open and the poll is running.
-struct TransferRig {
+struct TransferRig : OpenLine {
   /// The radio at the other end.
   enum class Model { Bc895, Bc245 };
 
   explicit TransferRig(Model model, std::unique_ptr<platform::SerialPort> line = nullptr)
-      : bc245(model == Model::Bc245),
-        port(line ? std::move(line) : std::make_unique<ScriptedPort>(radio)) {
+      : OpenLine(std::move(line)), bc245(model == Model::Bc245) {
     state.ModelKey = bc245 ? "BC245" : "BC895";
-    bc245 ? link.attachBc245({port.get(), &Scantimer}) : link.attachBc895({port.get(), &Scantimer});
-    port->open();
-    radio.log.clear();
     radio.answer = [this](std::string_view command) -> std::vector<Piece> {
       if (answered-- <= 0) {
         return {};
@@ -87,14 +79,6 @@ struct TransferRig {
   }
 
   bool bc245;
-  FakeLoop loop;
-  platform::EventGate gate{loop};
-  platform::SharedState state;
-  FakeDialogs dialogs;
-  FakeClock clock{loop};
-  ScriptedRadio radio;
-  std::unique_ptr<platform::SerialPort> port;
-  link::ScannerLink link{state, dialogs};
   platform::Table channels{"channels", 301, 8};
   platform::Table talkgroups{"talkgroups", 1001, 4};
   platform::TabStrip tabs{"tabs"};
@@ -106,7 +90,6 @@ struct TransferRig {
   platform::Label Frequency{"Frequency", "Scanning"};
   platform::Label Channel{"Channel"};
   platform::Label mode{"mode", "MD00", false};
-  platform::Timer Scantimer{25};
   int ticks = 0;
   int closings = 0;
   /// Backups of the plan.

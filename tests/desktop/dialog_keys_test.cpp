@@ -38,10 +38,8 @@ class DialogKeys : public WindowTest<Form> {
   void expectKeys(const char* name, const char* main, const char* other) {
     SCOPED_TRACE(name);
     this->loop.turn();
-    const auto windows = QApplication::topLevelWidgets();
-    const auto found = std::ranges::find(windows, QLatin1String(name), &QWidget::objectName);
-    ASSERT_NE(found, windows.end());
-    QWidget* dialog = *found;
+    QWidget* dialog = visibleWindow(name);
+    ASSERT_NE(dialog, nullptr);
     QApplication::setActiveWindow(dialog);
     // As if a file had been chosen.
     dialog->template findChild<QPushButton*>(main)->setEnabled(true);

@@ -102,13 +102,6 @@ TEST_F(Bc895Window, ShowsAndPassesOnEveryChoice) {
   }
 }
 
-TEST_F(Bc895Window, ConnectsAnew) {
-  form.MSComm1->close();
-  form.Scantimer.setEnabled(false);
-  find<QPushButton>("Command3").click();
-  EXPECT_TRUE(form.MSComm1->portOpen() && form.Scantimer.enabled());
-}
-
 TEST_F(Bc895Window, ShowsItsHitsAndStoresThoseThatAreClicked) {
   openTab(3);
   for (const auto& [model, clear] : {std::pair{&form.hitLists.List1, &form.hitLists.Command1},
@@ -191,23 +184,6 @@ TEST_F(Bc895Window, TheComMenuNamesADevice) {
   choose("Any device found");
   EXPECT_EQ(settings.values[std::pair("Ports", "COM1")], "");
   EXPECT_TRUE(find<QComboBox>("Device1").currentText().startsWith("Automatic"));
-}
-
-TEST_F(Bc895Window, ClosingAsks) {
-  const std::vector<Box> question = {{"Exit Tarnvex?", "Confirm Exit", 36}};
-  dialogs.answers = {Answer::No};
-  window.close();
-  EXPECT_EQ(dialogs.takeBoxes(), question);
-  EXPECT_TRUE(window.isVisible() && form.MSComm1->portOpen() && form.Scantimer.enabled() && !ended);
-  // A second close request while the question is open asks nothing more.
-  dialogs.answers = {Answer::Yes};
-  dialogs.whileOpen = [&] {
-    window.close();
-    gate.yield();
-  };
-  window.close();
-  EXPECT_EQ(dialogs.takeBoxes(), question);
-  EXPECT_TRUE(ended && !form.MSComm1->portOpen());
 }
 
 TEST_F(Bc895Window, ThePanelFollowsItsLabelsAndTurnsItsKnob) {

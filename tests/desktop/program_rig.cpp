@@ -148,13 +148,7 @@ bool ProgramRig::shows(const std::string& line) const {
 }
 
 QMessageBox* ProgramRig::box() const {
-  for (QWidget* widget : QApplication::topLevelWidgets()) {
-    auto* box = qobject_cast<QMessageBox*>(widget);
-    if (box != nullptr && box->isVisible()) {
-      return box;
-    }
-  }
-  return nullptr;
+  return visibleWindow<QMessageBox>();
 }
 
 bool ProgramRig::boxStands(const char* title) const {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "desktop/program.h"
+#include "desktop/visible_window.h"
 #include "platform/non_copyable.h"
 
 namespace tarnvex::test {

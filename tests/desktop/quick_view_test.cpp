@@ -10,20 +10,8 @@ namespace {
 
 class QuickViewTest : public testing::TestWithParam<bool> {
  protected:
-  [[nodiscard]] QWidget* small() const {
-    return window(GetParam() ? QStringLiteral("Form9") : QStringLiteral("QuickView"));
-  }
-  [[nodiscard]] QWidget* main() const {
-    return window(GetParam() ? QStringLiteral("Form2") : QStringLiteral("Form4"));
-  }
-  static QWidget* window(const QString& name) {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-      if (widget->objectName() == name && widget->isVisible()) {
-        return widget;
-      }
-    }
-    return nullptr;
-  }
+  [[nodiscard]] QWidget* small() const { return visibleWindow(GetParam() ? "Form9" : "QuickView"); }
+  [[nodiscard]] QWidget* main() const { return visibleWindow(GetParam() ? "Form2" : "Form4"); }
   [[nodiscard]] bool open() const { return small() != nullptr && main() == nullptr; }
   [[nodiscard]] bool closed() const { return small() == nullptr && main() != nullptr; }
   void choose() { rig.program.windows.mainWindow()->findChild<QAction*>("mnuQV")->trigger(); }

@@ -85,9 +85,7 @@ std::map<QString, QByteArray> filesIn(const QString& folder) {
 }
 
 bool dialogIsOpen() {
-  return std::ranges::any_of(QApplication::topLevelWidgets(), [](QWidget* widget) {
-    return widget->isVisible() && qobject_cast<QDialog*>(widget) != nullptr;
-  });
+  return visibleWindow<QDialog>() != nullptr;
 }
 
 void giveCommand(ProgramRig& rig, const char* name) {

@@ -98,14 +98,9 @@ TEST_F(Bc895Window, ALimitTakesOnlyWhatItsModelTakes) {
 
 TEST_F(Bc245Window, AnImportsStartTakesDigitsAlone) {
   form.mnuExport();
-  QLineEdit* found = nullptr;
-  for (QWidget* shown : QApplication::topLevelWidgets()) {
-    if (shown->isVisible() && shown->objectName() == "Form8") {
-      found = shown->findChild<QLineEdit*>("Text1");
-    }
-  }
-  ASSERT_NE(found, nullptr);
-  QLineEdit& box = *found;
+  QWidget* dialog = visibleWindow("Form8");
+  ASSERT_NE(dialog, nullptr);
+  QLineEdit& box = *dialog->findChild<QLineEdit*>("Text1");
   for (const auto& [name, put] : kWays) {
     SCOPED_TRACE(name);
     box.clear();

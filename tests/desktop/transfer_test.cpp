@@ -18,15 +18,6 @@ namespace {
 
 using memory::ChannelRecord;
 
-QDialog* dialog(const QString& name) {
-  for (QWidget* widget : QApplication::topLevelWidgets()) {
-    if (widget->objectName() == name && widget->isVisible()) {
-      return qobject_cast<QDialog*>(widget);
-    }
-  }
-  return nullptr;
-}
-
 void click(QDialog* dialog, const char* button) {
   dialog->findChild<QPushButton*>(QLatin1String(button))->click();
 }
@@ -59,21 +50,21 @@ class TransferTest : public testing::TestWithParam<const char*> {
   void transfer(const char* menu, std::function<void()> then) {
     const QString form = QString(menu).replace("mnu", "frm");
     steps.push_back({menu, rig.polled(), [this, menu] { choose(menu); }});
-    steps.push_back({"dialog", [form] { return dialog(form) != nullptr; },
+    steps.push_back({"dialog", [form] { return visibleWindow<QDialog>(form) != nullptr; },
                      [form] {
-                       click(dialog(form), "Command3");
-                       click(dialog(form), "Command1");
+                       click(visibleWindow<QDialog>(form), "Command3");
+                       click(visibleWindow<QDialog>(form), "Command1");
                      }});
     steps.push_back({"transferred",
                      [this, form] {
                        answerForm3();
-                       return dialog(form) == nullptr;
+                       return visibleWindow<QDialog>(form) == nullptr;
                      },
                      std::move(then)});
   }
   /// Chooses EDACS, and for every other bank a type with a base frequency.
   void answerForm3() {
-    QDialog* form = dialog("Form3");
+    QDialog* form = visibleWindow<QDialog>("Form3");
     if (form == nullptr || !form->findChild<QPushButton*>("Command1")->isEnabled()) {
       return;
     }

@@ -32,14 +32,12 @@ class WaysOut : public WindowTest<Form> {
     auto& panel = this->template find<desktop::RadioPanel>("panel");
     return leaves([&] { emit panel.keyPressed(key, Qt::LeftButton); });
   }
-  QWidget& opened(const QString& name) {
-    const auto windows = QApplication::topLevelWidgets();
-    const auto found = std::ranges::find_if(
-        windows, [&](const QWidget* one) { return one->isVisible() && one->objectName() == name; });
-    if (found == windows.end()) {
+  static QWidget& opened(const QString& name) {
+    QWidget* window = visibleWindow(name);
+    if (window == nullptr) {
       throw std::runtime_error(name.toStdString() + " isn't open");
     }
-    return **found;
+    return *window;
   }
   void expectButtonsLeave(QWidget& dialog) {
     for (auto* button : dialog.findChildren<QPushButton*>()) {

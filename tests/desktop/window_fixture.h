@@ -12,6 +12,7 @@
 #include "desktop/ports/qt_common_dialog.h"
 #include "desktop/ports/qt_event_loop.h"
 #include "desktop/ports/wall_clock.h"
+#include "desktop/visible_window.h"
 #include "desktop/windows/main_window.h"
 #include "desktop/windows/qt_windows.h"
 #include "files/backup_folder.h"

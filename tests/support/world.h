@@ -74,4 +74,18 @@ struct World {
   }
 };
 
+/// The same with an open line, for what needs the link but no main window.
+struct OpenLine : World {
+  explicit OpenLine(std::unique_ptr<platform::SerialPort> line = nullptr)
+      : port(line ? std::move(line) : makePort()) {
+    link.attachBc895({port.get(), &Scantimer});
+    link.attachBc245({port.get(), &Scantimer});
+    port->open();
+    radio.log.clear();
+  }
+
+  std::unique_ptr<platform::SerialPort> port;
+  platform::Timer Scantimer{25};
+};
+
 }  // namespace tarnvex::test
