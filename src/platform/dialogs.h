@@ -8,7 +8,7 @@
 
 namespace tarnvex::platform {
 
-/// Flags of a message box: the icon (16 error, 32 question, 48 warning, 64 information) plus the
+/// Flags of a message box: the icon (16 error, 32 question, 48 warning) plus the
 /// buttons (0 OK, 1 OK and Cancel, 4 Yes and No).
 enum MessageFlags : int {
   kErrorIcon = 16,
@@ -16,7 +16,6 @@ enum MessageFlags : int {
   kWarning = 48,
   kOkCancelWarning = 49,
   kYesNoWarning = 52,
-  kInformation = 64,
 };
 
 enum class Answer : int { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
