@@ -140,7 +140,8 @@ Failure BackupFolder::keep(const std::string& path, std::string_view content, st
   return failure;
 }
 
-/// Doesn't sync: that would delay every save, and a copy only matters after a save that succeeded.
+/// Syncs the copy, since the file that replaces the original is synced, too: after a power cut, one
+/// of the two must be whole.
 Failure BackupFolder::create(const std::string& start, std::string_view content,
                              std::string& kept) {
   int file = -1;
@@ -155,7 +156,7 @@ Failure BackupFolder::create(const std::string& start, std::string_view content,
   if (file < 0) {
     return describe(errno);
   }
-  const bool written = writeAll(calls_, file, content);
+  const bool written = writeAll(calls_, file, content) && calls_.fsync(file) == 0;
   const int error = errno;
   const bool closed = calls_.close(file) == 0;
   if (!written || !closed) {
