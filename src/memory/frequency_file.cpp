@@ -65,7 +65,7 @@ FrequencyFile::FrequencyFile(ChannelMemory& memory, FrequencyFilePorts ports)
   }
   memory_.history().onFileChanged = [this](const std::string& path) {
     ports_.Dlg1.FileName = path;
-    // As the caption says it, the next start finds it.
+    // So the next start opens the file that the caption names.
     adopt(path);
   };
 }
@@ -168,16 +168,18 @@ bool FrequencyFile::mayReplace(const std::string& path) {
              "Confirm Overwrite", platform::kYesNoQuestion) == Answer::Yes;
 }
 
-/// Asks before it replaces what the tables may hold nothing of. A save that will fail needs no
-/// question.
+/// Asks before replacing a file whose content the tables may not hold. Doesn't ask if the save will
+/// fail anyway.
 bool FrequencyFile::mayReplaceUnread(const std::string& path) {
   return !unread_.contains(path) || ports_.files.taken(kFile) || !ports_.files.exists(path) ||
          ports_.dialogs.askToDestroy(
-             path + " could not be read whole when it was opened. Replace it by the tables?",
+             path +
+                 " could not be read completely when it was opened. Replace it with the tables' "
+                 "content?",
              "Confirm Overwrite", platform::kYesNoQuestion) == Answer::Yes;
 }
 
-/// For a plan that nobody will be asked about again. Returns the words that say where it is.
+/// Keeps a plan that the user won't be asked about again. Returns a sentence that says where it is.
 std::string FrequencyFile::keepUnsaved() {
   std::string kept;
   const auto failure = ports_.backups.keep(memory_.history().file(), planText(), kept);

@@ -88,10 +88,10 @@ class FrequencyFile {
   /// The commands' way to read a plan.
   platform::Failure load(const std::string& path);
   bool chooseSaveName();
-  /// A file that isn't there yet may be written; about another one the user is asked.
-  bool mayOverwrite(const std::string& path, const std::string& question);
+  /// Runs `work`, which returns its failure, as one step of undo. The command reports the failure
+  /// afterwards, so that the step isn't open while the user reads the message.
   template <class Work>
-  void doInOneStep(const char* name, Work work);
+  platform::Failure doInOneStep(const char* name, Work work);
   bool mayReplace(const std::string& path);
   bool mayReplaceUnread(const std::string& path);
   /// Makes a backup of the file's content and then writes the plan to it.

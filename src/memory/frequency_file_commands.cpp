@@ -19,6 +19,12 @@ void FrequencyFile::offerToSave(SaveOccasion occasion) {
   }
 }
 
+template <class Work>
+Failure FrequencyFile::doInOneStep(const char* name, Work work) {
+  const auto step = memory_.history().step(name);
+  return work();
+}
+
 void FrequencyFile::prepareDialog(const char* title, const char* accept, const char* keep) {
   platform::CommonDialog& dialog = ports_.Dlg1;
   dialog.DialogTitle = title;
@@ -45,17 +51,16 @@ void FrequencyFile::NewPlan() {
     return;
   }
   const bool replaced = ports_.files.exists(path);
-  Failure failure;
-  {
-    const auto step = memory_.history().step("New");
+  const Failure failure = doInOneStep("New", [&] {
     memory_.clear();
-    failure = replace(path);
-    if (!failure) {
+    auto failed = replace(path);
+    if (!failed) {
       adopt(path);
     }
-  }
+    return failed;
+  });
   if (!failure && replaced) {
-    // A plan that undo brings back may have been that file's.
+    // Undo may bring back a plan that was in the file just replaced.
     memory_.history().saved();
   }
   if (failure) {
@@ -74,15 +79,14 @@ void FrequencyFile::OpenPlan() {
   if (path.empty()) {
     return;
   }
-  Failure failure;
-  {
-    const auto step = memory_.history().step("Open");
-    failure = load(path);
-    if (!failure) {
+  const Failure failure = doInOneStep("Open", [&] {
+    auto failed = load(path);
+    if (!failed) {
       adopt(path);
       resetCursors();
     }
-  }
+    return failed;
+  });
   if (failure) {
     report(*failure);
   }
@@ -101,16 +105,15 @@ void FrequencyFile::OpenBackup() {
   }
   const std::string before = planText();
   const bool taken = ports_.files.taken(kFile);
-  Failure failure;
-  {
-    const auto step = memory_.history().step("Open Backup");
-    failure = LoadPlanFromFile(dialog.FileName);
+  const Failure failure = doInOneStep("Open Backup", [&] {
+    auto failed = LoadPlanFromFile(dialog.FileName);
     memory_.state().MemoryModified =
-        memory_.state().MemoryModified || !failure || planText() != before;
-    if (!failure) {
+        memory_.state().MemoryModified || !failed || planText() != before;
+    if (!failed) {
       resetCursors();
     }
-  }
+    return failed;
+  });
   if (failure) {
     report(*failure);
     if (!taken) {
@@ -150,7 +153,7 @@ void FrequencyFile::save(SaveOccasion occasion) {
 
 bool FrequencyFile::chooseSaveName() {
   platform::CommonDialog& dialog = ports_.Dlg1;
-  // Not the dialog's name: that may be one of a command that was broken off.
+  // Not the dialog's name, which a cancelled command may have left.
   const std::string& current = memory_.history().file();
   const bool asks = memory_.model().asksBeforeReplacing;
   prepareDialog("Save Frequency File", "Save", "Save to");

@@ -34,7 +34,8 @@ TEST(PlanSafety, AsksBeforeItReplacesAFileThatItCouldNotRead) {
     EXPECT_EQ(on.backups.kept[0].second, cut);
     on.file.SavePlan();
     const Box question{
-        "cut.tvf could not be read whole when it was opened. Replace it by the tables?",
+        "cut.tvf could not be read completely when it was opened. Replace it with the tables' "
+        "content?",
         "Confirm Overwrite", 36};
     EXPECT_THAT(on.dialogs.boxes, ElementsAre(question, question)) << "asked until it is whole";
   }
