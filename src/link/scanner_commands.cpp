@@ -103,11 +103,11 @@ std::string command::lockId(std::string_view word, std::string_view id) {
 }
 
 std::string command::readSkip(int number) {
-  return "SS" + format(number, "00");
+  return std::string(kSearchSkips) + format(number, "00");
 }
 
 std::string command::readLockout(int number) {
-  return "IL" + format(number, "000");
+  return std::string(kIdLockouts) + format(number, "000");
 }
 
 std::string command::skipFrequency(double megahertz) {
@@ -341,6 +341,10 @@ bool readsAsId(std::string_view field) {
   return field.size() == 6 && std::ranges::all_of(field, [](char c) {
            return isDigit(c) || c == '-' || c == ' ' || c == kWireDash;
          });
+}
+
+bool contains(ModeList modes, std::string_view mode) {
+  return std::ranges::find(modes, mode) != modes.end();
 }
 
 }  // namespace tarnvex::link

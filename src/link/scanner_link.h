@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "link/id_stream.h"
+#include "link/scanner_commands.h"
 #include "platform/controls.h"
 #include "platform/dialogs.h"
 #include "platform/serial_port.h"
@@ -56,9 +57,9 @@ class ScannerLink {
   /// stops and the port closes.
   std::string SendCommand(std::string_view command);
   /// The radio's list of skipped search frequencies: all lines, including the closing "END".
-  std::string QuerySearchSkips() { return MultiLineQuery("SS"); }
+  std::string QuerySearchSkips() { return MultiLineQuery(command::kSearchSkips); }
   /// The radio's list of locked-out IDs, likewise.
-  std::string QueryIdLockouts() { return MultiLineQuery("IL"); }
+  std::string QueryIdLockouts() { return MultiLineQuery(command::kIdLockouts); }
   /// Reads one line that the radio sends by itself, or the second answer to a command with a line
   /// end of its own. Gives up soon and reports nothing.
   std::string ReadReply();

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -234,6 +235,9 @@ std::optional<std::string> heldId(std::string_view line);
 std::string modeOf(std::string_view reply);
 /// Whether an answer to "MD" begins with a mode.
 bool isMode(std::string_view reply);
+
+using ModeList = std::span<const std::string_view>;
+bool contains(ModeList modes, std::string_view mode);
 
 /// Whether a text is a frequency as it is shown: up to three digits, the point, four digits.
 bool readsAsFrequency(std::string_view text);

@@ -10,6 +10,7 @@ namespace {
 
 namespace key = link::key;
 namespace mode = link::mode245;
+using link::contains;
 
 struct ClickedKey {
   std::string_view label;

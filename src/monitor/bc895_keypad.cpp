@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "link/scanner_commands.h"
+#include "platform/convert.h"
 
 namespace tarnvex::monitor {
 namespace {
@@ -11,6 +12,8 @@ constexpr std::string_view kRemote = "RMT";
 
 namespace key = link::key;
 namespace mode = link::mode895;
+using link::contains;
+using platform::isDigit;
 
 struct PressedKey {
   std::string_view caption;
@@ -41,10 +44,6 @@ constexpr std::array kLockoutModes{mode::kSearch,      mode::kSearchHold, mode::
                                    mode::kTrunkScan,   mode::kTrunkManual};
 /// Modes in which the point key means the "-" of an ID.
 constexpr std::array kDashModes{mode::kIdHold, mode::kTrunkScan, mode::kTrunkManual};
-
-bool isDigit(char character) {
-  return character >= '0' && character <= '9';
-}
 
 bool isBank(char character) {
   return character >= 'A' && character <= 'J';

@@ -28,11 +28,7 @@ constexpr std::array kTypedKeys{
 
 }  // namespace
 
-bool contains(ModeList modes, std::string_view mode) {
-  return std::ranges::find(modes, mode) != modes.end();
-}
-
-KeyActions::KeyActions(PanelBase& panel, KeypadOutside outside, ModeList lockoutModes)
+KeyActions::KeyActions(PanelBase& panel, KeypadOutside outside, link::ModeList lockoutModes)
     : panel_(panel), outside_(std::move(outside)), lockoutModes_(lockoutModes) {}
 
 void KeyActions::echoDigit(platform::Label& target, int digit) {
@@ -52,7 +48,7 @@ bool KeyActions::accepted(std::string_view reply) {
 }
 
 void KeyActions::holdLockout() {
-  if (contains(lockoutModes_, mode())) {
+  if (link::contains(lockoutModes_, mode())) {
     outside_.showLockouts();
   } else {
     send(key::kLockoutHeld);

@@ -24,16 +24,13 @@ struct KeypadOutside {
   std::function<void()> showLockouts;
 };
 
-using ModeList = std::span<const std::string_view>;
-bool contains(ModeList modes, std::string_view mode);
-
 /// What the keypads of both radios have in common. A key sends one command, and its reply is
 /// ignored. From the first digit until a key that ends the entry, `EntryActive` keeps the poll from
 /// writing to the display, which shows the digits. There is no time-out.
 class KeyActions {
  public:
   /// In `lockoutModes`, holding the lockout key shows the lockouts.
-  KeyActions(PanelBase& panel, KeypadOutside outside, ModeList lockoutModes);
+  KeyActions(PanelBase& panel, KeypadOutside outside, link::ModeList lockoutModes);
 
   [[nodiscard]] platform::SharedState& state() { return outside_.state; }
   [[nodiscard]] const std::string& mode() const { return panel_.mode.caption(); }
@@ -61,7 +58,7 @@ class KeyActions {
  private:
   PanelBase& panel_;
   KeypadOutside outside_;
-  ModeList lockoutModes_;
+  link::ModeList lockoutModes_;
 };
 
 }  // namespace tarnvex::monitor

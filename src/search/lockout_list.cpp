@@ -45,18 +45,21 @@ bool isFullId(std::string_view text) {
   return link::readsAsId(id) && !id.starts_with(' ');
 }
 
+std::string_view wordOf(bool ids) {
+  return ids ? link::command::kIdLockouts : link::command::kSearchSkips;
+}
+
 /// Whether a line is a complete entry: the word, and a whole frequency or the six characters of an
 /// ID, after a blank or none. A line that has lost a character mostly isn't.
 bool isFullForm(const std::string& line, bool ids) {
   const std::string text = link::lockoutEntry(line);
-  return (ids ? isFullId(text) : isFullFrequency(text)) &&
-         link::isOwnAnswer(ids ? "IL" : "SS", line);
+  return (ids ? isFullId(text) : isFullFrequency(text)) && link::isOwnAnswer(wordOf(ids), line);
 }
 
 /// Believes a line that isn't in the full form only if the radio has sent the same one before.
 Entry takeEntry(const std::string& line, bool ids, const std::vector<std::string>& before) {
   const bool believed = isFullForm(line, ids) || std::ranges::find(before, line) != before.end();
-  if (!believed || link::belongingOf(ids ? "IL" : "SS", line) != link::Belonging::Answer) {
+  if (!believed || link::belongingOf(wordOf(ids), line) != link::Belonging::Answer) {
     return std::nullopt;
   }
   const std::string text = link::lockoutEntry(line);

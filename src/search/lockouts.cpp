@@ -1,7 +1,5 @@
 #include "search/lockouts.h"
 
-#include <algorithm>
-
 #include "link/scanner_commands.h"
 #include "platform/convert.h"
 #include "search/lockout_list.h"
@@ -25,7 +23,7 @@ frmLockouts::frmLockouts(const link::RadioModel& model, const platform::Label& m
 }
 
 bool frmLockouts::modeIsIn(std::span<const std::string_view> modes) const {
-  return std::ranges::find(modes, mode_.caption()) != modes.end();
+  return link::contains(modes, mode_.caption());
 }
 
 void frmLockouts::load() {
@@ -35,12 +33,8 @@ void frmLockouts::load() {
   List1.clear();
   link_.ids().end();
   const LockoutList list = readLockouts(model_, modeIsIn(model_.idModesAtLoad), link_);
-  for (const std::string& entry : list.entries) {
-    List1.add(entry);
-  }
-  for (int i = 0; i < List1.count(); ++i) {
-    List1.setSelected(i, true);
-  }
+  List1.addAll(list.entries);
+  List1.selectAll();
   List1.setListIndex(0);
   whole_ = list.whole();
   Label1.setCaption(whole_ ? help : kNotWhole);
