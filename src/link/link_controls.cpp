@@ -48,6 +48,11 @@ std::string LinkControls::storedBaudRate() const {
   return outside_.settings.getSetting(model_.key, "Baudrate", "9600");
 }
 
+std::optional<int> LinkControls::storedRateIndex() const {
+  const auto rate = platform::toReal(storedBaudRate());
+  return rate ? platform::toInteger(*rate / model_.baudStep - 1) : std::nullopt;
+}
+
 void LinkControls::chooseStoredPort() {
   const auto slot = platform::toInteger(storedPort());
   if (slot && *slot >= 1 && *slot <= 4) {
@@ -128,10 +133,8 @@ void LinkControls::restoreBaudRate(const std::string& rate) {
 /// selector of the talkgroup table, which then jumps, while the baud box goes on showing what was
 /// chosen.
 void LinkControls::showRestoredRate() {
-  if (const auto rate = platform::toReal(storedBaudRate())) {
-    if (const auto index = platform::toInteger(*rate / model_.baudStep - 1)) {
-      restoreBox_.setListIndex(*index);
-    }
+  if (const auto index = storedRateIndex()) {
+    restoreBox_.setListIndex(*index);
   }
 }
 

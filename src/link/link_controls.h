@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -48,9 +49,11 @@ class LinkControls : private platform::NonCopyable {
   /// How long the radio may take to answer after a change of the baud rate, in spins.
   static constexpr int kBaudProbeSpins = 12500;
 
-  /// The next four are steps of a main window's load. A stored value that can't be read is skipped.
+  /// The next five are steps of a main window's load. A stored value that can't be read is skipped.
   [[nodiscard]] std::string storedPort() const;
   [[nodiscard]] std::string storedBaudRate() const;
+  /// The index in a box of baud rates that the stored rate gives by calculation.
+  [[nodiscard]] std::optional<int> storedRateIndex() const;
   /// Chooses the stored COM option, which opens the port unless it is the first one. Does nothing
   /// if the stored number isn't 1 to 4.
   void chooseStoredPort();

@@ -6,6 +6,7 @@
 
 #include "link/scanner_link.h"
 #include "monitor/panel_state.h"
+#include "platform/event_gate.h"
 #include "platform/settings_store.h"
 #include "platform/stored_check_box.h"
 
@@ -28,20 +29,21 @@ class BankRotation : private platform::NonCopyable {
   std::deque<platform::StoredCheckBox> MSBank;
   platform::Timer timer;
 
- protected:
   /// What the rotation works on. All of it outlives the rotation.
   struct Outside {
     PanelBase& panel;
     link::ScannerLink& link;
+    platform::EventGate& gate;
     platform::SharedState& state;
     platform::SettingsStore& settings;
   };
 
+ protected:
   /// `section` is the settings section of the boxes. `step` runs at each tick while the display
   /// shows "Scanning", and `bankClicked` after a change of a box has been stored.
   BankRotation(Outside outside, std::string_view section, int banks, int interval,
                std::function<void()> step, const std::function<void()>& bankClicked);
-  ~BankRotation() = default;
+  ~BankRotation() { outside_.gate.forget(timer); }
 
   [[nodiscard]] PanelBase& panel() { return outside_.panel; }
   std::string send(std::string_view command) { return outside_.link.SendCommand(command); }

@@ -9,10 +9,9 @@ constexpr int kInterval = 2000;
 
 }  // namespace
 
-SpeedEnhancement::SpeedEnhancement(PanelBase& panel, link::ScannerLink& link,
-                                   platform::SharedState& state, platform::SettingsStore& settings)
+SpeedEnhancement::SpeedEnhancement(Outside outside)
     : BankRotation(
-          {panel, link, state, settings}, "SpeedE", kBanks, kInterval, [this] { step(); },
+          outside, "SpeedE", kBanks, kInterval, [this] { step(); },
           [this] {
             followBoxes();
             if (mayAct()) {

@@ -10,8 +10,7 @@ class SpeedEnhancement : public BankRotation {
  public:
   static constexpr int kBanks = 10;
 
-  SpeedEnhancement(PanelBase& panel, link::ScannerLink& link, platform::SharedState& state,
-                   platform::SettingsStore& settings);
+  explicit SpeedEnhancement(Outside outside);
 
  private:
   void step();

@@ -10,7 +10,7 @@ namespace tarnvex::shell {
 
 Form2::Form2(const Services& services, MainFormOutside outside)
     : MainForm(services, std::move(outside), link::bc245Model()),
-      speed(panel, services_.link, services_.state, services_.settings),
+      speed({panel, services_.link, services_.gate, services_.state, services_.settings}),
       receiver(Check6, panel.Att, services_.link, services_.settings),
       keypad_(panel, receiver.Option8, keypadOutside()),
       poll_(panel, pollOutside(), receiver, Scantimer, *MSComm1) {
@@ -18,12 +18,6 @@ Form2::Form2(const Services& services, MainFormOutside outside)
   platform::passKeysOn(
       {&keyBeep.chkKeyBeep, &recording.chkRecord, &hitLists.chkSkip, &customSearch.Command4});
   services_.link.attachBc245({MSComm1.get(), &Scantimer});
-}
-
-Form2::~Form2() {
-  services_.link.detach(*MSComm1);
-  services_.gate.forget(Scantimer);
-  services_.gate.forget(speed.timer);
 }
 
 void Form2::load() {
@@ -34,9 +28,7 @@ void Form2::load() {
   frequencyFile_.loadLastPlan();
   memory_.layOut();
   showStoredBaudRate();
-  for (auto* combo : {&trunkBank, &Combo2, &Combo3}) {
-    combo->setListIndex(0);
-  }
+  chooseFirstBanks();
   linkControls.chooseStoredPort();
   linkControls.openStoredPort();
   receiver.readSwitches();

@@ -13,7 +13,6 @@ namespace tarnvex::shell {
 class Form2 : public MainForm {
  public:
   Form2(const Services& services, MainFormOutside outside);
-  ~Form2() override;
 
   void load() override;
 

@@ -24,12 +24,6 @@ Form4::Form4(const Services& services, MainFormOutside outside)
   services_.link.attachBc895({MSComm1.get(), &Scantimer});
 }
 
-Form4::~Form4() {
-  services_.link.detach(*MSComm1);
-  services_.gate.forget(Scantimer);
-  services_.gate.forget(multiscan.timer);
-}
-
 void Form4::load() {
   customSearch.load();
   keyBeep.load();
@@ -38,9 +32,7 @@ void Form4::load() {
   frequencyFile_.loadLastPlan();
   memory_.layOut();
   loadLink();
-  for (auto* combo : {&trunkBank, &Combo2, &Combo3}) {
-    combo->setListIndex(0);
-  }
+  chooseFirstBanks();
   SSTab1.setTab(2);
   services_.gate.yield();
   Scantimer.setEnabled(true);
@@ -52,7 +44,8 @@ std::shared_ptr<QuickViewForm> Form4::openQuickView(WindowLayer& windows) {
   return form;
 }
 
-/// This window releases the sound input itself. The BC245XLT's leaves that to its destructor.
+/// Deliberate: only this window closes the sound input when it unloads. The BC245XLT's keeps it
+/// until its destructor.
 void Form4::releaseSound() {
   MMControl1->command(platform::MediaCommand::Close);
 }
@@ -65,8 +58,7 @@ void Form4::loadColour() {
   }
 }
 
-/// Deliberate: the colour is saved even if the user cancels; it is then the old one. Black isn't
-/// accepted, since it would hide the display's segments.
+/// Deliberate: 0 (black) isn't accepted, and the colour is saved even after Cancel.
 void Form4::chooseDisplayColour() {
   auto& background = panel.Label1;
   const auto chosen = services_.dialogs.chooseColour(background.backColor());
@@ -81,10 +73,8 @@ void Form4::chooseDisplayColour() {
 /// order.
 void Form4::loadLink() {
   linkControls.chooseStoredPort();
-  if (const auto rate = platform::toReal(linkControls.storedBaudRate())) {
-    if (const auto index = platform::toInteger(*rate / model_.baudStep - 1)) {
-      linkControls.baudBox.setListIndex(*index);
-    }
+  if (const auto index = linkControls.storedRateIndex()) {
+    linkControls.baudBox.setListIndex(*index);
   }
   linkControls.openStoredPort();
 }

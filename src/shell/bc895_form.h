@@ -12,7 +12,6 @@ namespace tarnvex::shell {
 class Form4 : public MainForm {
  public:
   Form4(const Services& services, MainFormOutside outside);
-  ~Form4() override;
 
   void load() override;
   /// The user presses or releases the knob area `Label2`.

@@ -46,6 +46,11 @@ MainForm::MainForm(const Services& services, MainFormOutside outside, const link
   setUpBankBoxes();
 }
 
+MainForm::~MainForm() {
+  services_.link.detach(*MSComm1);
+  services_.gate.forget(Scantimer);
+}
+
 void MainForm::requestUnload() {
   // A second request while the question is open does nothing.
   if (asking_) {
@@ -68,7 +73,7 @@ void MainForm::unload() {
   // From here on the window is closing: a request while the next question is open does nothing,
   // either.
   asking_ = true;
-  // What the user has asked for and what is open goes with the window.
+  // Drops queued clicks and closes the dialogs.
   services_.gate.dropUserEvents();
   dialogHost_.leave();
   // A late click must not open the port again.
@@ -172,7 +177,7 @@ void MainForm::mnuQV() {
   outside_.windows.showMain(false);
 }
 
-/// Also called when the main window closes, whose labels the small window shows.
+/// Also called when the main window closes, since the small window shows its labels.
 void MainForm::closeQuickView() {
   if (!quickView_) {
     return;
@@ -239,6 +244,12 @@ void MainForm::setUpBankBoxes() {
   };
   trunkBank.onClick = jump;
   Combo2.onClick = jump;
+}
+
+void MainForm::chooseFirstBanks() {
+  for (platform::ComboBox* box : {&trunkBank, &Combo2, &Combo3}) {
+    box->setListIndex(0);
+  }
 }
 
 }  // namespace tarnvex::shell

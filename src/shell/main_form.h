@@ -3,7 +3,6 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "link/link_controls.h"
 #include "link/link_state.h"
@@ -50,7 +49,7 @@ class MainForm : private platform::NonCopyable {
 
  public:
   MainForm(const Services& services, MainFormOutside outside, const link::RadioModel& model);
-  virtual ~MainForm() = default;
+  virtual ~MainForm();
 
   /// Reads the settings, opens the port and starts the poll. A step that fails is skipped.
   virtual void load() = 0;
@@ -145,6 +144,8 @@ class MainForm : private platform::NonCopyable {
   /// The parts of this window that a transfer uses.
   [[nodiscard]] memory::TransferWindow transferWindow();
   [[nodiscard]] memory::TransferOutside transferOutside();
+  /// A step of `load`: the tables' boxes show their first bank and group.
+  void chooseFirstBanks();
   /// Loads and shows a dialog. It is modal if this radio's dialogs are.
   template <class Form, class... Arguments>
   void showDialog(Arguments&&... arguments) {

@@ -59,12 +59,12 @@ QLayout* makeBankSwitches(monitor::BankRotation& rotation, Binder& binder) {
 /// Adds a rotation's "On" and "Off" to its frame, and returns a grid with the banks' headings, for
 /// rows of boxes.
 QGridLayout* addBankFrame(QGroupBox* frame, monitor::BankRotation& rotation,
-                          const QStringList& banks, Binder& binder) {
+                          const std::vector<std::string>& banks, Binder& binder) {
   auto* grid = new QGridLayout;
   // Ten columns beside the hand-held must fit on a small screen.
   grid->setHorizontalSpacing(frame->fontMetrics().averageCharWidth() / 2);
-  for (int bank = 0; bank < banks.size(); ++bank) {
-    grid->addWidget(makeLabel(banks[bank]), 0, bank + 1, Qt::AlignHCenter);
+  for (const std::string& bank : banks) {
+    grid->addWidget(makeLabel(toScreen(bank)), 0, grid->columnCount(), Qt::AlignHCenter);
   }
   auto* column = new QVBoxLayout(named(frame, "Frame2"));
   column->addLayout(makeBankSwitches(rotation, binder));
@@ -187,8 +187,8 @@ QWidget* makeLinkFrame(link::LinkControls& controls, link::LinkState& state, Dev
 
 namespace {
 
-/// The box, the way to its files, and what is missing for it: below, so that nothing moves when it
-/// shows.
+/// The record box, the button that opens its folder, and a line about what is missing. The line is
+/// at the bottom, so that nothing moves when it appears.
 void addRecording(QVBoxLayout* column, shell::MainForm& form, Binder& binder) {
   const QString path = QString::fromStdString(form.programDirectory());
   auto* box = new QCheckBox;
@@ -232,8 +232,7 @@ QWidget* makeSwitchesFrame(shell::MainForm& form, Binder& binder, bool muteToo) 
 
 QWidget* makeMultiscanFrame(monitor::Multiscan& multiscan, Binder& binder) {
   auto* frame = new QGroupBox(QObject::tr("Multiscan"));
-  auto* grid =
-      addBankFrame(frame, multiscan, {"A", "B", "C", "D", "E", "F", "G", "H", "I", "J"}, binder);
+  auto* grid = addBankFrame(frame, multiscan, link::bc895Model().bankNames, binder);
   addBankRow(grid, 1, QObject::tr("Conventional:"), multiscan, 0, binder);
   addBankRow(grid, 2, QObject::tr("Trunked:"), multiscan, 10, binder);
   return frame;
@@ -241,8 +240,7 @@ QWidget* makeMultiscanFrame(monitor::Multiscan& multiscan, Binder& binder) {
 
 QWidget* makeSpeedFrame(monitor::SpeedEnhancement& speed, Binder& binder) {
   auto* frame = new QGroupBox(QObject::tr("Speed Enhancement"));
-  auto* grid =
-      addBankFrame(frame, speed, {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}, binder);
+  auto* grid = addBankFrame(frame, speed, link::bc245Model().bankNames, binder);
   addBankRow(grid, 1, QObject::tr("Banks:"), speed, 0, binder);
   return frame;
 }
