@@ -11,4 +11,9 @@ const std::array<std::string, 40>& ToneTable() {
   return kTones;
 }
 
+const std::string* toneText(std::optional<int> number) {
+  const bool known = number && *number >= 0 && *number < static_cast<int>(ToneTable().size());
+  return known ? &ToneTable()[static_cast<std::size_t>(*number)] : nullptr;
+}
+
 }  // namespace tarnvex::link

@@ -18,8 +18,7 @@ ApfForm::ApfForm(ApfPorts ports, std::string name, std::string caption, std::str
   Command3.setEnabled(false);
   Text1.allowOnly("0123456789");
   Text1.onKey = [this](char key) {
-    constexpr char kBackspace = 8;
-    const bool passes = Text1.takes(std::string(1, key)) || key == kBackspace;
+    const bool passes = Text1.takesKey(key);
     if (!passes) {
       dialogs().beep();
     }

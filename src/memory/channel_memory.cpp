@@ -159,7 +159,7 @@ ChannelMemory::HitPlace ChannelMemory::placeOf(HitList list) {
   const bool frequency = list == HitList::Frequencies;
   Table& table = frequency ? grid1_ : grid2_;
   const std::string& cell = table.textMatrix(table.row(), 1);
-  const bool blank = frequency ? cell == "0.0000" : cell.find("--") != std::string::npos;
+  const bool blank = frequency ? cell == "0.0000" : meansNoId(cell);
   // Deliberate: the cursor doesn't advance in the lower half of the talkgroup table, on either
   // radio.
   return {table, frequency ? "Frequency" : "Talkgroup", !cell.empty() && !blank,

@@ -55,10 +55,8 @@ void frmDownload::fillRow(platform::Table& grid, int channel, const link::Channe
   write(ChannelRecord::Line, flag(reply.line()));
   grid.setCol(ChannelRecord::Ctcss);
   // A tone code that isn't a number, or isn't in the table, leaves the cell as it was.
-  const auto& tones = link::ToneTable();
-  const auto tone = reply.tone();
-  if (tone && *tone >= 0 && static_cast<std::size_t>(*tone) < tones.size()) {
-    grid.setText(tones[static_cast<std::size_t>(*tone)]);
+  if (const std::string* tone = link::toneText(reply.tone())) {
+    grid.setText(*tone);
   }
 }
 

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace tarnvex::memory {
 
 /// The columns of `MSFlexGrid1`. A row is a conventional channel. Every field is text. Rows 1 to
 /// 300 are ten banks of 30.
 struct ChannelRecord {
+  /// From left to right.
   enum Column : int {
     Number,     ///< "1" to "300"
     Frequency,  ///< MHz, "155.1150"; "0.0000" if empty; blank until the cursor has been near
@@ -24,6 +26,7 @@ struct ChannelRecord {
 /// The columns of `MSFlexGrid2`. A row is a talkgroup slot. Every field is text. Rows 1 to 1000 are
 /// ten banks of ten groups of ten slots.
 struct TalkgroupRecord {
+  /// From left to right.
   enum Column : int {
     Slot,  ///< "Bank A: A1" to "Bank J: J10"
     Id,  ///< "-----" if empty, six digits, or text with a "-"; blank until the cursor has been near
@@ -33,6 +36,11 @@ struct TalkgroupRecord {
   };
   static constexpr int kRows = 1000;
 };
+
+/// Whether the text of an ID stands for none, as "-----" does.
+constexpr bool meansNoId(std::string_view id) {
+  return id.find("--") != std::string_view::npos;
+}
 
 /// The first row of a bank (0 to 9) in `MSFlexGrid1`.
 constexpr int bankRow(int bank) {

@@ -5,9 +5,7 @@
 
 #include "link/identity.h"
 #include "link/tone_table.h"
-#include "memory/frequency_file.h"
 #include "memory/plan_lookup.h"
-#include "platform/convert.h"
 
 namespace tarnvex::monitor {
 
@@ -238,14 +236,11 @@ bool Bc895Poll::entersTone(const std::string& mode) {
 
 /// Deliberate: if the tone squelch is off, the last tone stays visible until no channel is active.
 void Bc895Poll::showTone(const link::ChannelReply& channel) {
-  const auto index = channel.tone();
-  const auto& tones = link::ToneTable();
-  if (!panel_.CtcssStat.visible() || !index || *index < 0 ||
-      static_cast<std::size_t>(*index) >= tones.size()) {
-    return;
+  const std::string* tone = link::toneText(channel.tone());
+  if (panel_.CtcssStat.visible() && tone != nullptr) {
+    panel_.CTCSS.setCaption(*tone);
+    panel_.CTCSS.setVisible(true);
   }
-  panel_.CTCSS.setCaption(std::string(tones[static_cast<std::size_t>(*index)]));
-  panel_.CTCSS.setVisible(true);
 }
 
 }  // namespace tarnvex::monitor

@@ -4,11 +4,11 @@
 
 #include "link/tone_table.h"
 #include "memory/plan_lookup.h"
+#include "memory/plan_records.h"
 #include "platform/convert.h"
 #include "trunking/talkgroup_id.h"
 
 namespace tarnvex::monitor {
-namespace {}  // namespace
 
 std::optional<std::int64_t> hertzOf(std::string_view shown) {
   const double hertz = platform::toReal(shown).value_or(0) * 1e6;
@@ -18,8 +18,7 @@ std::optional<std::int64_t> hertzOf(std::string_view shown) {
 
 bool namesTalkgroup(std::string_view text) {
   return text.find_first_not_of("0123456789-") == std::string_view::npos &&
-         text.find_first_of("123456789") != std::string_view::npos &&
-         text.find("--") == std::string_view::npos;
+         text.find_first_of("123456789") != std::string_view::npos && !memory::meansNoId(text);
 }
 
 Heard Hearing::begin(int bars) const {
@@ -41,9 +40,9 @@ void Hearing::channel(const link::ChannelReply& reply, bool toneSquelch, int bar
   heard_->frequency = *hertz;
   heard_->channel = *number;
   heard_->bank = memory::bankOfChannel(*number) + 1;
-  const auto tone = static_cast<std::size_t>(reply.tone().value_or(0));
-  if (toneSquelch && tone < link::ToneTable().size()) {
-    heard_->tone = platform::toReal(link::ToneTable().at(tone)).value_or(0);
+  const std::string* tone = link::toneText(reply.tone());
+  if (toneSquelch && tone != nullptr) {
+    heard_->tone = platform::toReal(*tone).value_or(0);
   }
 }
 

@@ -15,8 +15,8 @@ constexpr int kTrunkedInterval = 1750;
 
 Multiscan::Multiscan(Outside outside)
     : BankRotation(
-          {outside.panel, outside.link, outside.state, outside.settings}, "Multiscan", kBanks,
-          kConventionalInterval, [this] { step(); }, [this] { bankClicked(); }),
+          {outside.panel, outside.link, outside.gate, outside.state, outside.settings}, "Multiscan",
+          kBanks, kConventionalInterval, [this] { step(); }, [this] { bankClicked(); }),
       outside_(outside) {
   Option5.onClick = [this] {
     timer.setEnabled(true);
@@ -97,12 +97,11 @@ void Multiscan::flashError() {
 /// Deliberate: the clock counts whole seconds, so the wait ends when the second changes, after
 /// anything from a moment to a second. "Error" therefore flashes unevenly.
 void Multiscan::waitBeyond(double seconds) {
-  const auto start = outside_.clock.seconds();
-  outside_.gate.waitUntil(
-      [&] { return static_cast<double>(outside_.clock.seconds() - start) > seconds; });
+  platform::waitBeyond(seconds, outside_.gate, outside_.clock);
 }
 
-/// A running Multiscan moves on at once. Only then is it switched off if no box is ticked.
+/// Deliberate: a running Multiscan moves on at once, and only then is it switched off if no box is
+/// ticked.
 void Multiscan::bankClicked() {
   if (timer.enabled() && mayAct()) {
     panel().Frequency.setCaption(std::string(kScanning));

@@ -220,6 +220,8 @@ class TextBox : public Control {
   void allowOnly(std::string_view characters) { allowed_ = characters; }
   /// Whether the user may put this text into the box, whether by typing, pasting or dropping it.
   [[nodiscard]] bool takes(std::string_view text) const;
+  /// The same for a typed key: a character, or Backspace.
+  [[nodiscard]] bool takesKey(char key) const { return key == '\b' || takes({&key, 1}); }
   /// The user's edit, after `userKey` has let the key through. Does nothing with a text that the
   /// box doesn't take.
   void userEdit(std::string text);
@@ -256,7 +258,7 @@ class TabStrip : public Control {
 /// A timer that the platform drives: while it is enabled, `fire` is called at most once per
 /// `interval`, which is in milliseconds. Calls never nest: a timer doesn't fire while its handler
 /// runs.
-class Timer {
+class Timer : private NonCopyable {
  public:
   explicit Timer(int intervalMs) : interval_(intervalMs) {}
   [[nodiscard]] bool enabled() const { return enabled_; }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/clock.h"
+
 namespace tarnvex::platform {
 namespace {
 
@@ -148,6 +150,11 @@ void EventGate::run(const Handler& handler) {
   ++depth_;
   handler();
   --depth_;
+}
+
+void waitBeyond(double seconds, EventGate& gate, const Clock& clock) {
+  const auto start = clock.seconds();
+  gate.waitUntil([&] { return static_cast<double>(clock.seconds() - start) > seconds; });
 }
 
 }  // namespace tarnvex::platform

@@ -5,8 +5,11 @@
 
 #include "platform/controls.h"
 #include "platform/event_loop.h"
+#include "platform/non_copyable.h"
 
 namespace tarnvex::platform {
+
+class Clock;
 
 /// The only way into the core. Every user event, timer and close request enters here. An event runs
 /// at once while the core is idle. While the core is busy (an exchange waits for bytes, a message
@@ -15,8 +18,9 @@ namespace tarnvex::platform {
 /// User events come before timers. What the user did before a tick runs before the tick and outside
 /// it, so that a message box that the event opens doesn't stop the poll. A timer is queued once at
 /// most.
-class EventGate {
+class EventGate : private NonCopyable {
  public:
+  /// What runs when an event is let in.
   using Handler = std::function<void()>;
 
   explicit EventGate(EventLoop& loop) : loop_(loop) {}
@@ -78,5 +82,8 @@ class EventGate {
   int leaving_ = 0;
   bool ended_ = false;
 };
+
+/// Waits until the clock has moved on by more than this.
+void waitBeyond(double seconds, EventGate& gate, const Clock& clock);
 
 }  // namespace tarnvex::platform

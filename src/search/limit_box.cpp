@@ -7,7 +7,6 @@ namespace tarnvex::search {
 namespace {
 
 constexpr char kEnter = '\r';
-constexpr char kBackspace = '\b';
 
 }  // namespace
 
@@ -36,7 +35,7 @@ bool LimitBox::key(char key) {
     enter();
     return false;
   }
-  if (key == kBackspace || takes(std::string(1, key))) {
+  if (takesKey(key)) {
     editing_ = true;
     return true;
   }

@@ -89,9 +89,7 @@ std::optional<bool> Bc245IdTransfer::startTrunking(memory::Transfer& transfer, i
   link.SendCommand(link::command::scanBanks(std::string(1, link::bankLetter(bank))));
   link.SendCommand(link::key::kTrunk);
   link.SendCommand(link::key::kTrunk);
-  const auto start = outside_.clock.seconds();
-  outside_.gate.waitUntil(
-      [&] { return static_cast<double>(outside_.clock.seconds() - start) > kTrunkingSeconds; });
+  platform::waitBeyond(kTrunkingSeconds, outside_.gate, outside_.clock);
   if (!transfer.keepPollStopped()) {
     return std::nullopt;
   }
@@ -122,11 +120,11 @@ frmUploadtrs::frmUploadtrs(MainWindow mainWindow, const memory::TransferOutside&
                        "Upload Now", "Loading ID's"},
                       std::move(mainWindow), outside) {}
 
-/// An empty slot is sent as zeros, and reported as zeros if the radio refuses it. A blank cell
-/// isn't reported; a cell is blank until the cursor has been near.
+/// Deliberate: an empty slot is sent as zeros, and reported as zeros if the radio refuses it. A
+/// blank cell isn't reported; a cell is blank until the cursor has been near.
 bool frmUploadtrs::transferSlot(const memory::TransferWindow& main, int row, int group, int slot) {
   std::string id(main.MSFlexGrid2.textMatrix(row, TalkgroupRecord::Id));
-  if (id.find("--") != std::string::npos) {
+  if (memory::meansNoId(id)) {
     id = "000000";
   }
   const std::string command = link::command::writeId(group, slot, id);

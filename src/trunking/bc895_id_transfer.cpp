@@ -1,7 +1,5 @@
 #include "trunking/bc895_id_transfer.h"
 
-#include <algorithm>
-
 #include "link/insist.h"
 #include "link/scanner_commands.h"
 #include "memory/plan_lookup.h"
@@ -31,8 +29,7 @@ bool Bc895IdTransfer::mayBegin(const Transfer& transfer) {
   if (!transfer.granted()) {
     return false;
   }
-  const auto& modes = link::mode895::kIdModes;
-  if (std::ranges::find(modes, main_.mode.caption()) != modes.end()) {
+  if (link::contains(link::mode895::kIdModes, main_.mode.caption())) {
     return true;
   }
   outside_.dialogs.messageBox(
@@ -102,7 +99,7 @@ void Bc895IdTransfer::typeId(int row, int group, int slot) {
   outside_.link.SendCommand(link::command::readId(group, slot));
   const std::string id(main_.MSFlexGrid2.textMatrix(row, TalkgroupRecord::Id));
   std::string typed;
-  if (id.empty() || id.find("--") != std::string::npos) {
+  if (id.empty() || memory::meansNoId(id)) {
     typed = "0";
   } else {
     typed = id.find('-') != std::string::npos ? id : id.substr(1);

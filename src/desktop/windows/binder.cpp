@@ -102,6 +102,10 @@ void Binder::bindControl(QWidget* widget, platform::Control& model) {
     widget->installEventFilter(forwarder_);
   }
   keep(model.focusRequested.connect([widget] { focusIfShown(widget); }));
+  follow(model.changed, [widget, &model] {
+    widget->setEnabled(model.enabled());
+    showIf(widget, model.visible());
+  });
 }
 
 void Binder::enter(Urgency urgency, platform::EventGate::Handler handler) {
@@ -118,7 +122,6 @@ void Binder::enter(Urgency urgency, platform::EventGate::Handler handler) {
 void Binder::bind(QPushButton* widget, platform::Button& model, Urgency urgency) {
   bindControl(widget, model);
   widget->setText(toScreen(model.caption()));
-  follow(model.changed, [widget, &model] { widget->setEnabled(model.enabled()); });
   const Urgency used = isDialogs() ? Urgency::Closing : urgency;
   QObject::connect(widget, &QPushButton::clicked, widget,
                    [this, used, &model] { enter(used, [&model] { model.userClick(); }); });
@@ -138,10 +141,7 @@ template <class Widget, class Model>
 void Binder::bindSwitch(Widget* widget, Model& model, Urgency urgency) {
   bindControl(widget, model);
   widget->setText(toScreen(model.caption()));
-  const auto show = [widget, &model] {
-    widget->setEnabled(model.enabled());
-    widget->setChecked(model.value());
-  };
+  const auto show = [widget, &model] { widget->setChecked(model.value()); };
   follow(model.changed, show);
   QObject::connect(widget, &Widget::clicked, widget, [this, urgency, widget, &model, show] {
     act(
@@ -162,8 +162,6 @@ void Binder::bind(QRadioButton* widget, platform::OptionButton& model, Urgency u
 void Binder::bind(QComboBox* widget, platform::ComboBox& model) {
   bindControl(widget, model);
   const auto show = [widget, &model] {
-    widget->setEnabled(model.enabled());
-    showIf(widget, model.visible());
     showItems(widget, model);
     widget->setCurrentIndex(model.listIndex());
   };
@@ -220,7 +218,6 @@ void Binder::bindSelection(QListWidget* widget, platform::ListBox& model) {
   widget->setSelectionMode(QAbstractItemView::ExtendedSelection);
   follow(model.changed, [widget, &model] {
     const QSignalBlocker silent(widget);
-    widget->setEnabled(model.enabled());
     showLines(widget, model);
     showSelection(widget, model);
     if (model.listIndex() >= 0) {
@@ -251,8 +248,6 @@ void Binder::bindTicks(QListWidget* widget, platform::ListBox& model) {
 void Binder::bind(QLineEdit* widget, platform::TextBox& model) {
   bindControl(widget, model);
   follow(model.changed, [widget, &model] {
-    widget->setEnabled(model.enabled());
-    showIf(widget, model.visible());
     const QString text = toScreen(model.text());
     if (widget->text() != text) {
       widget->setText(text);
