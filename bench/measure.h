@@ -7,6 +7,7 @@
 
 namespace tarnvex::bench {
 
+/// The clock of all times of the benchmark.
 using Clock = std::chrono::steady_clock;
 
 /// The value of a figure that couldn't be taken.
