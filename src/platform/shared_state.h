@@ -4,8 +4,8 @@
 
 namespace tarnvex::platform {
 
-/// The variables that several rooms share. There is one object, created by the program and passed
-/// to everything that uses it. It lives as long as the program.
+/// The variables that outlive a main window or that several rooms share. There is one object,
+/// created by the program and passed to everything that uses it. It lives as long as the program.
 struct SharedState {
   /// "BC895" or "BC245": picks the main window and the settings section.
   std::string ModelKey = "BC895";
