@@ -7,6 +7,8 @@
 #include <QTimer>
 
 #include "desktop/window_fixture.h"
+#include "desktop/windows/notices.h"
+#include "trunking/system_type_form.h"
 
 namespace tarnvex::test {
 namespace {
@@ -185,6 +187,23 @@ TEST_F(Bc245Menus, OpenWhatTheySay) {
               // This radio answers "OK" here, which isn't an entry of the list.
               "Part of the list could not be read. The rest is shown, and Done changes nothing in "
               "the radio.");
+}
+
+TEST_F(Bc245Menus, WindowsThatTheProgramOpensHaveTheirTexts) {
+  trunking::Form3 type({form.panel.Channel, form.MSFlexGrid1, state, link, gate, dialogs});
+  const std::unique_ptr<QWidget> asked(desktop::makeSystemTypeDialog(type, gate, &window));
+  type.Combo1.setListIndex(static_cast<int>(type.Combo1.items().size()) - 2);
+  EXPECT_EQ(textsOf(*asked).join(" | ").toStdString(),
+            "Select Trunking System Type | Select the type of trunking system you are programming "
+            "into this bank. | [Motorola VHF of 0] | Base Frequency: | Offset Step: | [0.0050 MHz "
+            "of 0] | Continue");
+  windows.openNotice("Switch Scanners", "One Moment...");
+  EXPECT_EQ(textsOf(*visibleWindow("Form6")).join(" | ").toStdString(),
+            "Switch Scanners | One Moment...");
+  const std::unique_ptr<QWidget> splash(desktop::makeSplash());
+  EXPECT_EQ(textsOf(*splash).join(" | ").toStdString(),
+            "Tarnvex | Tarnvex | Version 1.00 | Computer Control Software for Uniden Bearcat "
+            "Trunking Scanners");
 }
 
 }  // namespace
