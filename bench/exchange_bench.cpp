@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <array>
-#include <memory>
 
 #include "bench/line.h"
 #include "bench/measure.h"

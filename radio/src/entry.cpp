@@ -12,15 +12,20 @@ namespace tarnvex::radio {
 namespace {
 
 constexpr std::size_t kEntryLimit = 9;
-constexpr Frequency kLowestLimit = 290000, kHighestLimit = 9560000;
+constexpr Frequency kLowestLimit = 290000;
+constexpr Frequency kHighestLimit = 9560000;
 
 Frequency keyedFrequency(const std::string& text) {
   const double value = std::strtod(text.c_str(), nullptr) * 10000;
   return value > 0 && value < 1e8 ? static_cast<Frequency>(std::lround(value)) : 0;
 }
 
+int keyedNumber(const std::string& text) {
+  return numberAt(text, 0, text.size());
+}
+
 bool isChannel(const std::string& text) {
-  const long value = std::strtol(text.c_str(), nullptr, 10);
+  const int value = keyedNumber(text);
   return text.find('.') == std::string::npos && value >= 1 && value <= kChannels;
 }
 
@@ -102,7 +107,7 @@ std::string enterNumber(State& state, const std::string& text) {
   if (!isChannel(text)) {
     return enterFrequency(state, text);
   }
-  goTo(state, std::atoi(text.c_str()));
+  goTo(state, keyedNumber(text));
   return kOk;
 }
 
@@ -168,7 +173,7 @@ std::string keyManual(State& state, std::string_view) {
     return kOk;
   }
   const bool wrong = !text.empty() && !isChannel(text);
-  goTo(state, text.empty() || wrong ? state.channel : std::atoi(text.c_str()));
+  goTo(state, text.empty() || wrong ? state.channel : keyedNumber(text));
   return wrong ? kError : kOk;
 }
 

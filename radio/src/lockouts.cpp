@@ -1,7 +1,6 @@
 #include "radio/lockouts.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "radio/commands.h"
 #include "radio/readings.h"
@@ -57,7 +56,7 @@ std::vector<std::string> skipTexts(const State& state) {
 
 std::string numbered(const std::vector<std::string>& entries, std::string_view number,
                      std::string_view none) {
-  const auto index = static_cast<std::size_t>(std::atoi(std::string(number).c_str()));
+  const auto index = static_cast<std::size_t>(numberAt(number, 0, number.size()));
   return std::string(index >= 1 && index <= entries.size() ? entries[index - 1] : none);
 }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QFile>
-
 #include "desktop/ports/device_slots.h"
 #include "desktop/ports/ini_settings.h"
 #include "desktop/ports/program_directory.h"

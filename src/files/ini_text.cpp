@@ -1,6 +1,5 @@
 #include "files/ini_text.h"
 
-#include <array>
 #include <charconv>
 #include <cstdint>
 

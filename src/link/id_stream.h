@@ -10,7 +10,7 @@ class ScannerLink;
 ///
 /// Code that needs the line for longer calls `end` first. It runs in a handler, which the loop has
 /// called and waits for; the loop then finds the stream ended and sends nothing more.
-class IdStream : platform::NonCopyable {
+class IdStream : private platform::NonCopyable {
  public:
   explicit IdStream(ScannerLink& link) : link_(link) {}
 

@@ -10,7 +10,7 @@ namespace tarnvex::link {
 // Which radio the program works with: `ModelKey` and the three texts of the about box. Only these
 // functions change them. The splash and the polls call them with what "SI" has answered.
 
-/// A BC895XLT has answered. It tells neither a serial number nor a version.
+/// A BC895XLT has answered. It reports neither a serial number nor a version.
 void adoptBc895(platform::SharedState& state);
 
 /// The splash takes the answer for a BC245XLT's. A version that is no number changes nothing.

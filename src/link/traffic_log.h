@@ -14,6 +14,7 @@ namespace tarnvex::link {
 class TrafficLog : public PortWatcher {
  public:
   static constexpr std::size_t kLines = 500;
+  /// The time of day at which a line came.
   using Time = std::chrono::system_clock::time_point;
 
   TrafficLog() : lines_(kLines) {}

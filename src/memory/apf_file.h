@@ -8,6 +8,7 @@ namespace tarnvex::memory {
 /// One record of an APF file, which holds a list of frequencies for exchange with other programs. A
 /// record has seven fields, each in double quotes. The enumerators index `fields`.
 struct ApfRecord {
+  /// The fields in their order in the file.
   enum Field : std::size_t {
     Blank,      ///< a single blank
     Channel,    ///< channel number

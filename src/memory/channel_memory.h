@@ -34,6 +34,7 @@ struct MemoryControls {
 /// Handles the keys, double clicks and cursor changes of both tables while it exists.
 class ChannelMemory : private platform::NonCopyable {
  public:
+  /// Sends a command to the radio and ignores the reply.
   using SendCommand = std::function<void(const std::string& command)>;
 
   ChannelMemory(MemoryControls controls, platform::SharedState& state, platform::Dialogs& dialogs,
@@ -84,7 +85,7 @@ class ChannelMemory : private platform::NonCopyable {
  private:
   HitPlace placeOf(HitList list);
   void storeFrequency(int row, std::string_view line);
-  bool isFlag(const platform::Table& table) const;
+  [[nodiscard]] bool isFlag(const platform::Table& table) const;
   bool channelKey(char key);
   bool talkgroupKey(char key);
   void enterKey(platform::Table& table, int lastColumn, int lastRow);

@@ -11,6 +11,7 @@ namespace tarnvex::memory {
 /// fields, a line for each row. A field that holds a tab, a line end or begins with a double quote
 /// is in double quotes, and double quotes in it are doubled.
 struct PlanBlock {
+  /// The fields of one line.
   struct Row {
     /// The first `kMostFields` at the most: no table has more columns.
     std::vector<std::string> fields;

@@ -22,7 +22,7 @@ namespace tarnvex::memory {
 /// to the step before it. So undoing all steps restores the plan as it was before the first one,
 /// byte for byte. `MemoryModified` and the name of the plan's file are undone and redone with the
 /// steps.
-class PlanHistory {
+class PlanHistory : private platform::NonCopyable {
  public:
   /// When all steps together take more than this, the oldest are dropped. 200 replacements of a
   /// full plan fit.
@@ -31,14 +31,10 @@ class PlanHistory {
   PlanHistory(platform::Table& channels, platform::Table& talkgroups, platform::SharedState& state);
 
   /// Everything that changes while it exists is one step. It has no effect inside another step.
-  class Step {
+  class Step : private platform::NonCopyable {
    public:
     explicit Step(PlanHistory& history) : history_(history) {}
     ~Step() { history_.end(); }
-    Step(const Step&) = delete;
-    Step& operator=(const Step&) = delete;
-    Step(Step&&) = delete;
-    Step& operator=(Step&&) = delete;
 
    private:
     PlanHistory& history_;

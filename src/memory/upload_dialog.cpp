@@ -32,7 +32,8 @@ void frmUpload::transferChannel(Transfer& transfer, int bank, int channel) {
   if (trunked && !enterTrunkedBank(transfer, bank)) {
     return;
   }
-  // If the cell isn't a number, no frequency is sent. The other fields are sent anyway.
+  // Deliberate: if the cell isn't a number, no frequency is sent, but the other fields are. The
+  // channel keeps its old frequency in the radio.
   if (const auto megahertz =
           platform::toReal(main.MSFlexGrid1.textMatrix(channel, ChannelRecord::Frequency))) {
     outside_.link.SendCommand(link::command::writeChannel(channel, *megahertz));

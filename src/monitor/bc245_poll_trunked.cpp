@@ -13,8 +13,6 @@ namespace tarnvex::monitor {
 namespace command = link::command;
 namespace reply = link::reply;
 
-namespace {}  // namespace
-
 void Bc245Poll::trunked(bool scanning) {
   panel_.Search.setVisible(false);
   if (scanning) {
@@ -44,7 +42,7 @@ void Bc245Poll::showVoiceId(const link::TrunkIdReply& answer) {
     showTag(tag);
     hearing_.talkgroup(id, reception.bank, reception.frequency, 0);
     const std::string shown = trunking::shownId(id);
-    // The display decides: after the ID comes the frequency.
+    // Alternates: if the ID is on the display, the frequency comes next.
     const bool frequencysTurn = options_.Check5.value() && panel_.Frequency.caption() == shown;
     showFrequency(frequencysTurn ? reception.frequency.value_or(shown) : shown);
   }

@@ -47,7 +47,7 @@ void Bc895Poll::showVoiceId(const link::TrunkIdReply& answer) {
       panel_.Frequency.setCaption(shown);
     }
   } else {
-    // The answer has no ID to show, but the questions stay the same.
+    // Deliberate: there is no ID to show, but the radio is asked the same questions.
     ask(command::kSignal);
   }
   panel_.LO.setVisible(asksOn(command::kLockout, reply::kLockoutOn));

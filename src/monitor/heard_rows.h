@@ -26,8 +26,8 @@ class HeardRows : public ReceptionListener {
 
   /// The row of the channel table, or 0.
   [[nodiscard]] int channel() const { return rows_.channel; }
-  /// The row of the talkgroup table, or 0. An ID that several slots of the bank have is that of the
-  /// last one, as for its tag.
+  /// The row of the talkgroup table, or 0. If several slots of the bank have the ID, the last
+  /// one counts, as for its tag.
   [[nodiscard]] int talkgroup() const { return rows_.talkgroup; }
   /// One of the rows has changed.
   platform::Notifier<> changed;

@@ -3,7 +3,6 @@
 #include "link/identity.h"
 #include "memory/plan_lookup.h"
 #include "monitor/hit_capture.h"
-#include "platform/convert.h"
 
 namespace tarnvex::monitor {
 

@@ -58,7 +58,6 @@ inline constexpr std::string_view kNoId = "- -   - - -";
 /// Called by the poll timer through the event gate, which lets pending events run before each tick.
 /// In the ID modes a tick stays in a loop, which yields, until the mode changes.
 class PollCycle : private platform::NonCopyable {
- public:
  protected:
   PollCycle(PanelBase& front, PollOutside outside);
   ~PollCycle() = default;

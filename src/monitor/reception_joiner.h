@@ -32,7 +32,7 @@ class ReceptionJoiner {
   [[nodiscard]] const std::optional<Reception>& open() const { return open_; }
 
  private:
-  /// What is open is still heard.
+  /// The open reception is still being heard.
   void goOn(const Heard& heard, std::int64_t now);
 
   std::optional<Reception> open_;

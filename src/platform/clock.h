@@ -12,8 +12,8 @@ class Clock : private NonCopyable {
  public:
   virtual ~Clock() = default;
 
-  /// A counter of whole seconds that is never set back. The core's waits compare its differences,
-  /// so they end when it moves on.
+  /// A counter of whole seconds that is never set back. The core's waits compare two readings, so a
+  /// wait ends when the second changes.
   [[nodiscard]] virtual std::int64_t seconds() const = 0;
   /// UTC, in milliseconds since 1970.
   [[nodiscard]] virtual std::int64_t milliseconds() const = 0;

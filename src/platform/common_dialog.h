@@ -50,8 +50,8 @@ class CommonDialog : private NonCopyable {
   /// where Cancel goes on with one.
   bool AsksBeforeReplacing = false;
 
-  /// Its window is gone: from here on it shows nothing and `FileName` is blank, also after a dialog
-  /// that is open now.
+  /// Called when its window has gone. It then shows nothing, and `FileName` stays blank even if a
+  /// dialog is still open.
   void withdraw() { withdrawn_ = true; }
 
  protected:

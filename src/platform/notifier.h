@@ -30,6 +30,7 @@ class Connection {
 template <class... Args>
 class Notifier {
  public:
+  /// An observer's function. It gets what `notify` is called with.
   using Callback = std::function<void(Args...)>;
 
   /// Const, because observing doesn't change what is observed.

@@ -2,12 +2,13 @@
 
 #include <string>
 
+#include "platform/non_copyable.h"
 #include "platform/notifier.h"
 
 namespace tarnvex::platform {
 
 /// The core's model of a window: name, such as "Form4", caption and state.
-class Window {
+class Window : private NonCopyable {
  public:
   Window(std::string name, std::string caption)
       : name_(std::move(name)), caption_(std::move(caption)) {}

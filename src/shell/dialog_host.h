@@ -31,9 +31,9 @@ class DialogHost : private platform::NonCopyable {
     if (leaving_) {
       return nullptr;
     }
-    const auto standing = std::ranges::find(open_, std::type_index(typeid(Form)), &Open::kind);
-    if (standing != open_.end()) {
-      windows_.raiseDialog(standing->form.get());
+    const auto shown = std::ranges::find(open_, std::type_index(typeid(Form)), &Open::kind);
+    if (shown != open_.end()) {
+      windows_.raiseDialog(shown->form.get());
       return nullptr;
     }
     const std::shared_ptr<Form> form = make();
@@ -43,7 +43,7 @@ class DialogHost : private platform::NonCopyable {
     if (load) {
       load(*form);
     }
-    if (!stands(form.get())) {
+    if (!isOpen(form.get())) {
       return nullptr;
     }
     windows_.openDialog(*form, modal);
@@ -81,7 +81,7 @@ class DialogHost : private platform::NonCopyable {
     platform::Connection closed;
   };
 
-  [[nodiscard]] bool stands(const void* form) const {
+  [[nodiscard]] bool isOpen(const void* form) const {
     return std::ranges::any_of(open_, [&](const Open& open) { return open.form.get() == form; });
   }
 

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <string_view>
-#include <vector>
-
 #include "link/radio_model.h"
 #include "monitor/bc245_panel.h"
 #include "monitor/panel_state.h"

@@ -10,7 +10,7 @@ namespace tarnvex::shell {
 /// The splash window. After a second it makes the first contact with the radio and chooses the main
 /// window. Deliberate: no answer, or one that can't be read, counts as a BC245XLT. The poll of the
 /// main window then corrects a wrong choice or reports the silence.
-class Form1 {
+class Form1 : private platform::NonCopyable {
  public:
   /// `identified` is called once, after `ModelKey` has been set and the port closed.
   Form1(const Services& services, std::function<void()> identified);

@@ -34,7 +34,7 @@ void WindowGuard::leave() {
   settings_.leave();
 }
 
-/// The window may go while the user is asked.
+/// The window may close while the question is open.
 template <class Ask>
 auto WindowGuard::Questions::answered(Ask ask, decltype(ask()) nothing) -> decltype(ask()) {
   if (gone_) {

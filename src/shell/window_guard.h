@@ -22,7 +22,7 @@ class WindowGuard : private platform::NonCopyable {
   void leave();
 
  private:
-  /// Answers what nobody has answered with Cancel, also where the choice is between Yes and No.
+  /// Once the window has gone, answers every question with Cancel, even a Yes/No question.
   class Questions : public platform::Dialogs {
    public:
     explicit Questions(platform::Dialogs& dialogs) : dialogs_(dialogs) {}
@@ -45,6 +45,7 @@ class WindowGuard : private platform::NonCopyable {
     bool gone_ = false;
   };
 
+  /// Keeps no more backups once the window has gone.
   class Copies : public platform::Backups {
    public:
     explicit Copies(platform::Backups& backups) : backups_(backups) {}

@@ -15,9 +15,9 @@ std::optional<int> TrunkBankResolver(link::ScannerLink& link, const platform::Ta
 ///
 /// An upload types the IDs on the radio's keys, so nothing else may run in between. A user who
 /// closes the main window or presses "RMT", Connect or a COM option ends the transfer at the next
-/// slot. Replies aren't checked: a
-/// radio that falls silent is reported once by the link, and the rest of the transfer runs on a
-/// closed port. If the program ends during a transfer, everything stays as it is.
+/// slot. Replies aren't checked: a radio that falls silent is reported once by the link, and the
+/// rest of the transfer runs on a closed port. If the program ends during a transfer, everything
+/// stays as it is.
 class Bc895IdTransfer {
  public:
   Bc895IdTransfer(const memory::TransferWindow& main, const memory::TransferOutside& outside)
@@ -25,8 +25,8 @@ class Bc895IdTransfer {
 
   /// Types all 50 IDs. Nothing shows if the radio refuses one.
   void upload();
-  /// Reads all 50 IDs, as one step of undo and after a backup of the plan. The plan counts as
-  /// changed even if the download is refused.
+  /// Reads all 50 IDs, as one step of undo and after a backup of the plan. Deliberate: the plan
+  /// counts as changed even if the download is refused, so closing the program offers to save it.
   void download();
 
   /// The progress of the running transfer. The total is 0 if none is running.

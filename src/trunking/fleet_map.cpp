@@ -3,7 +3,7 @@
 namespace tarnvex::trunking {
 
 const std::array<FleetPreset, 16>& fleetPresets() {
-  // The last two maps equal the two before them. Systems are listed under all four names.
+  // Deliberate: the last two equal the two before them.
   static constexpr std::array<FleetPreset, 16> kPresets{{
       {"E1-P1", {11, 11, 11, 11, 11, 11, 11, 11}},
       {"E1-P2", {4, 4, 4, 4, 4, 4, 4, 4}},

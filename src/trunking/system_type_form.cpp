@@ -89,7 +89,7 @@ void Form3::proceed() {
 }
 
 std::string Form3::typeCommand(std::string_view bank) const {
-  // If nothing is chosen, the number is 0, which the radio refuses.
+  // Deliberate: if nothing is chosen, the number is 0, which the radio refuses.
   const int type = Combo1.listIndex() + 1;
   if (!BFLabel.visible()) {
     return link::command::setTrunkType(bank, type);

@@ -212,7 +212,7 @@ void Monkey::recover() {
   }
 }
 
-QString Monkey::stand() const {
+QString Monkey::describeProgram() const {
   QString text = QStringLiteral("port %1, poll %2, core %3")
                      .arg(form()->MSComm1->portOpen())
                      .arg(form()->Scantimer.enabled())
@@ -241,7 +241,8 @@ void Monkey::leave() {
         [this] { calmTicks_ = std::min(calmTicks_ + 1, kTicksOfCalm); });
   }
   if (patience_.hasExpired()) {
-    ADD_FAILURE() << "the program can't be closed: " << stand().toStdString() << "\n" << trail();
+    ADD_FAILURE() << "the program can't be closed: " << describeProgram().toStdString() << "\n"
+                  << trail();
     program_.gate.end();
     form()->MSComm1->close();
     program_.loop.leave();

@@ -67,7 +67,7 @@ class Monkey : public QObject {
   [[nodiscard]] shell::MainForm* form() const { return program_.application.mainForm(); }
   [[nodiscard]] QWidget* anyWindow();
   /// The state of the program, for the text of a failure.
-  [[nodiscard]] QString stand() const;
+  [[nodiscard]] QString describeProgram() const;
 
   desktop::Program& program_;
   NoisyLine& line_;

@@ -74,7 +74,7 @@ void ProgramRig::play(std::vector<Step> steps) {
 
 void ProgramRig::look() {
   QMessageBox* shown = box();
-  if (shown != seen_ && shown != nullptr && boxStands("Scanner Not Responding")) {
+  if (shown != seen_ && shown != nullptr && boxIsOpen("Scanner Not Responding")) {
     ++silences;
   }
   seen_ = shown;
@@ -151,7 +151,7 @@ QMessageBox* ProgramRig::box() const {
   return visibleWindow<QMessageBox>();
 }
 
-bool ProgramRig::boxStands(const char* title) const {
+bool ProgramRig::boxIsOpen(const char* title) const {
   return box() != nullptr && box()->windowTitle() == QLatin1String(title);
 }
 
@@ -172,7 +172,7 @@ std::function<bool()> ProgramRig::panelShows(const std::string& line) {
 }
 
 std::function<bool()> ProgramRig::boxShows(const char* title) {
-  return [this, title] { return boxStands(title); };
+  return [this, title] { return boxIsOpen(title); };
 }
 
 std::function<bool()> ProgramRig::polled() {

@@ -85,7 +85,9 @@ std::map<QString, QByteArray> filesIn(const QString& folder) {
 }
 
 bool dialogIsOpen() {
-  return visibleWindow<QDialog>() != nullptr;
+  return std::ranges::any_of(QApplication::topLevelWidgets(), [](QWidget* widget) {
+    return widget->isVisible() && qobject_cast<QDialog*>(widget) != nullptr;
+  });
 }
 
 void giveCommand(ProgramRig& rig, const char* name) {

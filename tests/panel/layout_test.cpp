@@ -16,8 +16,12 @@ class BothLayouts : public testing::TestWithParam<std::function<PanelLayout()>> 
 
 TEST_P(BothLayouts, NothingOverlaps) {
   QVector<QPair<QString, QRectF>> front{{"bezel", layout.bezel}};
-  if (layout.knob) front.append({"knob", layout.knob->area()});
-  for (const PanelKey& key : layout.keys) front.append({key.control, key.rect});
+  if (layout.knob) {
+    front.append({"knob", layout.knob->area()});
+  }
+  for (const PanelKey& key : layout.keys) {
+    front.append({key.control, key.rect});
+  }
   for (const PanelCaption& caption : layout.captions) {
     // Two captions share a line from both ends. They must not overlap the other elements.
     for (const auto& other : front) {
@@ -61,9 +65,10 @@ TEST_P(BothLayouts, ArrowKeysReachEveryKey) {
     const int from = open.takeLast();
     for (const Qt::Key arrow : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down}) {
       const int next = neighbourKey(layout, from, arrow);
-      if (reached.contains(next)) continue;
-      reached.insert(next);
-      open.append(next);
+      if (!reached.contains(next)) {
+        reached.insert(next);
+        open.append(next);
+      }
     }
   }
   EXPECT_EQ(reached.size(), layout.keys.size());

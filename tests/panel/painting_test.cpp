@@ -15,7 +15,9 @@ QRect differing(const QImage& a, const QImage& b) {
   QRect box;
   for (int y = 0; y < a.height(); ++y) {
     for (int x = 0; x < a.width(); ++x) {
-      if (a.pixel(x, y) != b.pixel(x, y)) box |= QRect(x, y, 1, 1);
+      if (a.pixel(x, y) != b.pixel(x, y)) {
+        box |= QRect(x, y, 1, 1);
+      }
     }
   }
   return box;
@@ -151,7 +153,9 @@ TEST(KnobPainting, ExactlyOneMarkIsLitWhateverTheOrder) {
       const double turn = 2 * M_PI * i / knob.marks;
       const QPointF at = knob.centre + QPointF(std::sin(turn), -std::cos(turn)) * knob.ringRadius;
       const QColor colour = image.pixelColor(at.toPoint());
-      if (colour.red() > colour.blue() + 100) marks.append(QString::number(i));
+      if (colour.red() > colour.blue() + 100) {
+        marks.append(QString::number(i));
+      }
     }
     return marks.join(' ');
   };

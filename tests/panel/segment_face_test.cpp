@@ -13,12 +13,16 @@ class Segments : public testing::TestWithParam<SegmentFace::Source> {
 
   static QRectF extent(const QVector<QPainterPath>& shapes) {
     QRectF all;
-    for (const QPainterPath& shape : shapes) all |= shape.boundingRect();
+    for (const QPainterPath& shape : shapes) {
+      all |= shape.boundingRect();
+    }
     return all;
   }
   static QPainterPath joined(const SegmentLine& line) {
     QPainterPath all;
-    for (const QPainterPath& shape : line.lit) all.addPath(shape);
+    for (const QPainterPath& shape : line.lit) {
+      all.addPath(shape);
+    }
     return all;
   }
 };

@@ -55,7 +55,7 @@ class ExtraLine {
     Instant lateness;
   };
   /// Where this one goes, by chance if it may go anywhere.
-  Place choosePlace(Chance& chance) const;
+  [[nodiscard]] Place choosePlace(Chance& chance) const;
   std::size_t take(std::span<const std::string> words);
   std::size_t takeLate(double ms);
   std::size_t takeWhat(std::span<const std::string> words, std::optional<double> number);

@@ -23,10 +23,7 @@ class PanelAccessible : public QAccessibleWidget {
       parts_.append(QAccessible::registerAccessibleInterface(makeKnobAccessible(panel)));
     }
   }
-  PanelAccessible(const PanelAccessible&) = delete;
-  PanelAccessible& operator=(const PanelAccessible&) = delete;
-  PanelAccessible(PanelAccessible&&) = delete;
-  PanelAccessible& operator=(PanelAccessible&&) = delete;
+  Q_DISABLE_COPY_MOVE(PanelAccessible)
 
   [[nodiscard]] int childCount() const override { return static_cast<int>(parts_.size()); }
   [[nodiscard]] QAccessibleInterface* child(int index) const override {

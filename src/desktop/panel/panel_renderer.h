@@ -45,17 +45,17 @@ class PanelRenderer {
   void setGeometry(const QSize& size, double devicePixelRatio);
 
   /// Converts units to widget coordinates.
-  const QTransform& transform() const { return transform_; }
+  [[nodiscard]] const QTransform& transform() const { return transform_; }
   /// The widget pixels that a rectangle in units touches, after it has grown by `margin` units.
-  QRect widgetRect(const QRectF& units, double margin) const;
+  [[nodiscard]] QRect widgetRect(const QRectF& units, double margin) const;
 
   void paint(QPainter& painter, const QRegion& clip, const FrontState& state);
 
  private:
   template <class Paint>
-  QPixmap painted(QPixmap picture, Paint paint) const;
+  [[nodiscard]] QPixmap painted(QPixmap picture, Paint paint) const;
   void ensurePictures(const QColor& back);
-  QPixmap blankPicture(const QSize& size) const;
+  [[nodiscard]] QPixmap blankPicture(const QSize& size) const;
   void paintKeys(QPainter& painter, const QRegion& clip, const FrontState& state) const;
   void paintGhosts(QPainter& painter, const QRegion& clip, const FrontState& state);
   void paintGhost(QPainter& painter, const DisplayElement& which, const ElementState& state,

@@ -1,5 +1,4 @@
 #include <QPolygonF>
-#include <QTransform>
 #include <array>
 
 #include "desktop/panel/segment_face.h"

@@ -35,6 +35,7 @@ QString stablePath(const QString& path, const QString& folder);
 class DeviceSlots {
  public:
   static constexpr int kSlots = 4;
+  /// What looks for the serial devices of this machine.
   using Find = std::function<QVector<FoundPort>()>;
 
   /// `find` is called for each question, so that devices may come and go.

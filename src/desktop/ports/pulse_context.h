@@ -9,8 +9,8 @@
 
 namespace tarnvex::desktop {
 
-/// A connection to the sound server (PulseAudio, or PipeWire in its place), and its loop. One
-/// thread makes it and may `wake` it; all else is for the thread that works with it.
+/// A connection to the sound server (PulseAudio, or PipeWire in its place), and its loop. The
+/// creating thread may only call `wake`; everything else belongs to the worker.
 class PulseContext : private platform::NonCopyable {
  public:
   PulseContext();

@@ -25,8 +25,6 @@ QMessageBox::Icon iconOf(int flags) {
       return QMessageBox::Critical;
     case 32:
       return QMessageBox::Question;
-    case 64:
-      return QMessageBox::Information;
     default:
       return QMessageBox::Warning;
   }

@@ -5,7 +5,6 @@
 #include <QFileInfo>
 #include <QSqlError>
 #include <algorithm>
-#include <array>
 #include <atomic>
 #include <vector>
 

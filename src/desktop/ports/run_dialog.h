@@ -8,7 +8,7 @@
 namespace tarnvex::desktop {
 
 /// Opens a dialog and waits at the gate until the user has closed it. Returns its result, or
-/// nothing if it is gone, which happens when its window goes.
+/// nothing if the dialog was destroyed with its window.
 std::optional<int> runDialog(QDialog* dialog, platform::EventGate& gate);
 
 }  // namespace tarnvex::desktop

@@ -2,7 +2,6 @@
 
 #include <QFile>
 #include <QObject>
-#include <QTimer>
 #include <atomic>
 #include <functional>
 #include <thread>
@@ -15,8 +14,6 @@ namespace tarnvex::desktop {
 /// gets its name once it is complete. An export that fails or is cancelled leaves nothing behind.
 class CsvExport : private platform::NonCopyable {
  public:
-  using ShownTag = std::function<QString(const ReceptionSource&)>;
-
   /// `tags` are the tags as they are shown, by source.
   CsvExport(QString log, const ReceptionQuery& query, QHash<qint64, QString> tags, QString file);
   /// Cancels an unfinished export.

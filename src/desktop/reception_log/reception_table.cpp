@@ -204,7 +204,7 @@ void ReceptionTable::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-/// What can be done with the current row, which has a recording or hasn't.
+/// The actions for the current row. Some need a recording.
 QMenu* ReceptionTable::makeMenu(bool recorded) {
   auto* menu = named(new QMenu(this), "receptionMenu");
   menu->setAttribute(Qt::WA_DeleteOnClose);

@@ -4,7 +4,6 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QMessageBox>
-#include <QScreen>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -204,7 +203,7 @@ TimeSpan ReceptionWindow::period() const {
   }
 }
 
-/// Without applying it.
+/// Sets both boxes without applying the filter.
 void ReceptionWindow::setFromTo(const QDateTime& from, const QDateTime& to) {
   const QSignalBlocker first(from_);
   const QSignalBlocker second(to_);

@@ -4,8 +4,8 @@ class QWidget;
 
 namespace tarnvex::desktop {
 
-/// For every drop-down box and number box: without the focus, the box leaves the wheel to the page
-/// below it, so that a user who scrolls changes nothing.
+/// Makes a box ignore the wheel unless it has the focus, so that scrolling the page changes no
+/// value.
 void calmWheel(QWidget* box);
 
 }  // namespace tarnvex::desktop

@@ -1,7 +1,6 @@
 #include "desktop/windows/dialog_window.h"
 
 #include <QGridLayout>
-#include <QVBoxLayout>
 
 #include "desktop/ports/text.h"
 #include "desktop/windows/parts.h"

@@ -48,8 +48,8 @@ QWidget* makeSplash() {
   return splash;
 }
 
-QWidget* makeNotice(const QString& caption, const QString& text, QWidget* parent) {
-  auto* notice = new QWidget(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+QWidget* makeNotice(const QString& caption, const QString& text) {
+  auto* notice = new QWidget(nullptr, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
   notice->setObjectName(QStringLiteral("Form6"));
   notice->setWindowTitle(caption);
   auto* column = new QVBoxLayout(notice);

@@ -8,6 +8,6 @@ namespace tarnvex::desktop {
 QWidget* makeSplash();
 
 /// A notice with one label and no buttons.
-QWidget* makeNotice(const QString& caption, const QString& text, QWidget* parent);
+QWidget* makeNotice(const QString& caption, const QString& text);
 
 }  // namespace tarnvex::desktop

@@ -130,7 +130,7 @@ void QtWindows::closeQuickView() {
 
 void QtWindows::openNotice(const std::string& caption, const std::string& text) {
   delete notice_;
-  notice_ = makeNotice(toScreen(caption), toScreen(text), nullptr);
+  notice_ = makeNotice(toScreen(caption), toScreen(text));
   notice_->show();
 }
 
