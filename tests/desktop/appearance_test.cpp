@@ -64,7 +64,7 @@ TEST_F(Bc895Window, FindsRowsAndHidesEmptyOnes) {
   auto& text = *page.findChild<QLineEdit*>("findText");
   const auto count = [&] { return page.findChild<QLabel*>("findCount")->text().toStdString(); };
   EXPECT_FALSE(text.isVisible());
-  QTest::keyClick(&table, Qt::Key_F, Qt::ControlModifier);
+  QTest::keyClick(&table, Qt::Key_F3);
   ASSERT_TRUE(text.isVisible());
   QTest::keyClicks(&text, "FIRE");
   EXPECT_EQ(count(), "1 of 2");
@@ -78,6 +78,9 @@ TEST_F(Bc895Window, FindsRowsAndHidesEmptyOnes) {
   text.setText("no such");
   EXPECT_EQ(count(), "Not found");
   EXPECT_EQ(form.MSFlexGrid1.row(), 90);
+  text.setText("155,115");
+  EXPECT_EQ(count(), "1 of 1");
+  text.setText("460,0");
   page.findChild<QCheckBox*>("hideEmpty")->setChecked(true);
   EXPECT_TRUE(table.isRowHidden(5));
   EXPECT_FALSE(table.isRowHidden(4)) << "channel 5";
@@ -90,6 +93,31 @@ TEST_F(Bc895Window, FindsRowsAndHidesEmptyOnes) {
   EXPECT_TRUE(table.hasFocus());
   EXPECT_FALSE(table.isRowHidden(4)) << "nothing is hidden without the bar";
   EXPECT_FALSE(state.MemoryModified);
+}
+
+TEST_F(Bc245Window, ShowsAHiddenRowOnceTheCursorIsThere) {
+  const std::pair<platform::Table*, const char*> tables[] = {{&form.MSFlexGrid1, "155.1150"},
+                                                             {&form.MSFlexGrid2, "000123"}};
+  for (int page = 0; page < 2; ++page) {
+    const auto& [model, text] = tables[page];
+    openTab(page);
+    for (int row = 1; row <= 60; ++row) {
+      model->setTextMatrix(row, 1, text);
+    }
+    auto& view = find<QTableView>(*model);
+    QTest::keyClick(&view, Qt::Key_F, Qt::ControlModifier);
+    find<QTabWidget>("SSTab1")
+        .currentWidget()
+        ->findChild<QCheckBox*>("hideEmpty")
+        ->setChecked(true);
+    view.setCurrentIndex(view.model()->index(59, 1));
+    for (int key = 0; key < 9 && model->row() == 60; ++key) {
+      QTest::keyClick(&view, Qt::Key_Return);
+    }
+    EXPECT_EQ(model->row(), 61);
+    const QRect cell = view.visualRect(view.currentIndex());
+    EXPECT_TRUE(!cell.isEmpty() && view.viewport()->rect().contains(cell)) << model->name();
+  }
 }
 
 }  // namespace

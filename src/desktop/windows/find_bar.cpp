@@ -51,8 +51,8 @@ void FindBar::followTable() {
           [this](const QModelIndex& cell) { hideRow(cell.row()); });
   connect(table_.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
           [this](const QModelIndex& now, const QModelIndex& before) {
-            hideRow(now.row());
             hideRow(before.row());
+            showRow(now);
           });
 }
 
@@ -61,8 +61,9 @@ void FindBar::addKeys(QWidget* page) {
     connect(new QShortcut(key, page), &QShortcut::activated, this, act);
   };
   add(QKeySequence::Find, [this] { open(); });
-  add(Qt::Key_F3, [this] { find(Way::Next); });
-  add(Qt::SHIFT | Qt::Key_F3, [this] { find(Way::Back); });
+  const auto findOrOpen = [this](Way way) { wanted().isEmpty() ? open() : find(way); };
+  add(Qt::Key_F3, [findOrOpen] { findOrOpen(Way::Next); });
+  add(Qt::SHIFT | Qt::Key_F3, [findOrOpen] { findOrOpen(Way::Back); });
 }
 
 void FindBar::open() {
@@ -86,10 +87,21 @@ void FindBar::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-bool FindBar::matches(int row) const {
+QString FindBar::wanted() const {
+  return text_->text().trimmed();
+}
+
+/// A frequency may be typed with the comma of many languages.
+QStringList FindBar::spellings() const {
+  return {wanted(), wanted().replace(u',', u'.')};
+}
+
+bool FindBar::matches(int row, const QStringList& spellings) const {
   return std::ranges::any_of(columns_, [&](int column) {
     const auto text = table_.model()->index(row, column).data().toString();
-    return text.contains(text_->text().trimmed(), Qt::CaseInsensitive);
+    return std::ranges::any_of(spellings, [&](const QString& spelling) {
+      return text.contains(spelling, Qt::CaseInsensitive);
+    });
   });
 }
 
@@ -98,9 +110,10 @@ bool FindBar::isEmpty(int row) const {
 }
 
 std::vector<int> FindBar::foundRows() const {
+  const QStringList spellings = this->spellings();
   std::vector<int> rows;
   for (int row = 0; row < table_.model()->rowCount(); ++row) {
-    if (!table_.isRowHidden(row) && matches(row)) {
+    if (!table_.isRowHidden(row) && matches(row, spellings)) {
       rows.push_back(row);
     }
   }
@@ -108,9 +121,9 @@ std::vector<int> FindBar::foundRows() const {
 }
 
 void FindBar::find(Way way) {
-  const auto rows = text_->text().trimmed().isEmpty() ? std::vector<int>{} : foundRows();
+  const auto rows = wanted().isEmpty() ? std::vector<int>{} : foundRows();
   if (rows.empty()) {
-    count_->setText(text_->text().trimmed().isEmpty() ? QString() : tr("Not found"));
+    count_->setText(wanted().isEmpty() ? QString() : tr("Not found"));
     return;
   }
   const std::size_t at = placeAfter(rows, table_.currentIndex().row(), way);
@@ -134,6 +147,15 @@ void FindBar::hideRow(int row) {
     if (wanted != table_.isRowHidden(row)) {
       table_.setRowHidden(row, wanted);
     }
+  }
+}
+
+/// The view has passed over the row if it was hidden, and doesn't scroll to it by itself.
+void FindBar::showRow(const QModelIndex& current) {
+  if (current.isValid() && table_.isRowHidden(current.row())) {
+    hideRow(current.row());
+    table_.doItemsLayout();
+    table_.scrollTo(current);
   }
 }
 

@@ -10,9 +10,9 @@
 namespace tarnvex::desktop {
 
 /// Finds rows of a table by part of their text: Enter and F3 go to the next row, Shift+F3 to the
-/// previous one, and Escape closes the bar. A check box hides empty rows. Nothing here changes the
-/// plan or the order of the rows. The row with the cursor is never hidden, so that the user sees
-/// where the cursor has gone.
+/// previous one, and Escape closes the bar. With nothing to find, F3 opens it. A check box hides
+/// empty rows. Nothing here changes the plan or the order of the rows. The row with the cursor is
+/// never hidden, so that the user sees where the cursor has gone.
 class FindBar : public QWidget {
  public:
   /// `columns` are searched. A row is empty if its text in the first of them is one of
@@ -33,10 +33,13 @@ class FindBar : public QWidget {
   void close();
   void find(Way way);
   [[nodiscard]] static std::size_t placeAfter(const std::vector<int>& rows, int from, Way way);
-  [[nodiscard]] bool matches(int row) const;
+  [[nodiscard]] QString wanted() const;
+  [[nodiscard]] QStringList spellings() const;
+  [[nodiscard]] bool matches(int row, const QStringList& spellings) const;
   [[nodiscard]] bool isEmpty(int row) const;
   [[nodiscard]] std::vector<int> foundRows() const;
   void hideRow(int row);
+  void showRow(const QModelIndex& current);
   void hideRows();
 
   QTableView& table_;
