@@ -13,10 +13,10 @@ int main(int argc, char** argv) {
   if (const auto status = desktop::answerQuestion(arguments)) {
     return *status;
   }
-  QApplication application(argc, argv);
-  if (const auto status = desktop::refuseArguments(QApplication::arguments().mid(1))) {
+  if (const auto status = desktop::refuseArguments(arguments)) {
     return *status;
   }
+  QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Tarnvex"));
   QApplication::setApplicationVersion(QString::fromLatin1(platform::version()));
   QApplication::setDesktopFileName(QStringLiteral("io.github.tarnvex.Tarnvex"));

@@ -24,6 +24,40 @@ bool asksFor(const QString& argument, QLatin1Char letter, QLatin1String word) {
   return argument == QLatin1Char('-') + QString(letter) || argument == QLatin1String("--") + word;
 }
 
+/// Without its dashes and without a value after "=". Empty if it isn't an option.
+QString optionName(const QString& argument) {
+  const qsizetype dashes = argument.startsWith(QLatin1String("--")) ? 2
+                           : argument.startsWith(QLatin1Char('-'))  ? 1
+                                                                    : argument.size();
+  return argument.mid(dashes).section(QLatin1Char('='), 0, 0);
+}
+
+/// Qt's options without and with a value. It knows them itself only once it has a display.
+constexpr const char* kQtSwitches = "reverse widgetcount nograb dograb";
+constexpr const char* kQtSettings =
+    "platform platformpluginpath platformtheme plugin qwindowgeometry geometry qwindowtitle title "
+    "qwindowicon icon session style stylesheet display name qmljsdebugger";
+
+bool isOneOf(const char* names, const QString& name) {
+  return QString::fromLatin1(names).split(QLatin1Char(' ')).contains(name);
+}
+
+/// How many arguments an option of Qt's takes, itself included. 0 if it isn't one.
+int takenByQt(const QString& argument) {
+  const QString name = optionName(argument);
+  const bool hasValue = isOneOf(kQtSettings, name);
+  return hasValue && !argument.contains(QLatin1Char('=')) ? 2
+         : hasValue || isOneOf(kQtSwitches, name)         ? 1
+                                                          : 0;
+}
+
+int refuse(const QString& argument) {
+  const char* kind = argument.startsWith(QLatin1Char('-')) ? "option" : "argument";
+  std::fprintf(stderr, "tarnvex: unknown %s \"%s\". Try \"tarnvex --help\".\n", kind,
+               qPrintable(argument));
+  return kWrongUse;
+}
+
 }  // namespace
 
 std::optional<int> answerQuestion(const QStringList& arguments) {
@@ -41,14 +75,14 @@ std::optional<int> answerQuestion(const QStringList& arguments) {
 }
 
 std::optional<int> refuseArguments(const QStringList& arguments) {
-  if (arguments.isEmpty()) {
-    return std::nullopt;
+  for (qsizetype next = 0; next < arguments.size();) {
+    const int taken = takenByQt(arguments[next]);
+    if (taken == 0) {
+      return refuse(arguments[next]);
+    }
+    next += taken;
   }
-  const QString& first = arguments.first();
-  const char* kind = first.startsWith(QLatin1Char('-')) ? "option" : "argument";
-  std::fprintf(stderr, "tarnvex: unknown %s \"%s\". Try \"tarnvex --help\".\n", kind,
-               qPrintable(first));
-  return kWrongUse;
+  return std::nullopt;
 }
 
 }  // namespace tarnvex::desktop

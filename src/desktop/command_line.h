@@ -9,8 +9,8 @@ namespace tarnvex::desktop {
 /// if the arguments contain one of them. Nothing if the program should start.
 std::optional<int> answerQuestion(const QStringList& arguments);
 
-/// Refuses, on standard error, any arguments that Qt hasn't taken: the program has none of its own.
-/// Returns the exit status, or nothing if there are no such arguments.
+/// Refuses, on standard error, the first argument that isn't one of Qt's: the program has no
+/// others. Needs no display. Returns the exit status, or nothing if there is no such argument.
 std::optional<int> refuseArguments(const QStringList& arguments);
 
 }  // namespace tarnvex::desktop

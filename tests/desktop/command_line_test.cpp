@@ -14,16 +14,18 @@ struct Call {
   QString complained;
 };
 
-/// The real program, without a display for the arguments that need none.
+/// The real program, without a display.
 TEST(CommandLine, AnswersAndRefuses) {
   const QString version = QStringLiteral("Tarnvex ") + platform::version() + '\n';
-  const QString display = QStringLiteral("-platform");
   const std::vector<Call> calls = {
       {{"--version"}, 0, version, ""},
       {{"-v"}, 0, version, ""},
       {{"--help"}, 0, "Usage: tarnvex", ""},
-      {{display, "offscreen", "--colour"}, 2, "", "unknown option \"--colour\""},
-      {{display, "offscreen", "plan.tvf"}, 2, "", "unknown argument \"plan.tvf\""},
+      {{"--colour"}, 2, "", "unknown option \"--colour\""},
+      {{"-platform", "offscreen", "-style=Fusion", "-reverse", "plan.tvf"},
+       2,
+       "",
+       "unknown argument \"plan.tvf\""},
   };
   for (const Call& call : calls) {
     SCOPED_TRACE(qPrintable(call.arguments.join(' ')));
