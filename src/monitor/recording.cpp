@@ -32,6 +32,7 @@ std::string recordingName(const std::string& tag, const std::string& frequency,
 
 Recording::Recording(RecordingOutside outside) : outside_(std::move(outside)) {
   chkRecord.onClick = [this] { lookForSound(); };
+  lightTimer.onTick = [this] { showLight(); };
 }
 
 void Recording::lookForSound() {
@@ -61,8 +62,9 @@ void Recording::gate(bool active, const std::string& tag, const std::string& fre
 
 void Recording::showLight() {
   constexpr std::int64_t kMinute = 60;
-  light.setVisible(outside_.state.Recording);
-  if (outside_.state.Recording) {
+  lightTimer.setEnabled(outside_.state.Recording);
+  light.setVisible(outside_.state.Recording && outside_.MMControl1.recording());
+  if (light.visible()) {
     const std::int64_t seconds = outside_.clock.seconds() - started_;
     const std::string rest = std::to_string(seconds % kMinute);
     light.setCaption("REC " + std::to_string(seconds / kMinute) + (rest.size() < 2 ? ":0" : ":") +

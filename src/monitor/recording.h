@@ -44,10 +44,14 @@ class Recording {
   void leave();
 
   platform::CheckBox chkRecord{"chkRecord", "Record Output to File"};
-  /// "REC 1:05", visible while a file is being recorded.
+  /// "REC 1:05", visible while sound is being written to a file.
   platform::Label light{"RecordingLight", "", false};
-  /// While the box is ticked: what is missing for a recording, such as "No sound server". It was
-  /// looked for when the box was ticked; a failure later has its message.
+  /// Keeps the light up to date during a reception: a tick may take minutes, and the sound may end
+  /// before the reception does.
+  platform::Timer lightTimer{500};
+  /// While the box is ticked: what is missing for a recording, in a sentence such as "No sound
+  /// input: nothing will be recorded." It was looked for when the box was ticked; a failure later
+  /// has its message.
   platform::Label missing{"RecordingMissing", "", false};
 
  private:
@@ -58,7 +62,7 @@ class Recording {
   void stop();
 
   RecordingOutside outside_;
-  /// The clock's seconds when the file was opened.
+  /// The clock's seconds when the recording was started.
   std::int64_t started_ = 0;
 };
 

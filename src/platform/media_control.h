@@ -32,11 +32,13 @@ class MediaControl : private NonCopyable {
   virtual void command(MediaCommand command) = 0;
   /// The first error since `Open`, or empty.
   [[nodiscard]] virtual std::string errorMessage() const = 0;
+  /// Whether the sound is being written to a file: the file is open, and there was no error.
+  [[nodiscard]] virtual bool recording() const = 0;
   /// Name of the last file that was recorded, empty if there is none. Valid once the recording is
   /// closed.
   [[nodiscard]] virtual std::string savedFile() const = 0;
 
-  /// Hears what is missing for a recording, empty if nothing is.
+  /// Hears what is missing for a recording, in a sentence. Empty if nothing is.
   using Told = std::function<void(const std::string& missing)>;
   /// Looks whether there is a sound input, without waiting: `told` is called once from the event
   /// loop, a moment later. A newer look, or the end of the control, drops an older one's answer.

@@ -108,6 +108,29 @@ TEST(Recording, ReportsAFailureOnceAndLetsThePollGoOn) {
   EXPECT_THAT(tickWith(rig, "155.1150", "MD00"), IsEmpty());
 }
 
+TEST(Recording, ShowsItsTimeWhileTheSoundReachesTheFile) {
+  test::Bc895Rig rig;
+  auto& recording = rig.form.recording;
+  recording.chkRecord.setValue(true);
+  rig.media.recording = false;
+  tickWith(rig, "155.1150", "MD00");
+  EXPECT_FALSE(recording.light.visible()) << "the file isn't open yet";
+  rig.media.recording = true;
+  // Without another tick: one may last as long as an ID is held.
+  for (const auto& [seconds, shown] : {std::pair{7, "REC 0:07"}, {65, "REC 1:05"}}) {
+    rig.clock.offsetMilliseconds += seconds * 1000 - rig.clock.milliseconds();
+    rig.gate.enterTimer(recording.lightTimer);
+    EXPECT_TRUE(recording.light.visible());
+    EXPECT_EQ(recording.light.caption(), shown);
+  }
+  rig.media.recording = false;
+  rig.gate.enterTimer(recording.lightTimer);
+  EXPECT_FALSE(recording.light.visible()) << "the disk is full";
+  EXPECT_TRUE(rig.state.Recording) << "the message comes at the end";
+  tickWith(rig, "Scanning", "MD00");
+  EXPECT_FALSE(recording.lightTimer.enabled());
+}
+
 TEST(Recording, SaysWhatIsMissingWhileTheBoxIsTicked) {
   test::Bc895Rig rig;
   auto& recording = rig.form.recording;

@@ -24,6 +24,16 @@ class QuickViewTest : public testing::TestWithParam<bool> {
               display(rig.program.windows.mainWindow())->displayColour());
   }
 
+  void expectLight(const char* text) {
+    rig.form()->recording.light.setCaption(text);
+    rig.form()->recording.light.setVisible(true);
+    auto* big = rig.program.windows.mainWindow();
+    for (const QWidget* in : {small(), static_cast<QWidget*>(big)}) {
+      const auto* light = in->findChild<QLabel*>("recordingLight");
+      EXPECT_TRUE(light->text() == text && !light->isHidden());
+    }
+  }
+
   ProgramRig rig{{"--baud", "0", "--scene", "quiet", "--model", GetParam() ? "bc245" : "bc895"}};
 };
 
@@ -38,6 +48,7 @@ TEST_P(QuickViewTest, ShowsTheSameInTheMainWindowsPlace) {
          EXPECT_LE(room.right() - small()->frameGeometry().right(), 2);
          EXPECT_LE(room.bottom() - small()->frameGeometry().bottom(), 60);
          expectSame();
+         expectLight("REC 0:07");
          rig.radio.say("reception 1 600");
        }},
       {"a reception", rig.panelShows("Frequency: 155.1150"), [&] { expectSame(); }},

@@ -19,6 +19,12 @@ QStringList wavesIn(const QTemporaryDir& folder) {
   return QDir(folder.path()).entryList({"*.wav"}, QDir::Files, QDir::Name);
 }
 
+/// What the main window's REC shows.
+QString light(ProgramRig& rig) {
+  const auto* label = rig.program.windows.mainWindow()->findChild<QLabel*>("recordingLight");
+  return label->isVisible() ? label->text() : QString();
+}
+
 bool holdsSound(const QString& path, double seconds) {
   return listen(path).seconds >= seconds;
 }
@@ -41,6 +47,7 @@ TEST(Recordings, HoldTheSoundOfEachReception) {
          rig.radio.say("reception 1 2");
        }},
       {"the recording", recording(true), [&] { clock.start(); }},
+      {"the light", [&] { return light(rig).startsWith("REC 0:0"); }},
       {"a second of sound, while it runs",
        [&] { return !wavesIn(rig.folder).isEmpty() && holdsSound(newest(), 1); },
        [&] { EXPECT_TRUE(rig.program.state.Recording); }},
@@ -75,6 +82,7 @@ TEST(Recordings, AreReportedOnceIfThereIsNoSound) {
          rig.radio.say("reception 1 2");
        }},
       {"the recording", [&] { return rig.program.state.Recording; }},
+      {"its ticks", rig.polled(), [&] { EXPECT_EQ(light(rig), "") << "nothing is recorded"; }},
       {"the message", rig.boxShows("Audio Record Error Occurred")},
       {"the poll goes on meanwhile", rig.polled(), [&] { rig.press(QMessageBox::Ok); }},
       {"no more", [&] { return rig.box() == nullptr; },
@@ -97,10 +105,13 @@ TEST(Recordings, SayWhatIsMissing) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return missing.has_value(); }, 10000));
     return missing.value_or("no answer");
   };
-  EXPECT_EQ(look(), "No sound server");
-  {
-    const SoundServer server(SoundServer::Sources::None);
-    EXPECT_EQ(look(), "No sound input");
+  EXPECT_EQ(look(), "No sound server: nothing will be recorded.");
+  for (const auto& [sources, said] :
+       {std::pair{SoundServer::Sources::None, "No sound input: nothing will be recorded."},
+        {SoundServer::Sources::Monitor,
+         "No sound input; only this computer's own output can be recorded."}}) {
+    const SoundServer server(sources);
+    EXPECT_EQ(look(), said);
   }
   const SoundServer server;
   EXPECT_EQ(look(), "");

@@ -8,9 +8,11 @@ namespace tarnvex::test {
 SoundServer::SoundServer(Sources sources) : before_(qgetenv("PULSE_SERVER")) {
   QFile script(folder_.filePath("script"));
   EXPECT_TRUE(script.open(QIODevice::WriteOnly));
+  if (sources != Sources::None) {
+    script.write("load-module module-null-sink sink_name=quiet\n");
+  }
   if (sources == Sources::Two) {
     script.write(
-        "load-module module-null-sink sink_name=quiet\n"
         "load-module module-sine-source source_name=other frequency=1000\n"
         "load-module module-sine-source source_name=wanted frequency=" +
         QByteArray::number(kDefaultHertz) +

@@ -16,7 +16,8 @@ class SoundServer : private platform::NonCopyable {
  public:
   static constexpr int kDefaultHertz = 440;
 
-  enum class Sources { Two, None };
+  /// A monitor records what is played.
+  enum class Sources { Two, None, Monitor };
 
   explicit SoundServer(Sources sources = Sources::Two);
   ~SoundServer();

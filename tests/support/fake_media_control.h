@@ -20,6 +20,8 @@ class FakeMediaControls : private platform::NonCopyable {
   std::vector<std::string> log;
   /// The error of a recording.
   std::string error;
+  /// Whether the sound reaches the file.
+  bool recording = true;
   /// The name of the recorded file.
   std::string saved;
   /// Who has asked whether there is any sound.
@@ -37,6 +39,7 @@ class FakeMediaControls : private platform::NonCopyable {
       owner_.log.emplace_back(kNames[static_cast<int>(command)]);
     }
     [[nodiscard]] std::string errorMessage() const override { return owner_.error; }
+    [[nodiscard]] bool recording() const override { return owner_.recording; }
     [[nodiscard]] std::string savedFile() const override { return owner_.saved; }
     void lookForSound(Told told) override { owner_.looks.push_back(std::move(told)); }
 

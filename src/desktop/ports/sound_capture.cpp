@@ -38,12 +38,12 @@ void SoundCapture::run() {
 
 void SoundCapture::record() {
   pulse_.connect();
-  State state = work();
-  while (state != State::Over && !(finishing_ && isEnough(state))) {
+  state_ = work();
+  while (state_ != State::Over && !(finishing_ && isEnough())) {
     pulse_.turn();
-    state = work();
+    state_ = work();
   }
-  if (state == State::Going) {
+  if (state_ == State::Going) {
     fail(QStringLiteral("No sound can be recorded: the sound server doesn't answer."));
   }
   QString error;
@@ -58,8 +58,9 @@ void SoundCapture::record() {
 
 /// Whether a capture that should finish may end now. If the recording hasn't begun yet, it waits
 /// for a while, so that even the shortest reception gets a file.
-bool SoundCapture::isEnough(State state) const {
-  return state == State::Recording || std::chrono::steady_clock::now() - started_ > kServerPatience;
+bool SoundCapture::isEnough() const {
+  return state_ == State::Recording ||
+         std::chrono::steady_clock::now() - started_ > kServerPatience;
 }
 
 SoundCapture::State SoundCapture::work() {

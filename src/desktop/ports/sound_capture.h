@@ -27,6 +27,8 @@ class SoundCapture : private platform::NonCopyable {
   /// Asks for the end of the recording. Usually it is `over` in a moment. If the server doesn't
   /// answer, the capture gives up two seconds after its start.
   void finish();
+  /// Whether the file is open and nothing has gone wrong so far.
+  [[nodiscard]] bool recording() const { return state_ == State::Recording && !over_; }
   /// Whether the file is closed. Nothing happens after that.
   [[nodiscard]] bool over() const { return over_; }
   /// What went wrong. Empty if nothing did. Valid once the capture is over.
@@ -39,7 +41,7 @@ class SoundCapture : private platform::NonCopyable {
 
   void run();
   void record();
-  [[nodiscard]] bool isEnough(State state) const;
+  [[nodiscard]] bool isEnough() const;
   State work();
   State connectStream();
   State takeSound();
@@ -54,6 +56,7 @@ class SoundCapture : private platform::NonCopyable {
   PulseContext pulse_;
   pa_stream* stream_ = nullptr;
   std::unique_ptr<WaveFile> file_;
+  std::atomic<State> state_ = State::Going;
   std::atomic<bool> finishing_ = false;
   std::atomic<bool> over_ = false;
   std::thread thread_;

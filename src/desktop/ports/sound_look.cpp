@@ -6,6 +6,7 @@ namespace tarnvex::desktop {
 namespace {
 
 constexpr auto kLookPatience = std::chrono::seconds(2);
+constexpr const char* kNoServer = "No sound server: nothing will be recorded.";
 
 }  // namespace
 
@@ -24,19 +25,30 @@ void SoundLook::run() {
 
 std::string SoundLook::find() {
   if (!pulse_.works()) {
-    return "No sound server";
+    return kNoServer;
   }
   pulse_.connect();
   if (!turnUntil([this] { return pulse_.failed() || pulse_.ready(); }) || pulse_.failed()) {
-    return "No sound server";
+    return kNoServer;
   }
-  return count() > 0 ? "" : "No sound input";
+  return missingIn(count());
 }
 
-int SoundLook::count() {
-  int found = 0;
+std::string SoundLook::missingIn(const Sources& sources) {
+  if (sources.inputs > 0) {
+    return "";
+  }
+  return sources.monitors > 0 ? "No sound input; only this computer's own output can be recorded."
+                              : "No sound input: nothing will be recorded.";
+}
+
+SoundLook::Sources SoundLook::count() {
+  Sources found;
   const auto add = [](pa_context*, const pa_source_info* source, int, void* sum) {
-    *static_cast<int*>(sum) += source != nullptr ? 1 : 0;
+    auto& sources = *static_cast<Sources*>(sum);
+    if (source != nullptr) {
+      ++(source->monitor_of_sink == PA_INVALID_INDEX ? sources.inputs : sources.monitors);
+    }
   };
   pa_operation* asked = pa_context_get_source_info_list(pulse_.get(), add, &found);
   turnUntil([&] { return pa_operation_get_state(asked) != PA_OPERATION_RUNNING; });

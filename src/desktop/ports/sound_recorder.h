@@ -20,6 +20,7 @@ class SoundRecorder : public platform::MediaControl {
   void setFileName(const std::string& directory, const std::string& name) override;
   void command(platform::MediaCommand command) override;
   [[nodiscard]] std::string errorMessage() const override { return error_; }
+  [[nodiscard]] bool recording() const override { return capture_ && capture_->recording(); }
   [[nodiscard]] std::string savedFile() const override { return saved_; }
   void lookForSound(Told told) override { look_ = std::make_unique<SoundLook>(std::move(told)); }
 

@@ -205,10 +205,7 @@ void addRecording(QVBoxLayout* column, shell::MainForm& form, Binder& binder) {
   missing->setWordWrap(true);
   binder.keep(
       form.recording.missing.changed.connect([box, missing, &model = form.recording.missing] {
-        missing->setText(
-            model.visible()
-                ? QObject::tr("%1: nothing will be recorded.").arg(toScreen(model.caption()))
-                : QString());
+        missing->setText(model.visible() ? toScreen(model.caption()) : QString());
         box->setAccessibleDescription(missing->text());
       }));
   column->addWidget(box);

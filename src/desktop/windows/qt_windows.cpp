@@ -46,19 +46,19 @@ void QtWindows::closeSplash() {
 }
 
 void QtWindows::openMain(shell::Form4& form) {
-  drive(form.Scantimer);
-  drive(form.multiscan.timer);
+  driveTimers(form, form.multiscan.timer);
   present(new MainWindow(form, gate_, devices_, report_), "BC895");
 }
 
 void QtWindows::openMain(shell::Form2& form) {
-  drive(form.Scantimer);
-  drive(form.speed.timer);
+  driveTimers(form, form.speed.timer);
   present(new MainWindow(form, gate_, devices_, report_), "BC245");
 }
 
-void QtWindows::drive(platform::Timer& timer) {
-  timers_.push_back(std::make_unique<TimerDriver>(timer, gate_));
+void QtWindows::driveTimers(shell::MainForm& form, platform::Timer& rotation) {
+  for (platform::Timer* timer : {&form.Scantimer, &rotation, &form.recording.lightTimer}) {
+    timers_.push_back(std::make_unique<TimerDriver>(*timer, gate_));
+  }
 }
 
 void QtWindows::present(MainWindow* window, const char* section) {

@@ -61,7 +61,8 @@ class QtWindows : public shell::WindowLayer {
   [[nodiscard]] MainWindow* mainWindow() const { return main_; }
 
  private:
-  void drive(platform::Timer& timer);
+  /// `rotation` is the timer that steps through the banks.
+  void driveTimers(shell::MainForm& form, platform::Timer& rotation);
   void present(MainWindow* window, const char* section);
   void showQuickView();
   HelpWindow& help();
