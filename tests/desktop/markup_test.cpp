@@ -3,8 +3,10 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QFileDialog>
 #include <QMenu>
 #include <QTextDocumentFragment>
+#include <QTimer>
 
 #include "desktop/window_fixture.h"
 #include "trunking/system_type_form.h"
@@ -73,6 +75,9 @@ TEST_F(Bc245Window, NoTextIsTakenForMarkup) {
   form.hitLists.List2.add("000123 " + kEvil);
   form.customSearch.saved.List3.add(kEvil);
   form.linkState.opened(*form.MSComm1, kEvil);
+  for (QLineEdit* find : window.findChildren<QLineEdit*>("findText")) {
+    find->setText(kShown);
+  }
   EXPECT_EQ(placesIn(window), 6) << "title, three lists, the line's state and its tip";
   const QAbstractItemModel& cells = *find<QTableView>("MSFlexGrid1").model();
   EXPECT_EQ(cells.index(0, 7).data(), kShown);
@@ -102,6 +107,24 @@ TEST_F(Bc245Window, NoTextIsTakenForMarkup) {
   windows.openDialog(type, true);
   EXPECT_EQ(placesIn("Form3"), 1);
   windows.closeDialog(&type);
+}
+
+TEST_F(Bc895Window, AFilesNameIsNoMarkupOnAButton) {
+  const QString name = "<b>R&D.apf";
+  QFile(folder.filePath(name)).open(QIODevice::WriteOnly);
+  desktop::QtCommonDialog dialog(gate);
+  dialog.FileName = folder.filePath(name).toStdString();
+  dialog.KeepCaption = "Keep";
+  int looks = 0;
+  QTimer::singleShot(0, &window, [&] {
+    for (auto* open : window.findChildren<QFileDialog*>()) {
+      EXPECT_EQ(open->labelText(QFileDialog::Reject), "Keep <b>R&&D.apf");
+      looks += placesIn(*open) == 0 ? 1 : 0;
+      open->reject();
+    }
+  });
+  dialog.ShowOpen();
+  EXPECT_EQ(looks, 1);
 }
 
 }  // namespace

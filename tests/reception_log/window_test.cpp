@@ -1,5 +1,6 @@
 // The rows of the log in its window.
 #include <QApplication>
+#include <QTextDocumentFragment>
 #include <QWheelEvent>
 
 #include "desktop/reception_log/reception_texts.h"
@@ -107,6 +108,19 @@ TEST_F(ReceptionLogWindow, ForgetsWhatItKnewOfALogThatIsCleared) {
   EXPECT_EQ(model().rowCount(), 1000);
   ASSERT_EQ(model().sources().all().size(), 1);
   EXPECT_EQ(model().sources().tag(model().sources().all()[1]), "Ranger");
+}
+
+TEST_F(ReceptionLogWindow, TakesNoTagForMarkup) {
+  const QString tag = "<img src=/dev/zero><b>R&D</b>";
+  open(10);
+  say("UPDATE sources SET tag = '" + tag + "'");
+  say("UPDATE receptions SET tag = '" + tag + "'");
+  EXPECT_TRUE(
+      loop.waitUntil([&] { return cell(0, ReceptionModel::Tag) == tag; }, QDeadlineTimer(20000)));
+  const auto tip = model().data(model().index(0, ReceptionModel::Tag), Qt::ToolTipRole).toString();
+  EXPECT_EQ(QTextDocumentFragment::fromHtml(tip).toPlainText(), tag);
+  EXPECT_EQ(find<ReceptionTable>("receptions").itemDelegate()->metaObject()->className(),
+            std::string("QStyledItemDelegate"));
 }
 
 TEST_F(ReceptionLogWindow, LetsTheLastHourGoOnWithTheClock) {

@@ -1,8 +1,8 @@
 #include "desktop/ports/plan_file_dialog.h"
 
 #include <QFileInfo>
-#include <QMessageBox>
 
+#include "desktop/ports/plain_dialogs.h"
 #include "desktop/ports/window_in_use.h"
 
 namespace tarnvex::desktop {
@@ -37,14 +37,12 @@ void PlanFileDialog::askAbout(const QString& path, const std::function<void()>& 
     return;
   }
   auto* question =
-      new QMessageBox(QMessageBox::Warning, windowTitle(),
-                      tr("%1 already exists. Do you want to replace it?").arg(file.fileName()),
-                      QMessageBox::Yes | QMessageBox::No, this);
+      makeMessageBox(QMessageBox::Warning, windowTitle(),
+                     tr("%1 already exists. Do you want to replace it?").arg(file.fileName()),
+                     QMessageBox::Yes | QMessageBox::No, this);
   question->setObjectName(QStringLiteral("replaceBox"));
   question->setAttribute(Qt::WA_DeleteOnClose);
-  question->setTextFormat(Qt::PlainText);
   question->setDefaultButton(QMessageBox::No);
-  question->setEscapeButton(QMessageBox::No);
   connect(question, &QDialog::finished, this, [goOn](int answer) {
     if (answer == QMessageBox::Yes) {
       goOn();

@@ -3,13 +3,12 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QGridLayout>
-#include <QInputDialog>
-#include <QLabel>
 #include <QLineEdit>
 #include <QToolTip>
 #include <QValidator>
 
 #include "desktop/ports/colour.h"
+#include "desktop/ports/plain_dialogs.h"
 #include "desktop/ports/run_dialog.h"
 #include "desktop/ports/text.h"
 #include "desktop/ports/window_in_use.h"
@@ -110,14 +109,10 @@ Answer QtDialogs::ask(const std::string& text, const std::string& title,
   }
   // If the window below closes while the box is open, it destroys the box.
   const QPointer<QMessageBox> box =
-      new QMessageBox(iconOf(flags), messageToScreen(title), messageToScreen(text),
-                      buttonsOf(flags), windowInUse());
+      makeMessageBox(iconOf(flags), messageToScreen(title), messageToScreen(text), buttonsOf(flags),
+                     windowInUse());
   box->setObjectName(QStringLiteral("messageBox"));
-  box->setTextFormat(Qt::PlainText);
   box->setDefaultButton(preset);
-  if (box->standardButtons().testFlag(QMessageBox::No)) {
-    box->setEscapeButton(QMessageBox::No);
-  }
   makeRoomForTitle(*box);
   const int button = runDialog(box, gate_).value_or(QMessageBox::NoButton);
   delete box.data();
@@ -128,13 +123,9 @@ std::string QtDialogs::inputBox(const std::string& prompt, const std::string& ti
   if (gate_.ended()) {
     return {};
   }
-  const QPointer<QInputDialog> box = new QInputDialog(windowInUse());
+  const QPointer<QInputDialog> box =
+      makeInputDialog(toScreen(title), toScreen(prompt), windowInUse());
   box->setObjectName(QStringLiteral("inputBox"));
-  box->setWindowTitle(toScreen(title));
-  box->setLabelText(toScreen(prompt));
-  for (QLabel* label : box->findChildren<QLabel*>()) {
-    label->setTextFormat(Qt::PlainText);
-  }
   box->resize(box->fontMetrics().averageCharWidth() * 48, box->sizeHint().height());
   for (QLineEdit* edit : box->findChildren<QLineEdit*>()) {
     refuseForeignLetters(edit);

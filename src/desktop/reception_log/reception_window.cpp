@@ -3,10 +3,10 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
-#include <QMessageBox>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+#include "desktop/ports/plain_dialogs.h"
 #include "desktop/ports/text.h"
 #include "desktop/reception_log/reception_texts.h"
 #include "desktop/windows/calm_wheel.h"
@@ -291,13 +291,9 @@ void ReceptionWindow::exportTo(const QString& file) {
 }
 
 void ReceptionWindow::showProgress() {
-  progress_ =
-      named(new QProgressDialog(tr("Exporting the receptions..."), tr("Cancel"), 0, 1000, this),
-            "exporting");
-  progress_->setWindowTitle(tr("Export Receptions"));
-  // A modal progress dialog would turn the event loop at each step.
-  progress_->setWindowModality(Qt::NonModal);
-  progress_->setAutoReset(false);
+  progress_ = named(
+      makeProgressDialog(tr("Export Receptions"), tr("Exporting the receptions..."), 1000, this),
+      "exporting");
   progress_->setMinimumDuration(500);
   connect(progress_, &QProgressDialog::canceled, this, [this] { exporting_->cancel(); });
 }
@@ -318,9 +314,9 @@ void ReceptionWindow::followExport() {
 }
 
 void ReceptionWindow::tellExportFailed(const QString& error) {
-  auto* box = new QMessageBox(QMessageBox::Warning, tr("Export Receptions"),
-                              tr("The receptions could not be exported: %1").arg(error),
-                              QMessageBox::Ok, this);
+  auto* box = makeMessageBox(QMessageBox::Warning, tr("Export Receptions"),
+                             tr("The receptions could not be exported: %1").arg(error),
+                             QMessageBox::Ok, this);
   box->setAttribute(Qt::WA_DeleteOnClose);
   box->open();
 }
