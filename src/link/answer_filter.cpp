@@ -160,13 +160,17 @@ bool isDoubtfulAnswer(std::string_view command, std::string_view line) {
          (owner != kIds || command != command::kStreamIds);
 }
 
+bool hasKnownForm(std::string_view line) {
+  return !ownerOf(line).empty() || isAnswerWord(line);
+}
+
 std::string_view strangenessOf(std::string_view command, std::string_view line) {
   const std::string_view owner = ownerOf(line);
   if ((line == command && !isAnsweredByItself(command)) ||
       (!owner.empty() && losesPlace(command, line))) {
     return wordAt(command);
   }
-  return line.empty() || !owner.empty() || isAnswerWord(line) ? std::string_view() : line;
+  return line.empty() || hasKnownForm(line) ? std::string_view() : line;
 }
 
 void ReplyReader::add(std::string bytes) {

@@ -31,6 +31,10 @@ bool isOwnAnswer(std::string_view command, std::string_view line);
 /// The real answer may then still be on its way.
 bool isDoubtfulAnswer(std::string_view command, std::string_view line);
 
+/// Whether a line has the form of an answer to any command. Noise and other devices' lines have
+/// not.
+bool hasKnownForm(std::string_view line);
+
 /// What is strange in an answer that was taken; empty if nothing is. A line of no known form may be
 /// noise before the answer, the echo of a command that sets something looks like an answer, and so
 /// does an answer that has lost its end. But each may be how this radio answers: then the next such

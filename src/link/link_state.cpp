@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "link/answer_filter.h"
+
 namespace tarnvex::link {
 namespace {
 
@@ -27,7 +29,7 @@ std::string describe(PortTrouble trouble, const std::string& device, const std::
 void LinkState::opened(const platform::SerialPort& port,
                        const std::optional<std::string>& failure) {
   device_ = port.deviceName();
-  awaiting_ = false;
+  awaiting_ = lost_ = false;
   explained_ = failure.has_value();
   if (failure) {
     set(describe(port.trouble(), device_, *failure), false);
@@ -43,20 +45,43 @@ void LinkState::closed() {
   }
 }
 
-void LinkState::sent(std::string_view /*text*/) {
+void LinkState::sent(std::string_view text) {
   awaiting_ = true;
   textSince_.reset();
+  asked_ = text;
+  lines_.clear();
 }
 
 void LinkState::received(std::string_view text) {
   if (hums(text)) {
+    lines_.clear();
     showNoReply();
     return;
   }
   awaiting_ = false;
-  explained_ = false;
-  if (!live_ && !textSince_) {
+  if (!live_ && bringsAnswer(text)) {
+    explained_ = false;
     set("Connected to " + radio_ + " on " + device_, true);
+  }
+}
+
+/// Other devices talk, too: one that tells its position does so without being asked.
+bool LinkState::bringsAnswer(std::string_view text) {
+  lines_ += text;
+  std::size_t end = 0;
+  while ((end = lines_.find('\r')) != std::string::npos) {
+    const std::string line = lines_.substr(0, end);
+    lines_.erase(0, end + 1);
+    if (hasKnownForm(line) && asked_ != line + '\r') {
+      return true;
+    }
+  }
+  return false;
+}
+
+void LinkState::deviceIsBack() {
+  if (std::exchange(lost_, false)) {
+    set(device_ + " is plugged in again; press Connect", false);
   }
 }
 
@@ -65,7 +90,7 @@ void LinkState::waitedInVain(const platform::SerialPort& port) {
     return;
   }
   if (port.trouble() == PortTrouble::Lost) {
-    explained_ = true;
+    explained_ = lost_ = true;
     set(device_ + " was unplugged at " + time(), false);
   } else if (awaiting_) {
     showNoReply();

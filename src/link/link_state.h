@@ -23,6 +23,10 @@ class LinkState : public PortWatcher {
   [[nodiscard]] const std::string& text() const { return text_; }
   /// The port is open and the radio answers.
   [[nodiscard]] bool live() const { return live_; }
+  /// The name of the device that was opened last, such as "ttyUSB0".
+  [[nodiscard]] const std::string& device() const { return device_; }
+  /// The device is there, perhaps again.
+  void deviceIsBack();
 
   /// The text or `live` has changed.
   platform::Notifier<> changed;
@@ -39,6 +43,8 @@ class LinkState : public PortWatcher {
   /// Whether the bytes that came last belong to a text that has gone on too long for an answer.
   bool hums(std::string_view text);
   void showNoReply();
+  /// Whether a line that only a radio sends has come since the last command.
+  bool bringsAnswer(std::string_view text);
   /// The current time as hours and minutes.
   [[nodiscard]] std::string time() const;
 
@@ -51,6 +57,11 @@ class LinkState : public PortWatcher {
   bool awaiting_ = false;
   /// When the text began that has no line end yet, in the clock's seconds.
   std::optional<std::int64_t> textSince_;
+  /// The last command and, while the line isn't live, what has come since then.
+  std::string asked_;
+  std::string lines_;
+  /// The device went away while it was open.
+  bool lost_ = false;
   /// The text says why the line is dead, so closing the port doesn't change it.
   bool explained_ = false;
 };

@@ -53,6 +53,23 @@ TEST_F(LinkStateTest, FollowsTheLineFromOpeningToLoss) {
   radio.expect({{"SI", std::vector<Piece>{{"", 1, true}}}});
   link.SendCommand("SI");
   EXPECT_EQ(now(), "dead: ttyUSB0 was unplugged at 11:46");
+  form.linkState.deviceIsBack();
+  EXPECT_EQ(now(), "dead: ttyUSB0 is plugged in again; press Connect");
+}
+
+TEST_F(LinkStateTest, TakesOnlyAKnownAnswerForARadios) {
+  form.MSComm1->open();
+  form.linkState.deviceIsBack();
+  const std::string waiting = "dead: Waiting for the radio on ttyUSB0";
+  for (const std::string& text :
+       {std::string("$GPRMC,081836,A,3751.65,S"), std::string("\r"), std::string("\n$GPGSA,A,3\r"),
+        std::string("SI\r"), std::string("\xFF\x80M"), std::string("MD")}) {
+    form.linkState.sent("SI\r");
+    form.linkState.received(text);
+    EXPECT_EQ(now(), waiting) << text;
+  }
+  form.linkState.received("00\r");
+  EXPECT_EQ(now(), "live: Connected to BC895XLT on ttyUSB0");
 }
 
 TEST_F(LinkStateTest, IsNotLiveWhileTheLineOnlyHums) {

@@ -3,11 +3,12 @@
 #include <QAbstractItemView>
 #include <QContextMenuEvent>
 #include <QFileInfo>
-#include <QInputDialog>
 #include <QMenu>
+#include <QPointer>
 #include <algorithm>
 
-#include "desktop/windows/calm_wheel.h"
+#include "desktop/ports/plain_dialogs.h"
+#include "desktop/windows/device_box.h"
 #include "desktop/windows/plain_text.h"
 
 namespace tarnvex::desktop {
@@ -26,7 +27,7 @@ bool sameDevice(const QString& one, const QString& other) {
 }  // namespace
 
 ComOption::ComOption(int slot, platform::OptionButton& model, DeviceSlots& devices, Binder& binder)
-    : slot_(slot), model_(model), devices_(devices), gate_(binder.gate()), box_(new QComboBox) {
+    : slot_(slot), model_(model), devices_(devices), gate_(binder.gate()), box_(new DeviceBox) {
   binder.bind(this, model, Binder::Urgency::Leaving);
   box_->setObjectName(QStringLiteral("Device%1").arg(slot));
   box_->setAccessibleName(tr("Device of COM %1").arg(slot));
@@ -34,7 +35,6 @@ ComOption::ComOption(int slot, platform::OptionButton& model, DeviceSlots& devic
   box_->setAccessibleDescription(box_->accessibleName());
   box_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   box_->setMinimumContentsLength(kShownCharacters);
-  calmWheel(box_);
   connect(box_, &QComboBox::activated, this, [this](int index) { activate(index); });
   showDevices();
 }
@@ -90,13 +90,19 @@ void ComOption::showDevices() {
   setAccessibleDescription(box_->currentText());
 }
 
+bool ComOption::leadsTo(const std::string& device) const {
+  const QFileInfo file(devices_.device(slot_));
+  return model_.value() && file.exists() &&
+         (devices_.isNamed(slot_) || file.fileName().toStdString() == device);
+}
+
+/// Queued, since a choice may lead to a message. While that is open, the window may be exchanged,
+/// and the box is still handling its event.
 void ComOption::activate(int index) {
-  if (index < shown_.size()) {
-    choose(shown_[index].path);
-  } else {
-    box_->setCurrentIndex(currentChoice());
-    askForPath();
-  }
+  const auto chosen = index < shown_.size() ? std::optional(shown_[index].path) : std::nullopt;
+  box_->setCurrentIndex(currentChoice());
+  QMetaObject::invokeMethod(
+      this, [this, chosen] { chosen ? choose(*chosen) : askForPath(); }, Qt::QueuedConnection);
 }
 
 void ComOption::contextMenuEvent(QContextMenuEvent* event) {
@@ -122,18 +128,15 @@ void ComOption::openMenu(const QPoint& where) {
   menu->popup(where);
 }
 
-/// Queued, since a port that can't be opened leads to a message. Without the queue, the menu would
-/// be destroyed while its event is still being handled.
+/// Queued for the same reason as in `activate`.
 void ComOption::chooseOn(QAction* action, const QString& path) {
   connect(
       action, &QAction::triggered, this, [this, path] { choose(path); }, Qt::QueuedConnection);
 }
 
 void ComOption::askForPath() {
-  auto* dialog = new QInputDialog(this);
+  auto* dialog = makeInputDialog(text(), tr("Path of the serial device:"), this);
   dialog->setAttribute(Qt::WA_DeleteOnClose);
-  dialog->setWindowTitle(text());
-  dialog->setLabelText(tr("Path of the serial device:"));
   dialog->setTextValue(devices_.device(slot_));
   dialog->resize(dialog->fontMetrics().averageCharWidth() * 60, dialog->sizeHint().height());
   const auto take = [this](const QString& path) {
@@ -146,10 +149,16 @@ void ComOption::askForPath() {
 }
 
 void ComOption::choose(const QString& path) {
-  // The window may have been closed meanwhile.
-  if (!isEnabled()) {
-    return;
-  }
+  // The settings may not be writable. Within the gate, the message about that comes after this.
+  gate_.enter([here = QPointer(this), path] {
+    // The window may have been closed meanwhile.
+    if (here && here->isEnabled()) {
+      here->take(path);
+    }
+  });
+}
+
+void ComOption::take(const QString& path) {
   devices_.setDevice(slot_, path);
   showDevices();
   // If this is the port in use, open its new device at once.

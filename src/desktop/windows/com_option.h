@@ -18,6 +18,9 @@ class ComOption : public QRadioButton {
   [[nodiscard]] QComboBox* deviceBox() const { return box_; }
   /// Devices may have come or gone.
   void showDevices();
+  /// Whether this is the option in use and its device is there: the stored one, or the device of
+  /// that name, which was open before.
+  [[nodiscard]] bool leadsTo(const std::string& device) const;
 
  protected:
   void contextMenuEvent(QContextMenuEvent* event) override;
@@ -39,6 +42,7 @@ class ComOption : public QRadioButton {
   void chooseOn(QAction* action, const QString& path);
   void askForPath();
   void choose(const QString& path);
+  void take(const QString& path);
 
   int slot_;
   platform::OptionButton& model_;

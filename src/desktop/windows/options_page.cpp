@@ -148,10 +148,9 @@ QLabel* makeLinkState(link::LinkState& state, Binder& binder) {
   return label;
 }
 
-/// The four COM options with their devices, from the first row on. They follow the machine's
-/// devices as these come and go.
-void addComOptions(QGridLayout* grid, link::LinkControls& controls, DeviceSlots& devices,
-                   Binder& binder) {
+/// The four COM options with their devices, from the first row on.
+QVector<ComOption*> addComOptions(QGridLayout* grid, link::LinkControls& controls,
+                                  DeviceSlots& devices, Binder& binder) {
   QVector<ComOption*> options;
   for (int slot = 1; slot <= DeviceSlots::kSlots; ++slot) {
     auto& model = *controls.options[static_cast<std::size_t>(slot - 1)];
@@ -159,7 +158,17 @@ void addComOptions(QGridLayout* grid, link::LinkControls& controls, DeviceSlots&
     grid->addWidget(options.back(), slot - 1, 0);
     grid->addWidget(options.back()->deviceBox(), slot - 1, 1);
   }
-  const auto follow = [options] { std::ranges::for_each(options, &ComOption::showDevices); };
+  return options;
+}
+
+/// The options and the state of the line follow the machine's devices as these come and go.
+void followDevices(const QVector<ComOption*>& options, link::LinkState& state, Binder& binder) {
+  const auto follow = [options, &state, &binder] {
+    std::ranges::for_each(options, &ComOption::showDevices);
+    if (std::ranges::any_of(options, [&](const auto* it) { return it->leadsTo(state.device()); })) {
+      binder.gate().enter([&state] { state.deviceIsBack(); });
+    }
+  };
   new DeviceWatcher({QStringLiteral("/dev"), QStringLiteral("/dev/serial/by-id")}, follow,
                     options.front());
 }
@@ -170,7 +179,7 @@ QWidget* makeLinkFrame(link::LinkControls& controls, link::LinkState& state, Dev
                        Binder& binder) {
   auto* frame = new QGroupBox(QObject::tr("COM Port"));
   auto* grid = new QGridLayout(frame);
-  addComOptions(grid, controls, devices, binder);
+  followDevices(addComOptions(grid, controls, devices, binder), state, binder);
   auto* baud = binder.make<QComboBox>(controls.baudBox);
   auto* caption = makeLabel(QObject::tr("Baud Rate"));
   caption->setBuddy(baud);
