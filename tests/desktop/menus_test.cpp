@@ -8,6 +8,7 @@
 
 #include "desktop/window_fixture.h"
 #include "desktop/windows/notices.h"
+#include "platform/version.h"
 #include "trunking/system_type_form.h"
 
 namespace tarnvex::test {
@@ -117,9 +118,10 @@ class MenusOf : public WindowTest<Form> {
                        "&Contents -> help: Tarnvex Help",
                        "&Search -> help: Tarnvex Help",
                        "Copy &Report -> ",
-                       "&About... -> frmAbout: About Tarnvex | Tarnvex | Version: 1.00"
-                       " | Computer Control Software for Uniden Bearcat Trunking Scanners"
-                       " | Scanner:  | Serial No.  | Firmware Ver.  | OK"};
+                       QString("&About... -> frmAbout: About Tarnvex | Tarnvex | Version: %1"
+                               " | Computer Control Software for Uniden Bearcat Trunking Scanners"
+                               " | Scanner:  | Serial No.  | Firmware Ver.  | OK")
+                           .arg(platform::version())};
   }
 
   /// The entries of a menu and what they open. Questions are answered with No.
