@@ -1,26 +1,19 @@
 #include "desktop/report.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QGuiApplication>
+#include <QRegularExpression>
 #include <QStringList>
 #include <QSysInfo>
 
+#include "desktop/ports/device_use.h"
 #include "platform/version.h"
 
 namespace tarnvex::desktop {
 namespace {
 
-QString stateOf(const QString& path) {
-  const QFileInfo file(path);
-  if (!file.exists()) {
-    return QStringLiteral("not there");
-  }
-  return file.isReadable() && file.isWritable() ? QStringLiteral("usable")
-                                                : QStringLiteral("no permission to use it");
-}
-
 QStringList deviceLines(const DeviceSlots& devices) {
+  const DeviceUse use;
   QStringList lines;
   for (int slot = 1; slot <= DeviceSlots::kSlots; ++slot) {
     const QString path = devices.device(slot);
@@ -28,16 +21,29 @@ QStringList deviceLines(const DeviceSlots& devices) {
         devices.isNamed(slot) ? QStringLiteral("chosen") : QStringLiteral("found");
     lines << (path.isEmpty() ? QStringLiteral("COM %1: no device").arg(slot)
                              : QStringLiteral("COM %1: %2 (%3, %4)")
-                                   .arg(QString::number(slot), path, named, stateOf(path)));
+                                   .arg(QString::number(slot), path, named, use.of(path)));
   }
   for (const auto& port : devices.found()) {
-    lines << QStringLiteral("Found: %1, %2").arg(port.title(), port.path);
+    lines << QStringLiteral("Found: %1, %2 (%3)").arg(port.title(), port.path, use.of(port.path));
   }
   return lines;
 }
 
 QString section(const char* heading, const QString& text) {
   return QStringLiteral("\n%1\n%2\n").arg(QLatin1String(heading), text.trimmed());
+}
+
+/// Puts "~" in place of the home folder, but not within the names of other folders.
+QString withoutHome(QString text) {
+  const QString home = QDir::homePath();
+  // Without a home folder, Qt names the root.
+  if (home == QDir::rootPath()) {
+    return text;
+  }
+  const QRegularExpression path(
+      QStringLiteral("(?<![\\w.-])%1(?![\\w-]|\\.\\w)").arg(QRegularExpression::escape(home)),
+      QRegularExpression::UseUnicodePropertiesOption);
+  return text.replace(path, QStringLiteral("~"));
 }
 
 }  // namespace
@@ -55,7 +61,7 @@ QString makeReport(const ReportSources& sources) {
                          section("Devices", deviceLines(sources.devices).join(QLatin1Char('\n'))) +
                          section("Settings", sources.settings.allText()) +
                          section("Traffic", QString::fromLatin1(sources.traffic.text()));
-  return QString(report).replace(QDir::homePath(), QStringLiteral("~"));
+  return withoutHome(report);
 }
 
 }  // namespace tarnvex::desktop

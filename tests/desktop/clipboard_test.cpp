@@ -94,6 +94,7 @@ TEST_F(Bc895Window, TheMenuPutsTheReportOnTheClipboard) {
   desktop::MainWindow reporting(form, gate, devices, [] { return QString("state of the line"); });
   reporting.findChild<QAction*>("copyReport")->trigger();
   EXPECT_EQ(QApplication::clipboard()->text(), "state of the line");
+  EXPECT_TRUE(reporting.findChild<QLabel*>("briefNotice")->text().contains("on the clipboard"));
 }
 
 }  // namespace

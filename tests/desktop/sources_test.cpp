@@ -48,10 +48,13 @@ TEST(Sources, TurnTheEventLoopInOnePlace) {
 }
 
 /// So that no text from a file or the line is taken for markup.
-TEST(Sources, MakeLabelsAndTipsInOnePlace) {
+TEST(Sources, MakeLabelsTipsAndDialogsInOnePlace) {
+  const std::regex dialogs(
+      R"(new Q(Message|Input|Progress)(Box|Dialog)|QMessageBox [a-z]|Q)"
+      R"((MessageBox|InputDialog)::(about|warning|critical|information|question|get)\w*\()");
   const std::regex made(
       R"re(new QLabel|: QLabel\(|setToolTip\((?!\s*(plainTip\(|(QObject::)?tr\((\s*"[^"]*")+\)\)))|)re"
-      R"re(QToolTip::showText\([^;]*arg\(|setHtml\(|setTextFormat\(Qt::(Rich|Auto)Text)re");
+      R"re(QToolTip::showText\((?![^;]*(plainTip\(|tr\(\s*"[^"%]*"\)|[.>]tip,))|setHtml\(|setTextFormat\(Qt::(Rich|Auto)Text)re");
   EXPECT_TRUE(holds("box->setToolTip(name);", made));
   EXPECT_TRUE(holds("box->setToolTip(tr(\"Opens %1\").arg(path));", made));
   EXPECT_FALSE(holds("box->setToolTip(tr(\"Opens\"\n  \" it\"));", made));
@@ -61,6 +64,7 @@ TEST(Sources, MakeLabelsAndTipsInOnePlace) {
         path != "desktop/windows/recording_light.cpp") {
       EXPECT_FALSE(holds(text, made)) << path;
     }
+    EXPECT_EQ(holds(text, dialogs), path == "desktop/ports/plain_dialogs.cpp") << path;
   });
 }
 

@@ -7,7 +7,6 @@
 #include <QScreen>
 #include <QTabBar>
 #include <QTimer>
-#include <QToolTip>
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
@@ -16,6 +15,7 @@
 
 #include "desktop/ports/text.h"
 #include "desktop/windows/accessible_roles.h"
+#include "desktop/windows/brief_notice.h"
 #include "desktop/windows/dialog_window.h"
 #include "desktop/windows/key_tips.h"
 #include "desktop/windows/pages.h"
@@ -157,8 +157,7 @@ void MainWindow::markReception() {
 void MainWindow::copyReport() {
   if (report_) {
     QGuiApplication::clipboard()->setText(report_());
-    QToolTip::showText(mapToGlobal(menuBar()->geometry().bottomLeft()),
-                       tr("The report is on the clipboard. Paste it into your message."), this);
+    tellBriefly(this, tr("The report is on the clipboard. Paste it into your message."));
   }
 }
 

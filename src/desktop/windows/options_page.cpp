@@ -15,6 +15,7 @@
 #include "desktop/ports/device_watcher.h"
 #include "desktop/ports/text.h"
 #include "desktop/windows/box_row.h"
+#include "desktop/windows/brief_notice.h"
 #include "desktop/windows/com_option.h"
 #include "desktop/windows/pages.h"
 #include "desktop/windows/parts.h"
@@ -196,6 +197,12 @@ QWidget* makeLinkFrame(link::LinkControls& controls, link::LinkState& state, Dev
 
 namespace {
 
+void showRecordings(const QString& path, QWidget* window) {
+  if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path))) {
+    tellBriefly(window, QObject::tr("The folder could not be opened: %1").arg(path));
+  }
+}
+
 /// The record box, the button that opens its folder, and a line about what is missing. The line is
 /// at the bottom, so that nothing moves when it appears.
 void addRecording(QVBoxLayout* column, shell::MainForm& form, Binder& binder) {
@@ -208,7 +215,7 @@ void addRecording(QVBoxLayout* column, shell::MainForm& form, Binder& binder) {
   folder->setObjectName(QStringLiteral("showRecordings"));
   folder->setToolTip(plainTip(QObject::tr("Opens the folder %1").arg(path)));
   QObject::connect(folder, &QPushButton::clicked, folder,
-                   [path] { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); });
+                   [folder, path] { showRecordings(path, folder->window()); });
   auto* missing = makeLabel();
   missing->setObjectName(QString::fromStdString(form.recording.missing.name()));
   missing->setWordWrap(true);
