@@ -94,6 +94,17 @@ TEST_F(IdLoopsTest, LetHandlersTalkToTheRadioBetweenTheirExchanges) {
   }
 }
 
+TEST_F(IdLoopsTest, LetTheRecordingsTimeGoOn) {
+  form.panel.Frequency.setCaption("155.1150");
+  form.recording.chkRecord.setValue(true);
+  loop.onTurn(3, [&] {
+    clock.offsetMilliseconds = 7000;
+    gate.enterTimer(form.recording.lightTimer);
+  });
+  search(searched("IDN SB1 005678") + searched("IDN SB1 005678", "MD00"));
+  EXPECT_EQ(form.recording.light.caption(), "REC 0:07");
+}
+
 TEST_F(IdLoopsTest, EndBeforeOthersUseTheLine) {
   const std::string opening = "IDN > IDN; KEY09 > OK; ";
   // The loop's own turns are the second and, in the search, the third.

@@ -104,6 +104,20 @@ TEST_F(ComOptionTest, TakesAPathThatIsTyped) {
   EXPECT_EQ(box->currentText(), "7 (not there)");
 }
 
+TEST_F(ComOptionTest, RecognisesTheDeviceThatComesBack) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath("ttyUSB0");
+  found = {{path, path, ""}};
+  EXPECT_FALSE(option->leadsTo("ttyUSB0"));
+  QFile(path).open(QIODevice::WriteOnly);
+  EXPECT_TRUE(option->leadsTo("ttyUSB0"));
+  EXPECT_FALSE(option->leadsTo("ttyUSB1")) << "any other device that is there";
+  devices.setDevice(1, path);
+  EXPECT_TRUE(option->leadsTo("ttyUSB1")) << "the same adapter under another name";
+  model.setValue(false);
+  EXPECT_FALSE(option->leadsTo("ttyUSB0"));
+}
+
 TEST_F(ComOptionTest, MayGoWhileAMessageAboutTheSettingsIsOpen) {
   settings.onSave = [&] {
     EXPECT_TRUE(gate.busy()) << "the form below must stay until this is over";
