@@ -142,5 +142,12 @@ TEST(StartWithoutARadio, LeadsToTheOtherWindowAndConnectCorrectsIt) {
   EXPECT_EQ(rig.silences, 0) << "a missing port stays closed without a message";
 }
 
+TEST(StartWithAStrayByte, LeavesTheSplashInTime) {
+  ProgramRig rig;
+  rig.radio.say("cut 2");
+  rig.play({{"the right window", rig.bc895("Frequency: Scanning")}});
+  EXPECT_EQ(rig.silences, 0);
+}
+
 }  // namespace
 }  // namespace tarnvex::test

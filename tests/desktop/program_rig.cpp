@@ -80,6 +80,7 @@ void ProgramRig::look() {
   seen_ = shown;
   if (form() != watched_ && form() != nullptr) {
     watched_ = form();
+    ++mainWindows;
     connections_.push_back(form()->Scantimer.finished.connect([this] { ++ticks_; }));
   }
   if (at_ >= steps_.size() || acting_) {

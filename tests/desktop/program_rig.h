@@ -70,6 +70,8 @@ class ProgramRig {
   int stepMilliseconds = 20000;
   /// The number of notices of silence in the whole run.
   int silences = 0;
+  /// The number of main windows that have opened.
+  int mainWindows = 0;
 
   QTemporaryDir folder;
   RadioProcess radio;
