@@ -34,7 +34,7 @@ class IniSettings : public platform::SettingsStore {
   std::function<void(const std::string& description)> onFailure;
 
  private:
-  [[nodiscard]] platform::Failure read(std::string& content) const;
+  platform::Failure read(std::string& content) const;
   platform::Failure saveAll();
 
   files::FileCalls machineCalls_;
