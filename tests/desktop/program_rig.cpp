@@ -74,7 +74,7 @@ void ProgramRig::play(std::vector<Step> steps) {
 
 void ProgramRig::look() {
   QMessageBox* shown = box();
-  if (shown != seen_ && shown != nullptr && boxIsOpen("Scanner Not Responding")) {
+  if (shown != seen_ && shown != nullptr && boxStands("Scanner Not Responding")) {
     ++silences;
   }
   seen_ = shown;
@@ -152,7 +152,7 @@ QMessageBox* ProgramRig::box() const {
   return visibleWindow<QMessageBox>();
 }
 
-bool ProgramRig::boxIsOpen(const char* title) const {
+bool ProgramRig::boxStands(const char* title) const {
   return box() != nullptr && box()->windowTitle() == QLatin1String(title);
 }
 
@@ -173,7 +173,7 @@ std::function<bool()> ProgramRig::panelShows(const std::string& line) {
 }
 
 std::function<bool()> ProgramRig::boxShows(const char* title) {
-  return [this, title] { return boxIsOpen(title); };
+  return [this, title] { return boxStands(title); };
 }
 
 std::function<bool()> ProgramRig::polled() {

@@ -53,7 +53,7 @@ class ProgramRig {
   /// Whether the panel of either radio, as text, has this line.
   [[nodiscard]] bool shows(const std::string& line) const;
   [[nodiscard]] QMessageBox* box() const;
-  [[nodiscard]] bool boxIsOpen(const char* title) const;
+  [[nodiscard]] bool boxStands(const char* title) const;
   void press(QMessageBox::StandardButton button) const;
   void connectAgain() const;
 
