@@ -12,7 +12,7 @@
 #include "desktop/ports/timer_driver.h"
 #include "desktop/ports/wall_clock.h"
 #include "desktop/windows/qt_windows.h"
-#include "desktop/windows/readable_selection.h"
+#include "desktop/windows/readable_palette.h"
 #include "files/backup_folder.h"
 #include "files/posix_files.h"
 #include "link/traffic_log.h"
@@ -56,7 +56,7 @@ class Program : private platform::NonCopyable {
   SqliteReceptionStore receptionStore{directory, gate};
   monitor::ReceptionLog receptions{{receptionStore, state, settings, dialogs, clock}};
   TimerDriver receptionTimer{receptions.Timer1, gate};
-  const ReadableSelection readableSelection;
+  const ReadablePalette readablePalette;
   QtWindows windows{loop, gate, devices, settings, [this] { return report(); }};
   shell::Application application{
       {state, gate, makePort, dialogs, settings, clock, link, fileStore,

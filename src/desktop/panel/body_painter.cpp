@@ -19,7 +19,7 @@ void paintCase(QPainter& painter, const QRectF& body, double radius) {
   painter.drawRoundedRect(body, radius, radius);
   // The light from above: a wide soft glow on the upper half, and a bright upper edge.
   QRadialGradient glow(QPointF(body.center().x(), body.top()), body.width() * 0.55);
-  glow.setColorAt(0, style::withAlpha(style::kLight, 22));
+  glow.setColorAt(0, style::withAlpha(style::kLight, 16));
   glow.setColorAt(1, style::withAlpha(style::kLight, 0));
   painter.setPen(Qt::NoPen);
   painter.setBrush(glow);

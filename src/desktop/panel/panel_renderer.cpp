@@ -16,8 +16,8 @@ namespace {
 
 /// How much is left of the glass's colour while it isn't lit, and of the contrast of the text on
 /// it.
-constexpr double kUnlitColour = 0.14;
-constexpr double kUnlitInk = 0.5;
+constexpr double kUnlitColour = 0.12;
+constexpr double kUnlitInk = 0.66;
 
 }  // namespace
 

@@ -6,13 +6,13 @@
 /// The colours of the drawn radios. The light comes from above the panel, a little in front.
 namespace tarnvex::desktop::style {
 
-inline const QColor kBodyTop{0x4a, 0x4d, 0x52};
+inline const QColor kBodyTop{0x3f, 0x42, 0x47};
 inline const QColor kBodyMiddle{0x35, 0x37, 0x3b};
 inline const QColor kBodyBottom{0x26, 0x28, 0x2b};
 inline const QColor kEdge{0x12, 0x13, 0x15};
 inline const QColor kLight{0xff, 0xff, 0xff};  // used with low alpha
-inline const QColor kPrint{0xc9, 0xcc, 0xd0};
-inline const QColor kPrintQuiet{0xa6, 0xaa, 0xb0};
+inline const QColor kPrint{0xdc, 0xde, 0xe1};
+inline const QColor kPrintQuiet{0xc0, 0xc4, 0xc9};
 inline const QColor kSeat{0x17, 0x18, 0x1a};
 inline const QColor kKeyTop{0x5e, 0x62, 0x69};
 inline const QColor kKeyBottom{0x47, 0x4a, 0x50};
