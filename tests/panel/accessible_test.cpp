@@ -1,6 +1,8 @@
 #include <QAccessible>
 #include <QAccessibleActionInterface>
+#include <QDeadlineTimer>
 #include <QTest>
+#include <QTimer>
 
 #include "panel_fixture.h"
 
@@ -57,8 +59,8 @@ TEST_F(Accessible, HandheldReadsItsMarksAsBanks) {
 
 TEST_F(Accessible, KeysAreNamedButtonsThatCanBePressed) {
   QAccessibleInterface* face = reader();
-  ASSERT_EQ(face->childCount(), 42) << "the keys and the knob";
-  EXPECT_EQ(face->child(42), nullptr);
+  ASSERT_EQ(face->childCount(), 43) << "the keys, the knob and the announcement";
+  EXPECT_EQ(face->child(43), nullptr);
   EXPECT_EQ(face->child(29)->text(QAccessible::Name), "Enter");
   EXPECT_EQ(face->child(34)->text(QAccessible::Name), "Bank E");
   QAccessibleInterface* scan = face->child(10);
@@ -92,6 +94,33 @@ TEST_F(Accessible, TheKnobIsASliderThatTurnsByOneStep) {
     EXPECT_EQ(shown.takeLog().join(' ').toStdString(), std::string("knob press ") + button);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !shown.takeLog().isEmpty(); })) << "comes up";
   }
+}
+
+TEST_F(Accessible, TellsWhatIsReceivedButNotWhatASearchPasses) {
+  panel.findChild<QTimer*>()->setInterval(100);
+  QAccessibleInterface* notice = reader()->child(42);
+  EXPECT_EQ(notice->role(), QAccessible::Notification);
+  const auto tells = [&](const char* text) {
+    return QTest::qWaitFor([&, lit = false]() mutable {
+      // A flickering indicator doesn't put it off.
+      panel.setElement("Sig(0)", "", lit = !lit);
+      return notice->text(QAccessible::Name) == text;
+    });
+  };
+  panel.setElement("Frequency", "155.1150", true);
+  panel.setElement("Alpha", "Fire dispatch", true);
+  EXPECT_TRUE(notice->state().invisible) << "not at once";
+  EXPECT_TRUE(tells("Frequency 155.1150 Fire dispatch"));
+  panel.setElement("Alpha", "", false);
+  for (const QDeadlineTimer searching(300); !searching.hasExpired();) {
+    panel.setElement("Frequency", QString::number(searching.remainingTimeNSecs() / 1e6), true);
+    QCoreApplication::processEvents();
+    ASSERT_EQ(notice->text(QAccessible::Name), "Frequency 155.1150 Fire dispatch");
+  }
+  panel.setElement("Frequency", "460.1250", true);
+  EXPECT_TRUE(tells("Frequency 460.1250"));
+  panel.setLive(false);
+  EXPECT_TRUE(tells("Not live"));
 }
 
 }  // namespace

@@ -150,6 +150,7 @@ PanelLayout bc245Layout() {
   layout.bodyRadius = 24;
   layout.bezel = kBezel;
   layout.glass = kGlass;
+  layout.spare = {kLine + 64, kWordsMiddle - 2, kLineEnd - kLine - 166, 14};
   layout.displayColour = QColor(0xa3, 0xb0, 0x96);
   layout.lightColour = QColor(0xff, 0xb2, 0x4d);
   layout.keyLetters = 11;

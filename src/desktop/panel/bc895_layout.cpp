@@ -200,6 +200,7 @@ PanelLayout bc895Layout() {
   layout.bodyRadius = 16;
   layout.bezel = kBezel;
   layout.glass = kGlass;
+  layout.spare = {kLine + 128, kWordsLow - 2, kLineEnd - kLine - 220, 16};
   layout.displayColour = QColor(255, 255, 128);
   layout.lightColour = layout.displayColour;
   layout.keys = keys();

@@ -5,6 +5,10 @@
 namespace tarnvex::desktop {
 namespace {
 
+QString notLive() {
+  return QStringLiteral("Not live");
+}
+
 QString mainLine(const QString& text) {
   const bool frequency = !text.isEmpty() && text[0].isDigit() && text.contains(QLatin1Char('.'));
   return frequency ? QStringLiteral("Frequency %1").arg(text) : text;
@@ -57,7 +61,7 @@ QString readDisplay(const PanelLayout& layout, const FrontState& state) {
     }
   }
   QStringList parts = reading.parts;
-  parts.prepend(state.live ? QString() : QStringLiteral("Not live"));
+  parts.prepend(state.live ? QString() : notLive());
   if (!reading.banks.isEmpty()) {
     parts.append(QStringLiteral("bank ") + reading.banks.join(QLatin1Char(' ')));
   }
@@ -69,6 +73,9 @@ QString readDisplay(const PanelLayout& layout, const FrontState& state) {
 }
 
 QString readReception(const PanelLayout& layout, const FrontState& state) {
+  if (!state.live) {
+    return notLive();
+  }
   QStringList parts;
   for (int i = 0; i < layout.elements.size(); ++i) {
     const DisplayElement& element = layout.elements[i];

@@ -8,7 +8,7 @@ namespace tarnvex::desktop {
 /// dispatch, channel 12, SCAN, bank A B".
 QString readDisplay(const PanelLayout& layout, const FrontState& state);
 /// What is being received, in words: only the lines of text, without the indicators that come and
-/// go.
+/// go. "Not live" if the display doesn't show a live radio.
 QString readReception(const PanelLayout& layout, const FrontState& state);
 
 }  // namespace tarnvex::desktop

@@ -11,7 +11,8 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// The panel. Its description is the display in words; its children are the keys and then the knob.
+/// The panel. Its description is the display in words; its children are the keys, the knob and what
+/// is announced.
 class PanelAccessible : public QAccessibleWidget {
  public:
   explicit PanelAccessible(RadioPanel* panel)
@@ -22,6 +23,7 @@ class PanelAccessible : public QAccessibleWidget {
     if (panel->layoutData().knob) {
       parts_.append(QAccessible::registerAccessibleInterface(makeKnobAccessible(panel)));
     }
+    parts_.append(QAccessible::registerAccessibleInterface(makeNoticeAccessible(panel)));
   }
   Q_DISABLE_COPY_MOVE(PanelAccessible)
 
@@ -77,8 +79,29 @@ void announceKnob(RadioPanel* panel) {
     return;
   }
   QAccessibleInterface* face = QAccessible::queryAccessibleInterface(panel);
-  QAccessibleValueChangeEvent event(face->child(face->childCount() - 1), panel->knobMark());
+  QAccessibleValueChangeEvent event(face->child(static_cast<int>(panel->layoutData().keys.size())),
+                                    panel->knobMark());
   QAccessible::updateAccessibility(&event);
+}
+
+/// A screen reader speaks a notification when it is shown. The other events make it forget the
+/// texts that it has kept.
+void announceReception(RadioPanel* panel) {
+  if (!QAccessible::isActive()) {
+    return;
+  }
+  const auto tell = [](QAccessibleInterface* of, QAccessible::Event what) {
+    QAccessibleEvent event(of, what);
+    QAccessible::updateAccessibility(&event);
+  };
+  QAccessibleInterface* face = QAccessible::queryAccessibleInterface(panel);
+  QAccessibleInterface* notice = face->child(face->childCount() - 1);
+  tell(face, QAccessible::DescriptionChanged);
+  tell(notice, QAccessible::ObjectHide);
+  tell(notice, QAccessible::NameChanged);
+  if (!panel->announcement().isEmpty()) {
+    tell(notice, QAccessible::ObjectShow);
+  }
 }
 
 void announceKeyFocus(RadioPanel* panel, int keyIndex) {

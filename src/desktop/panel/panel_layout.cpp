@@ -51,6 +51,7 @@ PanelLayout displayOnly(const PanelLayout& layout) {
   only.size = layout.bezel.size();
   only.bezel.moveTopLeft({0, 0});
   only.glass.translate(-origin);
+  only.spare.translate(-origin);
   for (DisplayElement& element : only.elements) {
     element.rect.translate(-origin);
   }

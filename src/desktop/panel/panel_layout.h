@@ -101,6 +101,7 @@ struct PanelLayout {
   double bodyRadius = 0;
   QRectF bezel;            ///< The dark frame around the display.
   QRectF glass;            ///< The lit display itself.
+  QRectF spare;            ///< A part of the glass where nothing of the radio's is drawn.
   QColor displayColour;    ///< Initial back colour of the display.
   QColor lightColour;      ///< Back colour with the light on. The same if it is always on.
   double keyLetters = 10;  ///< Letter height of a one-line key label, in units.

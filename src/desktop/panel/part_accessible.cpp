@@ -137,7 +137,33 @@ class KnobAccessible : public PartAccessible, public QAccessibleValueInterface {
   [[nodiscard]] QRect place() const override { return panel().knobRect(); }
 };
 
+class NoticeAccessible : public PartAccessible {
+ public:
+  using PartAccessible::PartAccessible;
+
+  [[nodiscard]] QString text(QAccessible::Text kind) const override {
+    return isValid() && kind == QAccessible::Name ? panel().announcement() : QString();
+  }
+  [[nodiscard]] QAccessible::Role role() const override { return QAccessible::Notification; }
+  [[nodiscard]] QAccessible::State state() const override {
+    QAccessible::State state = PartAccessible::state();
+    state.invisible = state.invisible || panel().announcement().isEmpty();
+    return state;
+  }
+  void* interface_cast(QAccessible::InterfaceType /*type*/) override { return nullptr; }
+
+  [[nodiscard]] QStringList actionNames() const override { return {}; }
+  void doAction(const QString& /*name*/) override {}
+
+ protected:
+  [[nodiscard]] QRect place() const override { return {}; }
+};
+
 }  // namespace
+
+QAccessibleInterface* makeNoticeAccessible(RadioPanel* panel) {
+  return new NoticeAccessible(panel);
+}
 
 QAccessibleInterface* makeKeyAccessible(RadioPanel* panel, int keyIndex) {
   return new KeyAccessible(panel, keyIndex);

@@ -8,8 +8,8 @@ namespace tarnvex::desktop {
 
 class RadioPanel;
 
-/// What the keys and the knob of a RadioPanel have in common for assistive technology: they are
-/// drawn, so none of them is a widget. The panel's interface creates them and owns them through
+/// What the parts of a RadioPanel have in common for assistive technology: none of them is a
+/// widget. The panel's interface creates them and owns them through
 /// Qt's registry. They do no harm once the panel is gone.
 class PartAccessible : public QAccessibleInterface, public QAccessibleActionInterface {
  public:
@@ -45,5 +45,8 @@ QAccessibleInterface* makeKeyAccessible(RadioPanel* panel, int keyIndex);
 /// The knob: a slider whose value is its mark. Raising the value, by whatever amount, turns the
 /// knob up by one step; lowering it turns the knob down.
 QAccessibleInterface* makeKnobAccessible(RadioPanel* panel);
+
+/// What the panel announces: a notification whose name is the announcement.
+QAccessibleInterface* makeNoticeAccessible(RadioPanel* panel);
 
 }  // namespace tarnvex::desktop

@@ -1,6 +1,5 @@
 #include "desktop/panel/radio_panel.h"
 
-#include <QAccessible>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QTimer>
@@ -18,7 +17,7 @@ namespace tarnvex::desktop {
 namespace {
 
 constexpr double kLeastScale = 0.62;
-/// A reception is announced to screen readers after it has lasted for this long.
+/// What is received is announced to screen readers after it has stayed the same for this long.
 constexpr int kCalmMilliseconds = 700;
 
 }  // namespace
@@ -44,6 +43,7 @@ RadioPanel::RadioPanel(const PanelLayout& layout, QWidget* parent)
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
+  addAnnouncements();
   // This comes first: setting the name may already ask for the interface, and Qt keeps that one.
   installPanelAccessibility();
   setAccessibleName(layout.model);
@@ -69,7 +69,9 @@ void RadioPanel::setElement(const QString& name, const QString& text, bool visib
     return;
   }
   update(renderer_->widgetRect(what.rect, kElementMargin));
-  announce();
+  if (!hasOwnShape(what.kind)) {
+    announce();
+  }
 }
 
 void RadioPanel::setMark(int mark, bool lit) {
@@ -125,6 +127,10 @@ const PanelLayout& RadioPanel::layoutData() const {
   return state_->layout;
 }
 
+QString RadioPanel::announcement() const {
+  return state_->announced;
+}
+
 QString RadioPanel::displayText() const {
   return readDisplay(state_->layout, state_->front);
 }
@@ -137,6 +143,11 @@ QRect RadioPanel::keyRect(int keyIndex) const {
 QRect RadioPanel::elementRect(const QString& name) const {
   const int index = state_->elementByName.value(name, kNone);
   return index < 0 ? QRect() : renderer_->widgetRect(state_->layout.elements[index].rect, 0);
+}
+
+QRect RadioPanel::spareRect() const {
+  renderer_->setGeometry(size(), devicePixelRatioF());
+  return renderer_->widgetRect(state_->layout.spare, 0);
 }
 
 QRect RadioPanel::knobRect() const {
@@ -233,22 +244,26 @@ void RadioPanel::setFocusRing(bool shown) {
   updateKey(state_->front.focusKey);
 }
 
-/// Announces a new reception to screen readers, once it has lasted for a moment. Does nothing if
-/// there are none.
-void RadioPanel::announce() {
-  if (state_->announcing || !QAccessible::isActive()) {
-    return;
-  }
-  state_->announcing = true;
-  QTimer::singleShot(kCalmMilliseconds, this, &RadioPanel::tellReception);
+void RadioPanel::addAnnouncements() {
+  state_->settling = new QTimer(this);
+  state_->settling->setSingleShot(true);
+  state_->settling->setInterval(kCalmMilliseconds);
+  connect(state_->settling, &QTimer::timeout, this, &RadioPanel::tellReception);
 }
 
-void RadioPanel::tellReception() {
-  state_->announcing = false;
+/// Announces what is received to screen readers, once it has lasted for a moment. So the
+/// frequencies that a search passes aren't announced.
+void RadioPanel::announce() {
   const QString received = readReception(state_->layout, state_->front);
-  if (std::exchange(state_->announced, received) != received) {
-    QAccessibleEvent event(this, QAccessible::DescriptionChanged);
-    QAccessible::updateAccessibility(&event);
+  if (std::exchange(state_->received, received) != received) {
+    state_->settling->start();
+  }
+}
+
+/// While the small window is shown, the main window's panel is silent.
+void RadioPanel::tellReception() {
+  if (isVisible() && std::exchange(state_->announced, state_->received) != state_->received) {
+    announceReception(this);
   }
 }
 

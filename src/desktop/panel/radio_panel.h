@@ -56,11 +56,14 @@ class RadioPanel : public QWidget {
   /// The display in words: "Frequency 155.1150, Fire dispatch, SCAN, bank A B". This is also the
   /// accessible description.
   [[nodiscard]] QString displayText() const;
+  /// What screen readers were told last.
+  [[nodiscard]] QString announcement() const;
 
   /// Where things are now, in widget coordinates. Empty for what doesn't exist.
   [[nodiscard]] QRect keyRect(int keyIndex) const;
   [[nodiscard]] QRect elementRect(const QString& name) const;
   [[nodiscard]] QRect knobRect() const;
+  [[nodiscard]] QRect spareRect() const;
 
   /// The key that has the keyboard focus, or gets it when the panel gets it. -1 if there are no
   /// keys.
@@ -116,6 +119,7 @@ class RadioPanel : public QWidget {
   void setFocusRing(bool shown);
   void updateKey(int keyIndex);
   void showTip(const QPoint& where, const QPoint& onScreen);
+  void addAnnouncements();
   void announce();
   void tellReception();
 

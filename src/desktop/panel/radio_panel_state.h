@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QHash>
+#include <QTimer>
 #include <QVector>
 
 #include "desktop/panel/panel_renderer.h"
@@ -27,7 +28,9 @@ struct RadioPanel::State {
   FrontState front;
   QVector<Held> held;
   int focusKey = kNone;
-  bool announcing = false;
+  /// Runs while the reception hasn't lasted long enough to be announced.
+  QTimer* settling = nullptr;
+  QString received;
   QString announced;
 };
 
