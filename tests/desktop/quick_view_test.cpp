@@ -83,6 +83,32 @@ TEST_P(QuickViewTest, ShowsTheSameInTheMainWindowsPlace) {
   EXPECT_EQ(rig.program.settings.getSetting(GetParam() ? "BC245" : "BC895", "QVLeft", ""), "600");
 }
 
+TEST_P(QuickViewTest, FitsTheScreenThatIsThere) {
+  const std::string section = GetParam() ? "BC245" : "BC895";
+  rig.program.settings.saveSetting(section, "QVSize", "3000 2000");
+  rig.program.settings.saveSetting(section, "QVLeft", "6000");
+  rig.play({
+      {"scanning", rig.panelShows("Frequency: Scanning"), [&] { choose(); }},
+      {"the small window", [&] { return open(); },
+       [&] {
+         const QRect room = small()->screen()->availableGeometry();
+         // The frame has thin sides.
+         EXPECT_TRUE(room.adjusted(0, 0, 4, 4).contains(small()->geometry()));
+         // The light stays where the radio's display has nothing.
+         auto& light = *small()->findChild<QLabel*>("recordingLight");
+         light.setText("REC 12:34");
+         for (const QSize& size : {small()->minimumSize(), QSize(600, 500)}) {
+           small()->resize(size);
+           QCoreApplication::sendPostedEvents();
+           light.adjustSize();
+           EXPECT_TRUE(display(small())->spareRect().contains(light.geometry())) << size.width();
+         }
+         small()->close();
+       }},
+      {"the main window", [&] { return closed(); }},
+  });
+}
+
 TEST_P(QuickViewTest, ClosesWhenTheRadioIsExchanged) {
   rig.play({
       {"scanning", rig.panelShows("Frequency: Scanning"), [&] { choose(); }},

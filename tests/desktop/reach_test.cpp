@@ -86,9 +86,15 @@ TEST_F(Bc895Window, PanelShowsTipsAndTurnsItsKnobByWheelAndKeys) {
   const auto knobComesUp = [&] {
     return QTest::qWaitFor([&] { return !state.KnobUpHeld && !state.KnobDownHeld; });
   };
-  QTest::keyClick(&panel, Qt::Key_PageUp);
-  EXPECT_TRUE(state.KnobUpHeld);
-  EXPECT_TRUE(knobComesUp());
+  // Wherever letters are typed for the radio, too.
+  for (QWidget* focus : {static_cast<QWidget*>(&panel),
+                         static_cast<QWidget*>(find<QTabWidget>("SSTab1").tabBar())}) {
+    QTest::keyClick(focus, Qt::Key_PageUp);
+    EXPECT_TRUE(state.KnobUpHeld);
+    EXPECT_TRUE(knobComesUp());
+  }
+  QTest::keyClick(&find<QComboBox>("Combo3"), Qt::Key_PageUp);
+  EXPECT_FALSE(state.KnobUpHeld) << "it moves in the list";
   const QPointF knob = panel.knobRect().center();
   QWheelEvent wheel(knob, panel.mapToGlobal(knob), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
                     Qt::NoScrollPhase, false);
@@ -108,6 +114,55 @@ TEST_F(Bc895Window, ARowOfBanksIsOneTabStop) {
   EXPECT_EQ(QApplication::focusWidget()->objectName(), "MSBank(10)");
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
   EXPECT_EQ(QApplication::focusWidget()->objectName(), "MSBank(2)") << "back where it was left";
+}
+
+/// The controls to which Tab leads from the panel, until it comes back there.
+std::string tabOrder(QWidget& panel) {
+  QStringList order;
+  panel.setFocus();
+  do {
+    order << QApplication::focusWidget()->objectName();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  } while (!panel.hasFocus() && order.size() < 60);
+  return order.join(' ').toStdString();
+}
+
+template <class Window>
+void expectTabOrder(Window& window, QTabWidget& tabs, const std::vector<const char*>& orders) {
+  for (int tab = 0; tab < 4; ++tab) {
+    tabs.setCurrentIndex(tab);
+    EXPECT_EQ(tabOrder(window),
+              std::string("panel qt_tabwidget_tabbar ") + orders[static_cast<std::size_t>(tab)]);
+  }
+}
+
+TEST_F(Bc895Window, TabGoesFromThePanelToTheTabsAndThroughThePage) {
+  expectTabOrder(find<desktop::RadioPanel>("panel"), find<QTabWidget>("SSTab1"),
+                 {"Combo3 find MSFlexGrid1", "Combo1 Combo2 find MSFlexGrid2",
+                  "Option1 Device1 Option2 Device2 Option3 Device3 Option4 Device4 Combo4 Command3 "
+                  "Option6 MSBank(0) MSBank(10) chkKeyBeep Check6 chkRecord showRecordings LLimit "
+                  "Ulimit List3 Command4",
+                  "Command1 List1 Command2 List2 chkSkip"});
+}
+
+TEST_F(Bc245Window, TabGoesFromThePanelToTheTabsAndThroughThePage) {
+  expectTabOrder(find<desktop::RadioPanel>("panel"), find<QTabWidget>("SSTab1"),
+                 {"Combo3 find MSFlexGrid1", "Combo4 Combo2 find MSFlexGrid2",
+                  "Option1 Device1 Option2 Device2 Option3 Device3 Option4 Device4 Combo1 Command3 "
+                  "chkKeyBeep chkRecord showRecordings Option6 MSBank(0) LLimit Ulimit List3 "
+                  "Command4 Check1 Check2 Check3 Check4 Check5 Check6 Check7 Option8 Option7",
+                  "Command1 List1 Command2 List2 chkSkip"});
+}
+
+TEST_F(Bc895Window, TipsTellWhatListsLimitsAndTheGreyedOnDo) {
+  const std::map<QString, QString> tips = {
+      {"List1", "click stores"},   {"List2", "click stores"},   {"List3", "right button"},
+      {"LLimit", "29 to 956 MHz"}, {"Ulimit", "29 to 956 MHz"}, {"Option5", "Tick one first"}};
+  for (const auto& [name, tip] : tips) {
+    EXPECT_TRUE(find<QWidget>(name).toolTip().contains(tip)) << name.toStdString();
+  }
+  form.multiscan.MSBank[0].userClick();
+  EXPECT_FALSE(find<QWidget>("Option5").toolTip().contains("Tick one first"));
 }
 
 TEST_F(Bc895Window, MenusHaveTheUsualKeysAndHelpKnowsThePage) {

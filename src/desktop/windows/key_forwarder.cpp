@@ -1,5 +1,8 @@
 #include "desktop/windows/key_forwarder.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QScrollBar>
 #include <optional>
 
 #include "desktop/ports/text.h"
@@ -22,6 +25,17 @@ std::optional<char> characterOf(const QKeyEvent& key, const QObject& watched) {
                                                                          : std::nullopt;
 }
 
+/// Whether Page Up and Page Down move something here.
+bool scrolls(const QObject* here) {
+  if (here == nullptr) {
+    return false;
+  }
+  const auto* area = qobject_cast<const QAbstractScrollArea*>(here);
+  return qobject_cast<const QAbstractItemView*>(here) != nullptr ||
+         qobject_cast<const QComboBox*>(here) != nullptr ||
+         (area != nullptr && area->verticalScrollBar()->maximum() > 0) || scrolls(here->parent());
+}
+
 }  // namespace
 
 bool KeyForwarder::eventFilter(QObject* watched, QEvent* event) {
@@ -35,10 +49,22 @@ bool KeyForwarder::eventFilter(QObject* watched, QEvent* event) {
   return event->type() == QEvent::KeyPress && press(*key, *watched);
 }
 
+bool KeyForwarder::turnPage(const QKeyEvent& key, const QObject& watched) {
+  const bool pageKey = key.key() == Qt::Key_PageUp || key.key() == Qt::Key_PageDown;
+  if (!pageKey || (key.modifiers() & ~Qt::KeypadModifier) != 0 || !onPageKey || scrolls(&watched)) {
+    return false;
+  }
+  onPageKey(key.key() == Qt::Key_PageUp);
+  return true;
+}
+
 bool KeyForwarder::press(const QKeyEvent& key, const QObject& watched) {
   // The key has been held down since another window had the focus, such as the small window that it
   // closed.
   if (key.isAutoRepeat() && key.key() != down_) {
+    return true;
+  }
+  if (turnPage(key, watched)) {
     return true;
   }
   const auto character = characterOf(key, watched);

@@ -4,14 +4,12 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QMenuBar>
-#include <QScreen>
 #include <QTabBar>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
 #include <array>
-#include <iterator>
 
 #include "desktop/ports/text.h"
 #include "desktop/windows/accessible_roles.h"
@@ -43,14 +41,10 @@ MainWindow::MainWindow(shell::MainForm& form, platform::EventGate& gate, Report 
 
 void MainWindow::addTabs() {
   setCentralWidget(new QWidget);
-  auto* layout = new QBoxLayout(QBoxLayout::TopToBottom, centralWidget());
-  layout->addWidget(tabs_);
   tabs_->setObjectName(QString::fromStdString(form_.SSTab1.name()));
   tabs_->setAccessibleName(tr("Pages"));
   tabs_->setCornerWidget(new RecordingLight(form_.recordingLight()));
-  // The keyboard controls the radio from the tab strip, so that has the focus at first.
   tabs_->tabBar()->setFocusPolicy(Qt::StrongFocus);
-  tabs_->tabBar()->setFocus();
   tabs_->tabBar()->installEventFilter(keys_);
 }
 
@@ -93,10 +87,17 @@ void MainWindow::addPanel(Form& form, PanelLayout front, QBoxLayout::Direction d
   panel_ = named(new RadioPanel(withTips(std::move(front))), "panel");
   panel_->installEventFilter(keys_);
   panelIsAbove_ = direction == QBoxLayout::TopToBottom;
-  auto* layout = static_cast<QBoxLayout*>(centralWidget()->layout());
-  layout->setDirection(direction);
-  layout->insertWidget(0, panel_);
-  layout->setStretchFactor(tabs_, 1);
+  // Tab goes the way in which they are added: the panel, the tab strip, the page.
+  auto* layout = new QBoxLayout(direction, centralWidget());
+  layout->addWidget(panel_);
+  layout->addWidget(tabs_, 1);
+  // The keyboard controls the radio from the tab strip, so that has the focus at first.
+  tabs_->tabBar()->setFocus();
+  if (panel_->layoutData().knob) {
+    keys_->onPageKey = [panel = panel_](bool up) {
+      panel->turnKnob(up ? Qt::RightButton : Qt::LeftButton);
+    };
+  }
   panelBinding_ = std::make_unique<PanelBinding>(*panel_, form, binder_.gate());
   panelBinding_->follow(form.linkState);
 }
@@ -199,15 +200,12 @@ LeftWindow MainWindow::left() const {
 /// The frame isn't known before the window is on the screen. Its title bar is assumed to be two
 /// lines high.
 void MainWindow::restorePlace(const WindowMemory& memory, const std::optional<LeftWindow>& before) {
-  std::vector<QRect> screens;
-  std::ranges::transform(QGuiApplication::screens(), std::back_inserter(screens),
-                         &QScreen::availableGeometry);
   const auto stored = memory.place();
   const QMargins title(0, fontMetrics().height() * 2, 0, 0);
   const QMargins frame = before && !before->frame.isNull() ? before->frame : title;
   const QPoint corner = before ? before->topLeft : stored ? stored->topLeft() : QPoint();
   const QRect fitted =
-      fitToScreens(QRect(corner, stored ? stored->size() : size()), screens, frame);
+      fitToScreens(QRect(corner, stored ? stored->size() : size()), availableScreens(), frame);
   if (before || stored) {
     setGeometry(fitted);
   } else {

@@ -13,6 +13,7 @@
 #include "desktop/panel/panel_style.h"
 #include "desktop/ports/text.h"
 #include "desktop/windows/window_exit.h"
+#include "desktop/windows/window_memory.h"
 
 namespace tarnvex::desktop {
 namespace {
@@ -76,14 +77,39 @@ void QuickViewWindow::present() {
   // and a half lines high.
   const int title = fontMetrics().height() * 3 / 2;
   form_.load(toTwips(room.right() + 1, room.bottom() + 1), toTwips(width(), height() + title));
-  QRect place(QPoint(toPixels(form_.place().x), toPixels(form_.place().y)), size());
+  const QPoint stored(toPixels(form_.place().x), toPixels(form_.place().y));
+  QRect place(stored, size());
   if (!onAScreen(place)) {
     place.moveBottomRight(room.bottomRight() - QPoint(0, title));
+  }
+  place = fitToScreens(place, availableScreens(), QMargins(0, 0, 0, title));
+  if (place.topLeft() != stored) {
     form_.userMove(toTwips(place.x(), place.y()));
   }
+  resize(place.size());
   move(place.topLeft());
   show();
   placed_ = true;
+}
+
+void QuickViewWindow::showRecording(const platform::Label& light) {
+  light_ = new RecordingLight(light, this);
+  placeLight();
+}
+
+/// The light grows with the display.
+void QuickViewWindow::placeLight() {
+  const QRect spare = display_->spareRect();
+  if (light_ != nullptr && !spare.isEmpty()) {
+    QFont letters = light_->font();
+    // Room for "REC 12:34".
+    letters.setPixelSize(std::max(std::min(spare.height() * 2 / 3, spare.width() / 7), 1));
+    light_->setFont(letters);
+    const int gap = light_->fontMetrics().averageCharWidth();
+    light_->setContentsMargins(gap, 0, gap, 0);
+    light_->adjustSize();
+    light_->move(spare.center() - light_->rect().center());
+  }
 }
 
 void QuickViewWindow::leaveScreen() {
@@ -123,6 +149,10 @@ void QuickViewWindow::keyPressEvent(QKeyEvent* event) {
 void QuickViewWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   askToClose();
+}
+
+void QuickViewWindow::resizeEvent(QResizeEvent* /*event*/) {
+  placeLight();
 }
 
 void QuickViewWindow::moveEvent(QMoveEvent* /*event*/) {

@@ -20,8 +20,8 @@ class QuickViewWindow : public QWidget {
 
   /// Dims the display while the line isn't live.
   void follow(const link::LinkState& line) { binding_.follow(line); }
-  /// Shows in the corner that a recording is running.
-  void showRecording(const platform::Label& light) { new RecordingLight(light, this); }
+  /// Shows on the display that a recording is running.
+  void showRecording(const platform::Label& light);
   /// Calls the form's load and shows the window at the form's position.
   void present();
   void leaveScreen();
@@ -32,16 +32,19 @@ class QuickViewWindow : public QWidget {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
 
  private:
   void addDisplay();
   void askToClose();
+  void placeLight();
 
   shell::QuickViewForm& form_;
   platform::EventGate& gate_;
   RadioPanel* display_;
   PanelBinding binding_;
+  RecordingLight* light_ = nullptr;
   /// Where the current press began, until it becomes a drag.
   std::optional<QPoint> pressed_;
   bool placed_ = false;

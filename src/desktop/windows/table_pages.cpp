@@ -21,24 +21,26 @@ void addSelector(QHBoxLayout* row, const QString& caption, platform::ComboBox& m
   row->addWidget(box);
 }
 
-QPushButton* makeFindButton(FindBar* bar) {
+QPushButton* makeFindButton() {
   auto* find = named(new QPushButton(QObject::tr("Find...")), "find");
   find->setToolTip(QObject::tr("Finds a channel by its text (Ctrl+F)"));
-  QObject::connect(find, &QPushButton::clicked, bar, &FindBar::open);
   return find;
 }
 
 QWidget* makeTablePage(QHBoxLayout* selectors, PlanTable* table, const QString& spokenName,
                        std::vector<int> searched, const QStringList& emptyTexts) {
   table->setAccessibleName(spokenName);
+  // Added before the table, the button is also before it for the Tab key.
+  auto* find = makeFindButton();
+  selectors->addStretch();
+  selectors->addWidget(find);
   auto* page = new QWidget;
   auto* layout = new QVBoxLayout(page);
   layout->addLayout(selectors);
   layout->addWidget(table);
   auto* bar = new FindBar(*table, std::move(searched), emptyTexts, page);
   layout->addWidget(bar);
-  selectors->addStretch();
-  selectors->addWidget(makeFindButton(bar));
+  QObject::connect(find, &QPushButton::clicked, bar, &FindBar::open);
   return page;
 }
 

@@ -1,8 +1,11 @@
 #include "desktop/windows/window_memory.h"
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <QString>
 #include <QStringList>
 #include <algorithm>
+#include <iterator>
 
 namespace tarnvex::desktop {
 namespace {
@@ -24,6 +27,13 @@ QRect fitToScreens(const QRect& wanted, const std::vector<QRect>& screens, const
   fitted.moveLeft(std::clamp(fitted.left(), room.left(), room.right() + 1 - fitted.width()));
   fitted.moveTop(std::clamp(fitted.top(), room.top(), room.bottom() + 1 - fitted.height()));
   return fitted;
+}
+
+std::vector<QRect> availableScreens() {
+  std::vector<QRect> screens;
+  std::ranges::transform(QGuiApplication::screens(), std::back_inserter(screens),
+                         &QScreen::availableGeometry);
+  return screens;
 }
 
 std::optional<QRect> WindowMemory::place() const {

@@ -15,6 +15,8 @@ namespace tarnvex::desktop {
 /// a frame of this width around it. The screen is the one that shows most of it, or the first one.
 QRect fitToScreens(const QRect& wanted, const std::vector<QRect>& screens,
                    const QMargins& frame = {});
+/// What each of the machine's screens has for windows.
+std::vector<QRect> availableScreens();
 
 /// How the main window of the other radio was left when it was exchanged: its place, not maximised
 /// and without its frame, the frame's width, and whether it was maximised.
