@@ -1,11 +1,14 @@
 // The manual as it is installed: pages, links and pictures.
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QListWidget>
 #include <QRegularExpression>
+#include <QScreen>
+#include <QTest>
 #include <QTextBrowser>
 
 #include "desktop/windows/help_window.h"
@@ -78,6 +81,9 @@ TEST(Help, ShowsEveryPageWithinItsWidth) {
   auto& list = *help.findChild<QListWidget*>("helpPages");
   auto& text = *help.findChild<QTextBrowser*>("helpText");
   EXPECT_EQ(text.source().fileName(), "index.html");
+  EXPECT_LT(help.width(), help.screen()->availableSize().width());
+  EXPECT_LT(help.minimumSizeHint().width(), 600) << "for small screens";
+  help.resize(1200, 700);
   EXPECT_EQ(list.count(), pages().size());
   for (int page = 0; page < list.count(); ++page) {
     list.setCurrentRow(page);
@@ -87,9 +93,19 @@ TEST(Help, ShowsEveryPageWithinItsWidth) {
   auto& search = *help.findChild<QLineEdit*>("helpSearch");
   search.setText("search skip");
   ASSERT_EQ(list.count(), 1);
-  list.setCurrentRow(0);
-  EXPECT_EQ(text.documentTitle(), "Searching");
-  EXPECT_EQ(text.textCursor().selectedText().toLower(), "search");
+  // A click opens the line's page also if a link has led away from it.
+  for (const char* before : {"index.html", "plan.html"}) {
+    text.setSource(QUrl(before));
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
+                      list.visualItemRect(list.item(0)).center());
+    EXPECT_EQ(text.documentTitle(), "Searching");
+    EXPECT_EQ(text.textCursor().selectedText().toLower(), "search");
+    EXPECT_EQ(text.textCursor().selectionStart(),
+              text.toPlainText().indexOf("search", 0, Qt::CaseInsensitive));
+  }
+  QApplication::setActiveWindow(&help);
+  QTest::keyClick(&list, Qt::Key_W, Qt::ControlModifier);
+  EXPECT_FALSE(help.isVisible());
 }
 
 }  // namespace

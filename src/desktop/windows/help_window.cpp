@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QRegularExpression>
+#include <QScreen>
+#include <QShortcut>
 #include <QSplitter>
 #include <QStyle>
 #include <QTextDocument>
@@ -50,10 +52,8 @@ HelpWindow::HelpWindow(const QString& folder)
   list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   text_->setAccessibleName(tr("Page of the manual"));
   text_->setOpenExternalLinks(false);
-  text_->setMinimumWidth(kPictureWidth + static_cast<int>(text_->document()->documentMargin()) * 2 +
-                         text_->frameWidth() * 2 +
-                         text_->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
   layOut();
+  addKeys();
   colourLinks();
   readPages();
   listPages();
@@ -62,6 +62,19 @@ HelpWindow::HelpWindow(const QString& folder)
   // A click opens the page even if its line is the current one, since a link may have led
   // elsewhere.
   connect(list_, &QListWidget::itemClicked, this, &HelpWindow::open);
+}
+
+/// The width at which the widest picture of the manual needn't be scrolled.
+int HelpWindow::wholeTextWidth() const {
+  return kPictureWidth + static_cast<int>(text_->document()->documentMargin()) * 2 +
+         text_->frameWidth() * 2 + text_->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+}
+
+void HelpWindow::addKeys() {
+  for (const QKeySequence& key :
+       {QKeySequence(Qt::CTRL | Qt::Key_W), QKeySequence(Qt::Key_Escape)}) {
+    connect(new QShortcut(key, this), &QShortcut::activated, this, &QWidget::close);
+  }
 }
 
 void HelpWindow::layOut() {
@@ -74,12 +87,14 @@ void HelpWindow::layOut() {
   splitter->addWidget(side);
   splitter->addWidget(text_);
   splitter->setStretchFactor(1, 1);
+  splitter->setChildrenCollapsible(false);
   (new QVBoxLayout(this))->addWidget(splitter);
   const QFontMetrics metrics(font());
   const int listWidth = metrics.averageCharWidth() * 36;
-  const int textWidth = std::max(text_->minimumWidth(), metrics.averageCharWidth() * 110);
-  splitter->setSizes({listWidth, textWidth});
-  resize(listWidth + textWidth, metrics.height() * 40);
+  const int textWidth = std::max(wholeTextWidth(), metrics.averageCharWidth() * 110);
+  const QSize wanted(listWidth + textWidth, metrics.height() * 40);
+  resize(wanted.boundedTo(screen()->availableSize() * 0.9));
+  splitter->setSizes({listWidth, width() - listWidth});
 }
 
 void HelpWindow::readPages() {
@@ -137,6 +152,8 @@ void HelpWindow::open(const QListWidgetItem* item) {
   }
   text_->setSource(QUrl(item->data(Qt::UserRole).toString()));
   if (const QString words = search_->text().trimmed(); !words.isEmpty()) {
+    // A click on a line opens its page twice.
+    text_->moveCursor(QTextCursor::Start);
     text_->find(words.section(QLatin1Char(' '), 0, 0));
   }
 }

@@ -10,7 +10,8 @@
 namespace tarnvex::desktop {
 
 /// The manual. The list at the left has all pages, or those that contain the words searched for.
-/// The pages are the HTML files of the help folder, in the order of its `index.html`.
+/// The pages are the HTML files of the help folder, in the order of its `index.html`. Escape and
+/// Ctrl+W close the window.
 class HelpWindow : public QWidget {
  public:
   /// The pages are in `folder`, which by default is the program's help folder.
@@ -35,6 +36,8 @@ class HelpWindow : public QWidget {
   };
 
   void layOut();
+  void addKeys();
+  [[nodiscard]] int wholeTextWidth() const;
   void colourLinks();
   void readPages();
   void listPages();

@@ -182,9 +182,24 @@ void QtWindows::presentDialog(const void* form, DialogWindow* dialog, bool modal
   auto* helpKey = new QShortcut(Qt::Key_F1, dialog);
   QObject::connect(helpKey, &QShortcut::activated, dialog,
                    [this, dialog] { showHelpPage(helpPageOf(dialog->objectName())); });
+  if (!modal) {
+    addExitKey(dialog);
+    QObject::connect(new QShortcut(Qt::CTRL | Qt::Key_W, dialog), &QShortcut::activated, dialog,
+                     &QDialog::reject);
+  }
   // The manual stays usable meanwhile.
   dialog->setWindowModality(modal ? Qt::WindowModal : Qt::NonModal);
   dialog->show();
+}
+
+/// The main window's key works in this window, too.
+void QtWindows::addExitKey(QWidget* window) {
+  QObject::connect(new QShortcut(Qt::CTRL | Qt::Key_Q, window), &QShortcut::activated, window,
+                   [this] {
+                     if (main_) {
+                       main_->close();
+                     }
+                   });
 }
 
 void QtWindows::closeDialog(const void* form) {
@@ -209,6 +224,7 @@ HelpWindow& QtWindows::help() {
   if (!help_) {
     help_ = new HelpWindow;
     help_->setAttribute(Qt::WA_DeleteOnClose);
+    addExitKey(help_);
   }
   return *help_;
 }

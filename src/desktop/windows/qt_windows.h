@@ -67,6 +67,7 @@ class QtWindows : public shell::WindowLayer {
   void showQuickView();
   HelpWindow& help();
   void showHelpPage(const QString& page);
+  void addExitKey(QWidget* window);
   void presentDialog(const void* form, DialogWindow* dialog, bool modal);
   /// The parent for a new dialog: the front dialog, or the main window.
   [[nodiscard]] QWidget* dialogParent() const;
