@@ -2,8 +2,8 @@
 """Reads a program's windows on the accessibility bus, as a screen reader does, and writes down what it finds.
 
 screen_reader.py PID FILE: the tree of the windows that are shown goes into FILE, a line for each object: its role, name and
-actions. Every control that takes the focus must have a name and a role; those without are named on the standard error, and the
-status is 1. scripts/desktop-check runs it.
+actions. Every control that takes the focus must have a name and a role, and every drop-down list a label or a description; those
+without are named on the standard error, and the status is 1. scripts/desktop-check runs it.
 """
 import sys
 import time
@@ -28,6 +28,12 @@ def actions(node):
     return f" [{', '.join(names)}]" if names else ""
 
 
+def has_meaning(node):
+    """A drop-down list is named by what it shows, so what it is for must come from elsewhere."""
+    labels = (one.get_relation_type() for one in node.get_relation_set())
+    return bool(node.get_description()) or Atspi.RelationType.LABELLED_BY in labels
+
+
 def read(node, depth, lines, faults):
     states = node.get_state_set()
     if not states.contains(Atspi.StateType.SHOWING):
@@ -38,6 +44,8 @@ def read(node, depth, lines, faults):
     frame = role == Atspi.Role.FILLER and name == "Pages"
     if states.contains(Atspi.StateType.FOCUSABLE) and not frame and (not name or role in ROLELESS):
         faults.append(lines[-1].strip())
+    if role == Atspi.Role.COMBO_BOX and not has_meaning(node):
+        faults.append(f"{lines[-1].strip()} (which has no label or description)")
     if role not in WHOLE:
         for i in range(node.get_child_count()):
             child = node.get_child_at_index(i)

@@ -41,6 +41,8 @@ QDateTimeEdit* makeTime(const char* name, const QString& spoken) {
 
 QComboBox* makeChoice(const char* name, const QString& spoken, const QStringList& lines) {
   auto* box = named(new QComboBox, name, spoken);
+  // To a screen reader on Linux, a drop-down is named by what it shows.
+  box->setAccessibleDescription(spoken);
   box->addItems(lines);
   return box;
 }

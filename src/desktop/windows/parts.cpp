@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QIcon>
+#include <QToolButton>
 
 #include "desktop/windows/plain_text.h"
 
@@ -11,6 +12,7 @@ QLineEdit* makeSearchLine(const char* name, const QString& placeholder, const QS
   auto* line = named(new QLineEdit, name, spoken);
   line->setPlaceholderText(placeholder);
   line->setClearButtonEnabled(true);
+  line->findChild<QToolButton*>()->setAccessibleName(QObject::tr("Clear"));
   return line;
 }
 
