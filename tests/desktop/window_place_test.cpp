@@ -1,5 +1,7 @@
-// Where main windows open: at a first start, and when the radio is exchanged.
+// Where main windows open: at a first start, and when the radio is exchanged; and what a small
+// screen shows of them.
 #include <QScreen>
+#include <QScrollArea>
 
 #include "desktop/program_rig.h"
 #include "desktop/window_fixture.h"
@@ -96,6 +98,66 @@ TEST(WindowPlaceAtTheExit, IsMissedAloudIfItCantBeSaved) {
                QDir().mkdir(settings);
              }}});
   EXPECT_TRUE(told);
+}
+
+/// Text at 125 %.
+class LargeText {
+ protected:
+  LargeText() : before_(QApplication::font()) {
+    QFont large = before_;
+    large.setPointSizeF(before_.pointSizeF() * 1.25);
+    QApplication::setFont(large);
+  }
+  ~LargeText() { QApplication::setFont(before_); }
+  Q_DISABLE_COPY_MOVE(LargeText)
+
+ private:
+  QFont before_;
+};
+
+template <class Form>
+class SmallScreen : private LargeText, public WindowTest<Form> {
+ protected:
+  void expectAllInReach() {
+    const QSize screen(819, 480);
+    EXPECT_EQ(this->window.minimumSizeHint().expandedTo(screen), screen);
+    this->window.resize(screen);
+    for (int tab = 0; tab < 4; ++tab) {
+      this->openTab(tab);
+      this->loop.turn();
+      for (QWidget* widget : this->window.template findChildren<QWidget*>()) {
+        if (widget->isVisible() && (widget->focusPolicy() & Qt::TabFocus) != 0) {
+          expectInReach(*widget);
+        }
+      }
+    }
+  }
+  /// A page that scrolls may have to be scrolled first.
+  static void expectInReach(QWidget& widget) {
+    QSize whole = widget.size();
+    for (QWidget* around = widget.parentWidget(); around; around = around->parentWidget()) {
+      if (auto* area = qobject_cast<QScrollArea*>(around)) {
+        const QPoint middle = widget.mapTo(area->widget(), widget.rect().center());
+        area->ensureVisible(middle.x(), middle.y(), widget.width() / 2 + 1,
+                            widget.height() / 2 + 1);
+        whole = whole.boundedTo(area->viewport()->size());
+      }
+    }
+    const QSize seen = widget.visibleRegion().boundingRect().size();
+    EXPECT_TRUE(seen == whole && seen.height() > 12)
+        << widget.objectName().toStdString() << ' ' << seen.width() << 'x' << seen.height();
+  }
+};
+
+using SmallBc895 = SmallScreen<shell::Form4>;
+using SmallBc245 = SmallScreen<shell::Form2>;
+
+TEST_F(SmallBc895, HasEveryControlInReach) {
+  expectAllInReach();
+}
+
+TEST_F(SmallBc245, HasEveryControlInReach) {
+  expectAllInReach();
 }
 
 }  // namespace

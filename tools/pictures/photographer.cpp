@@ -42,9 +42,17 @@ void Photographer::look() {
   }
 }
 
-/// Whether the main window has the wanted size. A new window may not have it yet.
-bool Photographer::isSized() const {
+/// Whether the main window has the wanted size. A new window may not have it yet. Ends the program
+/// if the window can't become that small.
+bool Photographer::isSized() {
   auto* window = program_.windows.mainWindow();
+  if (const QSize least = window->minimumSizeHint();
+      whole_.isValid() && least.expandedTo(whole_) != whole_) {
+    std::fprintf(stderr, "%s doesn't fit: it needs %d x %d.\n", qPrintable(window->objectName()),
+                 least.width(), least.height());
+    leave();
+    return false;
+  }
   const QSize manual = isUpright() ? kUpright : QSize(kWidth, kHeight);
   const QSize wanted = (whole_.isValid() ? whole_ : manual).expandedTo(window->minimumSizeHint());
   if (window->size() == wanted) {

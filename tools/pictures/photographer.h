@@ -96,7 +96,7 @@ class Photographer {
   void startReader(const Shot& shot);
   /// Whether the reader is still at the last window. Ends the program if it has found a fault.
   [[nodiscard]] bool isRead();
-  [[nodiscard]] bool isSized() const;
+  [[nodiscard]] bool isSized();
   void leave();
 
   [[nodiscard]] tarnvex::shell::MainForm* form() const { return program_.application.mainForm(); }
