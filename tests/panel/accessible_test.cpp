@@ -107,7 +107,7 @@ TEST_F(Accessible, TellsWhatIsReceivedButNotWhatASearchPasses) {
       return notice->text(QAccessible::Name) == text;
     });
   };
-  panel.setElement("Frequency", "155.1150", true);
+  panel.setElement("Frequency", "155.1150 ", true);
   panel.setElement("Alpha", "Fire dispatch", true);
   EXPECT_TRUE(notice->state().invisible) << "not at once";
   EXPECT_TRUE(tells("Frequency 155.1150 Fire dispatch"));

@@ -86,7 +86,7 @@ QString readReception(const PanelLayout& layout, const FrontState& state) {
       parts.append(textElement(element, state.elements[i].text));
     }
   }
-  return parts.join(QLatin1Char(' '));
+  return parts.join(QLatin1Char(' ')).simplified();
 }
 
 }  // namespace tarnvex::desktop

@@ -1,6 +1,7 @@
 #include "desktop/ports/plan_file_dialog.h"
 
 #include <QFileInfo>
+#include <QLabel>
 
 #include "desktop/ports/plain_dialogs.h"
 #include "desktop/ports/window_in_use.h"
@@ -14,6 +15,11 @@ PlanFileDialog::PlanFileDialog(QWidget* parent) : QFileDialog(parent) {
   // form for opening.
   setOption(DontConfirmOverwrite);
   setFileMode(AnyFile);
+  // For screen readers, which name a drop-down list by what it shows.
+  for (const auto& [label, box] :
+       {std::pair{"lookInLabel", "lookInCombo"}, std::pair{"fileTypeLabel", "fileTypeCombo"}}) {
+    findChild<QLabel*>(QLatin1String(label))->setBuddy(findChild<QWidget*>(QLatin1String(box)));
+  }
 }
 
 void PlanFileDialog::askBeforeReplacing(const QString& own, const QString& kept) {
