@@ -8,7 +8,6 @@
 
 #include "desktop/window_fixture.h"
 #include "desktop/windows/outline_style.h"
-#include "desktop/windows/quick_view_window.h"
 #include "desktop/windows/readable_palette.h"
 
 namespace tarnvex::test {
@@ -208,6 +207,8 @@ class ContrastOf : public WindowTest<Form> {
         .currentWidget()
         ->template findChild<QAbstractButton*>("find")
         ->click();
+    // So that no cursor is in it.
+    this->template find<QTabWidget>("SSTab1").tabBar()->setFocus();
   }
 
   /// The palette changes while the window is shown.
