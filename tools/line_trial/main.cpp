@@ -36,7 +36,9 @@ int help() {
       "too.\n"
       "Nothing is sent into a text without line ends, so the exchange after such a text begins "
       "when\n"
-      "it is over.");
+      "it is over.\n"
+      "A wait without a limit counts as one without an end when nothing has come for five "
+      "seconds.");
   return 2;
 }
 
