@@ -114,6 +114,10 @@ void PlanHistory::end() {
   if (--depth_ > 0) {
     return;
   }
+  if (!recorded_ && file_ != fileBefore_) {
+    // The other file holds the same plan. The steps before belong to the former one.
+    openRecord({tables_[0].table, 1, 1});
+  }
   if (recorded_) {
     done_.back().fileAfter = file_;
     visited_ = typed_;

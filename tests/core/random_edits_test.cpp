@@ -29,6 +29,7 @@ struct Hands : World {
   };
 
   explicit Hands(bool bc895) : key(bc895 ? "BC895" : "BC245") {
+    settings.values[{key, "LastFreqFile"}] = "/a.tvf";
     store.piece = 1 << 16;
     radio.answer = [this](std::string_view command) {
       return std::vector<Piece>{{reply(std::string(command)) + "\r"}};
@@ -85,8 +86,9 @@ struct Hands : World {
       return command + " " + std::to_string(any(100'000, 999'999));
     }
     // Mostly trunking, on a frequency of the plan.
-    const auto frequency = platform::toReal(form->MSFlexGrid1.textMatrix(any(1, 300), 1));
-    return command == "SG"             ? "S020 F" + platform::format(*frequency * 1e4, "00000000")
+    const double frequency =
+        platform::toReal(form->MSFlexGrid1.textMatrix(any(1, 300), 1)).value_or(0);
+    return command == "SG"             ? "S020 F" + platform::format(frequency * 1e4, "00000000")
            : command == "MD"           ? (any(0, 5) == 0 ? "MD00" : "MD12")
            : command.starts_with("PI") ? command + std::to_string(any(0, 9))
                                        : "OK";
@@ -128,13 +130,10 @@ struct Hands : World {
       form->planEditor().undo();
     }
   }
-  void redo() { form->planEditor().redo(); }
   /// The user goes on editing while a transfer waits for the radio.
   void meddle() {
-    constexpr void (Hands::*kEdits[])() = {&Hands::type,  &Hands::move, &Hands::paste,
-                                           &Hands::clear, &Hands::undo, &Hands::redo};
     if (meddles && any(0, 30) == 0) {
-      (this->*kEdits[any(0, 5)])();
+      kOperations[static_cast<std::size_t>(any(0, 5))].act();
     }
   }
   void import() {
@@ -173,15 +172,16 @@ struct Hands : World {
     dialogs.answers.clear();
   }
 
+  /// The first six also come while a transfer waits.
   const std::vector<Operation> kOperations = {
       {[this] { type(); }, 500, 0},
       {[this] { move(); }, 200, 0},
-      {[this] { form->Combo2.userChoose(any(0, 9)); }, 10, 0},
-      {[this] { storeHit(); }, 30, 0},
       {[this] { paste(); }, 120, 20},
       {[this] { clear(); }, 40, 10},
       {[this] { undo(); }, 40, 20},
-      {[this] { redo(); }, 20, 10},
+      {[this] { form->planEditor().redo(); }, 20, 10},
+      {[this] { form->Combo2.userChoose(any(0, 9)); }, 10, 0},
+      {[this] { storeHit(); }, 30, 0},
       {[this] { import(); }, 10, 10},
       {[this] { download(&shell::MainForm::mnuDownload); }, 5, 5},
       {[this] { download(&shell::MainForm::mnuOwnloadTrunk); }, 5, 5},
@@ -236,10 +236,6 @@ TEST(RandomEdits, AreUndoneAndRedoneByteForByte) {
       ASSERT_TRUE(seen(step - 1) == steps[step - 1]) << step;
     }
     EXPECT_EQ(step, 0U);
-    for (; editor.undo(); ++step) {
-      ASSERT_TRUE(seen(step + 1) == steps[step + 1]) << step;
-    }
-    EXPECT_TRUE(user.bytes() == start);
   }
 }
 
@@ -249,7 +245,14 @@ TEST(RandomEdits, LeaveAPlanThatCountsAsSavedInItsFile) {
     Hands user(bc895);
     user.meddles = false;
     for (int round = 0; round < 250; ++round) {
+      const auto before = user.store.files;
+      user.backups.kept.clear();
       user.act(&Hands::Operation::oftenAmongMarking);
+      for (const auto& [path, old] : before) {
+        EXPECT_TRUE(user.store.files[path] == old ||
+                    std::ranges::count(user.backups.kept, std::pair(path, old)) == 1)
+            << path << " was replaced without a backup";
+      }
       std::string saved = user.store.files[user.file()];
       std::string plan = user.bytes();
       // The cursor writes "-----" into blank IDs.

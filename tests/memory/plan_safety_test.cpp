@@ -67,6 +67,21 @@ TEST(PlanSafety, TwoProgramsOnOneFileLoseNeithersPlan) {
   EXPECT_EQ(mine.backups.kept.size(), 1U) << "the same bytes need no copy";
 }
 
+TEST(PlanSafety, OpeningAnotherFileWithTheSamePlanIsAStep) {
+  FileFixture on;
+  on.store.files["copy.tvf"] = on.store.files["backup.tvf"] = fullFile("\r\n");
+  on.startWith("a.tvf", clearedFile());
+  on.backupDialog.choices = {"backup.tvf"};
+  on.Dlg1.choices = {"copy.tvf"};
+  on.dialogs.answers = {Answer::No};
+  on.file.OpenBackup();
+  on.file.OpenPlan();
+  on.plan.history().undo();
+  on.plan.history().undo();
+  EXPECT_EQ(on.window.caption(), "Tarnvex - a.tvf");
+  EXPECT_FALSE(on.state.MemoryModified) << "it is that file's plan";
+}
+
 struct NotSaved {
   const char* name;
   std::function<void(FileFixture&)> prepare;
