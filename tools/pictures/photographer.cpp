@@ -46,20 +46,17 @@ void Photographer::look() {
 /// if the window can't become that small.
 bool Photographer::isSized() {
   auto* window = program_.windows.mainWindow();
-  if (const QSize least = window->minimumSizeHint();
-      whole_.isValid() && least.expandedTo(whole_) != whole_) {
-    std::fprintf(stderr, "%s doesn't fit: it needs %d x %d.\n", qPrintable(window->objectName()),
-                 least.width(), least.height());
-    leave();
-    return false;
-  }
+  const QSize least = window->minimumSizeHint();
   const QSize manual = isUpright() ? kUpright : QSize(kWidth, kHeight);
-  const QSize wanted = (whole_.isValid() ? whole_ : manual).expandedTo(window->minimumSizeHint());
-  if (window->size() == wanted) {
-    return true;
+  const QSize wanted = whole_.isValid() ? whole_ : manual.expandedTo(least);
+  const bool sized = window->size() == wanted;
+  if (least.expandedTo(wanted) != wanted) {
+    std::fprintf(stderr, "A window needs %d x %d.\n", least.width(), least.height());
+    leave();
+  } else if (!sized) {
+    window->resize(wanted);
   }
-  window->resize(wanted);
-  return false;
+  return sized;
 }
 
 void Photographer::take(const Shot& shot) {

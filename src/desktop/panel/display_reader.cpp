@@ -79,10 +79,7 @@ QString readReception(const PanelLayout& layout, const FrontState& state) {
   QStringList parts;
   for (int i = 0; i < layout.elements.size(); ++i) {
     const DisplayElement& element = layout.elements[i];
-    const bool isText = element.kind == ElementKind::MainText ||
-                        element.kind == ElementKind::SegmentText ||
-                        element.kind == ElementKind::Text;
-    if (isText && state.elements[i].lit && !element.silent) {
+    if (!hasOwnShape(element.kind) && state.elements[i].lit && !element.silent) {
       parts.append(textElement(element, state.elements[i].text));
     }
   }

@@ -68,6 +68,11 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
   return panel == nullptr ? nullptr : new PanelAccessible(panel);
 }
 
+void tell(QAccessibleInterface* of, QAccessible::Event what) {
+  QAccessibleEvent event(of, what);
+  QAccessible::updateAccessibility(&event);
+}
+
 }  // namespace
 
 void installPanelAccessibility() {
@@ -90,10 +95,6 @@ void announceReception(RadioPanel* panel) {
   if (!QAccessible::isActive()) {
     return;
   }
-  const auto tell = [](QAccessibleInterface* of, QAccessible::Event what) {
-    QAccessibleEvent event(of, what);
-    QAccessible::updateAccessibility(&event);
-  };
   QAccessibleInterface* face = QAccessible::queryAccessibleInterface(panel);
   QAccessibleInterface* notice = face->child(face->childCount() - 1);
   tell(face, QAccessible::DescriptionChanged);

@@ -49,9 +49,9 @@ PanelLayout displayOnly(const PanelLayout& layout) {
   only.fittings.clear();
   only.body = {};
   only.size = layout.bezel.size();
-  only.bezel.moveTopLeft({0, 0});
-  only.glass.translate(-origin);
-  only.spare.translate(-origin);
+  for (QRectF* place : {&only.bezel, &only.glass, &only.spare}) {
+    place->translate(-origin);
+  }
   for (DisplayElement& element : only.elements) {
     element.rect.translate(-origin);
   }

@@ -6,7 +6,6 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
-#include <QStyle>
 #include <QTextDocument>
 #include <QVBoxLayout>
 
@@ -26,8 +25,9 @@ bool holdsAll(const QString& text, const QStringList& words) {
       words, [&](const QString& word) { return text.contains(word, Qt::CaseInsensitive); });
 }
 
-/// The width of the widest picture in the manual.
-constexpr int kPictureWidth = 732;
+/// At this width of a page, no picture of the manual has to be scrolled. The widest one is 732
+/// pixels wide; the rest is for margins and the scroll bar.
+constexpr int kPageWidth = 780;
 
 }  // namespace
 
@@ -64,12 +64,6 @@ HelpWindow::HelpWindow(const QString& folder)
   connect(list_, &QListWidget::itemClicked, this, &HelpWindow::open);
 }
 
-/// The width at which the widest picture of the manual needn't be scrolled.
-int HelpWindow::wholeTextWidth() const {
-  return kPictureWidth + static_cast<int>(text_->document()->documentMargin()) * 2 +
-         text_->frameWidth() * 2 + text_->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-}
-
 void HelpWindow::addKeys() {
   for (const QKeySequence& key :
        {QKeySequence(Qt::CTRL | Qt::Key_W), QKeySequence(Qt::Key_Escape)}) {
@@ -91,7 +85,7 @@ void HelpWindow::layOut() {
   (new QVBoxLayout(this))->addWidget(splitter);
   const QFontMetrics metrics(font());
   const int listWidth = metrics.averageCharWidth() * 36;
-  const int textWidth = std::max(wholeTextWidth(), metrics.averageCharWidth() * 110);
+  const int textWidth = std::max(kPageWidth, metrics.averageCharWidth() * 110);
   const QSize wanted(listWidth + textWidth, metrics.height() * 40);
   resize(wanted.boundedTo(screen()->availableSize() * 0.9));
   splitter->setSizes({listWidth, width() - listWidth});

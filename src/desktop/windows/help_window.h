@@ -37,7 +37,6 @@ class HelpWindow : public QWidget {
 
   void layOut();
   void addKeys();
-  [[nodiscard]] int wholeTextWidth() const;
   void colourLinks();
   void readPages();
   void listPages();
