@@ -1,4 +1,4 @@
-// Enter and Escape in the dialogs of the real windows.
+// Enter and Escape in the dialogs of the real windows, and the keys that close the other windows.
 #include <QPushButton>
 #include <QTest>
 
@@ -88,6 +88,34 @@ TEST_F(Bc245DialogKeys, TheSystemTypeIsClosedByItsButtonOnly) {
   QTest::keyClick(dialog, Qt::Key_Escape);
   EXPECT_TRUE(dialog->isVisible());
   delete dialog;
+}
+
+class OtherWindows : public testing::Test, protected Below {
+ protected:
+  OtherWindows() {
+    radio.answerAll("ERR");
+    windows.openMain(form);
+    form.load();
+  }
+  ~OtherWindows() override { windows.removeAll(); }
+
+  shell::Form4 form{services, outside};
+};
+
+TEST_F(OtherWindows, HaveTheUsualKeysToo) {
+  form.mnuReceptions();
+  windows.showHelp(shell::HelpView::Contents);
+  for (const char* name : {"frmReceptionLog", "help"}) {
+    SCOPED_TRACE(name);
+    const auto all = QApplication::topLevelWidgets();
+    QWidget* window = *std::ranges::find(all, QLatin1String(name), &QWidget::objectName);
+    QApplication::setActiveWindow(window);
+    dialogs.answers = {platform::Answer::No};
+    QTest::keyClick(window, Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_EQ(dialogs.takeBoxes(), (std::vector<Box>{{"Exit Tarnvex?", "Confirm Exit", 36}}));
+    QTest::keyClick(window, Qt::Key_W, Qt::ControlModifier);
+    EXPECT_FALSE(window->isVisible());
+  }
 }
 
 }  // namespace
