@@ -3,7 +3,11 @@
 
 screen_reader.py PID FILE: the tree of the windows that are shown goes into FILE, a line for each object: its role, name and
 actions. Every control that takes the focus must have a name and a role, and every drop-down list a label or a description; those
-without are named on the standard error, and the status is 1. scripts/desktop-check runs it.
+without are named on the standard error, and the status is 1.
+
+screen_reader.py --listen FILE: what any program announces goes into FILE, until the reader is ended.
+
+scripts/desktop-check runs both.
 """
 import sys
 import time
@@ -12,7 +16,7 @@ import warnings
 import gi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi  # noqa: E402
+from gi.repository import Atspi, GLib  # noqa: E402
 
 # The names of actions have no other call in this version of the library.
 warnings.simplefilter("ignore", DeprecationWarning)
@@ -66,7 +70,25 @@ def program(pid):
     sys.exit(f"screen_reader: process {pid} isn't on the accessibility bus")
 
 
+def listen(path):
+    """Writes down what is announced, until it is ended."""
+    with open(path, "w", buffering=1, encoding="utf-8") as file:
+
+        def shown(event):
+            try:
+                if event.detail1 and event.source.get_role() == Atspi.Role.NOTIFICATION:
+                    print(event.source.get_name(), file=file)
+            except GLib.Error:
+                pass  # It is gone already.
+
+        listener = Atspi.EventListener.new(shown)
+        listener.register("object:state-changed:showing")
+        Atspi.event_main()
+
+
 def main():
+    if sys.argv[1] == "--listen":
+        listen(sys.argv[2])
     lines, faults = [], []
     found = program(int(sys.argv[1]))
     for i in range(found.get_child_count()):
