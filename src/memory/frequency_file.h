@@ -85,13 +85,13 @@ class FrequencyFile {
   /// The plan in the form of its file.
   [[nodiscard]] std::string planText();
   void prepareDialog(const char* title, const char* accept, const char* keep);
-  /// The commands' way to read a plan.
-  platform::Failure load(const std::string& path);
-  bool chooseSaveName();
   /// Runs `work`, which returns its failure, as one step of undo. The command reports the failure
   /// afterwards, so that the step isn't open while the user reads the message.
   template <class Work>
   platform::Failure doInOneStep(const char* name, Work work);
+  /// The commands' way to read a plan.
+  platform::Failure load(const std::string& path);
+  bool chooseSaveName();
   bool mayReplace(const std::string& path);
   bool mayReplaceUnread(const std::string& path);
   /// Makes a backup of the file's content and then writes the plan to it.
