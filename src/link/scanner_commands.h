@@ -39,7 +39,6 @@ inline constexpr std::string_view kLowerLimit = "LL";
 inline constexpr std::string_view kUpperLimit = "LU";
 inline constexpr std::string_view kStreamIds = "IDN";
 inline constexpr std::string_view kStopIds = "IDF";
-/// The radio's lists of skipped search frequencies and of locked-out IDs.
 inline constexpr std::string_view kSearchSkips = "SS";
 inline constexpr std::string_view kIdLockouts = "IL";
 /// The trunked bank in use and its system type; BC245XLT only.
