@@ -60,6 +60,7 @@ void pressEnterInAll(const std::string& plan) {
                            {{"BC245", "LastFreqFile"}, "/good.tvf"}};
   world.store.files["/program/Searchlist.txt"] = "0,30,40,\"Low\"\r\n";
   world.radio.answerAll("OK");
+  world.state.ModelKey = std::is_same_v<Form, Form4> ? "BC895" : "BC245";
   Form form(world.services, world.outside());
   form.load();
   form.Scantimer.setEnabled(false);

@@ -29,6 +29,7 @@ struct Hands : World {
   };
 
   explicit Hands(bool bc895) : key(bc895 ? "BC895" : "BC245") {
+    state.ModelKey = key;
     settings.values[{key, "LastFreqFile"}] = "/a.tvf";
     store.piece = 1 << 16;
     radio.answer = [this](std::string_view command) {
@@ -47,8 +48,8 @@ struct Hands : World {
   void open() {
     auto made = std::make_unique<Form>(services, outside());
     made->panel.mode.setCaption("MD09");
-    made->load();
     form = std::move(made);
+    form->load();
   }
   /// The plan is in a form in which the cursor changes nothing.
   void writeFiles() {
@@ -230,6 +231,7 @@ TEST(RandomEdits, AreUndoneAndRedoneByteForByte) {
                                             "New", "Open", "Open Backup", "Paste", "Start",
                                             "Stored Hit", "Typing"));
     EXPECT_GT(steps.size(), 1000U);
+    EXPECT_GT(user.radio.log.size(), 3000U) << "the downloads ask the radio";
     EXPECT_TRUE(user.bytes() == start);
     std::size_t step = steps.size() - 1;
     for (; editor.redo(); --step) {
