@@ -85,11 +85,10 @@ struct PollRig : World {
       panel.Alpha.setCaption("Old tag");
       panel.Channel.setCaption("99");
     }
-    for (auto* label : indicators(panel)) {
-      label->setVisible(lit);
-    }
-    for (auto& mark : panel.Bankltr) {
-      mark.setVisible(lit);
+    for (const platform::Label* element : panel.elements()) {
+      if (isSwitched(element->name())) {
+        const_cast<platform::Label*>(element)->setVisible(lit);
+      }
     }
     setOwn(panel, lit);
   }
@@ -111,25 +110,16 @@ struct PollRig : World {
   }
 
  private:
-  static std::vector<platform::Label*> indicators(monitor::PanelState& panel) {
-    return {&panel.CTCSS, &panel.Scan,  &panel.Hold,      &panel.Search, &panel.Trunk,
-            &panel.Wx,    &panel.Auto,  &panel.Priority,  &panel.Delay,  &panel.LO,
-            &panel.MHZ,   &panel.Alert, &panel.CtcssStat, &panel.Bank,   &panel.Line};
-  }
-  static std::vector<platform::Label*> indicators(monitor::Bc245Panel& panel) {
-    return {&panel.Scan,   &panel.Hold,
-            &panel.Search, &panel.Trunk,
-            &panel.LO,     &panel.Pri,
-            &panel.Dly,    &panel.Att,
-            &panel.Data,   &panel.Bank[monitor::Bc245Panel::kBankWord],
-            &panel.Police, &panel.Keylock};
+  /// Whether the poll shows and hides an element.
+  static bool isSwitched(const std::string& name) {
+    static const std::set<std::string> kAlwaysVisible = {"Frequency", "Alpha", "Channel",
+                                                         "TrunkType"};
+    const bool digit = name.starts_with("Bank(") && name != "Bank(10)";
+    return !kAlwaysVisible.contains(name) && !digit && name != "STEP" && !name.starts_with("Knob");
   }
   static void setOwn(monitor::PanelState& panel, bool lit) {
     panel.Frequency.setCaption(lit ? "123.4567" : "Initializing");
     panel.CTCSS.setCaption(lit ? "88.5" : "000.0");
-    for (auto& bar : panel.Sig) {
-      bar.setVisible(lit);
-    }
   }
   static void setOwn(monitor::Bc245Panel& panel, bool lit) {
     panel.TrunkType.setCaption(lit ? "X" : "");
