@@ -17,7 +17,7 @@ FindBar::FindBar(QTableView& table, std::vector<int> columns, QStringList emptyT
       emptyTexts_(std::move(emptyTexts)),
       text_(makeSearchLine("findText", tr("Find a tag, frequency, ID or tone"), tr("Find"))),
       count_(named(makeLabel(), "findCount")),
-      hideEmpty_(named(new QCheckBox(tr("Hide empty channels")), "hideEmpty")) {
+      hideEmpty_(named(new QCheckBox(tr("Hide empty rows")), "hideEmpty")) {
   setObjectName(QStringLiteral("findBar"));
   text_->setMaximumWidth(text_->fontMetrics().averageCharWidth() * 40);
   count_->setMinimumWidth(count_->fontMetrics().horizontalAdvance(QStringLiteral("0000 of 0000")));
