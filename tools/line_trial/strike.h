@@ -25,9 +25,9 @@ inline constexpr std::array kFaults{"extra echo before",
                                     "extra copy after",
                                     "delay 400"};
 
-/// One fault at the n-th exchange of a run. It tells whether the program was in step again two
-/// exchanges after the first that got a wrong answer, which may be a later one than the n-th: a
-/// line may come late, and an "OK" too many fits the keys that follow as well as their own.
+/// One fault at the n-th exchange of a run. Tells whether the program is in step again two
+/// exchanges after the first wrong answer. That may be a later one than the n-th: a line may come
+/// late, and an extra "OK" fits the keys that follow, too.
 class Strike {
  public:
   Strike(TrialRadio& radio, TrialPort& port, std::string fault, int nth)

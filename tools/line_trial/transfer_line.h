@@ -9,6 +9,7 @@
 
 namespace tarnvex::trial {
 
+/// The transfers that a trial runs.
 enum class TransferKind { UploadChannels, DownloadChannels, UploadIds, DownloadIds };
 inline constexpr TransferKind kTransfers[] = {TransferKind::UploadChannels,
                                               TransferKind::DownloadChannels,
@@ -27,8 +28,8 @@ class TransferLine : private platform::NonCopyable {
   /// Runs the transfer. `banks` are ignored where the radio chooses the bank.
   void run(const std::vector<int>& banks);
   [[nodiscard]] int messages() const { return static_cast<int>(rig.dialogs.boxes.size()); }
-  /// After the transfer, of the rows or places of these banks: those that hold what belongs to
-  /// another row, and those that hold something else than they should.
+  /// How many rows or places of these banks hold what belongs to another row after the transfer,
+  /// and how many hold anything else that is wrong.
   [[nodiscard]] int shifted(const std::vector<int>& banks) const;
   [[nodiscard]] int wrong(const std::vector<int>& banks) const;
   /// Whether the radio's choice of banks is what it was before the transfer.

@@ -31,9 +31,9 @@ struct TrialWindow : private test::World {
   }
   void load() { form.load(); }
   TrialPort& port() { return *port_; }
-  int exchanges() const { return switches; }
-  std::string mode() const { return state.CurrentMode; }
-  bool planChanged() const { return state.MemoryModified; }
+  [[nodiscard]] int exchanges() const { return switches; }
+  [[nodiscard]] std::string mode() const { return state.CurrentMode; }
+  [[nodiscard]] bool planChanged() const { return state.MemoryModified; }
 
   TrialRadio line;
   int notices = 0;

@@ -29,6 +29,7 @@ inline constexpr int kShotMilliseconds = 30000;
 /// How long the window is left alone before the picture is taken.
 inline constexpr int kCalmMilliseconds = 700;
 
+/// The pages of a main window, from left to right.
 enum Tab { kStation, kTrunked, kOptions, kHits };
 
 /// One picture: what is sent to the radio, what the user does once `ready` is true, and what is

@@ -8,7 +8,7 @@ namespace {
 constexpr auto kNothing = [] {};
 constexpr auto kAlways = [] { return true; };
 
-auto stands(const char* name) {
+auto isOpen(const char* name) {
   return [name] { return Photographer::window(name) != nullptr; };
 }
 
@@ -40,7 +40,7 @@ void Photographer::listDesk() {
          form()->trunkBank.userChoose(1);
        },
        kAlways, whole("SSTab1"), kTableHeight},
-      {"upload", "", isDesk, [this] { choose("mnuUpload"); }, stands("frmUpload"),
+      {"upload", "", isDesk, [this] { choose("mnuUpload"); }, isOpen("frmUpload"),
        [] { return withBanks(window("frmUpload")); }},
       {"", "scene quiet\nmode MD02", isDesk,
        [this] {
@@ -68,7 +68,7 @@ void Photographer::listHits() {
        [this] { return form()->hitLists.List2.count() > 3; }, whole("SSTab1"), kTableHeight},
       {"lockouts", "scene quiet\ntempo 1\nmode MD02",
        [this] { return program_.state.CurrentMode == "MD02"; }, [this] { openLockouts(); },
-       stands("frmLockouts"), dialog("frmLockouts")},
+       isOpen("frmLockouts"), dialog("frmLockouts")},
       {"receptions", "", isDesk,
        [this] {
          closeAll();
@@ -83,7 +83,7 @@ void Photographer::listHits() {
          closeAll();
          choose("mnuQV");
        },
-       stands("QuickView"), dialog("QuickView")},
+       isOpen("QuickView"), dialog("QuickView")},
   });
 }
 
@@ -94,13 +94,13 @@ void Photographer::listHandHeld() {
        page(kOptions), kAlways, whole("panel")},
       {"bc245-options", "", isHand, kNothing, kAlways, frame("Check1"), 285},
       {"speed-enhancement", "", isHand, [this] { tickBanks(); }, kAlways, frame("Option5"), 100},
-      {"fleet-map", "", isHand, [this] { choose("mnuCustom"); }, stands("Form5"), dialog("Form5")},
+      {"fleet-map", "", isHand, [this] { choose("mnuCustom"); }, isOpen("Form5"), dialog("Form5")},
       {"download-ids", "", isHand,
        [this] {
          closeAll();
          choose("mnuOwnloadTrunk");
        },
-       stands("frmDownloadtrs"), [] { return withBanks(window("frmDownloadtrs")); }},
+       isOpen("frmDownloadtrs"), [] { return withBanks(window("frmDownloadtrs")); }},
   });
 }
 

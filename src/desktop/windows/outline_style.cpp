@@ -10,11 +10,11 @@
 namespace tarnvex::desktop {
 namespace {
 
-/// What is wanted, with something over for what the style makes lighter. Ticks and rounds are
-/// drawn with softer edges.
+/// The contrast to reach. More than 3, since the style lightens some outlines, and since it draws
+/// check boxes and radio buttons with soft edges.
 constexpr double kContrast = 3.6;
 constexpr double kIndicatorContrast = 4.6;
-/// A window has a handful of palettes.
+/// The most palettes to keep. A window has a handful.
 constexpr qsizetype kKept = 64;
 
 constexpr std::array kPrimitives = {QStyle::PE_Frame, QStyle::PE_FrameLineEdit,
@@ -45,7 +45,8 @@ QColor onTheWay(const QColor& from, const QPalette& palette, double wanted, Show
   return ink;
 }
 
-/// How the style makes an outline of the window's colour, and one with the focus of the highlight.
+/// The colours that the style makes of the window's for an outline, and of the highlight's for one
+/// with the focus.
 QColor outlineOf(const QColor& window) {
   return window.darker(140);
 }

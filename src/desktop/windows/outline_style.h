@@ -23,13 +23,12 @@ class OutlineStyle : public QProxyStyle {
 
   [[nodiscard]] QPalette strong(const QPalette& palette, bool indicator) const;
 
-  /// By the key of the palette that they are made of, since the style keeps its pictures by
-  /// palette; and the keys of those made.
+  /// Strengthened palettes by the cache key of their source, and the keys of those made here.
   mutable QMap<std::pair<qint64, bool>, QPalette> strong_;
   mutable QSet<qint64> own_;
 };
 
-/// Gives the application that style. Once, before the first window.
+/// Installs the style. Call once, before the first window.
 void installOutlines();
 
 }  // namespace tarnvex::desktop
