@@ -112,6 +112,8 @@ TEST_F(OtherWindows, HaveTheUsualKeysToo) {
     QApplication::setActiveWindow(window);
     dialogs.answers = {platform::Answer::No};
     QTest::keyClick(window, Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_TRUE(dialogs.boxes.empty()) << "not within the key's event";
+    loop.turn();
     EXPECT_EQ(dialogs.takeBoxes(), (std::vector<Box>{{"Exit Tarnvex?", "Confirm Exit", 36}}));
     QTest::keyClick(window, Qt::Key_W, Qt::ControlModifier);
     EXPECT_FALSE(window->isVisible());

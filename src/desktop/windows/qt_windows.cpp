@@ -1,6 +1,7 @@
 #include "desktop/windows/qt_windows.h"
 
 #include <QShortcut>
+#include <QTimer>
 #include <QWindow>
 #include <utility>
 
@@ -192,12 +193,13 @@ void QtWindows::presentDialog(const void* form, DialogWindow* dialog, bool modal
   dialog->show();
 }
 
-/// The main window's key works in this window, too.
+/// The main window's key works in this window, too. Not from within the key's event, since the end
+/// of the program deletes the window.
 void QtWindows::addExitKey(QWidget* window) {
   QObject::connect(new QShortcut(Qt::CTRL | Qt::Key_Q, window), &QShortcut::activated, window,
                    [this] {
                      if (main_) {
-                       main_->close();
+                       QTimer::singleShot(0, main_, &QWidget::close);
                      }
                    });
 }
