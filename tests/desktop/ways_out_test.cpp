@@ -60,6 +60,11 @@ class WaysOut : public WindowTest<Form> {
       auto& button = this->template find<QRadioButton>(*option);
       EXPECT_TRUE(leaves([&] { button.click(); })) << option->name();
     }
+    auto& device = this->template find<QComboBox>("Device1");
+    EXPECT_TRUE(leaves([&] {
+      emit device.activated(0);
+      QCoreApplication::processEvents();
+    }));
     this->form.mnuUpload();
     expectDialogLeaves("frmUpload");
     this->form.mnuExport();

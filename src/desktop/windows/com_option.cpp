@@ -148,14 +148,16 @@ void ComOption::askForPath() {
   dialog->open();
 }
 
+/// For the port in use, this ends a wait on its present device.
 void ComOption::choose(const QString& path) {
   // The settings may not be writable. Within the gate, the message about that comes after this.
-  gate_.enter([here = QPointer(this), path] {
+  const auto act = [here = QPointer(this), path] {
     // The window may have been closed meanwhile.
     if (here && here->isEnabled()) {
       here->take(path);
     }
-  });
+  };
+  model_.value() ? gate_.enterLeaving(act) : gate_.enter(act);
 }
 
 void ComOption::take(const QString& path) {
