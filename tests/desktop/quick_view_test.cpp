@@ -32,6 +32,8 @@ class QuickViewTest : public testing::TestWithParam<bool> {
       const auto* light = in->findChild<QLabel*>("recordingLight");
       EXPECT_TRUE(light->text() == text && !light->isHidden());
     }
+    EXPECT_TRUE(display(small())->spareRect().contains(
+        small()->findChild<QLabel*>("recordingLight")->geometry()));
   }
 
   ProgramRig rig{{"--baud", "0", "--scene", "quiet", "--model", GetParam() ? "bc245" : "bc895"}};

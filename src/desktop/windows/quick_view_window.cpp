@@ -94,7 +94,8 @@ void QuickViewWindow::present() {
 
 void QuickViewWindow::showRecording(const platform::Label& light) {
   light_ = new RecordingLight(light, this);
-  placeLight();
+  // After the light has taken its text and size.
+  lightChanged_ = light.changed.follow([this] { placeLight(); });
 }
 
 /// The light grows with the display.

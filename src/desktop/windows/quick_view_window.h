@@ -45,6 +45,7 @@ class QuickViewWindow : public QWidget {
   RadioPanel* display_;
   PanelBinding binding_;
   RecordingLight* light_ = nullptr;
+  platform::Connection lightChanged_;
   /// Where the current press began, until it becomes a drag.
   std::optional<QPoint> pressed_;
   bool placed_ = false;
