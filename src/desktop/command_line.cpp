@@ -24,16 +24,18 @@ bool asksFor(const QString& argument, QLatin1Char letter, QLatin1String word) {
   return argument == QLatin1Char('-') + QString(letter) || argument == QLatin1String("--") + word;
 }
 
-/// Without its dashes and without a value after "=". Empty if it isn't an option.
+/// Without its dashes. Empty if it isn't an option.
 QString optionName(const QString& argument) {
   const qsizetype dashes = argument.startsWith(QLatin1String("--")) ? 2
                            : argument.startsWith(QLatin1Char('-'))  ? 1
                                                                     : argument.size();
-  return argument.mid(dashes).section(QLatin1Char('='), 0, 0);
+  return argument.mid(dashes);
 }
 
-/// Qt's options without and with a value. It knows them itself only once it has a display.
-constexpr const char* kQtSwitches = "reverse widgetcount nograb dograb";
+/// Qt's options without and with a value, which follows as another argument or, for some, after
+/// "=". Qt knows them itself only once it has a display.
+constexpr const char* kQtSwitches = "reverse widgetcount nograb dograb testability";
+constexpr const char* kQtJoinedSettings = "style stylesheet qmljsdebugger";
 constexpr const char* kQtSettings =
     "platform platformpluginpath platformtheme plugin qwindowgeometry geometry qwindowtitle title "
     "qwindowicon icon session style stylesheet display name qmljsdebugger";
@@ -44,11 +46,12 @@ bool isOneOf(const char* names, const QString& name) {
 
 /// How many arguments an option of Qt's takes, itself included. 0 if it isn't one.
 int takenByQt(const QString& argument) {
-  const QString name = optionName(argument);
-  const bool hasValue = isOneOf(kQtSettings, name);
-  return hasValue && !argument.contains(QLatin1Char('=')) ? 2
-         : hasValue || isOneOf(kQtSwitches, name)         ? 1
-                                                          : 0;
+  const QString option = optionName(argument);
+  const QString joined =
+      option.contains(QLatin1Char('=')) ? option.section(QLatin1Char('='), 0, 0) : QString();
+  return isOneOf(kQtSettings, option)                                         ? 2
+         : isOneOf(kQtSwitches, option) || isOneOf(kQtJoinedSettings, joined) ? 1
+                                                                              : 0;
 }
 
 int refuse(const QString& argument) {

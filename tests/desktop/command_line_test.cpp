@@ -22,6 +22,7 @@ TEST(CommandLine, AnswersAndRefuses) {
       {{"-v"}, 0, version, ""},
       {{"--help"}, 0, "Usage: tarnvex", ""},
       {{"--colour"}, 2, "", "unknown option \"--colour\""},
+      {{"-platform=offscreen"}, 2, "", "unknown option \"-platform=offscreen\""},
       {{"-platform", "offscreen", "-style=Fusion", "-reverse", "plan.tvf"},
        2,
        "",
