@@ -1,8 +1,10 @@
 #include "desktop/windows/accessible_roles.h"
 
 #include <QAccessibleWidget>
+#include <QLabel>
 #include <QRadioButton>
 
+#include "desktop/windows/brief_notice.h"
 #include "desktop/windows/help_window.h"
 #include "desktop/windows/quick_view_window.h"
 
@@ -45,6 +47,10 @@ class RadioAccessible : public QAccessibleWidget {
 QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
   if (auto* button = qobject_cast<QRadioButton*>(object)) {
     return new RadioAccessible(button);
+  }
+  if (isBriefNotice(object)) {
+    return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Notification,
+                                 static_cast<QLabel*>(object)->text());
   }
   const bool isWindow = dynamic_cast<QuickViewWindow*>(object) != nullptr ||
                         dynamic_cast<HelpWindow*>(object) != nullptr;

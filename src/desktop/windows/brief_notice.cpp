@@ -1,6 +1,5 @@
 #include "desktop/windows/brief_notice.h"
 
-#include <QAccessible>
 #include <QTimer>
 #include <algorithm>
 
@@ -36,11 +35,6 @@ void placeNotice(QLabel* label, const QString& text) {
   label->move(margin, window->height() - label->height() - margin);
 }
 
-void announce(QLabel* label) {
-  QAccessibleEvent spoken(label, QAccessible::Alert);
-  QAccessible::updateAccessibility(&spoken);
-}
-
 }  // namespace
 
 void tellBriefly(QWidget* window, const QString& text) {
@@ -48,8 +42,11 @@ void tellBriefly(QWidget* window, const QString& text) {
   QLabel* label = makeNoticeLabel(window, text);
   placeNotice(label, text);
   label->show();
-  announce(label);
   QTimer::singleShot(kShownMilliseconds, label, &QObject::deleteLater);
+}
+
+bool isBriefNotice(const QObject* object) {
+  return object->objectName() == QLatin1String(kNoticeName);
 }
 
 }  // namespace tarnvex::desktop
