@@ -81,7 +81,7 @@ bool LinkState::bringsAnswer(std::string_view text) {
 
 void LinkState::deviceIsBack() {
   if (std::exchange(lost_, false)) {
-    set(device_ + " is plugged in again; press Connect", false);
+    set("The adapter is plugged in again; press Connect", false);
   }
 }
 

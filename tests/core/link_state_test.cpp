@@ -54,7 +54,7 @@ TEST_F(LinkStateTest, FollowsTheLineFromOpeningToLoss) {
   link.SendCommand("SI");
   EXPECT_EQ(now(), "dead: ttyUSB0 was unplugged at 11:46");
   form.linkState.deviceIsBack();
-  EXPECT_EQ(now(), "dead: ttyUSB0 is plugged in again; press Connect");
+  EXPECT_EQ(now(), "dead: The adapter is plugged in again; press Connect");
 }
 
 TEST_F(LinkStateTest, TakesOnlyAKnownAnswerForARadios) {

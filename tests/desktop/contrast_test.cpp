@@ -225,8 +225,8 @@ class ContrastOf : public WindowTest<Form> {
   }
 
  private:
-  const desktop::ReadablePalette readablePalette_;
   QPalette before_;
+  const desktop::ReadablePalette readablePalette_;
 };
 
 using Bc895Contrast = ContrastOf<shell::Form4>;

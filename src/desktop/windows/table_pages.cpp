@@ -23,7 +23,7 @@ void addSelector(QHBoxLayout* row, const QString& caption, platform::ComboBox& m
 
 QPushButton* makeFindButton() {
   auto* find = named(new QPushButton(QObject::tr("Find...")), "find");
-  find->setToolTip(QObject::tr("Finds a channel by its text (Ctrl+F)"));
+  find->setToolTip(QObject::tr("Finds a row by its text (Ctrl+F)"));
   return find;
 }
 
