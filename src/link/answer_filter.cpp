@@ -125,6 +125,10 @@ bool isAnsweredByItself(std::string_view command) {
          std::ranges::any_of(kSettings, [&](auto word) { return command.starts_with(word); });
 }
 
+bool isAnswerWord(std::string_view line) {
+  return std::ranges::find(kAnswerWords, line) != kAnswerWords.end();
+}
+
 }  // namespace
 
 Belonging belongingOf(std::string_view command, std::string_view line) {
@@ -144,10 +148,6 @@ Belonging belongingOf(std::string_view command, std::string_view line) {
                  !losesPlace(command, line)
              ? Belonging::OtherPlace
              : Belonging::Answer;
-}
-
-bool isAnswerWord(std::string_view line) {
-  return std::ranges::find(kAnswerWords, line) != kAnswerWords.end();
 }
 
 bool isOwnAnswer(std::string_view command, std::string_view line) {

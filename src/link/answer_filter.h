@@ -21,9 +21,6 @@ enum class Belonging {
 /// `line` is without its carriage return. Keys and "IDN" may be answered by anything.
 Belonging belongingOf(std::string_view command, std::string_view line);
 
-/// Whether a line is one of the words that any command may be answered with.
-bool isAnswerWord(std::string_view line);
-
 /// Whether a line has the form of an answer to that command, or of an answer with the same layout.
 bool isOwnAnswer(std::string_view command, std::string_view line);
 

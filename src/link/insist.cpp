@@ -36,7 +36,7 @@ std::string insist(ScannerLink& link, std::string_view question) {
 bool insistOn(ScannerLink& link, const Switch& subject) {
   std::string answer = link.SendCommand(subject.read);
   const bool isState = answer == subject.on || answer == subject.off;
-  if (link.inDoubt() || (!isState && !isAnswerWord(answer))) {
+  if (!isState && isOwnAnswer(subject.read, answer)) {
     answer = askAgain(link, subject.read);
   }
   return answer == subject.on;

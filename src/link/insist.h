@@ -14,8 +14,8 @@ namespace tarnvex::link {
 /// is.
 std::string insist(ScannerLink& link, std::string_view question);
 
-/// Asks for the state of a switch in the same way. Any word that any command may be answered with
-/// counts as off.
+/// Asks for the state of a switch, and once more if the answer begins as a state does but isn't
+/// one. Any other text counts as off.
 bool insistOn(ScannerLink& link, const Switch& subject);
 
 }  // namespace tarnvex::link

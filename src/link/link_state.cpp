@@ -86,11 +86,8 @@ void LinkState::deviceIsBack() {
 }
 
 void LinkState::waitedInVain(const platform::SerialPort& port) {
-  if (explained_) {
-    return;
-  }
-  if (port.trouble() == PortTrouble::Lost) {
-    explained_ = lost_ = true;
+  if (port.trouble() == PortTrouble::Lost && !std::exchange(lost_, true)) {
+    explained_ = true;
     set(device_ + " was unplugged at " + time(), false);
   } else if (awaiting_) {
     showNoReply();

@@ -92,10 +92,8 @@ bool PollCycle::showActiveChannel(const link::ChannelReply& channel, bool markBa
   // Ask everything before writing anything, so that the panel changes in one step.
   const std::string shownNumber = number ? askShownNumber(*number) : front_.Channel.caption();
   if (hasFrequency) {
+    showChannelTag(frequency, number);
     showFrequency(frequency);
-  }
-  if (hasFrequency && number) {
-    showChannelTag(frequency, *number);
   }
   front_.Channel.setCaption(shownNumber);
   if (number && markBank) {
@@ -108,8 +106,13 @@ bool PollCycle::showActiveChannel(const link::ChannelReply& channel, bool markBa
 
 /// While digits are being keyed, the tag is cleared: it belongs to the channel that the user is
 /// leaving.
-void PollCycle::showChannelTag(const std::string& frequency, int channel) {
-  const auto tag = memory::findTag(outside_.MSFlexGrid1, frequency, std::to_string(channel));
+void PollCycle::showChannelTag(const std::string& frequency, std::optional<int> channel) {
+  if (!channel && frequency == front_.Frequency.caption()) {
+    return;
+  }
+  const auto tag = channel
+                       ? memory::findTag(outside_.MSFlexGrid1, frequency, std::to_string(*channel))
+                       : std::nullopt;
   front_.Alpha.setCaption(state().EntryActive ? "" : tag.value_or(""));
 }
 

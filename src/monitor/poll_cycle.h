@@ -86,8 +86,9 @@ class PollCycle : private platform::NonCopyable {
   /// No channel or ID is active.
   void showNothingActive();
   /// Shows the channel number, frequency, tag and flags of an active channel. With `markBank`, its
-  /// bank is the only one marked. Without a number, number and tag stay as they were; without a
-  /// frequency, frequency and tag. If the reply has neither, changes nothing and returns false.
+  /// bank is the only one marked. Without a number, the number stays as it was, and the tag, too,
+  /// if it is the shown frequency's; without a frequency, frequency and tag stay. If the reply has
+  /// neither, changes nothing and returns false.
   bool showActiveChannel(const link::ChannelReply& channel, bool markBank);
   /// Shows a frequency whose squelch is open with its tag, or with `otherwise` if it has none, and
   /// takes it as a hit. Returns whether it was in the hit list already.
@@ -101,7 +102,7 @@ class PollCycle : private platform::NonCopyable {
  private:
   /// The number of a channel as the panel shows it: the radio says whether it has priority.
   std::string askShownNumber(int channel);
-  void showChannelTag(const std::string& frequency, int channel);
+  void showChannelTag(const std::string& frequency, std::optional<int> channel);
 
   PanelBase& front_;
   /// Whether the radio on this line has named itself.

@@ -58,7 +58,7 @@ TEST(Bc245Load, AsksForTheSwitchesAndEchoesThoseThatAreOn) {
 TEST(Bc245Load, AsksOnceMoreForASwitchThatCannotBeRead) {
   const std::tuple<const char*, const char*, bool, bool> cases[] = {
       // The answers, whether the second question comes, and whether the switch is on.
-      {"FI\xCE", "FIN", true, true}, {"#", "FIF", true, false},    {"", "FIN", true, true},
+      {"FI\xCE", "FIN", true, true}, {"#", "FIN", false, false},   {"", "FIN", false, false},
       {"FIx", "OK", true, false},    {"FIF", "FIN", false, false}, {"ERR", "FIN", false, false},
       {"OK", "FIN", false, false}};
   for (const auto& [first, second, again, on] : cases) {

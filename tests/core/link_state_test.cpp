@@ -88,6 +88,13 @@ TEST_F(LinkStateTest, IsNotLiveWhileTheLineOnlyHums) {
             std::set({connected, std::string("dead: ttyUSB0: no reply since 07:08; is the radio in "
                                              "its Remote mode?")}));
   EXPECT_EQ(now(), connected) << "the radio answers again";
+
+  std::vector<Piece> hum(100, Piece{"UU", 1500});
+  hum.push_back({"", 1, true});
+  radio.expect({{"SI", hum}});
+  link.SendCommand("SI");
+  link.SendCommand("SI");
+  EXPECT_EQ(now(), "dead: ttyUSB0 was unplugged at 07:08");
 }
 
 TEST_F(LinkStateTest, SaysWhyAPortCannotBeOpened) {

@@ -168,6 +168,8 @@ TEST(Bc895Modes, KeepTheTagStillWhileTheTickAsks) {
     rig.poll("MD03", "SQ > -");
   }
   EXPECT_EQ(tags, "Fire; ");
+  rig.poll("MD01", "CT > CTF; PR > PRF; MA > C0x2 F04601250");
+  EXPECT_EQ(tags, "Fire; ; ") << "the tag of another frequency goes";
 }
 
 TEST(Bc895Modes, LeaveWhatHasNoReadableAnswer) {

@@ -165,6 +165,10 @@ QVector<ComOption*> addComOptions(QGridLayout* grid, link::LinkControls& control
 /// The options and the state of the line follow the machine's devices as these come and go.
 void followDevices(const QVector<ComOption*>& options, link::LinkState& state, Binder& binder) {
   const auto follow = [options, &state, &binder] {
+    // The window may have been closed meanwhile.
+    if (!options.front()->isEnabled()) {
+      return;
+    }
     std::ranges::for_each(options, &ComOption::showDevices);
     if (std::ranges::any_of(options, [&](const auto* it) { return it->leadsTo(state.device()); })) {
       binder.gate().enter([&state] { state.deviceIsBack(); });
