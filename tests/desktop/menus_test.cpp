@@ -195,10 +195,11 @@ TEST_F(Bc245Menus, WindowsThatTheProgramOpensHaveTheirTexts) {
   trunking::Form3 type({form.panel.Channel, form.MSFlexGrid1, state, link, gate, dialogs});
   const std::unique_ptr<QWidget> asked(desktop::makeSystemTypeDialog(type, gate, &window));
   type.Combo1.setListIndex(static_cast<int>(type.Combo1.items().size()) - 2);
-  EXPECT_EQ(textsOf(*asked).join(" | ").toStdString(),
-            "Select Trunking System Type | Select the type of trunking system you are programming "
-            "into this bank. | [Motorola VHF of 0] | Base Frequency: | Offset Step: | [0.0050 MHz "
-            "of 0] | Continue");
+  EXPECT_EQ(
+      textsOf(*asked).join(" | ").toStdString(),
+      "Select Trunking System Type | Select the type of trunking system you are programming "
+      "into this bank. | [Motorola Type 2 VHF of 6] | Base Frequency: | Offset Step: | [ of 8] "
+      "| Continue");
   windows.openNotice("Switch Scanners", "One Moment...");
   EXPECT_EQ(textsOf(*visibleWindow("Form6")).join(" | ").toStdString(),
             "Switch Scanners | One Moment...");
