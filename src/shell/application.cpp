@@ -38,6 +38,7 @@ void Application::switchScanner() {
   services_.gate.yield();
   // The user may have closed the program meanwhile.
   if (services_.gate.ended()) {
+    services_.dialogs.setBusyPointer(false);
     return;
   }
   main_->unload();

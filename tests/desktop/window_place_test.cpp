@@ -81,6 +81,22 @@ TEST_F(WindowPlace, IsMaximisedAgainAtTheNextStart) {
   EXPECT_TRUE(open().isMaximized());
 }
 
+TEST_F(WindowPlace, IsKeptUntilNothingUsesTheWindow) {
+  const auto turn = [] {
+    QEventLoop inner;
+    QTimer::singleShot(0, &inner, &QEventLoop::quit);
+    inner.exec();
+  };
+  const QPointer<QWidget> window = &open();
+  gate.enter([&] {
+    windows.closeMain();
+    turn();
+    EXPECT_TRUE(window) << "one of its menus may have called the core";
+  });
+  turn();
+  EXPECT_FALSE(window);
+}
+
 TEST(WindowPlaceAtTheExit, IsMissedAloudIfItCantBeSaved) {
   ProgramRig rig;
   const QString settings = rig.folder.filePath("Tarnvex.conf");

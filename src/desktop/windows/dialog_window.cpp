@@ -68,7 +68,7 @@ DialogWindow::DialogWindow(platform::EventGate& gate, const platform::Window& fo
 }
 
 void DialogWindow::leaveScreen() {
-  takeOffScreen(this);
+  takeOffScreen(this, binder_.gate());
 }
 
 void DialogWindow::reject() {

@@ -188,7 +188,7 @@ void MainWindow::addProgress(const memory::Progress& progress) {
 }
 
 void MainWindow::leaveScreen() {
-  takeOffScreen(this);
+  takeOffScreen(this, binder_.gate());
 }
 
 LeftWindow MainWindow::left() const {

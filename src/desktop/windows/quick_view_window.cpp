@@ -115,7 +115,7 @@ void QuickViewWindow::placeLight() {
 
 void QuickViewWindow::leaveScreen() {
   placed_ = false;
-  takeOffScreen(this);
+  takeOffScreen(this, gate_);
 }
 
 void QuickViewWindow::askToClose() {

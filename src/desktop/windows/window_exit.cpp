@@ -2,12 +2,13 @@
 
 #include <QDialog>
 #include <QMenu>
+#include <QPointer>
 
 #include "desktop/ports/window_in_use.h"
 
 namespace tarnvex::desktop {
 
-void takeOffScreen(QWidget* window) {
+void takeOffScreen(QWidget* window, platform::EventGate& gate) {
   // Menus are separate windows, which would stay open until the deletion, when the form may be
   // gone.
   for (QMenu* menu : window->findChildren<QMenu*>()) {
@@ -21,7 +22,11 @@ void takeOffScreen(QWidget* window) {
   }
   window->setEnabled(false);
   window->hide();
-  window->deleteLater();
+  gate.whenIdle([window = QPointer(window)] {
+    if (window) {
+      window->deleteLater();
+    }
+  });
 }
 
 }  // namespace tarnvex::desktop
