@@ -168,8 +168,13 @@ TEST(Bc895Modes, KeepTheTagStillWhileTheTickAsks) {
     rig.poll("MD03", "SQ > -");
   }
   EXPECT_EQ(tags, "Fire; ");
+}
+
+TEST(Bc895Modes, ClearTheTagOfAnotherFrequency) {
+  test::Bc895Rig rig;
+  rig.poll("MD01", "CT > CTF; PR > PRF; MA > C012 F01551150; PC A > PC A012");
   rig.poll("MD01", "CT > CTF; PR > PRF; MA > C0x2 F04601250");
-  EXPECT_EQ(tags, "Fire; ; ") << "the tag of another frequency goes";
+  EXPECT_EQ(rig.form.panel.Frequency.caption() + rig.form.panel.Alpha.caption(), "460.1250");
 }
 
 TEST(Bc895Modes, LeaveWhatHasNoReadableAnswer) {

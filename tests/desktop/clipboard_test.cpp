@@ -73,6 +73,8 @@ TEST_F(Bc895Window, PastesWhatFitsFromAnyClipboard) {
     QApplication::clipboard()->setMimeData(data());
     table.setCurrentIndex(table.model()->index(289, 1));
     QTest::keyClick(&table, Qt::Key_V, Qt::ControlModifier);
+    // The message comes after the key.
+    loop.turn();
     std::string pasted;
     for (int col = 1; col <= 7; ++col) {
       pasted += form.MSFlexGrid1.textMatrix(290, col) + "|";

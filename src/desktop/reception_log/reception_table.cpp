@@ -204,20 +204,23 @@ void ReceptionTable::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-/// The actions for the current row. Some need a recording.
+/// The actions for the current row. Some need a recording. They are queued, since Qt deletes the
+/// menu while the radio is tuned or a question is open.
 QMenu* ReceptionTable::makeMenu(bool recorded) {
   auto* menu = named(new QMenu(this), "receptionMenu");
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  menu->addAction(tr("&Copy"), this, [this] { copy(); });
+  const auto add = [&](const QString& text, auto act) {
+    return menu->addAction(text, this, act, Qt::QueuedConnection);
+  };
+  add(tr("&Copy"), [this] { copy(); });
   menu->addSeparator();
-  menu->addAction(tr("&Tune the Radio There"), this, [this] { withCurrent(onTune); });
-  menu->addAction(tr("&Store in the Plan"), this, [this] { withCurrent(onStore); });
+  add(tr("&Tune the Radio There"), [this] { withCurrent(onTune); });
+  add(tr("&Store in the Plan"), [this] { withCurrent(onStore); });
   menu->addSeparator();
-  auto* playing = menu->addAction(tr("&Play Recording"), this, [this] {
-    withCurrent([this](const ReceptionRow& row) { play(row); });
-  });
+  auto* playing = add(tr("&Play Recording"),
+                      [this] { withCurrent([this](const ReceptionRow& row) { play(row); }); });
   playing->setEnabled(recorded);
-  auto* folder = menu->addAction(tr("Show Recording in &Folder"), this, [this] {
+  auto* folder = add(tr("Show Recording in &Folder"), [this] {
     withCurrent([this](const ReceptionRow& row) { showInFileManager(fileOf(row)); });
   });
   folder->setEnabled(recorded);

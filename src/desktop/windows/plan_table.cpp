@@ -186,7 +186,11 @@ void PlanTable::pasteClipboard() {
   beepUnless(!text.isEmpty());
   // A zero byte replaces each character that the plan can't hold, so that its field is left out.
   if (const auto message = editor_.paste(table_, selectedCells(), fromScreen(text, '\0'))) {
-    gate_.enter([&editor = editor_, message] { editor.tell(*message); });
+    // Not within the menu that may have called: while the message is open, Qt deletes the menu.
+    QMetaObject::invokeMethod(
+        this,
+        [this, message] { gate_.enter([&editor = editor_, message] { editor.tell(*message); }); },
+        Qt::QueuedConnection);
   }
 }
 
