@@ -13,8 +13,10 @@ constexpr const char* kNoticeName = "briefNotice";
 constexpr int kShownMilliseconds = 3000;
 
 QLabel* makeNoticeLabel(QWidget* window, const QString& text) {
-  auto* label = named(makeLabel(text), kNoticeName);
+  // The text comes after the name, which says what the label is to screen readers.
+  auto* label = named(makeLabel(), kNoticeName);
   label->setParent(window);
+  label->setText(text);
   label->setFrameShape(QFrame::Box);
   label->setAutoFillBackground(true);
   label->setBackgroundRole(QPalette::ToolTipBase);
