@@ -92,26 +92,6 @@ TEST(Controls, ListBoxKeepsItsLinesInBounds) {
   EXPECT_EQ(list.listIndex(), -1);
 }
 
-TEST(Controls, TimerNeitherFiresWhileOffNorWithinItself) {
-  Timer timer(25);
-  int ticks = 0;
-  std::string course;
-  const auto starting = timer.starting.connect([&] { course += '('; });
-  const auto finished = timer.finished.connect([&] { course += ')'; });
-  timer.onTick = [&] {
-    ++ticks;
-    timer.fire();
-    timer.setEnabled(false);
-  };
-  timer.fire();
-  EXPECT_EQ(ticks, 0);
-  timer.setEnabled(true);
-  timer.fire();
-  timer.fire();
-  EXPECT_EQ(ticks, 1);
-  EXPECT_EQ(course, "()");
-}
-
 TEST(Controls, NotifierForgetsDisconnectedCallbacksEvenDuringANotification) {
   Notifier<> notifier;
   std::string heard;

@@ -48,16 +48,6 @@ TEST_P(BothLayouts, NothingOverlaps) {
   EXPECT_TRUE(layout.bezel.contains(layout.glass));
 }
 
-TEST_P(BothLayouts, KeysHaveDifferentNamesForScreenReaders) {
-  QSet<QString> spoken;
-  for (const PanelKey& key : layout.keys) {
-    EXPECT_FALSE(key.spoken.isEmpty()) << key.control.toStdString();
-    EXPECT_FALSE(spoken.contains(key.spoken)) << key.spoken.toStdString();
-    EXPECT_TRUE(!key.label.isEmpty() || key.icon != KeyIcon::None);
-    spoken.insert(key.spoken);
-  }
-}
-
 TEST_P(BothLayouts, ArrowKeysReachEveryKey) {
   QSet<int> reached{0};
   QVector<int> open{0};
